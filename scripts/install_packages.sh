@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what is missing of the Debian packages of packages.txt.
+# install_packages.sh run         what building and running the program needs
+# install_packages.sh run test    the same, and what the tests and checks need
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+
+missing=()
+for use in "$@"; do
+    while read -r package; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done < <(awk -v use="$use" '$1 == use { print $2 }' "$here/packages.txt")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing: ${missing[*]}"
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"

@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything and runs all tests.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+
+"$top/scripts/install_packages.sh" run test
+cd "$top"
+cmake --preset dev
+cmake --build --preset dev
+ctest --preset dev

@@ -1,0 +1,172 @@
+#include "foundation/numbers.h"
+
+#include "foundation/code_page_1252.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+namespace TESK {
+
+namespace {
+
+const char* skip_white_space(const char* text) {
+    while (is_white_space(*text))
+        ++text;
+    return text;
+}
+
+// Takes a sign off the front of the text; true for a minus.
+bool take_sign(const char*& text) {
+    const bool negative = *text == '-';
+    if (negative || *text == '+')
+        ++text;
+    return negative;
+}
+
+int digit_value(char c) {
+    return is_digit(c) ? c - '0' : is_letter(c) ? to_ascii_lower(c) - 'a' + 10 : 36;
+}
+
+bool take_hexadecimal_prefix(const char*& text) {
+    if (text[0] != '0' || to_ascii_lower(text[1]) != 'x')
+        return false;
+    const char* digits = text[2] == '.' ? text + 3 : text + 2;
+    if (digit_value(*digits) >= 16)
+        return false;
+    text += 2;
+    return true;
+}
+
+// Whether a number that no long double holds is too small rather than too large.
+bool is_below_range(std::string_view number) {
+    const std::size_t exponent = number.find_first_of("eEpP");
+    if (exponent != std::string_view::npos)
+        return exponent + 1 < number.size() && number[exponent + 1] == '-';
+    return number.find_first_not_of('0') == number.find('.');
+}
+
+std::string& format_float(double value, std::string& buffer, std::uint8_t width, std::uint8_t precision,
+                          char decimal_mark, bool free_precision) {
+    constexpr int free_decimals = 6;
+    buffer.clear();
+    append_fixed(buffer, value, free_precision ? free_decimals : precision);
+    if (buffer.size() < width)
+        buffer.insert(0, width - buffer.size(), ' ');
+    std::replace(buffer.begin(), buffer.begin() + width, '.', decimal_mark);
+    return buffer;
+}
+
+std::string& pad_integer(std::int64_t value, std::string& buffer, int radix, char fill, int width) {
+    std::string digits;
+    append_integer(digits, value, radix);
+    const auto wanted = static_cast<std::size_t>(std::max(width, 0));
+    buffer.assign(wanted > digits.size() ? wanted - digits.size() : 0, fill);
+    return buffer += digits;
+}
+
+} // namespace
+
+std::int64_t parse_integer(const char* text, int radix) {
+    if (text == nullptr)
+        return 0;
+    text = skip_white_space(text);
+    const bool negative = take_sign(text);
+    if (radix == 16)
+        take_hexadecimal_prefix(text);
+    std::uint64_t value = 0;
+    for (int digit = digit_value(*text); digit < radix; digit = digit_value(*++text))
+        value = value * static_cast<unsigned>(radix) + static_cast<unsigned>(digit);
+    return static_cast<std::int64_t>(negative ? 0 - value : value);
+}
+
+std::uint32_t cstr_to_uint32(const char* text, int radix) {
+    return static_cast<std::uint32_t>(parse_integer(text, radix));
+}
+
+double parse_float64(const char* text) {
+    if (text == nullptr)
+        return 0;
+    text = skip_white_space(text);
+    const bool negative = take_sign(text);
+    if (*text == '-' || *text == '+')
+        return 0;
+    const auto format = take_hexadecimal_prefix(text) ? std::chars_format::hex : std::chars_format::general;
+    const char* end = text + std::string_view(text).size();
+
+    double value = 0;
+    const auto read = std::from_chars(text, end, value, format);
+    if (read.ec == std::errc::result_out_of_range) {
+        // The narrow type says only that the number is out of its range, not on which side.
+        long double wide = 0;
+        const auto reread = std::from_chars(text, end, wide, format);
+        if (reread.ec == std::errc::result_out_of_range)
+            value = is_below_range({text, reread.ptr}) ? 0.0 : std::numeric_limits<double>::infinity();
+        else
+            value = static_cast<double>(wide);
+    }
+    return negative ? -value : value;
+}
+
+void append_fixed(std::string& text, double value, int decimals) {
+    // The sign, the digits before the point of the largest double, the point, and up to 255 decimals fit in
+    // this; more decimals than that are taken as 255.
+    constexpr int most_decimals = 255;
+    char digits[1 + std::numeric_limits<double>::max_exponent10 + 2 + most_decimals];
+    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed,
+                                       std::clamp(decimals, 0, most_decimals));
+    text.append(digits, written.ptr);
+}
+
+void append_integer(std::string& text, std::int64_t value, int radix) {
+    char digits[65];
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, value, radix).ptr);
+}
+
+std::string float32_to_cstr(float value, int precision) {
+    return float64_to_cstr(value, precision);
+}
+
+std::string float64_to_cstr(double value, int precision) {
+    std::string text;
+    append_fixed(text, value, precision);
+    return text;
+}
+
+std::string& float32_to_cstr_formatted(float value, std::string& buffer, std::uint8_t width,
+                                       std::uint8_t precision, char decimal_mark, bool free_precision) {
+    return format_float(value, buffer, width, precision, decimal_mark, free_precision);
+}
+
+std::string& float64_to_cstr_formatted(double value, std::string& buffer, std::uint8_t width,
+                                       std::uint8_t precision, char decimal_mark, bool free_precision) {
+    return format_float(value, buffer, width, precision, decimal_mark, free_precision);
+}
+
+std::string& int32_to_cstr_padded(std::int32_t value, std::string& buffer, int radix, char fill, int width) {
+    const std::int64_t number = radix == 10 ? value : static_cast<std::uint32_t>(value);
+    return pad_integer(number, buffer, radix, fill, width);
+}
+
+std::string& uint32_to_cstr_padded(std::uint32_t value, std::string& buffer, int radix, char fill,
+                                   int width) {
+    return pad_integer(value, buffer, radix, fill, width);
+}
+
+bool is_number_text(const char* text) {
+    bool result = true;
+    bool digit_seen = false;
+    for (; text != nullptr && *text != 0; ++text) {
+        if (is_digit(*text))
+            digit_seen = true;
+        else if (is_white_space(*text) && digit_seen)
+            return true;
+        else if (is_letter(*text))
+            result = false;
+    }
+    return result;
+}
+
+} // namespace TESK

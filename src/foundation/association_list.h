@@ -1,0 +1,79 @@
+// Lists whose items are found by a text key, with or without old names that lead to new keys.
+#pragma once
+
+#include "foundation/lists.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace TESK {
+
+class Association_list : public Bidirectional_list {
+public:
+    // With `unique_keys`, append() and prepend() refuse an item whose key stands in the list byte for byte:
+    // they return null, and the item stays the caller's.
+    explicit Association_list(bool unique_keys = false) : unique_keys_(unique_keys) {}
+
+    Item* append(Item* item) override;
+    Item* prepend(Item* item) override;
+
+    // Deletes every item with the key; true if there was one.
+    virtual bool remove_all(const char* key, bool case_sensitive);
+
+    // The first item with the key, byte for byte or ignoring case; null when there is none, or when the key
+    // is null. An item without a key ends the search.
+    virtual Item* find(const char* key, bool case_sensitive) const;
+
+private:
+    bool refuses(const Item* item) const;
+
+    bool unique_keys_;
+};
+
+// An old key and the key that replaced it.
+class Alias : public Item {
+public:
+    Alias(const char* actual, const char* alias) : alias_(alias), actual_(actual) {}
+
+    const char* get_alias() const { return alias_.c_str(); }
+    const char* get_actual() const { return actual_.c_str(); }
+
+private:
+    std::string alias_;
+    std::string actual_;
+};
+
+// A list in which an old key goes on finding an item under its new one. The keys of its items must not change
+// while they are in the list: long lists are searched through a table of their keys.
+class Alias_association_list : public Association_list {
+public:
+    using Association_list::Association_list;
+
+    Item* append(Item* item) override;
+
+    // The item with the key; when there is none, the one whose key the alias `key` stands for.
+    Item* find(const char* key, bool case_sensitive) const override;
+
+    // Lets a search for `alias` find the item with the key `actual`. Of two equal aliases the first serves.
+    void add_alias(const char* actual, const char* alias);
+
+    void delete_aliases();
+
+private:
+    template <class T>
+    using First_by_key = std::unordered_map<std::string_view, const T*>;
+
+    const Item* find_exact(const char* key) const;
+    const Alias* find_alias(const char* key, bool case_sensitive) const;
+    void index(const Item& item) const;
+
+    Association_list aliases_;
+    First_by_key<Alias> alias_index_;
+    // The items by their keys, as long as index_changes_ is the list's own count of changes.
+    mutable First_by_key<Item> index_;
+    mutable std::uint64_t index_changes_ = 0;
+    mutable bool index_ends_at_null_ = false;
+};
+
+} // namespace TESK

@@ -60,13 +60,22 @@ Item* Alias_association_list::append(Item* item) {
 Item* Alias_association_list::find(const char* key, bool case_sensitive) const {
     if (key == nullptr)
         return nullptr;
-    const auto find_here = [&](const char* wanted) {
-        return case_sensitive ? const_cast<Item*>(find_exact(wanted)) : Association_list::find(wanted, false);
-    };
-    if (Item* item = find_here(key))
+    if (case_sensitive)
+        return find_exact(key);
+    if (Item* item = Association_list::find(key, false))
         return item;
-    const Alias* alias = find_alias(key, case_sensitive);
-    return alias == nullptr ? nullptr : find_here(alias->get_actual());
+    const Alias* alias = find_alias_ignoring_case(key);
+    return alias == nullptr ? nullptr : Association_list::find(alias->get_actual(), false);
+}
+
+Item* Alias_association_list::find_exact(std::string_view key) const {
+    const Item* item = find_indexed(key);
+    if (item == nullptr) {
+        const auto alias = alias_index_.find(key);
+        if (alias != alias_index_.end())
+            item = find_indexed(alias->second->get_actual());
+    }
+    return const_cast<Item*>(item);
 }
 
 void Alias_association_list::add_alias(const char* actual, const char* alias) {
@@ -80,7 +89,7 @@ void Alias_association_list::delete_aliases() {
     aliases_.delete_all(Item_filter::all);
 }
 
-const Item* Alias_association_list::find_exact(const char* key) const {
+const Item* Alias_association_list::find_indexed(std::string_view key) const {
     if (index_changes_ != changes_) {
         index_.clear();
         index_ends_at_null_ = false;
@@ -92,11 +101,7 @@ const Item* Alias_association_list::find_exact(const char* key) const {
     return found == index_.end() ? nullptr : found->second;
 }
 
-const Alias* Alias_association_list::find_alias(const char* key, bool case_sensitive) const {
-    if (case_sensitive) {
-        const auto found = alias_index_.find(key);
-        return found == alias_index_.end() ? nullptr : found->second;
-    }
+const Alias* Alias_association_list::find_alias_ignoring_case(const char* key) const {
     const auto place = const_cast<Association_list&>(aliases_).iterator();
     for (const Item* item = place->first(); item != nullptr; item = place->next()) {
         const auto* alias = static_cast<const Alias*>(item);
@@ -109,8 +114,8 @@ const Alias* Alias_association_list::find_alias(const char* key, bool case_sensi
 void Alias_association_list::index(const Item& item) const {
     if (index_ends_at_null_)
         return;
-    const char* key = item.get_key();
-    if (key == nullptr)
+    const std::string_view key = item.get_key_view();
+    if (key.data() == nullptr)
         index_ends_at_null_ = true;
     else
         index_.try_emplace(key, &item);

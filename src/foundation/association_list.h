@@ -55,6 +55,9 @@ public:
     // The item with the key; when there is none, the one whose key the alias `key` stands for.
     Item* find(const char* key, bool case_sensitive) const override;
 
+    // The same for a key of any bytes, byte for byte.
+    Item* find_exact(std::string_view key) const;
+
     // Lets a search for `alias` find the item with the key `actual`. Of two equal aliases the first serves.
     void add_alias(const char* actual, const char* alias);
 
@@ -64,8 +67,8 @@ private:
     template <class T>
     using First_by_key = std::unordered_map<std::string_view, const T*>;
 
-    const Item* find_exact(const char* key) const;
-    const Alias* find_alias(const char* key, bool case_sensitive) const;
+    const Item* find_indexed(std::string_view key) const;
+    const Alias* find_alias_ignoring_case(const char* key) const;
     void index(const Item& item) const;
 
     Association_list aliases_;

@@ -31,6 +31,11 @@ bool Item::set_checked(bool) {
     return false;
 }
 
+std::string_view Item::get_key_view() const {
+    const char* key = get_key();
+    return key == nullptr ? std::string_view() : std::string_view(key);
+}
+
 std::string& Association::label_to(std::string& buffer) const {
     const char* key = get_key();
     return buffer.assign(key == nullptr ? "" : key);

@@ -3,6 +3,7 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 
 namespace TESK {
 
@@ -35,6 +36,9 @@ public:
 
     // The item's text key: that of an Association, null for any other item.
     virtual const char* get_key() const = 0;
+
+    // The same text with its length, so that a key may hold any byte; without data where the key is null.
+    virtual std::string_view get_key_view() const = 0;
 };
 
 // The default behaviour: no text, equal to every other item, enabled, never marked.
@@ -50,6 +54,7 @@ public:
     bool set_selected(bool selected) override;
     bool set_checked(bool checked) override;
     const char* get_key() const override { return nullptr; }
+    std::string_view get_key_view() const override;
 
 protected:
     Item() = default;

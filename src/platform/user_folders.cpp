@@ -15,11 +15,21 @@ std::string home_folder() {
     return user != nullptr && user->pw_dir != nullptr && *user->pw_dir == '/' ? user->pw_dir : "/";
 }
 
+namespace {
+
+std::string user_folder(const char* variable, const char* at_home) {
+    const char* folder = std::getenv(variable);
+    return folder != nullptr && *folder == '/' ? folder : home_folder() + at_home;
+}
+
+} // namespace
+
 std::string user_data_folder() {
-    const char* folder = std::getenv("XDG_DATA_HOME");
-    if (folder != nullptr && *folder == '/')
-        return folder;
-    return home_folder() + "/.local/share";
+    return user_folder("XDG_DATA_HOME", "/.local/share");
+}
+
+std::string user_config_folder() {
+    return user_folder("XDG_CONFIG_HOME", "/.config");
 }
 
 bool make_host_folders(const std::string& path) {

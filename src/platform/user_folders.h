@@ -11,6 +11,9 @@ std::string home_folder();
 // The folder for the user's data: $XDG_DATA_HOME when that is an absolute path, else ".local/share" at home.
 std::string user_data_folder();
 
+// The folder for the user's settings: $XDG_CONFIG_HOME when that is an absolute path, else ".config" at home.
+std::string user_config_folder();
+
 // Makes the host folder with the levels above it, for the user alone. False when it is not there afterwards.
 bool make_host_folders(const std::string& path);
 

@@ -1,11 +1,11 @@
 #include "platform/entry_names.h"
 
 #include "foundation/code_page_1252.h"
+#include "platform/host_handle.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <ctime>
-#include <dirent.h>
 #include <map>
 #include <sys/stat.h>
 #include <unordered_map>
@@ -130,17 +130,12 @@ std::string folded_entry(const std::string& entry) {
 
 std::unordered_multimap<std::string, std::string> read_entries(const std::string& folder) {
     std::unordered_multimap<std::string, std::string> entries;
-    DIR* stream = opendir(folder.c_str());
-    if (stream == nullptr)
-        return entries;
-    while (const dirent* entry = readdir(stream)) {
-        std::string host_name = entry->d_name;
-        if (host_name != "." && host_name != ".." && is_listable(host_name)) {
+    Folder_stream stream(folder);
+    while (const dirent* entry = stream.next())
+        if (std::string host_name = entry->d_name; is_listable(host_name)) {
             std::string key = folded_entry(host_name);
             entries.emplace(std::move(key), std::move(host_name));
         }
-    }
-    closedir(stream);
     return entries;
 }
 

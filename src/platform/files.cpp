@@ -14,10 +14,6 @@ namespace platform {
 
 namespace {
 
-bool ends_in_separator(std::string_view name) {
-    return !name.empty() && (name.back() == '\\' || name.back() == '/');
-}
-
 Entry_kind host_kind(const std::string& path) {
     struct stat state {};
     if (stat(path.c_str(), &state) != 0)
@@ -25,12 +21,6 @@ Entry_kind host_kind(const std::string& path) {
     return S_ISREG(state.st_mode)   ? Entry_kind::file
            : S_ISDIR(state.st_mode) ? Entry_kind::folder
                                     : Entry_kind::other;
-}
-
-// The host path of what may be a file: "" when the name can only be a folder's and no folder is there.
-std::string entry_path(std::string_view name) {
-    std::string path = host_path(name);
-    return ends_in_separator(name) && host_kind(path) != Entry_kind::folder ? "" : path;
 }
 
 bool means_absent(int error_number) {
@@ -108,7 +98,7 @@ bool remove_entry(int folder, const char* entry) {
 } // namespace
 
 Entry_kind entry_kind(std::string_view name) {
-    return host_kind(entry_path(name));
+    return host_kind(host_path(name));
 }
 
 bool exists(std::string_view name) {
@@ -129,12 +119,12 @@ bool is_link(std::string_view name) {
 }
 
 std::optional<std::uint8_t> attributes(std::string_view name) {
-    const std::string path = entry_path(name);
+    const std::string path = host_path(name);
     const Entry_kind kind = host_kind(path);
     if (kind == Entry_kind::absent)
         return std::nullopt;
     const int bits = (kind == Entry_kind::folder ? attribute_directory : attribute_archive) |
-                     (has_write_permission(AT_FDCWD, path.c_str()) ? 0 : attribute_read_only);
+                     (is_write_protected(AT_FDCWD, path.c_str()) ? attribute_read_only : 0);
     return static_cast<std::uint8_t>(bits);
 }
 
@@ -147,7 +137,7 @@ bool set_folder_attributes(std::string_view name, std::uint8_t /*bits*/) {
 }
 
 Read_result read_file(std::string_view name, std::size_t limit) {
-    const std::string path = entry_path(name);
+    const std::string path = host_path(name);
     struct stat state {};
     if (path.empty() || stat(path.c_str(), &state) != 0)
         return {path.empty() || means_absent(errno) ? Read_outcome::absent : Read_outcome::unreadable, ""};
@@ -172,7 +162,7 @@ Read_result read_file(std::string_view name, std::size_t limit) {
 std::optional<Packed_time> file_time(std::string_view name) {
     if (!is_file(name))
         return std::nullopt;
-    const Host_handle file = open_to_read(entry_path(name));
+    const Host_handle file = open_to_read(host_path(name));
     struct stat state {};
     if (!file.is_open() || fstat(file.get(), &state) != 0)
         return std::nullopt;
@@ -184,7 +174,7 @@ std::optional<Packed_time> file_time(std::string_view name) {
 }
 
 Delete_outcome delete_file(std::string_view name) {
-    const std::string path = entry_path(name);
+    const std::string path = host_path(name);
     struct stat state {};
     if (path.empty())
         return Delete_outcome::absent;

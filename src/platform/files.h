@@ -1,7 +1,9 @@
-// Files and folders by their names: whether they are there, what is in them, and making and deleting them. A
-// name that no host file can have is answered like one that does not exist. A name that ends in a separator
-// can only be a folder's.
+// Files and folders by their names: whether they are there, what is in them, and making, copying and deleting
+// them. A name that no host file can have is answered like one that does not exist. A name that ends in a
+// separator can only be a folder's.
 #pragma once
+
+#include "platform/write_result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -82,5 +84,16 @@ bool remove_folder(std::string_view name);
 // the tree, or at its root, is itself deleted. Goes on after a failure; true when nothing is left (or was
 // there). The root of a drive is refused.
 bool remove_tree(std::string_view name);
+
+// Copies a file byte for byte, to a new file or over an old one, whole or not at all. A new file has the
+// permissions of the source, and write permission for its owner; an old one keeps its own. Not flushed to
+// disk.
+Write_result copy_file(std::string_view from, std::string_view to);
+
+// Copies a folder and all that is below it into the folder `to`, which is made where it is missing; files
+// that are there already are replaced, other entries stay. Symbolic links are copied as links. Goes on after
+// a file that cannot be copied, unless the disk is full; the result is the first failure. A target inside the
+// source is refused before anything is made.
+Write_result copy_tree(std::string_view from, std::string_view to);
 
 } // namespace platform

@@ -1,6 +1,7 @@
 // An open file or folder of the host, closed with its owner; for the use of this folder alone.
 #pragma once
 
+#include <dirent.h>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -33,10 +34,28 @@ private:
 // Opens without waiting, whatever kind of file it is; none when that fails, with the reason in errno.
 Host_handle open_to_read(const std::string& path);
 
-// The host names of the entries of an open folder, without "." and "..".
+// The entries of a host folder one after the other, without "." and ".."; none when it cannot be read.
+class Folder_stream {
+public:
+    explicit Folder_stream(const std::string& path) : stream_(opendir(path.c_str())) {}
+    explicit Folder_stream(const Host_handle& folder);
+    Folder_stream(const Folder_stream&) = delete;
+    Folder_stream& operator=(const Folder_stream&) = delete;
+    ~Folder_stream();
+
+    // The next entry, good until the next call; null at the end.
+    const dirent* next();
+    // For calls that take an entry's folder; only while next() gives entries.
+    int descriptor() const { return dirfd(stream_); }
+
+private:
+    DIR* stream_;
+};
+
+// The host names of the entries of an open folder.
 std::vector<std::string> entries_of(const Host_handle& folder);
 
-// Whether the file or folder has a permission bit for writing, and this user may write to it.
-bool has_write_permission(int folder_descriptor, const char* entry);
+// Whether the file or folder has no permission bit for writing, or this user may not write to it.
+bool is_write_protected(int folder_descriptor, const char* entry);
 
 } // namespace platform

@@ -205,7 +205,9 @@ std::string full_name(std::string_view name) {
     return components.empty() ? result + '\\' : result;
 }
 
-std::string host_path(std::string_view name) {
+namespace {
+
+std::string path_of_entry(std::string_view name) {
     const std::string full = full_name(name);
     const std::string* root = full.empty() || full.size() > PATH_MAX ? nullptr : drive_root(full[0]);
     if (root == nullptr)
@@ -225,6 +227,16 @@ std::string host_path(std::string_view name) {
     if (host_entry_exists(folder))
         return resolve_components(folder, {components.back()});
     return resolve_components(*root, components);
+}
+
+} // namespace
+
+std::string host_path(std::string_view name) {
+    std::string path = path_of_entry(name);
+    if (!name.empty() && is_separator(name.back()))
+        if (struct stat state{}; stat(path.c_str(), &state) == 0 && !S_ISDIR(state.st_mode))
+            return "";
+    return path;
 }
 
 std::string name_from_host_path(std::string_view path) {

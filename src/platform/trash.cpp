@@ -1,11 +1,11 @@
 #include "platform/trash.h"
 
 #include "platform/entry_names.h"
+#include "platform/file_replacement.h"
 #include "platform/host_handle.h"
 #include "platform/percent_encoding.h"
 #include "platform/user_folders.h"
 
-#include <cerrno>
 #include <climits>
 #include <ctime>
 #include <fcntl.h>
@@ -106,47 +106,46 @@ std::string other_name(const std::string& entry) {
            entry.substr(stem);
 }
 
-bool write_record(const Host_handle& file, const std::string& record) {
-    std::size_t written = 0;
-    while (written < record.size()) {
-        const ssize_t count = write(file.get(), record.data() + written, record.size() - written);
-        if (count < 0 && errno != EINTR)
-            return false;
-        written += count > 0 ? static_cast<std::size_t>(count) : 0;
+// Where an entry and its record are to be in a trash.
+struct Place {
+    std::string entry;
+    std::string record;
+};
+
+// Finds a name that neither an entry nor a record has yet, and makes the record, still empty, so that nobody
+// else takes it.
+std::optional<Place> reserve_place(const Trash& trash, const std::string& entry) {
+    const std::string entries = join_host_path(trash.folder, "files");
+    const std::string records = join_host_path(trash.folder, "info");
+    if (!make_host_folders(entries) || !make_host_folders(records))
+        return std::nullopt;
+    const std::string first_name = entry.size() > longest_trashed_name ? "long-name" : entry;
+    std::string name = first_name;
+    constexpr int most_tries = 100;
+    for (int tries = 0; tries < most_tries; ++tries) {
+        Place place{join_host_path(entries, name), join_host_path(records, name + ".trashinfo")};
+        if (!host_entry_exists(place.entry) &&
+            Host_handle(open(place.record.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)).is_open())
+            return place;
+        name = other_name(first_name);
     }
-    return true;
+    return std::nullopt;
 }
 
-// Moves the entry with its record, under a name that neither has yet. The record comes first and is taken
-// back when the entry cannot follow.
+// The record comes first and is taken back when the entry cannot follow.
 bool move_into(const Trash& trash, const std::string& path) {
-    const std::string files = join_host_path(trash.folder, "files");
-    const std::string records = join_host_path(trash.folder, "info");
-    if (!make_host_folders(files) || !make_host_folders(records))
-        return false;
     const std::string entry = host_entry_of(path);
-    const std::string first_name = entry.size() > longest_trashed_name ? "long-name" : entry;
-
-    std::string name = first_name;
-    std::string record_path;
-    Host_handle record;
-    constexpr int most_tries = 100;
-    for (int tries = 0; !record.is_open() && tries < most_tries; ++tries) {
-        record_path = join_host_path(records, name + ".trashinfo");
-        if (!host_entry_exists(join_host_path(files, name)))
-            record = Host_handle(open(record_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (!record.is_open())
-            name = other_name(first_name);
-    }
-    if (!record.is_open())
+    const auto place = reserve_place(trash, entry);
+    if (!place)
         return false;
+    const std::string record = record_of(trash, path);
     Folder_change change(host_folder_of(path));
-    if (write_record(record, record_of(trash, path)) && record.close_now() == 0 &&
-        rename(path.c_str(), join_host_path(files, name).c_str()) == 0) {
+    if (replace_file(place->record, Content(record), 0600, Durability::durable).ok() &&
+        rename(path.c_str(), place->entry.c_str()) == 0) {
         change.removed(entry);
         return true;
     }
-    unlink(record_path.c_str());
+    unlink(place->record.c_str());
     return false;
 }
 

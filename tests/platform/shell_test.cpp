@@ -1,10 +1,12 @@
 #include "platform/shell.h"
 
+#include "platform/file_writer.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 
+#include <cerrno>
 #include <ctime>
 #include <gtest/gtest.h>
 #include <net/if.h>
@@ -140,6 +142,12 @@ TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {
     EXPECT_FALSE(shell().recycle("C:\\"));
     EXPECT_FALSE(shell().recycle("C:\\gone.txt"));
     EXPECT_FALSE(shell().recycle(""));
+    {
+        File_faults faults;
+        faults.fail(Write_step::write, ENOSPC);
+        EXPECT_FALSE(shell().recycle("C:\\file.txt"));
+        EXPECT_EQ(entries_in(trash("info")), 0u);
+    }
     user.write("not a folder", "");
     user.set("XDG_DATA_HOME", user.home("not a folder/data"));
     EXPECT_FALSE(shell().recycle("C:\\file.txt"));

@@ -122,7 +122,8 @@ TEST_F(Desktop_shell, what_is_recycled_can_be_restored) {
     std::tm date{};
     EXPECT_STREQ(strptime(record.c_str() + head.size(), "%Y-%m-%dT%H:%M:%S", &date), "\n") << record;
 
-    // The same name once more is kept beside the first.
+    // The same name once more is kept beside the first, even one whose record was lost.
+    fs::remove(trash("info/caf\xC3\xA9 100%.tvn.trashinfo"));
     drives.write("My data/caf\xC3\xA9 100%.tvn", "second");
     EXPECT_TRUE(shell().recycle("C:\\My data\\caf\xE9 100%.tvn"));
     EXPECT_EQ(contents(trash("files/caf\xC3\xA9 100%.tvn")), "scenario");
@@ -133,7 +134,7 @@ TEST_F(Desktop_shell, what_is_recycled_can_be_restored) {
     EXPECT_TRUE(shell().recycle("C:\\My data"));
     EXPECT_EQ(contents(trash("files/My data/Sub/deep.txt")), "deep");
     EXPECT_EQ(entries_in(trash("files")), 4u);
-    EXPECT_EQ(entries_in(trash("info")), 4u);
+    EXPECT_EQ(entries_in(trash("info")), 3u);
     EXPECT_EQ(fs::status(trash("info")).permissions(), fs::perms::owner_all);
 }
 

@@ -58,10 +58,13 @@ bool lies_in(std::string path, const struct stat& folder) {
 class Tree_copy {
 public:
     void copy_folder(const std::string& from, const std::string& to) {
-        const bool is_new = make_target(from, to);
         const Host_handle folder(open(from.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (!folder.is_open())
             note(write_result_from_errno(errno));
+        const int error = make_target(from, to);
+        const bool is_new = error == 0;
+        if (!is_new && make_host_levels(to) != 0)
+            return note(write_result_from_errno(error));
         std::vector<std::string> entries = entries_of(folder);
         std::sort(entries.begin(), entries.end());
         for (const std::string& entry : entries) {
@@ -76,19 +79,15 @@ public:
     const Write_result& result() const { return result_; }
 
 private:
-    // Whether the folder is new.
-    bool make_target(const std::string& from, const std::string& to) {
+    // Makes the folder, with the permissions of the source. Gives 0 or the error number.
+    static int make_target(const std::string& from, const std::string& to) {
         struct stat state {};
         const mode_t mode = stat(from.c_str(), &state) == 0 ? state.st_mode & 0777 : 0777;
         Folder_change change(host_folder_of(to));
-        if (mkdir(to.c_str(), mode | S_IRWXU) == 0) {
-            change.added(host_entry_of(to));
-            return true;
-        }
-        const int error = errno;
-        if (stat(to.c_str(), &state) != 0 || !S_ISDIR(state.st_mode))
-            note(write_result_from_errno(error));
-        return false;
+        if (mkdir(to.c_str(), mode | S_IRWXU) != 0)
+            return errno;
+        change.added(host_entry_of(to));
+        return 0;
     }
 
     // An entry of the target that differs only in case is the same file to the suite; but not when the source
@@ -148,8 +147,8 @@ Write_result copy_tree(std::string_view from, std::string_view to) {
         return write_result_from_errno(ENOTDIR);
     if (lies_in(target, state))
         return write_failure(Write_error::into_itself);
-    if (!make_folders(to))
-        return write_result_from_errno(errno);
+    if (const int error = make_host_levels(host_folder_of(target)))
+        return write_result_from_errno(error);
     Tree_copy copy;
     copy.copy_folder(source, target);
     return copy.result();

@@ -4,6 +4,7 @@
 #include "platform/host_handle.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <map>
@@ -249,6 +250,22 @@ std::optional<std::string> find_entry_ignoring_case(const std::string& folder, s
 
 std::string new_entry(std::string_view name) {
     return is_ascii(name) || is_foreign(name) ? std::string(name) : TESK::utf8_from_code_page(name);
+}
+
+int make_host_levels(const std::string& path) {
+    struct stat state {};
+    if (stat(path.c_str(), &state) == 0)
+        return S_ISDIR(state.st_mode) ? 0 : ENOTDIR;
+    if (path.size() <= 1)
+        return ENOENT;
+    const std::string folder = host_folder_of(path);
+    if (const int error = make_host_levels(folder))
+        return error;
+    Folder_change change(folder);
+    if (mkdir(path.c_str(), 0777) != 0)
+        return errno;
+    change.added(host_entry_of(path));
+    return 0;
 }
 
 Folder_change::Folder_change(const std::string& folder) : folder_(folder) {

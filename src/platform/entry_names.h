@@ -46,6 +46,10 @@ std::optional<std::string> find_entry_ignoring_case(const std::string& folder, s
 // What a new entry of the name is called on the host.
 std::string new_entry(std::string_view name);
 
+// Makes the host folder and every level above it that is missing, each known to the listings remembered.
+// Gives 0 when the folder is there afterwards, else the error number.
+int make_host_levels(const std::string& path);
+
 // Stands around a change that the program makes to a host folder, from before the change until after it.
 class Folder_change {
 public:

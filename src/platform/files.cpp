@@ -28,6 +28,8 @@ bool means_absent(int error_number) {
            error_number == ELOOP;
 }
 
+constexpr std::size_t smallest_growth = 4096;
+
 // Reads to the end, or to one byte more than the limit. False when the disk fails.
 bool read_to_end(const Host_handle& file, std::size_t expected_size, std::size_t limit,
                  std::string& contents) {
@@ -35,7 +37,7 @@ bool read_to_end(const Host_handle& file, std::size_t expected_size, std::size_t
     contents.resize(expected_size + 1);
     while (length <= limit) {
         if (length == contents.size())
-            contents.resize(2 * length);
+            contents.resize(2 * length + smallest_growth);
         const ssize_t count = read(file.get(), contents.data() + length, contents.size() - length);
         if (count == 0)
             break;
@@ -57,21 +59,6 @@ Packed_time packed(const std::tm& time) {
     return {
         static_cast<std::uint16_t>(year << 9 | (time.tm_mon + 1) << 5 | time.tm_mday),
         static_cast<std::uint16_t>(time.tm_hour << 11 | time.tm_min << 5 | std::min(time.tm_sec, 59) / 2)};
-}
-
-// Makes the folder and what is missing above it.
-bool make_host_levels(const std::string& path) {
-    const Entry_kind kind = host_kind(path);
-    if (kind != Entry_kind::absent)
-        return kind == Entry_kind::folder;
-    const std::string folder = host_folder_of(path);
-    if (path.size() <= 1 || !make_host_levels(folder))
-        return false;
-    Folder_change change(folder);
-    if (mkdir(path.c_str(), 0777) != 0)
-        return host_kind(path) == Entry_kind::folder;
-    change.added(host_entry_of(path));
-    return true;
 }
 
 // Removes what an interrupted save left in a folder that has nothing else in it.
@@ -211,7 +198,7 @@ bool make_folder(std::string_view name) {
 
 bool make_folders(std::string_view name) {
     const std::string path = host_path(name);
-    return !path.empty() && make_host_levels(path);
+    return !path.empty() && make_host_levels(path) == 0;
 }
 
 bool remove_folder(std::string_view name) {
@@ -232,7 +219,7 @@ bool remove_tree(std::string_view name) {
     const std::string path = host_path(name);
     if (path.empty())
         return true;
-    if (path == "/" || is_drive_root(name))
+    if (holds_drive_root(name))
         return false;
     const std::string folder_path = host_folder_of(path);
     const Host_handle folder(open(folder_path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));

@@ -278,9 +278,12 @@ std::string drives_folder() {
     return drives_in_use().folder;
 }
 
-bool is_drive_root(std::string_view name) {
-    const std::string full = full_name(name);
-    return full.size() == 3 && drive_root(full[0]) != nullptr;
+bool holds_drive_root(std::string_view name) {
+    const std::string path = host_path(name);
+    const std::vector<Drive>& drives = drives_in_use().drives;
+    return !path.empty() && std::any_of(drives.begin(), drives.end(), [&](const Drive& drive) {
+        return head_length(drive.root, path) || head_length(drive.real_root, path);
+    });
 }
 
 Drives_guard::Drives_guard(const std::string& host_folder) {

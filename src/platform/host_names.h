@@ -49,8 +49,9 @@ std::string full_name(std::string_view name);
 // The host folder that holds the drives as links, absolute; "" when the two default drives are in use.
 std::string drives_folder();
 
-// Whether the name is the root of a drive that is there.
-bool is_drive_root(std::string_view name);
+// Whether the name is the root of a drive, or a folder that holds one, by whatever drive it is named: what
+// must never be deleted.
+bool holds_drive_root(std::string_view name);
 
 // For tests and for a process that looks after several sets of drives: while one lives, the drives are the
 // links in the given host folder, for this process and for those that it starts. Afterwards the drives are

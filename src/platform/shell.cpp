@@ -78,7 +78,7 @@ std::optional<std::string> Shell::registered_command(const std::string& extensio
 }
 
 bool Shell::recycle(const std::string& name) {
-    return !is_drive_root(name) && move_to_trash(host_path(name));
+    return !holds_drive_root(name) && move_to_trash(host_path(name));
 }
 
 bool Shell::delete_permanently(const std::string& name) {

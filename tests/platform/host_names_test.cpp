@@ -6,29 +6,12 @@
 #include "platform/listing.h"
 #include "support/temporary_drives.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <set>
 
 using namespace platform;
 namespace fs = std::filesystem;
-
-namespace {
-
-class Environment_guard {
-public:
-    Environment_guard(const char* variable, const std::string& value) : variable_(variable) {
-        if (const char* old = std::getenv(variable))
-            old_ = old;
-        setenv(variable, value.c_str(), 1);
-    }
-    ~Environment_guard() { old_ ? setenv(variable_, old_->c_str(), 1) : unsetenv(variable_); }
-
-private:
-    const char* variable_;
-    std::optional<std::string> old_;
-};
-
-} // namespace
 
 TEST(host_names, a_name_is_placed_on_its_drive) {
     Temporary_drives drives;
@@ -132,6 +115,27 @@ TEST(host_names, lookups_without_case_follow_every_change_of_the_folder) {
     }
 }
 
+TEST(host_names, a_listing_is_trusted_only_when_the_time_of_its_folder_proves_it) {
+    Temporary_drives drives;
+    drives.write("f/known");
+    const auto add_unseen = [&](const std::string& file) {
+        const auto time = fs::last_write_time(drives.host("f"));
+        drives.write("f/" + file);
+        fs::last_write_time(drives.host("f"), time);
+    };
+    // A file system that counts in seconds gives two changes the same time.
+    const auto now = fs::file_time_type::clock::now();
+    fs::last_write_time(drives.host("f"), std::chrono::floor<std::chrono::seconds>(now));
+    ASSERT_TRUE(exists("f\\KNOWN"));
+    add_unseen("young");
+    EXPECT_TRUE(exists("f\\YOUNG"));
+    // When the time is old, the folder is not read for each name that is not there.
+    fs::last_write_time(drives.host("f"), now - std::chrono::hours(1));
+    ASSERT_TRUE(exists("f\\KNOWN"));
+    add_unseen("late");
+    EXPECT_FALSE(exists("f\\LATE"));
+}
+
 TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
     Temporary_drives drives;
     drives.write("data/maize.tvp");
@@ -168,13 +172,12 @@ TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
 
 TEST(host_names, without_a_setting_the_drives_are_the_root_and_a_folder_of_the_user) {
     Temporary_drives drives;
-    const Environment_guard data("XDG_DATA_HOME", drives.host("data"));
     {
         const Drives_guard defaults("");
         EXPECT_EQ(drives_folder(), "");
-        EXPECT_EQ(name_from_host_path(drives.host("data/tilverra/drive_c/x")), "C:\\x");
-        EXPECT_FALSE(fs::exists(drives.host("data")));
-        EXPECT_EQ(host_path("\\Simulation"), drives.host("data/tilverra/drive_c/Simulation"));
+        EXPECT_EQ(name_from_host_path(drives.user_data() + "/tilverra/drive_c/x"), "C:\\x");
+        EXPECT_FALSE(fs::exists(drives.user_data()));
+        EXPECT_EQ(host_path("\\Simulation"), drives.user_data() + "/tilverra/drive_c/Simulation");
         EXPECT_TRUE(is_folder("c:\\"));
         EXPECT_EQ(host_path("z:\\"), "/");
         EXPECT_EQ(host_path("d:\\"), "");

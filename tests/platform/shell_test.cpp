@@ -28,7 +28,7 @@ struct Desktop_shell : testing::Test {
     Temporary_user user;
     Temporary_drives drives;
 
-    std::string trash(const std::string& path) const { return user.home(".local/share/Trash/" + path); }
+    std::string trash(const std::string& path) const { return drives.user_data() + "/Trash/" + path; }
     static std::string contents(const std::string& host_path) {
         std::ifstream file(host_path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};

@@ -12,6 +12,23 @@
 #include <optional>
 #include <string>
 
+// Sets an environment variable for a scope.
+class Environment_guard {
+public:
+    Environment_guard(const char* variable, const std::string& value) : variable_(variable) {
+        if (const char* old = std::getenv(variable))
+            old_ = old;
+        setenv(variable, value.c_str(), 1);
+    }
+    Environment_guard(const Environment_guard&) = delete;
+    Environment_guard& operator=(const Environment_guard&) = delete;
+    ~Environment_guard() { old_ ? setenv(variable_, old_->c_str(), 1) : unsetenv(variable_); }
+
+private:
+    const char* variable_;
+    std::optional<std::string> old_;
+};
+
 class Temporary_drives {
 public:
     Temporary_drives() {
@@ -21,6 +38,7 @@ public:
         std::filesystem::create_directories(folder_ + "/c");
         add_drive('c', "../c");
         add_drive('z', "/");
+        user_data_guard_.emplace("XDG_DATA_HOME", user_data());
         guard_.emplace(drives_folder());
         platform::change_directory("C:\\");
     }
@@ -43,6 +61,9 @@ public:
         return folder_ + "/c" + (path.empty() ? "" : "/" + path);
     }
 
+    // The host path of the user's data directory, which is not made.
+    std::string user_data() const { return folder_ + "/data"; }
+
     // Writes a file below c:, with the folders above it.
     void write(const std::string& path, const std::string& contents = "") const {
         std::filesystem::create_directories(std::filesystem::path(host(path)).parent_path());
@@ -55,5 +76,6 @@ public:
 
 private:
     std::string folder_;
+    std::optional<Environment_guard> user_data_guard_;
     std::optional<platform::Drives_guard> guard_;
 };

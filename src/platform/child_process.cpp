@@ -1,0 +1,221 @@
+#include "platform/child_process.h"
+
+#include "platform/current_directory.h"
+#include "platform/host_handle.h"
+#include "platform/host_names.h"
+#include "platform/process.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace platform {
+
+namespace {
+
+constexpr int exit_code_unknown = -1;
+
+int result_of(int error_number) {
+    switch (error_number) {
+    case 0: return result_started;
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP: return result_path_not_found;
+    case EMFILE:
+    case ENFILE: return result_too_many_open;
+    case EACCES:
+    case EPERM:
+    case ETXTBSY: return result_access_denied;
+    case ENOMEM:
+    case EAGAIN:
+    case E2BIG: return result_out_of_memory;
+    default: return result_bad_format;
+    }
+}
+
+std::vector<std::string> environment_for(const Program_start& start) {
+    std::vector<std::string> environment = start.settings;
+    // By this the child learns by which path, of several, its directory was reached.
+    environment.push_back("PWD=" + host_path(current_directory()));
+    const std::size_t own = environment.size();
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+        const std::string setting = *variable;
+        const auto overrides = [&](const std::string& other) {
+            return other.compare(0, other.find('='), setting, 0, setting.find('=')) == 0;
+        };
+        if (std::none_of(environment.begin(), environment.begin() + static_cast<std::ptrdiff_t>(own),
+                         overrides))
+            environment.push_back(setting);
+    }
+    return environment;
+}
+
+// All that execve() needs, made before the fork: in the child nothing may be allocated.
+class Child_image {
+public:
+    explicit Child_image(const Program_start& start)
+        : arguments_(start.arguments), environment_(environment_for(start)),
+          keeps_terminal_(start.keeps_terminal) {
+        arguments_.insert(arguments_.begin(), start.path);
+        argument_pointers_ = pointers_to(arguments_);
+        environment_pointers_ = pointers_to(environment_);
+    }
+
+    bool keeps_terminal() const { return keeps_terminal_; }
+
+    // Turns the calling process into the program; writes the error number to `report` when that fails.
+    [[noreturn]] void take_over(int report) const;
+
+private:
+    static std::vector<char*> pointers_to(std::vector<std::string>& texts) {
+        std::vector<char*> pointers;
+        for (std::string& text : texts)
+            pointers.push_back(text.data());
+        pointers.push_back(nullptr);
+        return pointers;
+    }
+
+    std::vector<std::string> arguments_;
+    std::vector<std::string> environment_;
+    std::vector<char*> argument_pointers_;
+    std::vector<char*> environment_pointers_;
+    bool keeps_terminal_;
+};
+
+void close_all_on_exec() {
+#ifdef CLOSE_RANGE_CLOEXEC
+    if (close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0)
+        return;
+#endif
+    for (int file = STDERR_FILENO + 1; file < sysconf(_SC_OPEN_MAX); ++file)
+        fcntl(file, F_SETFD, FD_CLOEXEC);
+}
+
+void arrange_files(bool keeps_input) {
+    close_all_on_exec();
+    if (!keeps_input)
+        close(STDIN_FILENO);
+    // A standard stream that is closed would be taken by the first file that the program opens.
+    for (int file = STDIN_FILENO; file <= STDERR_FILENO; ++file)
+        if (fcntl(file, F_GETFD) < 0)
+            open("/dev/null", O_RDWR);
+}
+
+// Signals must be blocked when this is called: a handler of this program may not run in the child.
+void arrange_signals() {
+    struct sigaction standard {};
+    standard.sa_handler = SIG_DFL;
+    for (int signal = 1; signal < NSIG; ++signal) {
+        struct sigaction current {};
+        const bool is_kept = sigaction(signal, nullptr, &current) != 0 ||
+                             (current.sa_handler == SIG_IGN && signal != SIGPIPE && signal != SIGCHLD);
+        if (!is_kept)
+            sigaction(signal, &standard, nullptr);
+    }
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+void write_error(int report, int error_number) {
+    // Without a reader there is nobody left to tell.
+    [[maybe_unused]] const ssize_t count = write(report, &error_number, sizeof error_number);
+}
+
+void Child_image::take_over(int report) const {
+    const int above_standard = fcntl(report, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    arrange_files(keeps_terminal_);
+    arrange_signals();
+    execve(argument_pointers_[0], argument_pointers_.data(), environment_pointers_.data());
+    write_error(above_standard < 0 ? report : above_standard, errno);
+    _exit(127);
+}
+
+// 0 when the other end was closed by a program that has begun.
+int read_error(const Host_handle& report) {
+    int error_number = 0;
+    ssize_t count = 0;
+    do
+        count = read(report.get(), &error_number, sizeof error_number);
+    while (count < 0 && errno == EINTR);
+    return count == sizeof error_number ? error_number : 0;
+}
+
+int wait_for(pid_t child) {
+    int status = 0;
+    pid_t ended = 0;
+    do
+        ended = waitpid(child, &status, 0);
+    while (ended < 0 && errno == EINTR);
+    if (ended != child)
+        return exit_code_unknown;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+// Forks with all signals blocked in the child, which does `body` with the pipe for its error number.
+template <class Body>
+pid_t fork_child(int report, const Body& body) {
+    sigset_t all;
+    sigset_t previous;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &previous);
+    const pid_t child = fork();
+    if (child == 0)
+        body(report);
+    const int error_number = errno;
+    pthread_sigmask(SIG_SETMASK, &previous, nullptr);
+    errno = error_number;
+    return child;
+}
+
+// Forks and waits until the program has begun or has failed to. Gives the error number.
+template <class Body>
+int start_child(pid_t& child, const Body& body) {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return errno;
+    const Host_handle reading(ends[0]);
+    Host_handle writing(ends[1]);
+    child = fork_child(writing.get(), body);
+    if (child < 0)
+        return errno;
+    writing.close_now();
+    return read_error(reading);
+}
+
+} // namespace
+
+int start_detached(const Program_start& start) {
+    const Child_image image(start);
+    pid_t child = -1;
+    // The grandchild is adopted by the host when the child ends, so nobody has to wait for it.
+    const int error_number = start_child(child, [&](int report) {
+        if (!image.keeps_terminal())
+            setsid();
+        const pid_t grandchild = fork();
+        if (grandchild == 0)
+            image.take_over(report);
+        if (grandchild < 0)
+            write_error(report, errno);
+        _exit(0);
+    });
+    if (child > 0)
+        wait_for(child);
+    return result_of(error_number);
+}
+
+int start_and_wait(const Program_start& start, int& exit_code) {
+    const Child_image image(start);
+    pid_t child = -1;
+    const int error_number = start_child(child, [&](int report) { image.take_over(report); });
+    if (child > 0)
+        exit_code = wait_for(child);
+    return result_of(error_number);
+}
+
+} // namespace platform

@@ -1,0 +1,89 @@
+#include "platform/command_line.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace platform {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+bool is_blank(char c) {
+    return blanks.find(c) != std::string_view::npos;
+}
+
+void trim_leading_blanks(std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+}
+
+// Takes the first argument off the text, which begins with it.
+std::string take_argument(std::string_view& text) {
+    std::string argument;
+    bool quoted = false;
+    std::size_t at = 0;
+    while (at < text.size() && (quoted || !is_blank(text[at]))) {
+        const std::size_t backslashes = std::min(text.find_first_not_of('\\', at), text.size()) - at;
+        at += backslashes;
+        if (at == text.size() || text[at] != '"') {
+            argument.append(backslashes, '\\');
+            if (backslashes == 0)
+                argument += text[at++];
+            continue;
+        }
+        argument.append(backslashes / 2, '\\');
+        ++at;
+        if (backslashes % 2 != 0) {
+            argument += '"';
+        } else if (quoted && at < text.size() && text[at] == '"') {
+            argument += '"';
+            ++at;
+        } else {
+            quoted = !quoted;
+        }
+    }
+    text.remove_prefix(at);
+    return argument;
+}
+
+} // namespace
+
+std::vector<std::string> split_arguments(std::string_view text) {
+    std::vector<std::string> arguments;
+    for (trim_leading_blanks(text); !text.empty(); trim_leading_blanks(text))
+        arguments.push_back(take_argument(text));
+    return arguments;
+}
+
+std::vector<Command_reading> command_readings(std::string_view command_line) {
+    trim_leading_blanks(command_line);
+    if (command_line.empty())
+        return {};
+    if (command_line.front() == '"') {
+        command_line.remove_prefix(1);
+        const std::size_t end = std::min(command_line.find('"'), command_line.size());
+        return {{command_line.substr(0, end), command_line.substr(std::min(end + 1, command_line.size()))}};
+    }
+    std::vector<Command_reading> readings;
+    const std::size_t limit = std::min({command_line.find('"'), command_line.size(), std::size_t{PATH_MAX}});
+    for (std::size_t end = 1; end <= limit; ++end) {
+        const bool at_end = end == command_line.size() || (end < limit && is_blank(command_line[end]));
+        if (at_end && !is_blank(command_line[end - 1]))
+            readings.push_back({command_line.substr(0, end), command_line.substr(end)});
+    }
+    return readings;
+}
+
+std::string only_name(std::string_view arguments) {
+    trim_leading_blanks(arguments);
+    if (!arguments.empty() && arguments.front() == '"') {
+        arguments.remove_prefix(1);
+        arguments = arguments.substr(0, arguments.find('"'));
+    }
+    std::string name(arguments);
+    name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
+    name.erase(name.find_last_not_of(blanks) + 1);
+    return name;
+}
+
+} // namespace platform

@@ -1,0 +1,37 @@
+// Taking a command line apart, as the desktop that the suite grew up on does: which part of it is the
+// program, and what the arguments behind it are. Texts are bytes in code page 1252; nothing here looks at a
+// file.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+// The arguments in the text, by the rules of that desktop's C run-time:
+// - Blanks and tabs separate arguments, outside double quotes. "" is an empty argument.
+// - Inside quotes, two quotes are one that counts as text. A quote that is never closed reaches to the end.
+// - A backslash is text, but for those in front of a quote: two of them are one backslash, and one that is
+// left over
+//   makes the quote text. (So a folder in quotes should not end in a backslash.)
+std::vector<std::string> split_arguments(std::string_view text);
+
+// One way to read a command line. Both are parts of the command line itself.
+struct Command_reading {
+    std::string_view program;   // without quotes
+    std::string_view arguments; // all that stands behind it
+};
+
+// The ways to read a command line, in the order in which they are to be tried. A program in quotes is read
+// one way. One without can end at each blank, the shortest first: "C:\My programs\a.exe x" may mean "C:\My",
+// "C:\My programs\a.exe" or the whole. No program of a reading holds a quote or is longer than a path can be.
+// None for an empty command line.
+std::vector<Command_reading> command_readings(std::string_view command_line);
+
+// The one file name that the arguments of a file manager or an editor consist of: without the blanks around
+// it and without quotes, be they a pair or a lone one behind the name. What follows a closed pair is left
+// out.
+std::string only_name(std::string_view arguments);
+
+} // namespace platform

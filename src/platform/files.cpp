@@ -1,0 +1,236 @@
+#include "platform/files.h"
+
+#include "platform/entry_names.h"
+#include "platform/host_handle.h"
+#include "platform/host_names.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace platform {
+
+namespace {
+
+Entry_kind host_kind(const std::string& path) {
+    struct stat state {};
+    if (stat(path.c_str(), &state) != 0)
+        return Entry_kind::absent;
+    return S_ISREG(state.st_mode)   ? Entry_kind::file
+           : S_ISDIR(state.st_mode) ? Entry_kind::folder
+                                    : Entry_kind::other;
+}
+
+bool means_absent(int error_number) {
+    return error_number == ENOENT || error_number == ENOTDIR || error_number == ENAMETOOLONG ||
+           error_number == ELOOP;
+}
+
+constexpr std::size_t smallest_growth = 4096;
+
+// Reads to the end, or to one byte more than the limit. False when the disk fails.
+bool read_to_end(const Host_handle& file, std::size_t expected_size, std::size_t limit,
+                 std::string& contents) {
+    std::size_t length = 0;
+    contents.resize(expected_size + 1);
+    while (length <= limit) {
+        if (length == contents.size())
+            contents.resize(2 * length + smallest_growth);
+        const ssize_t count = read(file.get(), contents.data() + length, contents.size() - length);
+        if (count == 0)
+            break;
+        if (count > 0)
+            length += static_cast<std::size_t>(count);
+        else if (errno != EINTR)
+            return false;
+    }
+    contents.resize(length);
+    return true;
+}
+
+Packed_time packed(const std::tm& time) {
+    const int year = time.tm_year - 80;
+    if (year < 0)
+        return {1 << 5 | 1, 0};
+    if (year > 127)
+        return {127 << 9 | 12 << 5 | 31, 23 << 11 | 59 << 5 | 29};
+    return {
+        static_cast<std::uint16_t>(year << 9 | (time.tm_mon + 1) << 5 | time.tm_mday),
+        static_cast<std::uint16_t>(time.tm_hour << 11 | time.tm_min << 5 | std::min(time.tm_sec, 59) / 2)};
+}
+
+// Removes what an interrupted save left in a folder that has nothing else in it.
+void remove_unfinished_saves(const std::string& path) {
+    const Host_handle folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const std::vector<std::string> entries = entries_of(folder);
+    if (std::all_of(entries.begin(), entries.end(), is_unfinished_save))
+        for (const std::string& entry : entries)
+            unlinkat(folder.get(), entry.c_str(), 0);
+}
+
+bool remove_entry(int folder, const char* entry) {
+    if (unlinkat(folder, entry, 0) == 0 || errno == ENOENT)
+        return true;
+    if (errno != EISDIR && errno != EPERM)
+        return false;
+    if (const Host_handle below(openat(folder, entry, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        below.is_open())
+        for (const std::string& inner : entries_of(below))
+            remove_entry(below.get(), inner.c_str());
+    return unlinkat(folder, entry, AT_REMOVEDIR) == 0 || errno == ENOENT;
+}
+
+} // namespace
+
+Entry_kind entry_kind(std::string_view name) {
+    return host_kind(host_path(name));
+}
+
+bool exists(std::string_view name) {
+    return entry_kind(name) != Entry_kind::absent;
+}
+
+bool is_file(std::string_view name) {
+    return entry_kind(name) == Entry_kind::file;
+}
+
+bool is_folder(std::string_view name) {
+    return entry_kind(name) == Entry_kind::folder;
+}
+
+bool is_link(std::string_view name) {
+    struct stat state {};
+    return lstat(host_path(name).c_str(), &state) == 0 && S_ISLNK(state.st_mode);
+}
+
+std::optional<std::uint8_t> attributes(std::string_view name) {
+    const std::string path = host_path(name);
+    const Entry_kind kind = host_kind(path);
+    if (kind == Entry_kind::absent)
+        return std::nullopt;
+    const int bits = (kind == Entry_kind::folder ? attribute_directory : attribute_archive) |
+                     (is_write_protected(AT_FDCWD, path.c_str()) ? attribute_read_only : 0);
+    return static_cast<std::uint8_t>(bits);
+}
+
+bool is_read_only(std::string_view name) {
+    return (attributes(name).value_or(0) & attribute_read_only) != 0;
+}
+
+bool set_folder_attributes(std::string_view name, std::uint8_t /*bits*/) {
+    return is_folder(name);
+}
+
+Read_result read_file(std::string_view name, std::size_t limit) {
+    const std::string path = host_path(name);
+    struct stat state {};
+    if (path.empty() || stat(path.c_str(), &state) != 0)
+        return {path.empty() || means_absent(errno) ? Read_outcome::absent : Read_outcome::unreadable, ""};
+    // Opening a device can already do something to it.
+    if (!S_ISREG(state.st_mode))
+        return {Read_outcome::unreadable, ""};
+    const Host_handle file = open_to_read(path);
+    if (!file.is_open() || fstat(file.get(), &state) != 0 || !S_ISREG(state.st_mode))
+        return {Read_outcome::unreadable, ""};
+    const auto size = static_cast<std::size_t>(state.st_size);
+    if (size > limit)
+        return {Read_outcome::too_large, ""};
+
+    Read_result result{Read_outcome::read, ""};
+    if (!read_to_end(file, size, limit, result.contents))
+        return {Read_outcome::unreadable, ""};
+    if (result.contents.size() > limit)
+        return {Read_outcome::too_large, ""};
+    return result;
+}
+
+std::optional<Packed_time> file_time(std::string_view name) {
+    if (!is_file(name))
+        return std::nullopt;
+    const Host_handle file = open_to_read(host_path(name));
+    struct stat state {};
+    if (!file.is_open() || fstat(file.get(), &state) != 0)
+        return std::nullopt;
+    tzset();
+    std::tm time{};
+    if (localtime_r(&state.st_mtim.tv_sec, &time) == nullptr)
+        time.tm_year = state.st_mtim.tv_sec < 0 ? 0 : 1000;
+    return packed(time);
+}
+
+Delete_outcome delete_file(std::string_view name) {
+    const std::string path = host_path(name);
+    struct stat state {};
+    if (path.empty())
+        return Delete_outcome::absent;
+    if (lstat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode) && (state.st_mode & 0222) == 0)
+        return Delete_outcome::denied;
+
+    Folder_change change(host_folder_of(path));
+    if (unlink(path.c_str()) == 0) {
+        change.removed(host_entry_of(path));
+        return Delete_outcome::deleted;
+    }
+    switch (errno) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG: return Delete_outcome::absent;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case EBUSY:
+    case ETXTBSY: return Delete_outcome::denied;
+    default: return Delete_outcome::failed;
+    }
+}
+
+bool make_folder(std::string_view name) {
+    const std::string path = host_path(name);
+    Folder_change change(host_folder_of(path));
+    if (mkdir(path.c_str(), 0777) != 0)
+        return false;
+    change.added(host_entry_of(path));
+    return true;
+}
+
+bool make_folders(std::string_view name) {
+    const std::string path = host_path(name);
+    return !path.empty() && make_host_levels(path) == 0;
+}
+
+bool remove_folder(std::string_view name) {
+    const std::string path = host_path(name);
+    Folder_change change(host_folder_of(path));
+    if (rmdir(path.c_str()) != 0) {
+        if (errno != ENOTEMPTY && errno != EEXIST)
+            return false;
+        remove_unfinished_saves(path);
+        if (rmdir(path.c_str()) != 0)
+            return false;
+    }
+    change.removed(host_entry_of(path));
+    return true;
+}
+
+bool remove_tree(std::string_view name) {
+    const std::string path = host_path(name);
+    if (path.empty())
+        return true;
+    if (holds_drive_root(name))
+        return false;
+    const std::string folder_path = host_folder_of(path);
+    const Host_handle folder(open(folder_path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.is_open())
+        return means_absent(errno);
+    const std::string entry = host_entry_of(path);
+    Folder_change change(folder_path);
+    if (!remove_entry(folder.get(), entry.c_str()))
+        return false;
+    change.removed(entry);
+    return true;
+}
+
+} // namespace platform

@@ -1,0 +1,203 @@
+#include "platform/file_writer.h"
+
+#include "platform/files.h"
+#include "platform/listing.h"
+#include "support/temporary_drives.h"
+
+#include <cerrno>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+// c: with the file "file" that holds "old text".
+class file_writer : public testing::Test {
+protected:
+    file_writer() { drives.write("file", "old text"); }
+
+    // The number of entries in a host folder, those that no listing shows included.
+    static long entries_in(const std::string& folder) {
+        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    }
+    std::string rescue_folder() const { return drives.user_data() + "/tilverra/rescue"; }
+    static mode_t mode_of(const std::string& path) {
+        struct stat state {};
+        stat(path.c_str(), &state);
+        return state.st_mode & 07777;
+    }
+
+    Temporary_drives drives;
+};
+
+constexpr Durability all_durabilities[] = {Durability::durable, Durability::quick};
+
+} // namespace
+
+TEST_F(file_writer, replaces_the_contents_and_keeps_the_permissions) {
+    const std::string contents("a\r\nb\n\0\xFF", 7);
+    chmod(drives.host("file").c_str(), 0640);
+    // Only root can give files away.
+    const bool given_away = chown(drives.host("file").c_str(), 12345, 23456) == 0;
+    for (const Durability durability : all_durabilities) {
+        EXPECT_TRUE(write_file("FILE", contents, durability).ok());
+        EXPECT_EQ(drives.read("file"), contents);
+        EXPECT_TRUE(write_file("file", "", durability).ok());
+        EXPECT_EQ(drives.read("file"), "");
+    }
+    EXPECT_EQ(mode_of(drives.host("file")), 0640U);
+    struct stat state {};
+    stat(drives.host("file").c_str(), &state);
+    EXPECT_EQ(state.st_uid == 12345 && state.st_gid == 23456, given_away);
+
+    const mode_t old_mask = umask(027);
+    EXPECT_TRUE(write_file("new", "x", Durability::quick).ok());
+    umask(old_mask);
+    EXPECT_EQ(mode_of(drives.host("new")), 0640U);
+    EXPECT_EQ(entries_in(drives.host()), 2);
+}
+
+TEST_F(file_writer, writes_the_target_of_a_link) {
+    fs::create_directory(drives.host("sub"));
+    fs::create_symlink("../file", drives.host("sub/link"));
+    fs::create_symlink("sub/link", drives.host("chain"));
+    fs::create_symlink("sub/new", drives.host("dangling"));
+    fs::create_symlink("circle", drives.host("circle"));
+    EXPECT_TRUE(write_file("chain", "new", Durability::durable).ok());
+    EXPECT_TRUE(is_link("chain") && is_link("sub\\link") && !is_link("file"));
+    EXPECT_EQ(drives.read("file"), "new");
+    EXPECT_TRUE(write_file("dangling", "made", Durability::durable).ok());
+    EXPECT_EQ(drives.read("sub/new"), "made");
+    EXPECT_EQ(write_file("circle", "x", Durability::durable).error, Write_error::bad_name);
+}
+
+TEST_F(file_writer, refuses_what_is_no_writable_file) {
+    chmod(drives.host("file").c_str(), 0444);
+    fs::create_directory(drives.host("folder"));
+    mkfifo(drives.host("pipe").c_str(), 0600);
+    const struct {
+        const char* name;
+        Write_error error;
+    } cases[] = {
+        {"file", Write_error::read_only},  {"folder", Write_error::not_a_file},
+        {"pipe", Write_error::not_a_file}, {"none\\x", Write_error::absent},
+        {"file\\x", Write_error::absent},  {"new\\", Write_error::bad_name},
+        {"a:b", Write_error::bad_name},    {"", Write_error::bad_name},
+    };
+    for (const auto& c : cases) {
+        const Write_result result = write_file(c.name, "x", Durability::quick);
+        EXPECT_EQ(result.error, c.error) << c.name;
+        EXPECT_FALSE(result.reason.empty()) << c.name;
+    }
+    EXPECT_EQ(write_file(std::string(300, 'n'), "x", Durability::quick).error, Write_error::bad_name);
+    EXPECT_EQ(drives.read("file"), "old text");
+    EXPECT_EQ(entries_in(drives.host()), 3);
+}
+
+TEST_F(file_writer, a_fault_at_any_step_leaves_the_old_file_and_nothing_beside_it) {
+    const struct {
+        Write_step step;
+        int number;
+        std::size_t after_bytes;
+        Write_error error;
+    } cases[] = {
+        {Write_step::create, ENOSPC, 0, Write_error::no_space},
+        {Write_step::write, ENOSPC, 0, Write_error::no_space},
+        {Write_step::write, EDQUOT, 3, Write_error::no_space},
+        {Write_step::flush, EIO, 0, Write_error::device_fault},
+        {Write_step::set_permissions, EIO, 0, Write_error::device_fault},
+        {Write_step::rename, EIO, 0, Write_error::device_fault},
+        {Write_step::rename, 9999, 0, Write_error::other},
+    };
+    for (const auto& c : cases) {
+        File_faults faults;
+        faults.fail(c.step, c.number, c.after_bytes);
+        const Write_result result = write_file("file", "new text", Durability::durable);
+        EXPECT_EQ(result.error, c.error);
+        EXPECT_FALSE(result.reason.empty());
+        EXPECT_EQ(drives.read("file"), "old text");
+        if (c.step != Write_step::set_permissions) {
+            EXPECT_EQ(write_file("other", "new text", Durability::durable).error, c.error);
+            EXPECT_FALSE(exists("other"));
+        }
+        EXPECT_EQ(entries_in(drives.host()), 1);
+        faults.clear();
+        EXPECT_TRUE(write_file("file", "old text", Durability::durable).ok());
+    }
+    File_faults faults;
+    faults.fail(Write_step::flush, EIO);
+    faults.fail(Write_step::flush_folder, EIO);
+    EXPECT_TRUE(write_file("file", "quick", Durability::quick).ok());
+    faults.clear();
+    faults.fail(Write_step::flush_folder, EIO);
+    EXPECT_EQ(write_file("file", "new text", Durability::durable).error, Write_error::device_fault);
+    EXPECT_EQ(drives.read("file"), "new text");
+}
+
+TEST_F(file_writer, a_file_that_cannot_be_replaced_is_written_in_place) {
+    fs::create_hard_link(drives.host("file"), drives.host("twin"));
+    for (const std::string& contents :
+         {std::string("longer than the old text"), std::string("short"), std::string()})
+        for (const Durability durability : all_durabilities) {
+            EXPECT_TRUE(write_file("file", contents, durability).ok());
+            EXPECT_EQ(drives.read("twin"), contents);
+        }
+    fs::remove(drives.host("twin"));
+
+    for (const Write_step step : {Write_step::create, Write_step::rename}) {
+        File_faults faults;
+        faults.fail(step, EACCES);
+        EXPECT_TRUE(write_file("file", "in place", Durability::durable).ok());
+        EXPECT_EQ(drives.read("file"), "in place");
+        EXPECT_EQ(write_file("new", "x", Durability::durable).error, Write_error::no_permission);
+    }
+    EXPECT_EQ(entries_in(drives.host()), 1);
+    EXPECT_EQ(entries_in(rescue_folder()), 0);
+}
+
+TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their_copy) {
+    fs::create_hard_link(drives.host("file"), drives.host("twin"));
+    const struct {
+        Write_step step;
+        std::size_t after_bytes;
+        const char* contents;
+    } cases[] = {
+        {Write_step::copy_aside, 0, "new"},
+        {Write_step::copy_aside, 3, "new"},
+        {Write_step::write_in_place, 0, "new"},
+        {Write_step::write_in_place, 2, "new"},
+        {Write_step::write_in_place, 2, "longer than the old text"},
+        {Write_step::write_in_place, 18, "longer than the old text"},
+        {Write_step::flush, 0, "new"},
+        {Write_step::flush, 0, "longer than the old text"},
+    };
+    for (const auto& c : cases) {
+        File_faults faults;
+        faults.fail(c.step, ENOSPC, c.after_bytes);
+        EXPECT_EQ(write_file("file", c.contents, Durability::durable).error, Write_error::no_space);
+        EXPECT_EQ(drives.read("twin"), "old text");
+        EXPECT_EQ(entries_in(rescue_folder()), 0);
+    }
+    File_faults faults;
+    faults.fail(Write_step::write_in_place, EIO, 2);
+    faults.fail(Write_step::write_back, EIO, 1);
+    const Write_result result = write_file("file", "new", Durability::durable);
+    EXPECT_EQ(result.error, Write_error::device_fault);
+    const std::size_t name = result.reason.find("Z:\\");
+    ASSERT_NE(name, std::string::npos) << result.reason;
+    EXPECT_EQ(read_file(result.reason.substr(name, result.reason.size() - name - 1)).contents, "old text");
+}
+
+TEST_F(file_writer, an_unwritable_folder_is_no_hindrance_for_a_writable_file) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "nothing is unwritable for root";
+    drives.write("sub/file", "old text");
+    chmod(drives.host("sub").c_str(), 0555);
+    EXPECT_TRUE(write_file("sub\\file", "new text", Durability::durable).ok());
+    EXPECT_EQ(write_file("sub\\other", "x", Durability::durable).error, Write_error::no_permission);
+    chmod(drives.host("sub").c_str(), 0755);
+    EXPECT_EQ(drives.read("sub/file"), "new text");
+}

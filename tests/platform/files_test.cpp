@@ -1,0 +1,233 @@
+#include "platform/files.h"
+
+#include "platform/file_writer.h"
+#include "support/temporary_drives.h"
+
+#include <ctime>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+// One of each: "file", "empty", "locked" (without write permission), "folder" (empty), "tree", "pipe", and
+// the links "to file", "to folder", "to nowhere" and "circle".
+void make_zoo(const Temporary_drives& drives) {
+    drives.write("file", "text");
+    drives.write("empty");
+    drives.write("locked", "old");
+    fs::permissions(drives.host("locked"), fs::perms(0444));
+    fs::create_directory(drives.host("folder"));
+    drives.write("tree/below/deep", "deep");
+    mkfifo(drives.host("pipe").c_str(), 0600);
+    fs::create_symlink("file", drives.host("to file"));
+    fs::create_symlink("tree", drives.host("to folder"));
+    fs::create_symlink("nowhere", drives.host("to nowhere"));
+    fs::create_symlink("circle", drives.host("circle"));
+}
+
+// The paths below a folder of c: with what stands there.
+std::string picture(const Temporary_drives& drives, const std::string& folder) {
+    std::string result;
+    std::set<std::string> lines;
+    for (const auto& entry : fs::recursive_directory_iterator(drives.host(folder))) {
+        std::string line = fs::path(entry.path()).lexically_relative(drives.host(folder));
+        if (entry.is_symlink())
+            line += " -> " + fs::read_symlink(entry.path()).string();
+        else if (entry.is_regular_file())
+            line += " = " + drives.read(fs::path(entry.path()).lexically_relative(drives.host()));
+        lines.insert(line);
+    }
+    for (const std::string& line : lines)
+        result += line + "\n";
+    return result;
+}
+
+} // namespace
+
+TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
+    Temporary_drives drives;
+    make_zoo(drives);
+    using Kind = Entry_kind;
+    using Outcome = Read_outcome;
+    const struct {
+        const char* name;
+        Entry_kind kind;
+        bool link;
+        Read_outcome outcome;
+        const char* contents;
+    } cases[] = {
+        {"file", Kind::file, false, Outcome::read, "text"},
+        {"FILE", Kind::file, false, Outcome::read, "text"},
+        {"file\\", Kind::absent, false, Outcome::absent, ""},
+        {"empty", Kind::file, false, Outcome::read, ""},
+        {"folder", Kind::folder, false, Outcome::unreadable, ""},
+        {"folder\\", Kind::folder, false, Outcome::unreadable, ""},
+        {"pipe", Kind::other, false, Outcome::unreadable, ""},
+        {"z:\\dev\\zero", Kind::other, false, Outcome::unreadable, ""},
+        {"to file", Kind::file, true, Outcome::read, "text"},
+        {"to folder", Kind::folder, true, Outcome::unreadable, ""},
+        {"to nowhere", Kind::absent, true, Outcome::absent, ""},
+        {"circle", Kind::absent, true, Outcome::absent, ""},
+        {"none", Kind::absent, false, Outcome::absent, ""},
+        {"file\\x", Kind::absent, false, Outcome::absent, ""},
+        {"q:\\file", Kind::absent, false, Outcome::absent, ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(entry_kind(c.name), c.kind) << c.name;
+        EXPECT_EQ(exists(c.name), c.kind != Kind::absent) << c.name;
+        EXPECT_EQ(is_link(c.name), c.link) << c.name;
+        const Read_result result = read_file(c.name);
+        EXPECT_EQ(result.outcome, c.outcome) << c.name;
+        EXPECT_EQ(result.contents, c.contents) << c.name;
+    }
+    EXPECT_EQ(read_file("file", 4).contents, "text");
+    EXPECT_EQ(read_file("file", 3).outcome, Outcome::too_large);
+    // The size of such a file is not known before it is read.
+    EXPECT_FALSE(read_file("z:\\proc\\self\\status").contents.empty());
+    EXPECT_EQ(read_file("z:\\proc\\self\\status", 5).outcome, Outcome::too_large);
+
+    EXPECT_EQ(attributes("file"), attribute_archive);
+    EXPECT_EQ(attributes("locked"), attribute_archive | attribute_read_only);
+    EXPECT_EQ(attributes("to folder"), attribute_directory);
+    EXPECT_EQ(attributes("none"), std::nullopt);
+}
+
+TEST(files, the_time_of_a_file_is_packed_in_local_time) {
+    Temporary_drives drives;
+    drives.write("file");
+    const struct {
+        const char* time;
+        unsigned packed; // the date above the time
+    } cases[] = {
+        {"2024-03-05 13:58:59", 0x5865'6F5D},
+        {"1960-01-01 12:00:00", 0x0021'0000},
+        {"2200-01-01 12:00:00", 0xFF9F'BF7D},
+    };
+    for (const auto& c : cases) {
+        std::tm time{};
+        strptime(c.time, "%Y-%m-%d %H:%M:%S", &time);
+        time.tm_isdst = -1;
+        const timespec changed{mktime(&time), 0};
+        const timespec times[2] = {changed, changed};
+        utimensat(AT_FDCWD, drives.host("file").c_str(), times, 0);
+        const auto packed = file_time("file");
+        ASSERT_TRUE(packed);
+        EXPECT_EQ(static_cast<unsigned>(packed->date) << 16 | packed->time, c.packed);
+    }
+    EXPECT_FALSE(file_time("none"));
+    EXPECT_FALSE(file_time("c:\\"));
+}
+
+TEST(files, deleting_and_making_tell_what_came_of_it) {
+    Temporary_drives drives;
+    make_zoo(drives);
+    EXPECT_EQ(delete_file("FILE"), Delete_outcome::deleted);
+    EXPECT_EQ(delete_file("file"), Delete_outcome::absent);
+    EXPECT_EQ(delete_file("to nowhere"), Delete_outcome::deleted);
+    EXPECT_EQ(delete_file("locked"), Delete_outcome::denied);
+    EXPECT_EQ(delete_file("folder"), Delete_outcome::denied);
+    EXPECT_EQ(delete_file("to folder"), Delete_outcome::deleted);
+    EXPECT_EQ(drives.read("tree/below/deep"), "deep");
+
+    EXPECT_FALSE(make_folder("a\\b"));
+    EXPECT_TRUE(make_folder("a"));
+    EXPECT_FALSE(make_folder("A"));
+    EXPECT_TRUE(make_folders("A\\b\\c\\"));
+    EXPECT_TRUE(make_folders("a\\B\\c"));
+    EXPECT_TRUE(fs::is_directory(drives.host("a/b/c")));
+    EXPECT_FALSE(make_folders("locked\\x"));
+    EXPECT_FALSE(make_folders("a\\x:y"));
+
+    EXPECT_FALSE(remove_folder("tree"));
+    EXPECT_FALSE(remove_folder("locked"));
+    drives.write("folder/.~saving-0123456789ab");
+    EXPECT_TRUE(remove_folder("Folder"));
+    EXPECT_FALSE(exists("folder"));
+}
+
+TEST(files, a_tree_is_removed_without_following_links_out_of_it) {
+    Temporary_drives drives;
+    make_zoo(drives);
+    drives.write("doomed/below/locked");
+    fs::permissions(drives.host("doomed/below/locked"), fs::perms(0400));
+    drives.write("doomed/..\\..\\tree");
+    drives.write("doomed/\xFF/.hidden");
+    fs::create_symlink("../tree", drives.host("doomed/link"));
+    fs::create_symlink(".", drives.host("doomed/loop"));
+    EXPECT_TRUE(remove_tree("DOOMED"));
+    EXPECT_FALSE(exists("doomed"));
+    EXPECT_TRUE(remove_tree("doomed"));
+    EXPECT_TRUE(remove_tree("to folder"));
+    EXPECT_FALSE(is_link("to folder"));
+    EXPECT_EQ(drives.read("tree/below/deep"), "deep");
+    EXPECT_FALSE(remove_tree("c:\\"));
+    EXPECT_FALSE(remove_tree(name_from_host_path(fs::path(drives.host()).parent_path().string())));
+    EXPECT_TRUE(exists("file"));
+}
+
+TEST(files, a_copied_file_is_whole_and_takes_the_place_of_the_old_one) {
+    Temporary_drives drives;
+    make_zoo(drives);
+    const std::string large = std::string(3'000'000, 'x') + std::string(1, '\0') + "\r\n";
+    drives.write("large", large);
+    EXPECT_TRUE(copy_file("large", "COPY").ok());
+    EXPECT_EQ(drives.read("COPY"), large);
+    EXPECT_TRUE(copy_file("to file", "copy").ok());
+    EXPECT_EQ(drives.read("COPY"), "text");
+    EXPECT_TRUE(copy_file("locked", "unlocked").ok());
+    EXPECT_FALSE(is_read_only("unlocked"));
+
+    EXPECT_EQ(copy_file("file", "locked").error, Write_error::read_only);
+    EXPECT_EQ(copy_file("file", "folder").error, Write_error::not_a_file);
+    EXPECT_EQ(copy_file("pipe", "new").error, Write_error::not_a_file);
+    EXPECT_EQ(copy_file("none", "new").error, Write_error::absent);
+    EXPECT_EQ(copy_file("file", "none\\new").error, Write_error::absent);
+    EXPECT_EQ(copy_file("file", "new\\").error, Write_error::bad_name);
+    EXPECT_EQ(copy_file("file", "to file").error, Write_error::into_itself);
+    File_faults faults;
+    faults.fail(Write_step::write, ENOSPC, 2'000'000);
+    EXPECT_EQ(copy_file("large", "copy").error, Write_error::no_space);
+    EXPECT_EQ(copy_file("large", "new").error, Write_error::no_space);
+    EXPECT_EQ(drives.read("COPY"), "text");
+    EXPECT_FALSE(exists("new"));
+}
+
+TEST(files, a_tree_is_copied_with_its_links_and_merged_into_what_is_there) {
+    Temporary_drives drives;
+    drives.write("from/Notes.txt", "new");
+    drives.write("from/both", "small");
+    drives.write("from/Both", "large");
+    drives.write("from/sub/\xFF", "bytes");
+    drives.write("from/.~saving-0123456789ab", "left behind");
+    fs::create_directories(drives.host("from/empty"));
+    fs::create_symlink("sub/\xFF", drives.host("from/link"));
+    fs::create_symlink("..", drives.host("from/loop"));
+    const std::string head = "both = small\nempty\nlink -> sub/\xFF\nloop -> ..\n";
+    const std::string tail = "sub\nsub/\xFF = bytes\n";
+    EXPECT_TRUE(copy_tree("FROM", "to\\here").ok());
+    EXPECT_EQ(picture(drives, "to/here"), "Both = large\nNotes.txt = new\n" + head + tail);
+
+    drives.write("old/notes.TXT", "old");
+    drives.write("old/zzz", "stays");
+    drives.write("old/link", "a file");
+    EXPECT_TRUE(copy_tree("from", "old").ok());
+    EXPECT_EQ(picture(drives, "old"), "Both = large\n" + head + "notes.TXT = new\n" + tail + "zzz = stays\n");
+
+    fs::create_directory_symlink("from/sub", drives.host("inside"));
+    for (const char* target : {"from", "from\\sub\\new\\deep", "inside\\new", "FROM\\x"})
+        EXPECT_EQ(copy_tree("from", target).error, Write_error::into_itself) << target;
+    EXPECT_FALSE(exists("from\\sub\\new"));
+    EXPECT_EQ(copy_tree("none", "x").error, Write_error::absent);
+    EXPECT_EQ(copy_tree("from\\both", "x").error, Write_error::absent);
+
+    // What cannot be copied does not keep the rest back.
+    mkfifo(drives.host("from/a pipe").c_str(), 0600);
+    EXPECT_EQ(copy_tree("from", "third").error, Write_error::not_a_file);
+    EXPECT_EQ(drives.read("third/sub/\xFF"), "bytes");
+}

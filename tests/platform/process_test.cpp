@@ -1,0 +1,249 @@
+#include "platform/process.h"
+
+#include "support/temporary_drives.h"
+#include "support/temporary_user.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int normal = 1;
+
+struct Process : testing::Test {
+    Temporary_user user;
+    Temporary_drives drives;
+
+    // A script below c: that is started as a program.
+    void write_script(const std::string& path, const std::string& body) const {
+        drives.write(path, "#!/bin/sh\n" + body);
+        fs::permissions(drives.host(path), fs::perms::owner_all);
+    }
+    void write_recorder(const std::string& path, int exit_code = 0) const {
+        drives.write(path);
+        Temporary_user::make_recorder(drives.host(path), user.home("record"), exit_code);
+    }
+    std::string take_record() const { return Temporary_user::take_record(user.home("record")); }
+
+    static bool has_children() { return waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD; }
+
+    void TearDown() override { EXPECT_FALSE(has_children()); }
+};
+
+} // namespace
+
+TEST_F(Process, a_suite_program_gets_its_arguments_as_they_stand_and_is_waited_for) {
+    write_recorder("My suite/Tilverra/tilverra_5.exe", 7);
+    const auto exit_code = launcher().create_and_wait("\"C:\\my suite\\tilverra\\TILVERRA_5.EXE\"  \"C:\\P "
+                                                      "1\\.TVS_project\" \"caf\xE9.tvn\" \"\" $HOME;`x`",
+                                                      normal);
+    EXPECT_EQ(exit_code, 7);
+    EXPECT_EQ(take_record(), "[C:\\P 1\\.TVS_project]\n[caf\xE9.tvn]\n[]\n[$HOME;`x`]\n");
+
+    write_script("killed.exe", "kill -9 $$\n");
+    EXPECT_EQ(launcher().create_and_wait("killed.exe", normal), 128 + SIGKILL);
+    EXPECT_EQ(launcher().create_and_wait("\"C:\\absent.exe\"", normal), std::nullopt);
+}
+
+TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
+    // The record is taken only when the file that the script waits for is there.
+    write_script("slow.exe",
+                 "while [ ! -e go ]; do :; done\nread -r stat < /proc/self/stat\necho $stat > stat.part\n"
+                 "/bin/mv stat.part stat\n");
+    EXPECT_EQ(launcher().execute("slow.exe", normal), result_started);
+    EXPECT_FALSE(has_children());
+    drives.write("go");
+    EXPECT_NE(Temporary_user::take_record(drives.host("stat")), "none");
+}
+
+TEST_F(Process, a_program_starts_in_the_current_directory_with_an_empty_input) {
+    write_script("Project/look.exe", "{ pwd; echo \"$PWD\"; /bin/cat; } > seen\n");
+    fs::create_directory_symlink("Project", drives.host("Link"));
+    ASSERT_TRUE(change_directory("C:\\link"));
+    EXPECT_EQ(launcher().create_and_wait("look.exe", normal), 0);
+    const std::string directory = drives.host("Link") + "\n";
+    EXPECT_EQ(drives.read("Project/seen"), directory + directory);
+}
+
+TEST_F(Process, a_program_inherits_no_open_file_and_no_signal_setting) {
+    constexpr int open_file = 77;
+    dup2(STDOUT_FILENO, open_file);
+    sigset_t blocked;
+    sigset_t before;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGUSR1);
+    sigprocmask(SIG_BLOCK, &blocked, &before);
+    const auto handler = std::signal(SIGPIPE, SIG_IGN);
+
+    // A shell would change some of this.
+    EXPECT_EQ(launcher().create_and_wait("z:\\bin\\cp /proc/self/status status", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/2", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/77", normal), 1);
+
+    std::signal(SIGPIPE, handler);
+    sigprocmask(SIG_SETMASK, &before, &blocked);
+    close(open_file);
+    EXPECT_TRUE(sigismember(&blocked, SIGUSR1)) << "the mask of this process has to come back";
+    const std::string status = drives.read("status");
+    const auto signals = [&](const std::string& key) {
+        return std::stoull(status.substr(status.find(key) + key.size(), 17), nullptr, 16);
+    };
+    EXPECT_EQ(signals("SigBlk:"), 0u);
+    EXPECT_EQ(signals("SigIgn:") >> (SIGPIPE - 1) & 1, 0u);
+}
+
+TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
+    drives.write("Suite/data.exe", "not a program");
+    drives.write("Suite/locked.exe", "#!/bin/sh\n");
+    drives.write("Suite/windows.exe", "MZ\x90");
+    user.add_tool("wine"); // of no use, since the drives are not its own
+    write_script("Suite/lost.exe", "");
+    drives.write("Suite/lost.exe", "#!/no/such/interpreter\n");
+    fs::permissions(drives.host("Suite/data.exe"), fs::perms::owner_all);
+    struct {
+        const char* command_line;
+        int result;
+    } cases[] = {
+        {"", result_file_not_found},
+        {"\"\" x", result_file_not_found},
+        {"\"C:\\Suite\\absent.exe\" x", result_file_not_found},
+        {"no_such_tool", result_file_not_found},
+        {"C:\\Suite", result_file_not_found},
+        {"\"C:\\Nowhere\\absent.exe\"", result_path_not_found},
+        {"q:\\absent.exe", result_path_not_found},
+        {"\"C:\\Suite\\locked.exe\"", result_access_denied},
+        {"\"C:\\Suite\\data.exe\"", result_bad_format},
+        {"\"C:\\Suite\\lost.exe\"", result_bad_format},
+        {"\"C:\\Suite\\windows.exe\"", result_bad_format},
+        {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
+        {"notepad.exe \"C:\\notes.txt\"", result_file_not_found},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(launcher().execute(c.command_line, normal), c.result) << c.command_line;
+        EXPECT_EQ(launcher().create_and_wait(c.command_line, normal), std::nullopt) << c.command_line;
+    }
+}
+
+TEST_F(Process, the_program_is_found_by_its_name) {
+    write_recorder("My tools/run.exe");
+    write_recorder("My.exe");
+    write_recorder("Beside/sibling.exe");
+    write_recorder("Elsewhere/local.exe");
+    write_recorder("Elsewhere/tool");
+    user.add_tool("tool");
+    set_program_file(drives.host("Beside/project_editor.exe"));
+    ASSERT_TRUE(change_directory("C:\\Elsewhere"));
+    struct {
+        const char* command_line;
+        const char* record;
+    } cases[] = {
+        {"c:\\My tools\\run.exe 1", "[tools\\run.exe]\n[1]\n"}, // the shorter one is there
+        {"\"c:\\My tools\\run\" 2", "[2]\n"},
+        {"..\\my a", "[a]\n"},
+        {"sibling.exe 3", "[3]\n"},
+        {"LOCAL 4", "[4]\n"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(launcher().create_and_wait(c.command_line, normal), 0) << c.command_line;
+        EXPECT_EQ(take_record(), c.record) << c.command_line;
+    }
+    fs::remove(drives.host("My.exe"));
+    EXPECT_EQ(launcher().create_and_wait("c:\\My tools\\run.exe 1", normal), 0);
+    EXPECT_EQ(take_record(), "[1]\n");
+    EXPECT_EQ(launcher().create_and_wait("tool 5", normal), 0);
+    EXPECT_EQ(user.record_of_tool("tool"), "[5]\n");
+    set_program_file("");
+}
+
+TEST_F(Process, a_host_tool_gets_host_paths) {
+    user.add_tool("tool");
+    drives.write("Data/caf\xC3\xA9.txt");
+    ASSERT_TRUE(change_directory("C:\\Data"));
+    launcher().create_and_wait(
+        "tool -n \"C:\\DATA\\caf\xE9.txt\" CAF\xE9.TXT c:\\new.txt http://a.b\\c other", normal);
+    const std::string file = "[" + drives.host("Data/caf\xC3\xA9.txt") + "]\n";
+    EXPECT_EQ(user.record_of_tool("tool"),
+              "[-n]\n" + file + file + "[" + drives.host("new.txt") + "]\n[http://a.b/c]\n[other]\n");
+}
+
+TEST_F(Process, a_windows_program_runs_in_the_prefix_whose_drives_are_in_use) {
+    fs::create_directories(user.home("prefix/dosdevices"));
+    fs::create_directories(user.home("prefix/drive_c/Suite"));
+    fs::create_symlink("../drive_c", user.home("prefix/dosdevices/c:"));
+    user.write("prefix/drive_c/Suite/skymill.exe", "MZ");
+    const Drives_guard guard(user.home("prefix/dosdevices") + "/");
+    ASSERT_TRUE(change_directory("C:\\"));
+    EXPECT_EQ(launcher().execute("C:\\suite\\skymill.exe", normal), result_bad_format);
+
+    user.write("tools/wine",
+               "#!/bin/sh\nprintf '[%s]\\n' \"$WINEPREFIX\" \"$@\" > '" + user.home("record") + "'\n");
+    fs::permissions(user.home("tools/wine"), fs::perms::owner_all);
+    EXPECT_EQ(launcher().create_and_wait("C:\\Suite\\skymill.exe \"C:\\caf\xE9 1.wtb\"", normal), 0);
+    EXPECT_EQ(take_record(),
+              "[" + user.home("prefix") + "]\n[C:\\Suite\\skymill.exe]\n[C:\\caf\xC3\xA9 1.wtb]\n");
+}
+
+TEST_F(Process, explorer_is_the_file_manager_of_the_host) {
+    user.add_tool("xdg-open");
+    drives.write("My project/Scenarios/a.tvn");
+    struct {
+        const char* command_line;
+        std::string opened;
+    } cases[] = {
+        {"explorer /n,/e,C:\\My project\"", drives.host("My project")},
+        {"explorer /n,/e,\"C:\\my project\\scenarios\"", drives.host("My project/Scenarios")},
+        {"explorer /n,/e,/select,\"C:\\My project\\Scenarios\\a.tvn\"", drives.host("My project/Scenarios")},
+        {"C:\\WINDOWS\\Explorer.EXE \"C:\\My project\\\"", drives.host("My project")},
+        {"\"explorer.exe\"", drives.host()},
+        {"explorer \"http://example.org/help\\manual.htm\"", "http://example.org/help/manual.htm"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(launcher().execute(c.command_line, normal), result_started) << c.command_line;
+        EXPECT_EQ(user.record_of_tool("xdg-open"), "[" + c.opened + "]\n") << c.command_line;
+    }
+    EXPECT_EQ(launcher().execute("explorer /n,/e,C:\\Gone\"", normal), result_file_not_found);
+    user.unset("DISPLAY");
+    EXPECT_EQ(launcher().execute("explorer C:\\", normal), result_file_not_found);
+}
+
+TEST_F(Process, notepad_is_the_text_editor_of_the_host) {
+    drives.write("details.htm");
+    const std::string file = drives.host("details.htm");
+    const auto edit = [&](const std::string& tool) {
+        EXPECT_EQ(launcher().execute("\"notepad.exe\"  \"C:\\details.htm\" ", normal), result_started);
+        return user.record_of_tool(tool);
+    };
+    user.add_tool("xdg-open");
+    EXPECT_EQ(edit("xdg-open"), "[" + file + "]\n");
+
+    user.add_tool("pad");
+    user.write("etc/xdg/mimeapps.list",
+               "[Added Associations]\ntext/plain=no.desktop\n[Default Applications]\n"
+               "text/html=web.desktop\ntext/plain=gone.desktop;vi.desktop;org-pad.desktop;\n");
+    user.write("usr/share/applications/vi.desktop", "[Desktop Entry]\nExec=pad vi %F\nTerminal=true\n");
+    user.write("usr/share/applications/org/pad.desktop",
+               "[Desktop Entry]\nName=Pad\nExec=pad \"--new window\" %U %c\n[Desktop Action x]\nExec=no\n");
+    EXPECT_EQ(edit("pad"), "[--new window]\n[file://" + file + "]\n");
+
+    user.add_tool("my editor");
+    user.set("VISUAL", "'my editor' -w");
+    EXPECT_EQ(edit("my editor"), "[-w]\n[" + file + "]\n");
+}
+
+TEST_F(Process, the_program_is_named_by_the_path_it_was_started_with) {
+    drives.write("Suite/Tilverra/.keep");
+    fs::create_symlink("/bin/sh", drives.host("Suite/Tilverra/project_editor.exe"));
+    EXPECT_EQ(set_program_file(drives.host("Suite/Tilverra/project_editor.exe")),
+              "C:\\Suite\\Tilverra\\project_editor.exe");
+    ASSERT_TRUE(change_directory("C:\\Suite"));
+    EXPECT_EQ(set_program_file("Tilverra/project_editor.exe"), "C:\\Suite\\Tilverra\\project_editor.exe");
+    user.set("PATH", drives.host("Suite/Tilverra"));
+    EXPECT_EQ(set_program_file("project_editor.exe"), "C:\\Suite\\Tilverra\\project_editor.exe");
+    EXPECT_NE(set_program_file("").find("platform_tests"), std::string::npos);
+}

@@ -158,8 +158,9 @@ std::string& float64_to_cstr_formatted(double value, std::string& buffer, std::u
 }
 
 std::string& int32_to_cstr_padded(std::int32_t value, std::string& buffer, int radix, char fill, int width) {
-    const std::int64_t number = radix == 10 ? value : static_cast<std::uint32_t>(value);
-    return pad_integer(number, buffer, radix, fill, width);
+    const bool is_signed = radix == 10;
+    const auto number = static_cast<std::uint32_t>(value);
+    return pad_integer(is_signed ? std::int64_t{value} : std::int64_t{number}, buffer, radix, fill, width);
 }
 
 std::string& uint32_to_cstr_padded(std::uint32_t value, std::string& buffer, int radix, char fill,

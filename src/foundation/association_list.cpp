@@ -48,9 +48,9 @@ Item* Association_list::find(const char* key, bool case_sensitive) const {
 }
 
 Item* Alias_association_list::append(Item* item) {
-    const bool was_indexed = index_changes_ == changes_;
     Item* appended = Association_list::append(item);
-    if (appended != nullptr && was_indexed) {
+    // Only an index that lacks nothing but this item can take it.
+    if (appended != nullptr && index_changes_ + 1 == changes_) {
         index(*appended);
         index_changes_ = changes_;
     }

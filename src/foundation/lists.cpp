@@ -166,11 +166,20 @@ Item* Unidirectional_list::unlink(Node* node, Node* before) {
     (before == nullptr ? head_ : before->next) = node->next;
     if (node == tail_)
         tail_ = before;
-    if (node->next != nullptr && node->next->get_prev() == node)
-        node->next->set_prev(nullptr);
+    node->set_prev(nullptr);
+    if (node->led_back_from != nullptr)
+        node->led_back_from->set_prev(nullptr);
     modified_ = true;
     ++changes_;
     return node->item.release();
+}
+
+void Bidirectional_list::Node::set_prev(Base_node* node) {
+    if (prev != nullptr)
+        prev->led_back_from = nullptr;
+    prev = node;
+    if (prev != nullptr)
+        prev->led_back_from = this;
 }
 
 Item* Bidirectional_list::Iterator::prev() {

@@ -18,6 +18,8 @@ public:
         virtual void set_prev(Node*) {}
 
         Node* next = nullptr;
+        // The node whose way back leads here, or null. It need not be the next one.
+        Node* led_back_from = nullptr;
     };
 
     class Iterator : public Container::Iterator {
@@ -77,7 +79,7 @@ protected:
     // Links a node behind another, or at the head when `before` is null.
     void link(std::unique_ptr<Node> node, Node* before);
     // Takes the node out of the chain and gives back its item; `before` is the node in front of it, or null.
-    // The node behind forgets a way back that led to it.
+    // A way back that led to it is forgotten.
     Item* unlink(Node* node, Node* before);
 
     Node* head_ = nullptr;
@@ -94,7 +96,7 @@ public:
     public:
         using Base_node::Base_node;
         Base_node* get_prev() const override { return prev; }
-        void set_prev(Base_node* node) override { prev = node; }
+        void set_prev(Base_node* node) override;
 
         Base_node* prev = nullptr;
     };

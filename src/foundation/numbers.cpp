@@ -40,12 +40,24 @@ bool take_hexadecimal_prefix(const char*& text) {
     return true;
 }
 
-// Whether a number that no long double holds is too small rather than too large.
-bool is_below_range(std::string_view number) {
-    const std::size_t exponent = number.find_first_of("eEpP");
-    if (exponent != std::string_view::npos)
-        return exponent + 1 < number.size() && number[exponent + 1] == '-';
-    return number.find_first_not_of('0') == number.find('.');
+// Whether a number that no double holds is too small rather than too large: its first digit that counts
+// stands so far from the point that the sign of the distance, with the exponent added, decides.
+bool is_below_range(std::string_view number, std::chars_format format) {
+    const bool hexadecimal = format == std::chars_format::hex;
+    const std::size_t end = std::min(number.find_first_of(hexadecimal ? "pP" : "eE"), number.size());
+    const std::size_t point = std::min(number.find('.'), end);
+    const std::size_t first = number.find_first_not_of("0.");
+    std::int64_t places = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+    if (hexadecimal)
+        places *= 4;
+    if (end == number.size())
+        return places < 0;
+    const std::string_view exponent = number.substr(end + 1);
+    const std::size_t digits = exponent.size() - std::min(exponent.find_first_not_of("+-0"), exponent.size());
+    constexpr std::size_t most_digits = 18; // no text is long enough to make up for more
+    if (digits > most_digits)
+        return exponent.front() == '-';
+    return places + parse_integer(std::string(exponent).c_str()) < 0;
 }
 
 std::string& format_float(double value, std::string& buffer, std::uint8_t width, std::uint8_t precision,
@@ -98,25 +110,25 @@ double parse_float64(const char* text) {
 
     double value = 0;
     const auto read = std::from_chars(text, end, value, format);
+    if (read.ec == std::errc::invalid_argument)
+        return 0;
     if (read.ec == std::errc::result_out_of_range) {
-        // The narrow type says only that the number is out of its range, not on which side.
-        long double wide = 0;
-        const auto reread = std::from_chars(text, end, wide, format);
-        if (reread.ec == std::errc::result_out_of_range)
-            value = is_below_range({text, reread.ptr}) ? 0.0 : std::numeric_limits<double>::infinity();
-        else
-            value = static_cast<double>(wide);
+        const std::string_view number(text, static_cast<std::size_t>(read.ptr - text));
+        value = is_below_range(number, format) ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return negative ? -value : value;
 }
 
 void append_fixed(std::string& text, double value, int decimals) {
     // The sign, the digits before the point of the largest double, the point, and up to 255 decimals fit in
-    // this; more decimals than that are taken as 255.
+    // this.
     constexpr int most_decimals = 255;
+    constexpr int default_decimals = 6;
+    if (decimals < 0)
+        decimals = default_decimals;
     char digits[1 + std::numeric_limits<double>::max_exponent10 + 2 + most_decimals];
     const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed,
-                                       std::clamp(decimals, 0, most_decimals));
+                                       std::min(decimals, most_decimals));
     text.append(digits, written.ptr);
 }
 
@@ -146,8 +158,9 @@ std::string& float64_to_cstr_formatted(double value, std::string& buffer, std::u
 }
 
 std::string& int32_to_cstr_padded(std::int32_t value, std::string& buffer, int radix, char fill, int width) {
-    const std::int64_t number = radix == 10 ? value : static_cast<std::uint32_t>(value);
-    return pad_integer(number, buffer, radix, fill, width);
+    const bool is_signed = radix == 10;
+    const auto number = static_cast<std::uint32_t>(value);
+    return pad_integer(is_signed ? std::int64_t{value} : std::int64_t{number}, buffer, radix, fill, width);
 }
 
 std::string& uint32_to_cstr_padded(std::uint32_t value, std::string& buffer, int radix, char fill,

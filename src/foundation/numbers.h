@@ -18,8 +18,8 @@ std::uint32_t cstr_to_uint32(const char* text, int radix);
 // "inf" or "nan": 0 when there is none. What is too large is infinite, what is too small is 0.
 double parse_float64(const char* text);
 
-// Appends the value in fixed-point notation with so many decimals, rounded to the nearest, without an upper
-// limit of length: "0.1000000015", "inf", "-nan".
+// Appends the value in fixed-point notation with so many decimals, rounded to the nearest: "0.1000000015",
+// "inf", "-nan". A negative number of decimals is taken as 6, one above 255 as 255.
 void append_fixed(std::string& text, double value, int decimals);
 
 // Appends the value in decimal or another radix (2 to 36, digits in lower case).
@@ -42,8 +42,8 @@ std::string& float64_to_cstr_formatted(double value, std::string& buffer, std::u
 std::string& int32_to_cstr_padded(std::int32_t value, std::string& buffer, int radix, char fill, int width);
 std::string& uint32_to_cstr_padded(std::uint32_t value, std::string& buffer, int radix, char fill, int width);
 
-// Whether no letter stands before the first white space that follows a digit: true for "", "1.5 ha" and
-// "abc1 def", false for "abc" and "1e-3". A null text counts as empty.
+// Whether the text has a white space behind a digit ("1.5 ha", and "abc1 def" too) or no letter at all ("",
+// "1,5"): false for "abc", "12kg" and "1e-3". A null text counts as empty.
 bool is_number_text(const char* text);
 
 } // namespace TESK

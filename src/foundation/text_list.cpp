@@ -14,7 +14,7 @@ Text_list::Text_list(const char* text, char separator) {
     for (std::size_t i = 0; i < length; ++i) {
         // The character at which a piece ends never belongs to it, the last one of the text included.
         if (text[i] == separator || i + 1 == length) {
-            append(new Item(text + start, 0, i - start));
+            append(new Item(std::string(text + start, i - start)));
             start = i + 1;
         }
     }

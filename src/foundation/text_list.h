@@ -18,7 +18,9 @@ public:
         int compare(const TESK::Item& other) const override { return TESK::Item::compare(other); }
         std::string& label_to(std::string& buffer) const override { return buffer.assign(*this); }
         // The text and a line end.
-        std::ostream& write(std::ostream& out) const override { return out << c_str() << '\n'; }
+        std::ostream& write(std::ostream& out) const override {
+            return out << static_cast<const std::string&>(*this) << '\n';
+        }
     };
 
     Text_list() = default;

@@ -8,7 +8,7 @@
 namespace TESK {
 
 Ustring::Ustring(const Ustring& source, std::size_t pos, std::size_t count)
-    : std::string(source, pos, count), skip_whitespace(source.skip_whitespace), case_flag(source.case_flag) {}
+    : std::string(source, pos, count), case_flag(source.case_flag) {}
 
 Ustring::Ustring(const char* text, std::size_t pos, std::size_t count)
     : std::string(std::string(text), pos, count) {}
@@ -63,6 +63,8 @@ std::int32_t Ustring::find(const char* text) const {
 }
 
 std::istream& UIO_string::read_to_delimiter(std::istream& in, char delimiter) {
+    // getline leaves the text alone when the stream has ended before.
+    clear();
     // getline stops as wanted, but a last line without a delimiter leaves the stream's end-of-file flag set
     // and, when it was empty, its fail flag too, as reading behind the end does.
     std::getline(in, *this, delimiter);

@@ -10,6 +10,9 @@ bool equal_keys(std::string_view a, std::string_view b, bool case_sensitive) {
     return case_sensitive ? a == b : equal_ignoring_case(a, b);
 }
 
+// Up to so many items a walk is quicker than a table.
+constexpr std::uint32_t longest_walk = 12;
+
 } // namespace
 
 bool Association_list::refuses(const Item* item) const {
@@ -47,12 +50,56 @@ Item* Association_list::find(const char* key, bool case_sensitive) const {
     return nullptr;
 }
 
+void Alias_association_list::Key_table::clear() {
+    slots_.clear();
+    used_ = 0;
+}
+
+// The slot of the key or, when it is not there, the free one where it would go. The table is never full.
+std::size_t Alias_association_list::Key_table::place_of(std::size_t hash, std::string_view key) const {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t place = hash & mask;
+    while (slots_[place].item != nullptr &&
+           (slots_[place].hash != hash || slots_[place].item->get_key_view() != key))
+        place = (place + 1) & mask;
+    return place;
+}
+
+void Alias_association_list::Key_table::grow() {
+    std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2, Slot{0, nullptr});
+    old.swap(slots_);
+    const std::size_t mask = slots_.size() - 1;
+    for (const Slot& slot : old) {
+        if (slot.item == nullptr)
+            continue;
+        std::size_t place = slot.hash & mask;
+        while (slots_[place].item != nullptr)
+            place = (place + 1) & mask;
+        slots_[place] = slot;
+    }
+}
+
+void Alias_association_list::Key_table::add(Item& item, std::string_view key) {
+    if (used_ * 2 >= slots_.size())
+        grow();
+    const std::size_t hash = std::hash<std::string_view>()(key);
+    Slot& slot = slots_[place_of(hash, key)];
+    if (slot.item == nullptr) {
+        slot = {hash, &item};
+        ++used_;
+    }
+}
+
+Item* Alias_association_list::Key_table::find(std::string_view key) const {
+    return slots_.empty() ? nullptr : slots_[place_of(std::hash<std::string_view>()(key), key)].item;
+}
+
 Item* Alias_association_list::append(Item* item) {
     Item* appended = Association_list::append(item);
-    // Only an index that lacks nothing but this item can take it.
-    if (appended != nullptr && index_changes_ + 1 == changes_) {
-        index(*appended);
-        index_changes_ = changes_;
+    // Only a table that lacks nothing but this item can take it.
+    if (appended != nullptr && table_changes_ + 1 == changes_) {
+        index_item(*appended);
+        table_changes_ = changes_;
     }
     return appended;
 }
@@ -69,13 +116,12 @@ Item* Alias_association_list::find(const char* key, bool case_sensitive) const {
 }
 
 Item* Alias_association_list::find_exact(std::string_view key) const {
-    const Item* item = find_indexed(key);
-    if (item == nullptr) {
-        const auto alias = alias_index_.find(key);
-        if (alias != alias_index_.end())
-            item = find_indexed(alias->second->get_actual());
-    }
-    return const_cast<Item*>(item);
+    if (Item* item = find_here(key))
+        return item;
+    if (alias_index_.empty())
+        return nullptr;
+    const auto alias = alias_index_.find(key);
+    return alias == alias_index_.end() ? nullptr : find_here(alias->second->get_actual());
 }
 
 void Alias_association_list::add_alias(const char* actual, const char* alias) {
@@ -89,16 +135,25 @@ void Alias_association_list::delete_aliases() {
     aliases_.delete_all(Item_filter::all);
 }
 
-const Item* Alias_association_list::find_indexed(std::string_view key) const {
-    if (index_changes_ != changes_) {
-        index_.clear();
-        index_ends_at_null_ = false;
+Item* Alias_association_list::find_here(std::string_view key) const {
+    if (table_changes_ != changes_) {
+        table_.clear();
+        table_ends_at_null_ = false;
+        table_count_ = 0;
         for (const auto* node = head_; node != nullptr; node = node->next)
-            index(*node->item);
-        index_changes_ = changes_;
+            index_item(*node->item);
+        table_changes_ = changes_;
     }
-    const auto found = index_.find(key);
-    return found == index_.end() ? nullptr : found->second;
+    if (table_count_ > longest_walk)
+        return table_.find(key);
+    for (const auto* node = head_; node != nullptr; node = node->next) {
+        const std::string_view node_key = node->item->get_key_view();
+        if (node_key.data() == nullptr)
+            return nullptr;
+        if (node_key == key)
+            return node->item.get();
+    }
+    return nullptr;
 }
 
 const Alias* Alias_association_list::find_alias_ignoring_case(const char* key) const {
@@ -111,14 +166,23 @@ const Alias* Alias_association_list::find_alias_ignoring_case(const char* key) c
     return nullptr;
 }
 
-void Alias_association_list::index(const Item& item) const {
-    if (index_ends_at_null_)
+// Counts the item and, once there are too many to be walked, has all of them in the table.
+void Alias_association_list::index_item(Item& item) const {
+    if (table_ends_at_null_)
         return;
     const std::string_view key = item.get_key_view();
-    if (key.data() == nullptr)
-        index_ends_at_null_ = true;
-    else
-        index_.try_emplace(key, &item);
+    if (key.data() == nullptr) {
+        table_ends_at_null_ = true;
+        return;
+    }
+    ++table_count_;
+    if (table_count_ > longest_walk + 1) {
+        table_.add(item, key);
+    } else if (table_count_ == longest_walk + 1) {
+        std::uint32_t left = table_count_;
+        for (const auto* node = head_; left > 0; node = node->next, --left)
+            table_.add(*node->item, node->item->get_key_view());
+    }
 }
 
 } // namespace TESK

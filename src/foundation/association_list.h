@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace TESK {
 
@@ -64,19 +65,38 @@ public:
     void delete_aliases();
 
 private:
-    template <class T>
-    using First_by_key = std::unordered_map<std::string_view, const T*>;
+    // Where the items are found by the hash of their keys: the first item of each key. Short lists are
+    // walked.
+    class Key_table {
+    public:
+        void clear();
+        // Keeps the item unless there is one with its key.
+        void add(Item& item, std::string_view key);
+        Item* find(std::string_view key) const;
 
-    const Item* find_indexed(std::string_view key) const;
+    private:
+        struct Slot {
+            std::size_t hash;
+            Item* item; // null where the slot is free
+        };
+        std::size_t place_of(std::size_t hash, std::string_view key) const;
+        void grow();
+
+        std::vector<Slot> slots_;
+        std::size_t used_ = 0;
+    };
+
+    Item* find_here(std::string_view key) const;
+    void index_item(Item& item) const;
     const Alias* find_alias_ignoring_case(const char* key) const;
-    void index(const Item& item) const;
 
     Association_list aliases_;
-    First_by_key<Alias> alias_index_;
-    // The items by their keys, as long as index_changes_ is the list's own count of changes.
-    mutable First_by_key<Item> index_;
-    mutable std::uint64_t index_changes_ = 0;
-    mutable bool index_ends_at_null_ = false;
+    std::unordered_map<std::string_view, const Alias*> alias_index_;
+    // Holds as long as table_changes_ is the list's own count of changes.
+    mutable Key_table table_;
+    mutable std::uint64_t table_changes_ = 0;
+    mutable bool table_ends_at_null_ = false;
+    mutable std::uint32_t table_count_ = 0;
 };
 
 } // namespace TESK

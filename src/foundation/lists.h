@@ -58,6 +58,7 @@ public:
     Item* get_at(std::uint32_t index) const override;
     std::unique_ptr<Container::Iterator> iterator() override;
     bool is_empty() const override { return head_ == nullptr; }
+    Node* head() const { return head_; }
 
     // The node whose successor holds the item, or precedes the node; null for the head's and for what is not
     // in the list.
@@ -127,6 +128,34 @@ public:
 
 protected:
     std::unique_ptr<Base_node> make_node(Item* item) const override;
+};
+
+// The items of a list as what they are, head to tail, for a range-for. The list must hold nothing but T, and
+// must not lose the item that the loop stands on.
+template <class T>
+class Items_of {
+public:
+    explicit Items_of(const Unidirectional_list& list) : head_(list.head()) {}
+
+    class Place {
+    public:
+        explicit Place(const Unidirectional_list::Node* node) : node_(node) {}
+        T& operator*() const { return static_cast<T&>(*node_->item); }
+        Place& operator++() {
+            node_ = node_->next;
+            return *this;
+        }
+        bool operator!=(const Place& other) const { return node_ != other.node_; }
+
+    private:
+        const Unidirectional_list::Node* node_;
+    };
+
+    Place begin() const { return Place(head_); }
+    Place end() const { return Place(nullptr); }
+
+private:
+    const Unidirectional_list::Node* head_;
 };
 
 } // namespace TESK

@@ -1,4 +1,4 @@
-# The three kinds of target that the folders are made of. A folder's CMakeLists.txt is one call of these.
+# The kinds of target that the folders are made of. A folder's CMakeLists.txt is one call of these.
 
 # The folders of src/, lowest level first. A folder may link only to what stands before it.
 set(FOLDERS
@@ -12,6 +12,15 @@ function(suite_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} ${ARG_LINKS})
+endfunction()
+
+# suite_program(NAME SUFFIX suffix SOURCES file... DEPENDS library...)
+# A program that users start.
+function(suite_program name)
+  cmake_parse_arguments(ARG "" "SUFFIX" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES SUFFIX "${ARG_SUFFIX}")
+  target_link_libraries(${name} PRIVATE ${ARG_DEPENDS})
 endfunction()
 
 # suite_tests(NAME SOURCES file... DEPENDS library...)
@@ -30,7 +39,7 @@ endfunction()
 function(suite_benchmark name)
   cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/benchmarks)
   target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} benchmark::benchmark)
 endfunction()
 

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Builds the benchmarks, makes their inputs and runs them: benchmark.sh [NAME...], without names all of them.
+# Libraries that do the same elsewhere are measured beside ours in the same run where they are installed.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+
+"$top/scripts/install_packages.sh" run test benchmark
+cd "$top"
+cmake --preset benchmarks >/dev/null
+cmake --build --preset benchmarks -- --quiet
+export BENCHMARK_INPUTS="$top/build/benchmark_inputs"
+[ -e "$BENCHMARK_INPUTS/coverage_1k.dbf" ] || python3 benchmarks/make_inputs.py "$BENCHMARK_INPUTS"
+
+[ $# -gt 0 ] || set -- $(cd build/benchmarks/bin && ls ./*_benchmark)
+for name in "$@"; do
+    "build/benchmarks/bin/$(basename "$name")"
+done

@@ -1,0 +1,232 @@
+#include "records/data_record.h"
+
+#include "foundation/numbers.h"
+#include "records/typed_entries.h"
+#include "records/validation.h"
+
+#include <utility>
+
+namespace TESK {
+
+class Data_record::Units_label_item : public Association {
+public:
+    explicit Units_label_item(const char* label) : text(label) {}
+    const char* get_key() const override { return text.c_str(); }
+
+    Ustring text;
+};
+
+class Data_record::Units_code_item : public Enumeration {
+public:
+    explicit Units_code_item(std::uint32_t code) : units(code) {}
+    std::int32_t get_int32() const override { return static_cast<std::int32_t>(units.code); }
+
+    Units_clad units;
+};
+
+Data_record::Data_record(const std::string& primary_section) : primary_section_(primary_section) {}
+
+Data_record::~Data_record() {
+    Data_record::delete_structure();
+}
+
+void Data_record::delete_structure() {
+    sections.delete_all(Item_filter::all);
+    sections.delete_aliases();
+    enumerated_sections.delete_all(Item_filter::all);
+    units_labels.delete_all(Item_filter::all);
+    units_codes.delete_all(Item_filter::all);
+    current_section_ = nullptr;
+    structure_defined_ = false;
+}
+
+void Data_record::expect_structure(bool) {
+    structure_defined_ = true;
+    make_primary_section_current();
+}
+
+void Data_record::make_primary_section_current() {
+    const std::string name = get_primary_section_name();
+    current_section_ = find_section(name);
+    if (current_section_ == nullptr)
+        append_section(name);
+}
+
+VV_section* Data_record::set_current_section(std::string_view name) {
+    if (name.empty())
+        return current_section_;
+    if (VV_section* section = find_section(name))
+        return current_section_ = section;
+    return append_section(name);
+}
+
+VV_section* Data_record::get_current_section() {
+    if (current_section_ == nullptr)
+        make_primary_section_current();
+    return current_section_;
+}
+
+VV_section* Data_record::append_section(std::string_view name) {
+    current_section_ = new VV_section(name);
+    sections.append(current_section_);
+    return current_section_;
+}
+
+VV_section* Data_record::find_section(std::string_view name) {
+    if (Item* section = sections.find_exact(name))
+        return static_cast<VV_section*>(section);
+    for (VV_enumerated_section& series : Items_of<VV_enumerated_section>(enumerated_sections))
+        if (VV_section* section = series.find_section_met(*this, name))
+            return section;
+    return nullptr;
+}
+
+void Data_record::set_entry_alias(const char* actual_key, const char* old_key) {
+    get_current_section()->entries.add_alias(actual_key, old_key);
+}
+
+template <class Entry, class... Arguments>
+VV_base_entry* Data_record::expect(const char* key, Arguments&&... arguments) {
+    VV_section* section = get_current_section();
+    if (VV_base_entry* entry = section->find_entry(key))
+        return entry;
+    auto* entry = new Entry(key, std::forward<Arguments>(arguments)...);
+    section->entries.append(entry);
+    return entry;
+}
+
+VV_base_entry* Data_record::expect_string(const char* key, Ustring& field, std::uint16_t max_strlen,
+                                          const char* annotation_1, const char* annotation_2) {
+    return expect<VV_string_entry>(key, field, max_strlen, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_file_name(const char* key, File_name& field, std::uint16_t max_strlen,
+                                             const char* annotation_1, const char* annotation_2) {
+    return expect<VV_filename_entry>(key, field, max_strlen, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_int16(const char* key, std::int16_t& field, const char* annotation_1,
+                                         const char* annotation_2) {
+    return expect<VV_int16_entry>(key, field, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_int32(const char* key, std::int32_t& field, const char* annotation_1,
+                                         const char* annotation_2) {
+    return expect<VV_int32_entry>(key, field, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_uint8(const char* key, std::uint8_t& field, std::uint8_t radix,
+                                         const char* annotation_1, const char* annotation_2) {
+    return expect<VV_uint8_entry>(key, field, radix, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_uint32(const char* key, std::uint32_t& field, std::uint8_t radix,
+                                          const char* annotation_1, const char* annotation_2) {
+    return expect<VV_uint32_entry>(key, field, radix, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_float32(const char* key, float& field, const char* annotation_1,
+                                           const char* annotation_2) {
+    return expect<VV_float32_entry>(key, field, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_float64(const char* key, double& field, const char* annotation_1,
+                                           const char* annotation_2) {
+    return expect<VV_float64_entry>(key, field, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_bool(const char* key, bool& field, std::uint8_t form,
+                                        const char* annotation_1, const char* annotation_2) {
+    return expect<VV_bool_entry>(key, field, form, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_date(const char* key, Date& field, bool form, const char* annotation_1,
+                                        const char* annotation_2) {
+    return expect<VV_date_entry>(key, field, form, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_enum(const char* key, Labeled_enum& field, const char* annotation_1,
+                                        const char* annotation_2) {
+    return expect<VV_enum_entry>(key, field, annotation_1, annotation_2);
+}
+
+VV_base_entry* Data_record::expect_units(const char* key, Units_clad& field) {
+    return expect<VV_units_entry>(key, field);
+}
+
+VV_base_entry* Data_record::expect_valid_int16(Valid_int16& valid) {
+    VV_base_entry* entry = expect_int16(valid.key.c_str(), valid.value, valid.caption_1, valid.caption_2);
+    expect_units_shown(valid);
+    return entry;
+}
+
+VV_base_entry* Data_record::expect_valid_float32(Valid_float32& valid) {
+    VV_base_entry* entry = expect_float32(valid.key.c_str(), valid.value, valid.caption_1, valid.caption_2);
+    entry->set_validation_status(&valid.status);
+    expect_units_shown(valid);
+    return entry;
+}
+
+void Data_record::expect_units_shown(Valid_number& valid) {
+    if (valid.units_selectable == nullptr)
+        return;
+    expect_units((valid.key + "_units").c_str(), valid.stored_units);
+    expect_units((valid.key + "_shown").c_str(), valid.shown_units);
+}
+
+void Data_record::expect_enumerated_section(std::unique_ptr<VV_enumerated_section> series, bool no_alias) {
+    if (enumerated_sections.find_exact(series->label) != nullptr)
+        return;
+    const std::string key = series->label + ":count";
+    expect_int16(key.c_str(), series->count);
+    if (!no_alias)
+        set_entry_alias(key.c_str(), (series->label + "_count").c_str());
+    enumerated_sections.append(series.release());
+}
+
+std::string Data_record::begin_array(const char* name, bool in_current_section) {
+    if (in_current_section)
+        return std::string(name) + '_';
+    set_current_section(name);
+    return {};
+}
+
+void Data_record::expect_float32_array(const char* name, float* array, int first, int last,
+                                       bool in_current_section) {
+    const std::string prefix = begin_array(name, in_current_section);
+    for (int index = first; index <= last; ++index) {
+        std::string key = prefix;
+        append_integer(key, index);
+        expect_float32(key.c_str(), array[index]);
+    }
+}
+
+void Data_record::expect_uint32_array(const char* name, std::uint32_t* array, int first, int last,
+                                      std::uint8_t radix, bool in_current_section) {
+    const std::string prefix = begin_array(name, in_current_section);
+    for (int index = first; index <= last; ++index) {
+        std::string key = prefix;
+        append_integer(key, index);
+        expect_uint32(key.c_str(), array[index], radix);
+    }
+}
+
+void Data_record::expect_float32_array_with_units_code(const char* name, std::uint32_t units_code,
+                                                       float* array, int first, int last,
+                                                       bool in_current_section) {
+    auto* item = new Units_code_item(units_code);
+    units_codes.append(item);
+    expect_units((begin_array(name, in_current_section) + "units").c_str(), item->units);
+    expect_float32_array(name, array, first, last, in_current_section);
+}
+
+void Data_record::expect_float32_array_with_units_label(const char* name, const char* units_label,
+                                                        float* array, int first, int last,
+                                                        bool in_current_section) {
+    auto* item = new Units_label_item(units_label);
+    units_labels.append(item);
+    expect_string((begin_array(name, in_current_section) + "units").c_str(), item->text, 255);
+    expect_float32_array(name, array, first, last, in_current_section);
+}
+
+} // namespace TESK

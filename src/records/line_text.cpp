@@ -1,0 +1,18 @@
+#include "records/line_text.h"
+
+namespace TESK {
+
+void blank_line_breaks(std::string& text, std::size_t start) {
+    const std::size_t first = text.find('\n', start);
+    if (first == std::string::npos)
+        return;
+    std::size_t kept = first;
+    for (std::size_t at = first; at < text.size(); ++at) {
+        if (text[at] == '\n' && kept > start && text[kept - 1] == '\r')
+            --kept;
+        text[kept++] = text[at] == '\n' ? ' ' : text[at];
+    }
+    text.resize(kept);
+}
+
+} // namespace TESK

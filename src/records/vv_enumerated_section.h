@@ -1,0 +1,79 @@
+// A counted series of sections of one record, named label:1, label:2 and so on, one for each element.
+#pragma once
+
+#include "foundation/association_list.h"
+#include "foundation/ustring.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace TESK {
+
+class VV_section;
+
+class VV_enumerated_section : public Association {
+public:
+    // The elements are numbered from 1 when `one_based`, otherwise from 0.
+    VV_enumerated_section(const char* section_label, bool is_one_based)
+        : one_based(is_one_based), label(section_label) {}
+
+    const char* get_key() const override { return label.c_str(); }
+    bool is_key_case_sensitive() const override { return true; }
+
+    // The count that a file tells never makes the series shorter.
+    void apply_count(std::int16_t told);
+
+    // Makes the count no smaller than the number of elements, and declares the elements' sections: for
+    // writing all of them at once, for reading each one when its header is met, so that a file's count costs
+    // nothing that the file does not hold. The record's current section stays. True.
+    bool setup_structure(Data_record& record, bool for_write) override;
+
+    // The section of this series that has the name, in the spelling label:1 or, of old, label_1, declared for
+    // reading if it is not in the record yet; null when the name is none of the series, or above the count.
+    VV_section* find_section_met(Data_record& record, std::string_view name);
+
+    // Declares the entries of an element in the current section. False when there is no such element.
+    virtual bool setup_element(Data_record& record, bool for_write, std::uint16_t index) = 0;
+    virtual std::uint16_t get_element_count() const = 0;
+
+    bool one_based;
+    Ustring label;
+    std::int16_t count = 0;
+
+protected:
+    // Called once the file's count is known, before any element's section is met.
+    virtual void prepare_to_read() {}
+
+private:
+    std::string section_name(int index) const;
+    std::optional<std::uint16_t> index_of(std::string_view name) const;
+
+    // How many sections the reader may meet, by the highest count met: the count itself is a field of the
+    // record, which a later line of the file can set lower.
+    std::int16_t sections_expected_ = 0;
+};
+
+// A series whose elements are the items of a list. The list belongs to the record.
+class VV_container_enumerated_section : public VV_enumerated_section {
+public:
+    VV_container_enumerated_section(const char* section_label, bool is_one_based, Container& elements)
+        : VV_enumerated_section(section_label, is_one_based), container(elements) {}
+
+    bool setup_element(Data_record& record, bool for_write, std::uint16_t index) override;
+    std::uint16_t get_element_count() const override;
+
+protected:
+    Container& container;
+
+private:
+    Item* element_at(std::uint32_t zero_based);
+
+    // Where the last element was found, so that elements asked for in order cost one step each.
+    std::unique_ptr<Container::Iterator> place_;
+    std::uint32_t place_index_ = 0;
+};
+
+} // namespace TESK

@@ -1,0 +1,182 @@
+#include "records/data_record.h"
+
+#include "foundation/lists.h"
+#include "record_support.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+using namespace TESK;
+
+namespace {
+
+// An element of a series: one key.
+class Element : public Item {
+public:
+    explicit Element(const char* text = "default") : value(text) {}
+    bool setup_structure(Data_record& record, bool) override {
+        if (value != "nothing to declare")
+            record.expect_string("value", value, 255);
+        return true;
+    }
+    Ustring value;
+};
+
+// A record with a series of elements; makes those that a file counts.
+class Series_record : public Data_record {
+public:
+    class Series : public VV_container_enumerated_section {
+    public:
+        using VV_container_enumerated_section::VV_container_enumerated_section;
+
+    protected:
+        void prepare_to_read() override {
+            for (auto missing = count - static_cast<int>(container.count()); missing > 0; --missing)
+                container.append(new Element);
+        }
+    };
+
+    Series_record() : Data_record("primary") {}
+    void expect_structure(bool for_write) override {
+        Data_record::expect_structure(for_write);
+        expect_enumerated_section(std::make_unique<Series>("thing", true, elements), false);
+        set_current_section("behind");
+        expect_int16("last", last);
+    }
+    std::vector<std::string> values() {
+        std::vector<std::string> result;
+        for (const Element& element : Items_of<Element>(elements))
+            result.push_back(element.value);
+        return result;
+    }
+
+    Bidirectional_list elements;
+    std::int16_t last = 1;
+};
+
+class Data_record_test : public testing::Test {
+protected:
+    void read(Data_record& record, const std::string& text, bool keep = false) {
+        EXPECT_TRUE(VV_file(folder.write("file.txt", text).c_str(), keep).get(record));
+    }
+    std::string saved(Data_record& record) {
+        EXPECT_TRUE(VV_file(folder.name("file.txt").c_str()).set(record));
+        return folder.read("file.txt");
+    }
+
+    Temporary_folder folder;
+};
+
+TEST_F(Data_record_test, declaring_twice_changes_nothing) {
+    Small_record small;
+    small.expect_structure(true);
+    const std::string once = text_of(small);
+    small.expect_structure(true);
+    EXPECT_EQ(text_of(small), once);
+
+    Series_record series;
+    series.expect_structure(true);
+    series.expect_structure(true);
+    EXPECT_EQ(series.enumerated_sections.count(), 1U);
+}
+
+TEST_F(Data_record_test, arrays_stand_in_a_section_of_their_own_or_under_their_name) {
+    Undeclared_record record;
+    float layers[4] = {0, 12, 8.5F, 3};
+    std::uint32_t bits[2] = {0xC00, 1};
+    record.expect_structure(true);
+    record.expect_float32_array_with_units_code("NO3", 0x2A820603, layers, 1, 2, false);
+    record.set_current_section("primary");
+    record.expect_float32_array_with_units_label("salt", "dS/m", layers, 3, 3, true);
+    record.expect_uint32_array("bits", bits, 0, 1, 16, false);
+    EXPECT_EQ(text_of(record), "[primary]\r\nsalt_units=dS/m\r\nsalt_3=3.0000000000\r\n"
+                               "[NO3]\r\nunits=kg/ha\r\n1=12.0000000000\r\n2=8.5000000000\r\n"
+                               "[bits]\r\n0=c00\r\n1=1\r\n");
+}
+
+TEST_F(Data_record_test, a_series_writes_one_section_for_each_element_behind_all_others) {
+    Series_record record;
+    EXPECT_EQ(saved(record), "[primary]\r\nthing:count=0\r\n[behind]\r\nlast=1\r\n");
+    record.elements.append(new Element("one"));
+    record.elements.append(new Element("nothing to declare"));
+    record.elements.append(new Element("three"));
+    const std::string text = "[primary]\r\nthing:count=3\r\n[behind]\r\nlast=1\r\n"
+                             "[thing:1]\r\nvalue=one\r\n[thing:3]\r\nvalue=three\r\n";
+    EXPECT_EQ(saved(record), text);
+    Series_record again;
+    read(again, text);
+    EXPECT_EQ(again.values(), (std::vector<std::string>{"one", "default", "three"}));
+}
+
+TEST_F(Data_record_test, only_the_count_with_a_colon_declares_the_sections_of_a_series) {
+    const char* elements =
+        "[thing_1]\nvalue=old\n[thing:2]\nvalue=new\n[thing:03]\nvalue=no\n[thing:4]\nvalue=no\n";
+    Series_record record;
+    read(record, std::string("thing:count=3\n") + elements);
+    EXPECT_EQ(record.values(), (std::vector<std::string>{"old", "new", "default"}));
+
+    Series_record old;
+    read(old, std::string("thing_count=3\n") + elements, true);
+    EXPECT_TRUE(old.values().empty());
+    EXPECT_EQ(value_of(old, "primary", "thing:count"), "3");
+    EXPECT_EQ(value_of(old, "thing_1", "value"), "old");
+}
+
+TEST_F(Data_record_test, a_count_makes_no_series_shorter_and_a_hostile_one_costs_little) {
+    Series_record record;
+    read(record, "thing:count=2\nthing:count=1\n[thing:2]\nvalue=two\n");
+    EXPECT_EQ(record.values(), (std::vector<std::string>{"default", "two"}));
+    for (const char* count : {"-5", "-32768", "junk", "", "65536"}) {
+        Series_record none;
+        read(none, std::string("thing:count=") + count + "\n[thing:1]\nvalue=x\n");
+        EXPECT_TRUE(none.values().empty()) << count;
+    }
+    std::string repeated;
+    for (int i = 0; i < 2000; ++i)
+        repeated += "thing:count=32767\n";
+    Series_record many;
+    read(many, repeated + "[thing:32767]\nvalue=last\n", true);
+    EXPECT_EQ(many.elements.count(), 32767U);
+    EXPECT_EQ(many.sections.count(), 3U);
+    EXPECT_EQ(many.values().back(), "last");
+}
+
+TEST_F(Data_record_test, an_empty_section_name_stays_where_it_is) {
+    Undeclared_record record;
+    EXPECT_EQ(record.set_current_section(""), nullptr);
+    VV_section* section = record.set_current_section("a");
+    EXPECT_EQ(record.set_current_section(""), section);
+    EXPECT_EQ(record.get_current_section(), section);
+    EXPECT_EQ(record.set_current_section("a"), section);
+}
+
+TEST_F(Data_record_test, the_listener_hears_of_every_field_after_a_save) {
+    class Listener : public Data_change_listener {
+    public:
+        void record_begins(std::int32_t position) override { heard += std::to_string(position) + ";"; }
+        void field_set(const std::string& key, const std::string& value,
+                       const std::string& section) override {
+            heard += section + "/" + key + "=" + value + ";";
+        }
+        void record_ends() override { heard += "end"; }
+        std::string heard;
+    };
+    // A store that keeps the structure, as tables do.
+    class Store : public Data_source {
+    public:
+        std::string& label(std::string& buffer) const override { return buffer; }
+        bool write_record(Data_record&) override { return true; }
+    };
+    Small_record small;
+    small.set_position(4);
+    Listener listener;
+    Store store;
+    store.set_change_listener(&listener);
+    EXPECT_FALSE(store.is_modified());
+    EXPECT_TRUE(store.set(small));
+    EXPECT_TRUE(store.is_modified());
+    EXPECT_EQ(listener.heard, "4;primary/title=untitled;numbers/whole=7;numbers/real=0.5000000000;end");
+    EXPECT_FALSE(store.get(small));
+}
+
+} // namespace

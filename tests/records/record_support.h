@@ -1,0 +1,53 @@
+// Small records for the tests of the record framework.
+#pragma once
+
+#include "records/data_record.h"
+#include "records/vv_file.h"
+#include "records/vv_section.h"
+
+#include <cstdint>
+#include <sstream>
+#include <string>
+
+// A record that declares nothing.
+class Undeclared_record : public TESK::Data_record {
+public:
+    explicit Undeclared_record(const std::string& primary = "primary") : Data_record(primary) {}
+};
+
+// A record with a handful of keys in two sections.
+class Small_record : public TESK::Data_record {
+public:
+    Small_record() : Data_record("primary") {}
+
+    void expect_structure(bool for_write) override {
+        Data_record::expect_structure(for_write);
+        expect_string("title", title, 255);
+        set_current_section("numbers");
+        expect_int16("whole", whole);
+        expect_float32("real", real, "a caption");
+        set_entry_alias("whole", "old_whole");
+        set_current_section("empty");
+        sections.add_alias("numbers", "old_numbers");
+    }
+
+    TESK::Ustring title = "untitled";
+    std::int16_t whole = 7;
+    float real = 0.5F;
+};
+
+// The text of the value of an entry in a record whose structure stands; "<none>" when it is not there.
+inline std::string value_of(const TESK::Data_record& record, const std::string& section,
+                            const std::string& key) {
+    const auto* found = static_cast<const TESK::VV_section*>(record.sections.find(section.c_str(), true));
+    const TESK::VV_base_entry* entry = found == nullptr ? nullptr : found->find_entry(key);
+    std::string text;
+    return entry == nullptr ? "<none>" : entry->get_value(text);
+}
+
+// What the record's sections would be in a file.
+inline std::string text_of(TESK::Data_record& record) {
+    std::ostringstream text;
+    record.sections.write(text);
+    return text.str();
+}

@@ -1,0 +1,126 @@
+#include "records/validation.h"
+
+#include "record_support.h"
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+
+using namespace TESK;
+
+namespace {
+
+constexpr Valid_range usual_range{1, 10, 0.5, 20};
+
+struct Depth {
+    explicit Depth(float depth, const Valid_range& range = usual_range, const char* second = "(soil)")
+        : value(depth), valid(value, 0x2000, "depth", 2, 1.5, range, "m", "Observation depth", second) {}
+    float value;
+    Valid_float32 valid;
+};
+
+TEST(Validation, the_last_range_that_a_value_leaves_decides) {
+    struct Case {
+        float value;
+        Valid_range range;
+        Validation_status status;
+    };
+    const Case cases[] = {
+        {5, usual_range, Validation_status::good},
+        {1, usual_range, Validation_status::good},
+        {10, usual_range, Validation_status::good},
+        {0.75F, usual_range, Validation_status::warning_low},
+        {0.25F, usual_range, Validation_status::error_low},
+        {15, usual_range, Validation_status::warning_high},
+        {25, usual_range, Validation_status::error_high},
+        {-1, {0, 10, 0, 10}, Validation_status::good},
+        {-1, {0.001, 10, 0, 10}, Validation_status::warning_low},
+        {-1, {0.001, 10, 0.001, 10}, Validation_status::error_low},
+        {-1e30F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
+        {3e38F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
+        {4, {5, 10, 5, 3}, Validation_status::error_high},
+    };
+    std::string message;
+    for (const Case& c : cases) {
+        Depth depth(c.value, c.range);
+        EXPECT_EQ(depth.valid.status, Validation_status::unchecked);
+        EXPECT_EQ(depth.valid.validate(message, true), c.status) << c.value;
+        EXPECT_EQ(depth.valid.status, c.status);
+    }
+}
+
+TEST(Validation, both_forms_of_the_verdict_end_in_valid) {
+    struct Case {
+        float value;
+        Valid_range range;
+        const char* second_caption;
+        const char* text;
+        const char* html;
+    };
+    const Case cases[] = {
+        {5, usual_range, "(soil)", "Validating:Observation depth (soil) = 5.00 m:Valid\n",
+         "<TR><TD>Observation depth<BR>(soil)<TD BGCOLOR=\"lightgreen\">5.00<TD> m<TD BGCOLOR=YELLOW>1.00"
+         "<TD BGCOLOR=YELLOW>10.00<TD BGCOLOR=RED>0.50<TD  BGCOLOR=RED>20.00<TD>Valid\n"},
+        {15, usual_range, nullptr,
+         "Validating:Observation depth  = 15.00 m\n = 15.00 m is not a reasonable value, \n"
+         "should range from 1.00 - 10.00\n:Valid\n",
+         "<TR><TD>Observation depth<BR><TD BGCOLOR=\"YELLOW\">15.00<TD> m<TD BGCOLOR=YELLOW>1.00"
+         "<TD BGCOLOR=YELLOW>10.00<TD BGCOLOR=RED>0.50<TD  BGCOLOR=RED>20.00<TD>should range from 1.00 - "
+         "10.00\nValid\n"},
+        {0.25F,
+         {1, 10, 0.5, FLT_MAX},
+         "x",
+         "Validating:Observation depth x = 0.25 m (x)\n = 0.25 m is not a reasonable value, \n"
+         "must be greater than 0.50\n:Valid\n",
+         nullptr},
+        {25,
+         {0, 10, 0, 20},
+         "x",
+         "Validating:Observation depth x = 25.00 m (x)\n = 25.00 m is not a reasonable value, \n"
+         "must be less than 20.00\n:Valid\n",
+         nullptr},
+    };
+    std::string message;
+    for (const Case& c : cases) {
+        Depth depth(c.value, c.range, c.second_caption);
+        depth.valid.validate(message, false);
+        EXPECT_EQ(message, c.text);
+        depth.valid.validate(message, true);
+        if (c.html != nullptr) {
+            EXPECT_EQ(message, c.html);
+        }
+    }
+}
+
+TEST(Validation, the_record_line_is_followed_by_the_unit) {
+    std::string line;
+    EXPECT_EQ(Depth(5).valid.write_line(line), "depth=5.00 Observation depth (soil)\ndepth_units=m\n");
+    std::int16_t days = 7;
+    EXPECT_EQ(Valid_int16(days, "days", 1, usual_range, nullptr, nullptr).write_line(line),
+              "days=7\ndays_units=\n");
+}
+
+TEST(Validation, each_status_has_its_severity_and_a_colour) {
+    const int groups[] = {0, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4, 5, 6, 0, 0};
+    for (std::uint8_t status = 0; status < std::size(groups); ++status)
+        EXPECT_EQ(severity_group(Validation_status(status)), groups[status]);
+    EXPECT_STREQ(status_colour(Validation_status(200)), "LIGHTBLUE");
+}
+
+TEST(Validation, a_record_stores_the_value_with_its_captions_and_units_only_where_they_can_be_chosen) {
+    Depth depth(5);
+    Undeclared_record record;
+    record.expect_structure(true);
+    record.expect_valid_float32(depth.valid);
+    EXPECT_EQ(text_of(record), "[primary]\r\ndepth=5.0000000000 Observation depth (soil)\r\n");
+    record.delete_structure();
+    const std::uint32_t choices[] = {0x2000, 0x2042, 0};
+    depth.valid.units_selectable = choices;
+    depth.valid.shown_units = Units_clad(0x2042);
+    record.expect_structure(true);
+    record.expect_valid_float32(depth.valid);
+    EXPECT_EQ(text_of(record), "[primary]\r\ndepth=5.0000000000 Observation depth (soil)\r\n"
+                               "depth_units=m\r\ndepth_shown=cm\r\n");
+}
+
+} // namespace

@@ -1,0 +1,235 @@
+#include "records/vv_file.h"
+
+#include "record_support.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using TESK::VV_file;
+
+namespace {
+
+class Vv_file_test : public testing::Test {
+protected:
+    // Reads a text into an undeclared record, whose structure stands afterwards.
+    void read(const std::string& text) {
+        record.delete_structure();
+        const std::string name = folder.write("file.txt", text);
+        ASSERT_TRUE(VV_file(name.c_str(), true).get(record));
+    }
+    std::string value(const std::string& section, const std::string& key) {
+        return value_of(record, section, key);
+    }
+    // Saves the record over the file and gives back what the file holds then.
+    std::string save(TESK::Data_record& saved, const std::string& file = "file.txt") {
+        VV_file target(folder.name(file).c_str());
+        EXPECT_TRUE(target.set(saved));
+        EXPECT_TRUE(target.get_last_write().ok());
+        return folder.read(file);
+    }
+
+    Temporary_folder folder;
+    Undeclared_record record;
+};
+
+TEST_F(Vv_file_test, lines_fall_into_headers_entries_and_bare_text) {
+    struct Case {
+        const char* line;
+        const char* section;
+        const char* key;
+        const char* value;
+    };
+    const Case cases[] = {
+        {"before=any header", "primary", "before", "any header"},
+        {"[a]b]=c\r\nk=v", "a", "k", "v"},
+        {"[a=b", "primary", "[a", "b"},
+        {"[no end", "primary", "", "[no end"},
+        {"key=a=b", "primary", "key", "a=b"},
+        {"=x", "primary", "", "x"},
+        {"key = value", "primary", "key ", " value"},
+        {" \t\v\fkey=v  ", "primary", "key", "v  "},
+        {"; c=1", "primary", "; c", "1"},
+        {"# comment", "primary", "", "# comment"},
+        {"one\ntwo", "primary", "", "two"},
+        {"key=1\nkey=2", "primary", "key", "2"},
+        {"[s]\nk=1\n[t]\nk=2\n[s]\nl=3", "s", "l", "3"},
+        {"[Version]\nMajor=5", "version", "major", "<none>"},
+        {"x:count=3", "primary", "x:count", "3"},
+        {"k=\xB0 \xB3\xFF", "primary", "k", "\xB0 \xB3\xFF"},
+        {"k=v\r\r", "primary", "k", "v"},
+        {"k=a\rb", "primary", "k", "a\rb"},
+        {"no line end=at the end", "primary", "no line end", "at the end"},
+    };
+    for (const Case& c : cases) {
+        read(c.line);
+        EXPECT_EQ(value(c.section, c.key), c.value) << c.line;
+    }
+}
+
+TEST_F(Vv_file_test, keys_and_values_may_hold_nul_bytes_and_be_of_any_length) {
+    using namespace std::string_literals;
+    const std::string text =
+        "a\0b=x\0y\r\na\0c=z\r\n"s + std::string(3000, 'k') + "=" + std::string(5000, 'v') + "\r\n";
+    read(text);
+    EXPECT_EQ(value("primary", "a\0b"s), "x\0y"s);
+    EXPECT_EQ(value("primary", "a\0c"s), "z");
+    EXPECT_EQ(text_of(record), "[primary]\r\n" + text);
+}
+
+TEST_F(Vv_file_test, twenty_empty_lines_end_the_file_and_nineteen_do_not) {
+    const auto lines = [](int count, const std::string& line) {
+        std::string text = "[a]\nk=1\n";
+        for (int i = 0; i < count; ++i)
+            text += line;
+        return text + "[b]\nk=2\n";
+    };
+    for (const char* empty : {"\n", "\r\n", "  \t \n"}) {
+        read(lines(19, empty));
+        EXPECT_EQ(value("b", "k"), "2");
+        read(lines(20, empty));
+        EXPECT_EQ(value("b", "k"), "<none>");
+    }
+}
+
+TEST_F(Vv_file_test, both_line_ends_read_alike) {
+    read("[a]\r\nk=1\r\n\r\nbare\r\n");
+    const std::string with_returns = text_of(record);
+    read("[a]\nk=1\n\nbare\n");
+    EXPECT_EQ(text_of(record), with_returns);
+}
+
+TEST_F(Vv_file_test, reading_fills_declared_fields_and_old_names_lead_to_them) {
+    Small_record small;
+    const std::string name = folder.write(
+        "small.txt", "title=A\n[numbers]\nwhole=12 units\nreal=1.5 old caption\n[unknown]\nk=v\n");
+    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    EXPECT_EQ(small.title, "A");
+    EXPECT_EQ(small.whole, 12);
+    EXPECT_FLOAT_EQ(small.real, 1.5F);
+    EXPECT_FALSE(small.is_structure_defined());
+    EXPECT_TRUE(small.sections.is_empty());
+
+    folder.write("small.txt", "[old_numbers]\nold_whole=3\n");
+    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    EXPECT_EQ(small.whole, 3);
+}
+
+TEST_F(Vv_file_test, an_empty_file_is_read_and_leaves_the_fields) {
+    Small_record small;
+    EXPECT_TRUE(VV_file(folder.write("empty.txt", "").c_str()).get(small));
+    EXPECT_EQ(small.whole, 7);
+}
+
+TEST_F(Vv_file_test, what_is_no_readable_file_is_not_read) {
+    Small_record small;
+    ::mkfifo(folder.path("fifo").c_str(), 0600);
+    const std::string folder_name = folder.name();
+    const std::string fifo = folder.name("fifo");
+    const std::string missing = folder.name("missing");
+    const std::string huge = folder.write("huge", "");
+    std::filesystem::resize_file(folder.path("huge"), std::uintmax_t{1} << 30);
+    for (const char* name : {static_cast<const char*>(nullptr), "", folder_name.c_str(), fifo.c_str(),
+                             missing.c_str(), huge.c_str()})
+        EXPECT_FALSE(VV_file(name).get(small)) << (name == nullptr ? "null" : name);
+    EXPECT_EQ(small.whole, 7);
+    EXPECT_FALSE(small.is_structure_defined());
+}
+
+TEST_F(Vv_file_test, sections_are_written_in_the_order_of_declaration_without_the_empty_ones) {
+    Small_record small;
+    EXPECT_EQ(save(small), "[primary]\r\ntitle=untitled\r\n"
+                           "[numbers]\r\nwhole=7\r\nreal=0.5000000000 a caption\r\n");
+}
+
+TEST_F(Vv_file_test, a_line_break_in_a_value_is_written_as_a_blank) {
+    Small_record small;
+    small.title = "one\r\n[numbers]\nwhole=9";
+    EXPECT_EQ(save(small).substr(0, 47), "[primary]\r\ntitle=one [numbers] whole=9\r\n[number");
+}
+
+TEST_F(Vv_file_test, a_save_keeps_what_the_record_does_not_declare) {
+    folder.write("file.txt", "stray\ntitle=old\n[other]\nb=2\na=1\nb=3\n[numbers]\nunknown= x \nwhole=1\n"
+                             "event:count=5\n");
+    Small_record small;
+    small.set_preserve_unexpected(true);
+    EXPECT_EQ(save(small), "[primary]\r\ntitle=untitled\r\n=stray\r\n"
+                           "[numbers]\r\nwhole=7\r\nreal=0.5000000000 a caption\r\nunknown= x \r\n"
+                           "event:count=5\r\n[other]\r\nb=2\r\na=1\r\n");
+}
+
+TEST_F(Vv_file_test, under_a_new_name_it_keeps_what_the_file_it_came_from_holds) {
+    Small_record small;
+    small.set_preserve_unexpected(true);
+    const std::string old_name = folder.write("old.txt", "[kept]\nk=1\n");
+    folder.write("file.txt", "[lost]\nk=1\n");
+    ASSERT_TRUE(VV_file(old_name.c_str()).get(small));
+    const std::string saved = save(small);
+    EXPECT_NE(saved.find("[kept]"), std::string::npos);
+    EXPECT_EQ(saved.find("[lost]"), std::string::npos);
+
+    // From here on the new file is the one that the record lives in.
+    folder.write("old.txt", "");
+    EXPECT_EQ(save(small), saved);
+}
+
+TEST_F(Vv_file_test, a_save_fails_rather_than_drop_what_it_cannot_read_back) {
+    Small_record small;
+    small.set_preserve_unexpected(true);
+    const std::string name = folder.write("file.txt", "[kept]\nk=1\n");
+    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    std::filesystem::remove(folder.path("file.txt"));
+    std::filesystem::create_directory(folder.path("file.txt"));
+    VV_file target(folder.name("new.txt").c_str());
+    EXPECT_TRUE(target.set(small));
+    EXPECT_FALSE(target.get_last_write().ok());
+    EXPECT_FALSE(target.get_last_write().reason.empty());
+    EXPECT_FALSE(folder.has("new.txt"));
+    EXPECT_FALSE(small.is_structure_defined());
+}
+
+TEST_F(Vv_file_test, a_write_that_fails_is_answered_as_done_and_tells_why) {
+    Small_record small;
+    VV_file target(folder.name("no folder/file.txt").c_str());
+    EXPECT_TRUE(target.set(small));
+    EXPECT_FALSE(target.get_last_write().ok());
+    EXPECT_FALSE(VV_file(nullptr).set(small));
+    EXPECT_FALSE(VV_file("").set(small));
+}
+
+TEST_F(Vv_file_test, every_sample_comes_back_equal) {
+    for (const char* sample :
+         {"irrigation_study.tvp", "base.tvn", "version3.sim", "version3_unix_ends.sim"}) {
+        record.delete_structure();
+        std::ifstream in(std::string(TEST_DATA "/") + sample, std::ios::binary);
+        read((std::ostringstream() << in.rdbuf()).str());
+        const std::string before = text_of(record);
+        EXPECT_EQ(save(record, "copy.txt"), before);
+        read(folder.read("copy.txt"));
+        EXPECT_EQ(text_of(record), before) << sample;
+    }
+}
+
+TEST_F(Vv_file_test, a_stream_can_hold_several_records_each_in_its_section) {
+    std::istringstream stream("\n[a]\nk=1\n\n[b]\nk=2\n");
+    VV_file file(nullptr);
+    EXPECT_TRUE(file.read_stream(stream, record, false, true));
+    EXPECT_EQ(text_of(record), "[a]\r\nk=1\r\n");
+    Undeclared_record second;
+    EXPECT_TRUE(file.read_stream(stream, second, false, true));
+    EXPECT_EQ(text_of(second), "[b]\r\nk=2\r\n");
+    Undeclared_record third;
+    EXPECT_FALSE(file.read_stream(stream, third, false, true));
+}
+
+TEST_F(Vv_file_test, lines_longer_than_a_reading_of_the_stream_arrive_whole) {
+    std::string text = "[s]\n";
+    for (int i = 0; i < 10; ++i)
+        text += "key" + std::to_string(i) + "=" + std::string(40'000, static_cast<char>('a' + i)) + "\n";
+    std::istringstream stream(text);
+    VV_file(nullptr).read_stream(stream, record, false, false);
+    for (int i = 0; i < 10; ++i)
+        EXPECT_EQ(value("s", "key" + std::to_string(i)), std::string(40'000, static_cast<char>('a' + i)));
+}
+
+} // namespace

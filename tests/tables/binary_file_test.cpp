@@ -1,0 +1,101 @@
+#include "tables/binary_file.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+using TESK::Binary_file_fstream;
+using TESK::Seek_direction;
+
+namespace {
+
+class Binary_file_test : public testing::Test {
+protected:
+    // What stands in a new file after the writing.
+    template <class Write>
+    std::string written(bool big_endian, Write write) {
+        std::filesystem::remove(folder.path("file"));
+        {
+            Binary_file_fstream file(folder.name("file").c_str(), big_endian);
+            write(file);
+        }
+        return folder.read("file");
+    }
+
+    Temporary_folder folder;
+};
+
+TEST_F(Binary_file_test, numbers_lie_in_the_byte_order_asked_for_and_come_back) {
+    const auto write = [](Binary_file_fstream& file) {
+        file.write_nat8(0xAB);
+        file.write_nat16(0x0102);
+        file.write_int32(-2);
+        file.write_float32(1.5F);
+    };
+    EXPECT_EQ(written(false, write), std::string("\xAB\x02\x01\xFE\xFF\xFF\xFF\0\0\xC0\x3F", 11));
+    EXPECT_EQ(written(true, write), std::string("\xAB\x01\x02\xFF\xFF\xFF\xFE\x3F\xC0\0\0", 11));
+
+    Binary_file_fstream file(folder.name("file").c_str(), true);
+    EXPECT_EQ(file.read_nat8(), 0xAB);
+    EXPECT_EQ(file.read_nat16(), 0x0102);
+    EXPECT_EQ(file.read_int32(), -2);
+    EXPECT_EQ(file.read_float32(), 1.5F);
+    EXPECT_EQ(file.read_nat32(), 0U);
+    EXPECT_FALSE(file.good());
+    file.seek(-4, Seek_direction::from_end);
+    EXPECT_EQ(file.read_float32(), 1.5F);
+}
+
+TEST_F(Binary_file_test, strings_lie_as_their_form_and_length_say_and_come_back) {
+    using namespace std::string_literals;
+    struct Case {
+        std::string text;
+        TESK::String_form form;
+        std::uint32_t length;
+        std::string bytes;
+        std::string read_back;
+    };
+    const Case cases[] = {
+        {"ab", 1, 0, "\2ab"s, "ab"},
+        {"ab", 1, 5, "\2ab\0\0"s, "ab"},
+        {"abc", 0, 2, "ab"s, "ab"},
+        {"ab", 0, 4, "ab\0\0"s, "ab"},
+        {"ab", 4, 0, "ab\0"s, "ab"},
+        {"ab", 2, 0, "\2\0ab"s, "ab"},
+        {"ab", 3, 0, "\2\0\0\0ab"s, "ab"},
+        {"ab", 5, 0, "\2ab\0"s, "ab"},
+        {"abcdef", 1, 4, "\6abc"s, "abc"},
+        {std::string(300, 'x'), 1, 0, "\xFF"s + std::string(255, 'x'), std::string(255, 'x')},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(written(false, [&](auto& file) { file.write_string(c.text, c.form, c.length); }), c.bytes);
+        Binary_file_fstream file(folder.name("file").c_str(), false);
+        std::string text;
+        EXPECT_EQ(file.read_string(text, c.form, c.length), c.read_back) << c.bytes;
+        EXPECT_EQ(file.tell(), static_cast<std::int64_t>(c.bytes.size()));
+    }
+    EXPECT_EQ(written(false, [](auto& file) { file.write_string(std::wstring(L"ab"), 1, 6); }),
+              "\2a\0b\0\0\0\0"s);
+}
+
+TEST_F(Binary_file_test, a_length_that_the_file_does_not_hold_ends_at_its_end) {
+    folder.write("file", "\xFF\xFF\xFF\xFFshort");
+    Binary_file_fstream file(folder.name("file").c_str(), false);
+    std::string text;
+    EXPECT_EQ(file.read_string(text, 3, 0), "short");
+}
+
+TEST_F(Binary_file_test, a_missing_file_is_made_and_a_read_only_one_is_read) {
+    EXPECT_EQ(written(false, [](auto& file) { file.read_char(); }), "");
+    EXPECT_TRUE(folder.has("file"));
+    folder.write("fixed", "x");
+    std::filesystem::permissions(folder.path("fixed"), std::filesystem::perms::owner_read);
+    Binary_file_fstream file(folder.name("fixed").c_str(), false);
+    EXPECT_EQ(file.read_char(), 'x');
+    file.seek(0, Seek_direction::from_start);
+    file.write_char('y');
+    EXPECT_FALSE(file.good());
+    EXPECT_EQ(folder.read("fixed"), "x");
+}
+
+} // namespace

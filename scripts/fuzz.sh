@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Feeds the readers of record files and tables with damaged input: fuzz.sh [SECONDS], 30 for each by default.
+# Says so, and does nothing, where clang or its fuzzing run-time is not installed.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+seconds=${1:-30}
+
+runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a 2>/dev/null || true)
+[ -e "$runtime" ] || runtime=$(clang++ -print-runtime-dir 2>/dev/null || true)/libclang_rt.fuzzer-$(uname -m).a
+if [ ! -e "$runtime" ]; then
+    echo "fuzz: skipped: clang with its run-time (Debian's clang and libclang-rt-14-dev) is not installed"
+    exit 0
+fi
+
+cd "$top"
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz -- --quiet
+for target in record dbase; do
+    corpus="build/fuzz/corpus_$target"
+    mkdir -p "$corpus"
+    case $target in
+    record) cp tests/data/*.t?? tests/data/*.sim "$corpus" ;;
+    dbase) cp tests/data/*.dbf "$corpus" ;;
+    esac
+    echo "fuzz: $target for $seconds seconds"
+    "build/fuzz/bin/${target}_fuzz" -max_total_time="$seconds" -max_len=8192 -timeout=10 -verbosity=0 \
+        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" 2>&1 | tail -4
+done

@@ -1,0 +1,254 @@
+#include "scenario_support.h"
+
+namespace {
+
+using Mode = Synchronization_mode;
+
+class Common_event_test : public Scenario_test {
+protected:
+    // The section that the event has in a saved scenario.
+    std::string saved(std::unique_ptr<Common_event> event) {
+        Tilverra_scenario scenario;
+        scenario.events.append(event.release());
+        return section(save(scenario), "event:1");
+    }
+    static std::unique_ptr<Common_event> irrigation() {
+        auto event = std::make_unique<Common_event>("first");
+        event->operation_name = "furrow";
+        return event;
+    }
+};
+
+const std::string before_timing = "[event:1]\r\nID=first\r\nres_set_ID=0\r\ncontingency=none\r\n"
+                                  "operation_type=\r\noperation_name=furrow\r\noperation_filename=noname\r\n"
+                                  "enable_for_model=secondary_only\r\n";
+const std::string switches = "enabled=true\r\nchecked=true\r\n";
+
+TEST_F(Common_event_test, a_single_event_writes_its_start_alone) {
+    EXPECT_EQ(saved(irrigation()),
+              before_timing +
+                  "event_synchronization=relative_to_simulation_event\r\nevent_offset=0\r\n"
+                  "event_relative_to_simulation_event=begin\r\n" +
+                  switches);
+}
+
+TEST_F(Common_event_test, a_repeating_event_writes_both_ends_and_how_it_repeats) {
+    auto event = irrigation();
+    event->period->repeat_event = true;
+    event->period->interval_time_step.set_label("fortnight");
+    event->period->end_sync.simulation_event = Simulation_event::end;
+    EXPECT_EQ(saved(std::move(event)),
+              before_timing +
+                  "begin_synchronization=relative_to_simulation_event\r\nbegin_offset=0\r\n"
+                  "begin_relative_to_simulation_event=begin\r\n" +
+                  switches +
+                  "end_synchronization=relative_to_simulation_event\r\nend_offset=0\r\n"
+                  "end_relative_to_simulation_event=end\r\nrepeat_event=true\r\nevent_repetitions=32767\r\n"
+                  "interval_time_step=fortnight\r\ninterval=1\r\nperiod_repetitions=1\r\n"
+                  "period_cycle_years=1\r\n");
+}
+
+TEST_F(Common_event_test, an_event_whose_period_alone_repeats_leaves_out_the_interval) {
+    auto event = irrigation();
+    event->period->period_repetitions = 3;
+    const std::string text = saved(std::move(event));
+    EXPECT_TRUE(has(text, "begin_offset=0")) << text;
+    EXPECT_NE(text.find("repeat_event=false\r\nperiod_repetitions=3\r\nperiod_cycle_years=1"),
+              std::string::npos)
+        << text;
+}
+
+TEST_F(Common_event_test, timing_can_be_kept_out_of_the_file) {
+    auto event = irrigation();
+    event->period->repeat_event = true;
+    event->timing_excluded = true;
+    EXPECT_EQ(saved(std::move(event)), before_timing + switches);
+}
+
+TEST_F(Common_event_test, an_inline_operation_has_its_keys_among_those_of_the_event) {
+    class Inline_operation : public Common_operation {
+    public:
+        bool is_inline() const override { return true; }
+        bool setup_structure(TESK::Data_record& record, bool) override {
+            record.expect_int16("depth", depth);
+            return true;
+        }
+        std::int16_t depth = 12;
+    };
+    auto event = irrigation();
+    event->own_operation(std::make_unique<Inline_operation>());
+    EXPECT_TRUE(saved(std::move(event)).ends_with("checked=true\r\ndepth=12\r\n"));
+    event = irrigation();
+    event->own_operation(std::make_unique<Common_operation>());
+    EXPECT_TRUE(saved(std::move(event)).ends_with("checked=true\r\n"));
+}
+
+TEST_F(Common_event_test, a_start_is_read_under_either_prefix_and_under_the_keys_of_old_files) {
+    struct Case {
+        const char* lines;
+        const char* mode;
+        std::int16_t offset;
+        const char* old_sync;
+    };
+    const Case cases[] = {
+        {"begin_synchronization=before_planting\nbegin_offset=4", "before_planting", 4, "no_sync"},
+        {"event_synchronization=before_planting\nevent_offset=4", "before_planting", 4, "no_sync"},
+        {"sync=after_flowering\noffset=5", "relative_to_simulation_event", 5, "after_flowering"},
+        {"phen_sync=after_harvest", "relative_to_simulation_event", 0, "after_harvest"},
+        {"synchronization=after_veraison", "relative_to_simulation_event", 0, "after_veraison"},
+        {"synchronisation=relative_date", "relative_to_simulation_event", 0, "relative_date"},
+        {"end_synchronization=before_planting", "relative_to_simulation_event", 0, "no_sync"},
+        {"event_synchronization=tomorrow", "actual_date", 0, "no_sync"},
+    };
+    for (const Case& c : cases) {
+        const auto scenario = read(std::string("event:count=1\n[event:1]\n") + c.lines);
+        const Synchronization& start = event_at(*scenario, 0)->begin_sync;
+        EXPECT_EQ(start.mode.get_label(), c.mode) << c.lines;
+        EXPECT_EQ(start.offset, c.offset) << c.lines;
+        EXPECT_EQ(start.old_sync.get_label(), c.old_sync) << c.lines;
+    }
+}
+
+TEST_F(Common_event_test, a_reschedule_is_one_key_for_both_ends) {
+    const auto scenario = read("event:count=1\n[event:1]\nbegin_synchronization=actual_date\n"
+                               "end_synchronization=thermal_time\nreschedule=multiple\nrepeat_event=true\n");
+    const std::string first = save(*scenario);
+    EXPECT_TRUE(has(first, "reschedule=multiple")) << first;
+    EXPECT_EQ(save(*read(first)), first);
+}
+
+TEST_F(Common_event_test, a_counted_event_without_a_section_has_the_defaults_and_an_ID) {
+    const auto scenario = read("event:count=4\n[event:1]\nID=a\n[event:2]\nID=\n");
+    ASSERT_EQ(scenario->events.count(), 4U);
+    EXPECT_EQ(event_at(*scenario, 0)->ID, "a");
+    std::string before;
+    for (const std::uint32_t index : {1U, 2U, 3U}) {
+        const std::string& ID = event_at(*scenario, index)->ID;
+        const std::size_t point = ID.find('.');
+        EXPECT_EQ(point, 7U) << ID;
+        EXPECT_EQ(ID.substr(point + 11), " (default)") << ID;
+        EXPECT_NE(ID, before);
+        before = ID;
+    }
+    const std::string first = save(*scenario);
+    EXPECT_EQ(save(*read(first)), first);
+}
+
+TEST_F(Common_event_test, sections_are_met_in_any_order_and_in_the_old_spelling) {
+    const auto scenario = read("event:count=3\n[event:3]\nID=c\n[event_1]\nID=a\n[event:4]\nID=d\n"
+                               "[event:2]\nID=b\n");
+    ASSERT_EQ(scenario->events.count(), 3U);
+    EXPECT_EQ(event_at(*scenario, 0)->ID, "a");
+    EXPECT_EQ(event_at(*scenario, 1)->ID, "b");
+    EXPECT_EQ(event_at(*scenario, 2)->ID, "c");
+    EXPECT_EQ(scenario->events.find_event("b"), event_at(*scenario, 1));
+    EXPECT_EQ(scenario->events.find_event("B"), nullptr);
+    EXPECT_EQ(scenario->events.find_event("d"), nullptr);
+    EXPECT_EQ(scenario->events.find_event(nullptr), nullptr);
+}
+
+TEST_F(Common_event_test, the_old_spelling_of_the_count_makes_no_events) {
+    EXPECT_TRUE(read("event_count=2\n[event_1]\nID=a\n")->events.is_empty());
+}
+
+TEST_F(Common_event_test, a_hostile_count_makes_the_events_that_it_tells_and_no_sections) {
+    for (const char* count : {"-1", "65536", "junk", "40000"})
+        EXPECT_TRUE(read(std::string("event:count=") + count)->events.is_empty()) << count;
+    std::string text;
+    for (int growing = 30000; growing < 32767; ++growing)
+        text += "event:count=" + std::to_string(growing) + "\n";
+    text += "event:count=32767\n";
+    for (int index = 32767; index > 32000; --index)
+        text += "[event:" + std::to_string(index) + "]\nID=" + std::to_string(index) + "\n";
+    const auto scenario = read_file(folder.write("hostile.tvn", text), true);
+    EXPECT_EQ(scenario->events.count(), 32767U);
+    EXPECT_LT(scenario->sections.count(), 900U);
+    EXPECT_EQ(event_at(*scenario, 32766)->ID, "32767");
+}
+
+TEST_F(Common_event_test, shows_its_name_its_ID_and_until_when_it_repeats) {
+    std::string text;
+    const auto event = irrigation();
+    EXPECT_EQ(event->label_to(text), "furrow (first)");
+    event->period->repeat_event = true;
+    event->period->end_sync.offset = 3;
+    EXPECT_EQ(event->label_to(text), "furrow (first) until 3 Days begin");
+}
+
+TEST_F(Common_event_test, a_period_that_does_nothing_can_be_deleted_and_comes_back_on_reading) {
+    const auto event = irrigation();
+    event->period->period_repetitions = 2;
+    EXPECT_TRUE(event->has_period(true));
+    ASSERT_NE(event->period, nullptr);
+    event->period->period_repetitions = 1;
+    EXPECT_FALSE(event->has_period(false));
+    EXPECT_NE(event->period, nullptr);
+    EXPECT_FALSE(event->has_period(true));
+    EXPECT_EQ(event->period, nullptr);
+
+    TESK::Data_record record("event:1");
+    record.expect_structure(false);
+    event->setup_structure(record, false);
+    EXPECT_NE(event->period, nullptr);
+}
+
+TEST_F(Common_event_test, events_compare_by_the_day_on_which_they_start) {
+    const auto compare = [](Mode mode, auto change_first) {
+        Common_event a("a");
+        Common_event b("b");
+        for (Common_event* event : {&a, &b}) {
+            event->begin_sync.set_datenum(1998200);
+            event->begin_sync.mode = mode;
+        }
+        change_first(a.begin_sync);
+        return a.compare(b);
+    };
+    const auto later_date = [](Synchronization& s) { s.set_datenum(1998201); };
+    const auto larger_offset = [](Synchronization& s) { s.offset = 5; };
+    EXPECT_EQ(compare(Mode::actual_date, later_date), 1);
+    EXPECT_EQ(compare(Mode::relative_to_sow_date, later_date), 1);
+    EXPECT_EQ(compare(Mode::relative_to_simulation_event, later_date), 0);
+    EXPECT_EQ(compare(Mode::relative_to_simulation_event, larger_offset), 1);
+    EXPECT_EQ(compare(Mode::before_planting, larger_offset), -1);
+    EXPECT_EQ(compare(Mode::thermal_time, [](Synchronization& s) { s.thermal_time = 9; }), 1);
+    EXPECT_EQ(compare(Mode::actual_date, [](Synchronization& s) { s.mode = Mode::before_planting; }), 0);
+}
+
+TEST_F(Common_event_test, the_events_due_are_walked_by_date) {
+    Common_event_list events;
+    struct Case {
+        const char* ID;
+        std::int32_t date;
+        bool enabled;
+    };
+    for (const Case& c : {Case{"late", 1998300, true},
+                          {"b", 1998200, true},
+                          {"off", 1998100, false},
+                          {"a", 1998100, true},
+                          {"b2", 1998200, true},
+                          {"no date", 0, true}}) {
+        auto* event = new Common_event(c.ID);
+        event->begin_sync.set_date(TESK::Date(c.date));
+        event->enabled = c.enabled;
+        events.append(event);
+    }
+    events.append(new Common_event("relative"));
+    std::string walked;
+    for (const Common_event* event : events.due_until(TESK::Date(std::int32_t{1998200})))
+        walked += event->ID + " ";
+    EXPECT_EQ(walked, "a b b2 ");
+}
+
+TEST_F(Common_event_test, lists_select_check_and_enable_by_the_events_own_marks) {
+    Common_event_list events;
+    auto* first = new Common_event("first");
+    events.append(first);
+    events.append(new Common_event("second"));
+    events.check_all(false);
+    EXPECT_FALSE(first->checked);
+    first->set_selected(true);
+    EXPECT_EQ(events.delete_all(TESK::Item_filter::selected), 1U);
+    EXPECT_EQ(events.find_event("first"), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,34 @@
+#include "trees/database_directory.h"
+
+namespace {
+
+// The folders that this program asks for. The suite's other programs keep "Biomatter", "Format", "H2O",
+// "NO3", "NH4" and "OM" beside them.
+constexpr const char* folder_names[] = {
+    "Crop",     "Output",        "Soil",        "Weather",        "Management",
+    "Rotation", "recalibration", "water_table", "initialization", "STATSGO\\DOS\\arc\\data"};
+
+} // namespace
+
+Database_directory::Database_directory(const TESK::Directory_name& parent) : Smart_directory_name("") {
+    parent.append_to("Database", *this, false);
+}
+
+const TESK::Smart_directory_name& Database_directory::get(Member member, bool create_folder) {
+    static_assert(std::size(folder_names) == member_count);
+    auto& folder = members_[member];
+    if (folder == nullptr) {
+        folder = std::make_unique<TESK::Smart_directory_name>("");
+        append_to(folder_names[member], *folder, false);
+        if (create_folder)
+            folder->create();
+    }
+    return *folder;
+}
+
+const TESK::Smart_directory_name& Database_directory::get_STATSGO_data_directory(bool create_folder) {
+    const TESK::Smart_directory_name& folder = get(STATSGO_data, false);
+    if (create_folder)
+        folder.create();
+    return folder;
+}

@@ -1,0 +1,50 @@
+#include "trees/scenario_directory.h"
+
+#include "platform/current_directory.h"
+#include "platform/listing.h"
+
+Common_scenario_directory::Common_scenario_directory(const TESK::File_name& scenario_file)
+    : Common_parameters_directory(TESK::Directory_name(TESK::Directory_name(scenario_file), true),
+                                  Directory_mode::containing_folder, true) {
+    get_path(parent_directory, true);
+    parent_directory.set_as_current();
+    append_to("Output", output_directory, false);
+    output_directory.create();
+}
+
+bool Common_scenario_directory::clean_outputs() {
+    const platform::Directory_guard current;
+    TESK::Ustring undeleted;
+    const bool all_deleted = output_directory.remove_tree(undeleted, true);
+    output_directory.create();
+    return all_deleted;
+}
+
+bool Common_scenario_directory::has_output() const {
+    return !platform::list_folder(output_directory).empty();
+}
+
+TESK::Smart_directory_name Common_scenario_directory::in(const TESK::Directory_name& folder,
+                                                         const char* name) {
+    TESK::Smart_directory_name result("");
+    folder.append_to(name, result, false);
+    return result;
+}
+
+TESK::Smart_file_name Common_scenario_directory::file_in(const TESK::Directory_name& folder,
+                                                         const char* name) {
+    TESK::Smart_file_name result;
+    folder.append_to(name, result, false);
+    return result;
+}
+
+TESK::Filtered_file_name Common_scenario_directory::file_in(const TESK::Directory_name& folder,
+                                                            const char* name, const char* extension,
+                                                            const char* description, const char* filter) {
+    return TESK::Filtered_file_name(file_in(folder, name).c_str(), extension, description, filter);
+}
+
+bool Tilverra_scenario_directory::clean_outputs() {
+    recorded.delete_file();
+    return Common_scenario_directory::clean_outputs();
+}

@@ -1,0 +1,13 @@
+// The entry of the program: what it makes, in which order, which project it edits, and what it does at the
+// end.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+// Runs the program from its start to its end. The arguments are as the host gives them: the program's own
+// path, then at most a project file and the label of a project type. A file is a path of the host or a name
+// of the suite. Gives the exit code: 0, also after an exception, which is shown; 1 when no project file was
+// chosen.
+int run_program(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);

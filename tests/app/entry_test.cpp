@@ -1,0 +1,125 @@
+#include "app/entry.h"
+
+#include "platform/process.h"
+#include "support/temporary_drives.h"
+#include "trees/program_directory.h"
+#include "trees/suite_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace {
+
+// Notes what is started, and starts nothing.
+class Recording_launcher : public platform::Process_launcher {
+public:
+    int execute(const std::string& command_line, int) override {
+        started.push_back(command_line);
+        return platform::result_file_not_found;
+    }
+    std::vector<std::string> started;
+};
+
+class Entry_test : public testing::Test {
+protected:
+    Entry_test() : guard(launcher) {
+        drives.write("Suite/Tilverra/project_editor.exe");
+        drives.write("work/readme.txt");
+        std::filesystem::copy_file(TEST_DATA "/irrigation_study.tvp", drives.host("work/study.tvp"));
+        platform::change_directory("C:\\work");
+    }
+
+    int run(std::vector<std::string> arguments,
+            const std::string& program = "Suite/Tilverra/project_editor.exe") {
+        arguments.insert(arguments.begin(), drives.host(program));
+        out.str("");
+        err.str("");
+        launcher.started.clear();
+        const int code = run_program(arguments, out, err);
+        delete suite_directory;
+        delete program_directory;
+        suite_directory = nullptr;
+        program_directory = nullptr;
+        return code;
+    }
+
+    Temporary_drives drives;
+    Environment_guard user_settings{"XDG_CONFIG_HOME", drives.host("config")};
+    Recording_launcher launcher;
+    platform::Launcher_guard guard;
+    std::ostringstream out;
+    std::ostringstream err;
+};
+
+TEST_F(Entry_test, it_shows_the_sections_of_the_project_file) {
+    EXPECT_EQ(run({drives.host("work/study.tvp")}), 0);
+    EXPECT_EQ(out.str().substr(0, out.str().find("[version]")), "C:\\work\\study.tvp\n  [project] 5\n  ");
+    EXPECT_NE(out.str().find("[written by another program] 3\n"), std::string::npos);
+    EXPECT_EQ(err.str(), "");
+    EXPECT_EQ(run({"C:\\work\\STUDY.TVP"}), 0);
+    EXPECT_NE(out.str().find("[project] 5"), std::string::npos);
+}
+
+TEST_F(Entry_test, a_file_that_is_not_there_is_a_new_one_of_the_type_and_a_marker_file_keeps_its_name) {
+    struct Case {
+        std::string argument;
+        std::string name;
+    };
+    const Case cases[] = {
+        {drives.host("work/new"), "C:\\work\\new.tvp"},
+        {"C:\\work\\new.other", "C:\\work\\new.tvp"},
+        {"C:\\work\\new\\.TVS_project", "C:\\work\\new\\.TVS_project"},
+        {drives.host("work/new/.TVS_project"), "C:\\work\\new\\.TVS_project"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(run({c.argument}), 0);
+        EXPECT_EQ(out.str(), c.name + ": a new file\n") << c.argument;
+    }
+}
+
+TEST_F(Entry_test, the_suite_is_started_at_the_end_only_for_projects_of_no_special_type) {
+    struct Case {
+        std::vector<std::string> arguments;
+        bool starts_suite;
+    };
+    const Case cases[] = {
+        {{"C:\\work\\study.tvp"}, true},
+        {{"C:\\work\\study.tvp", "Tilverra"}, true},
+        {{"C:\\work\\study.tvp", "no such type"}, true},
+        {{"C:\\work\\study.tvp", "GIS"}, false},
+        {{"C:\\work\\study.tvp", "morka"}, false},
+        {{"C:\\work\\study.tvp", "GIS", "one too many"}, true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(run(c.arguments), 0);
+        EXPECT_EQ(launcher.started, c.starts_suite ? std::vector<std::string>{"C:\\Suite\\TVS_suite.exe"}
+                                                   : std::vector<std::string>{})
+            << c.arguments.back();
+    }
+}
+
+TEST_F(Entry_test, without_a_file_it_ends_with_code_1_and_starts_and_writes_nothing) {
+    EXPECT_EQ(run({}), 1);
+    EXPECT_TRUE(launcher.started.empty());
+    EXPECT_FALSE(std::filesystem::exists(drives.host("Suite/TVS_suite.ini")));
+}
+
+TEST_F(Entry_test, the_master_record_is_written_back_at_the_end_with_what_others_keep_in_it) {
+    drives.write("Suite/TVS_suite.ini", "[other]\r\nkey=1\r\n");
+    EXPECT_EQ(run({"C:\\work\\study.tvp"}), 0);
+    const std::string text = drives.read("Suite/TVS_suite.ini");
+    EXPECT_NE(text.find("master_simulation_directory=C:\\Simulation\r\n"), std::string::npos);
+    EXPECT_NE(text.find("[other]\r\nkey=1\r\n"), std::string::npos);
+}
+
+TEST_F(Entry_test, a_program_outside_a_suite_leaves_its_master_record_with_the_user) {
+    drives.write("tools/bin/project_editor.exe");
+    EXPECT_EQ(run({"C:\\work\\study.tvp"}, "tools/bin/project_editor.exe"), 0);
+    for (const char* folder : {"", "tools", "tools/bin", "work"})
+        EXPECT_FALSE(std::filesystem::exists(drives.host(folder) + "/TVS_suite.ini")) << folder;
+    EXPECT_TRUE(std::filesystem::exists(drives.host("config/bin/TVS_suite.ini")));
+}
+
+} // namespace

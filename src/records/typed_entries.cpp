@@ -22,8 +22,6 @@ constexpr std::uint16_t float64_length = 16;
 constexpr std::uint16_t bool_length = 1;
 constexpr std::uint16_t label_length = 80;
 
-constexpr int file_decimals = 10;
-
 struct Bool_words {
     const char* when_true;
     const char* when_false;
@@ -42,7 +40,7 @@ void append_number(std::string& text, std::int64_t value, int radix, const Field
 
 void append_float(std::string& text, float value, const Field_format* format) {
     if (format == nullptr) {
-        append_fixed(text, value, file_decimals);
+        append_ten_decimals(text, value);
         return;
     }
     std::string number;

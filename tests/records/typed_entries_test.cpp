@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <cstring>
 
 using namespace TESK;
 
@@ -87,6 +89,26 @@ TEST(Typed_entries, floats_always_have_the_ten_decimals_of_a_32_bit_number) {
     EXPECT_EQ(float32, 12.5F);
     wide.set_value("1e-3");
     EXPECT_EQ(float64, 0.001);
+}
+
+TEST(Typed_entries, every_32_bit_number_has_the_digits_of_its_exact_value) {
+    float value = 0;
+    VV_float32_entry entry("k", value, nullptr, nullptr);
+    const auto expect_exact = [&](std::uint32_t bits) {
+        std::memcpy(&value, &bits, sizeof value);
+        char exact[64];
+        std::snprintf(exact, sizeof exact, "%.10f", static_cast<double>(value));
+        if (!std::isnan(value)) {
+            EXPECT_EQ(value_text(entry), exact) << bits;
+        }
+    };
+    std::uint32_t random = 1;
+    for (std::uint32_t upper = 0; upper < 512; ++upper) { // each sign and exponent
+        for (const std::uint32_t mantissa : {0U, 1U, 0x400000U, 0x7FFFFEU, 0x7FFFFFU})
+            expect_exact(upper << 23 | mantissa);
+        for (int i = 0; i < 50; ++i)
+            expect_exact(upper << 23 | (random = random * 1664525 + 1013904223) >> 9);
+    }
 }
 
 TEST(Typed_entries, an_attached_status_tells_whether_the_text_looked_like_a_number) {

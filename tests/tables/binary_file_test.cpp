@@ -98,4 +98,31 @@ TEST_F(Binary_file_test, a_missing_file_is_made_and_a_read_only_one_is_read) {
     EXPECT_EQ(folder.read("fixed"), "x");
 }
 
+TEST_F(Binary_file_test, what_is_written_anywhere_is_what_is_read) {
+    std::string wanted(20'000, '.');
+    folder.write("file", wanted);
+    {
+        Binary_file_fstream file(folder.name("file").c_str(), false);
+        std::uint32_t random = 1;
+        for (int i = 0; i < 2000; ++i) {
+            random = random * 1664525 + 1013904223;
+            const std::size_t place = (random >> 8) % 21'000;
+            const std::size_t count = random % 7 == 0 ? 9'000 : random % 40;
+            file.seek(static_cast<std::int64_t>(place), Seek_direction::from_start);
+            std::string bytes(count, static_cast<char>('a' + i % 26));
+            if (i % 2 != 0 && place <= wanted.size()) {
+                file.write_bytes(bytes.data(), count);
+                wanted.replace(place, count, bytes);
+                EXPECT_TRUE(file.good());
+            } else {
+                bytes.resize(file.read_bytes(bytes.data(), count));
+                EXPECT_EQ(bytes, place < wanted.size() ? wanted.substr(place, count) : "");
+            }
+            file.seek(0, Seek_direction::from_end);
+            EXPECT_EQ(file.tell(), static_cast<std::int64_t>(wanted.size()));
+        }
+    }
+    EXPECT_EQ(folder.read("file"), wanted);
+}
+
 } // namespace

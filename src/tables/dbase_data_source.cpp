@@ -215,6 +215,7 @@ bool dBase_data_source::write_structure() {
     file_.write_char(descriptors_end);
     structure_read_ = true;
     current_record_ = 0;
+    matches_.clear();
     return true;
 }
 
@@ -339,10 +340,15 @@ bool dBase_data_source::get(Data_record& record) {
                 entry.encountered = field != nullptr;
                 if (field == nullptr)
                     continue;
-                std::string_view column = get_field_text(*field);
-                column = column.substr(0, column.find_last_not_of(' ') + 1);
-                text.assign(column);
-                entry.set_value(field->type == 'D' ? Ustring(date_from_column(text)) : text);
+                const std::string_view column = get_field_text(*field);
+                // By pointers, since the compiler copies what it knows to be short in a way that is slow.
+                const char* end = column.data() + column.size();
+                while (end != column.data() && end[-1] == ' ')
+                    --end;
+                text.assign(column.data(), end);
+                if (field->type == 'D')
+                    text = date_from_column(text);
+                entry.set_value(text);
                 any_read = true;
             }
         }
@@ -394,8 +400,16 @@ std::uint32_t dBase_data_source::delete_record() {
     return current_record_;
 }
 
+// Whether the file holds what a new table would destroy: rows, or something that is no table.
+bool dBase_data_source::is_occupied() {
+    if (read_structure())
+        return !fields.is_empty() || header_.record_count > 0;
+    file_.seek(0, Seek_direction::from_end);
+    return file_.tell() > 0;
+}
+
 void dBase_data_source::setup_fields(Data_record& record) {
-    if (!fields.is_empty())
+    if (!fields.is_empty() || is_occupied())
         return;
     fields.transfer_all_from(expected_fields, Item_filter::all);
     if (fields.is_empty()) {
@@ -412,14 +426,9 @@ void dBase_data_source::setup_fields(Data_record& record) {
 }
 
 bool dBase_data_source::write_record(Data_record& record) {
-    if (!read_structure()) {
-        // A file that holds something, but no table, is not overwritten with one.
-        file_.seek(0, Seek_direction::from_end);
-        if (file_.tell() > 0)
-            return false;
+    if (!read_structure() || fields.is_empty())
         setup_fields(record);
-    }
-    if (!structure_read_)
+    if (!structure_read_ || fields.is_empty() || header_.record_length == 0)
         return false;
     if (record.get_position() == 0) {
         ++header_.record_count;

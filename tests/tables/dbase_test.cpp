@@ -277,6 +277,29 @@ TEST_F(Dbase_test, a_file_that_is_no_table_is_not_overwritten_with_one) {
     EXPECT_EQ(folder.read("t.dbf"), bytes);
 }
 
+TEST_F(Dbase_test, fields_are_made_only_for_a_table_that_has_none_and_no_rows) {
+    const std::string made = make({"silt"});
+    const std::string no_fields = folder.write("none.dbf", table({}, "", 0));
+    const std::string bare_rows = folder.write("rows.dbf", table({}, "   ", 3));
+    const std::string before = folder.read("new.dbf");
+    for (const auto& [name, is_stored] : {std::pair(no_fields, true), std::pair(bare_rows, false)}) {
+        Binary_file_fstream file(name.c_str(), false);
+        dBase_data_source source(file);
+        Row row;
+        row.soil = "loam";
+        EXPECT_EQ(source.set(row), is_stored) << name;
+        source.finish();
+    }
+    EXPECT_EQ(walk(no_fields, {"soil name"}), std::vector<std::string>{"loam        |"});
+    Binary_file_fstream file(made.c_str(), false);
+    dBase_data_source source(file);
+    Row row;
+    row.expect_structure(true);
+    source.setup_fields(row);
+    EXPECT_TRUE(file.good());
+    EXPECT_EQ(folder.read("new.dbf"), before);
+}
+
 TEST_F(Dbase_test, blank_rows_are_two_bytes_longer_than_rows) {
     const std::string name = make({"silt"});
     const std::size_t before = folder.read("new.dbf").size();

@@ -194,9 +194,12 @@ TEST(Typed_entries, a_column_shows_numbers_in_its_width_and_with_its_decimal_mar
     float real = 1.5F;
     VV_int16_entry whole_entry("k", whole, nullptr, nullptr);
     VV_float32_entry real_entry("k", real, nullptr, nullptr);
-    whole_entry.column_format = real_entry.column_format = &format;
+    double exact = 123456.79;
+    VV_float64_entry exact_entry("k", exact, nullptr, nullptr);
+    whole_entry.column_format = real_entry.column_format = exact_entry.column_format = &format;
     EXPECT_EQ(value_text(whole_entry), "      42");
     EXPECT_EQ(value_text(real_entry), "    1,50");
+    EXPECT_EQ(value_text(exact_entry), "123456,79");
 }
 
 } // namespace

@@ -75,6 +75,9 @@ TEST_F(Vv_file_test, keys_and_values_may_hold_nul_bytes_and_be_of_any_length) {
     EXPECT_EQ(value("primary", "a\0b"s), "x\0y"s);
     EXPECT_EQ(value("primary", "a\0c"s), "z");
     EXPECT_EQ(text_of(record), "[primary]\r\n" + text);
+    Small_record small;
+    ASSERT_TRUE(VV_file(folder.write("file.txt", "title=a\0b\n"s).c_str()).get(small));
+    EXPECT_EQ(small.title, "a\0b"s);
 }
 
 TEST_F(Vv_file_test, twenty_empty_lines_end_the_file_and_nineteen_do_not) {

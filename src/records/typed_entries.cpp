@@ -240,10 +240,8 @@ bool VV_units_entry::set_value(const char* text) {
 }
 
 void VV_units_entry::append_value(std::string& text) const {
-    std::string description;
     std::string abbreviation;
-    value.compose_labels(description, abbreviation);
-    text += abbreviation;
+    text += value.get_abbreviation(abbreviation);
 }
 
 } // namespace TESK

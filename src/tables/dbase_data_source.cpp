@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace TESK {
 
@@ -158,10 +159,9 @@ void dBase_data_source::read_field_descriptors(std::int64_t file_size) {
             return;
         std::string name(descriptor, longest_name);
         name.resize(std::min(name.find('\0'), name.size()));
-        auto* field =
-            new Field_item(name.c_str(), descriptor[11], 0, static_cast<std::uint8_t>(descriptor[17]));
-        // What stands in the file counts, whatever length the type usually has.
-        field->name = name;
+        auto* field = new Field_item("", descriptor[11], 0, static_cast<std::uint8_t>(descriptor[17]));
+        // What stands in the file counts, whatever name and length a field made here would have.
+        field->name = std::move(name);
         field->length = static_cast<std::uint8_t>(descriptor[16]);
         field->offset = offset;
         offset = static_cast<std::uint16_t>(offset + field->length);
@@ -332,6 +332,7 @@ bool dBase_data_source::get(Data_record& record) {
     bool any_read = Data_source::get(record);
     if (current_record_ != 0 || goto_first()) {
         record.set_position(static_cast<std::int32_t>(current_record_));
+        current_deleted_ = !row_.empty() && row_.front() == deleted_mark;
         Ustring text;
         std::size_t place = 0;
         for (const VV_section& section : record.all_sections()) {

@@ -1,5 +1,7 @@
 #include "scenario_support.h"
 
+#include "temporal/date_time_64.h"
+
 namespace {
 
 using Mode = Synchronization_mode;
@@ -115,6 +117,13 @@ TEST_F(Common_event_test, a_reschedule_is_one_key_for_both_ends) {
     const std::string first = save(*scenario);
     EXPECT_TRUE(has(first, "reschedule=multiple")) << first;
     EXPECT_EQ(save(*read(first)), first);
+}
+
+TEST_F(Common_event_test, a_new_event_has_the_present_moment_for_an_ID) {
+    const double before = TESK::Date_time_64().date_time;
+    const Common_event event;
+    EXPECT_GE(std::stod(event.ID), before);
+    EXPECT_TRUE(event.ID.ends_with(" (default)")) << event.ID;
 }
 
 TEST_F(Common_event_test, a_counted_event_without_a_section_has_the_defaults_and_an_ID) {

@@ -105,6 +105,13 @@ bool is_link(std::string_view name) {
     return lstat(host_path(name).c_str(), &state) == 0 && S_ISLNK(state.st_mode);
 }
 
+std::optional<Entry_identity> entry_identity(std::string_view name) {
+    struct stat state {};
+    if (stat(host_path(name).c_str(), &state) != 0)
+        return std::nullopt;
+    return Entry_identity{state.st_dev, state.st_ino};
+}
+
 std::optional<std::uint8_t> attributes(std::string_view name) {
     const std::string path = host_path(name);
     const Entry_kind kind = host_kind(path);

@@ -5,6 +5,7 @@
 
 #include "platform/write_result.h"
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -24,6 +25,15 @@ bool is_file(std::string_view name);
 bool is_folder(std::string_view name);
 // Whether the name itself is a symbolic link, to whatever or nowhere.
 bool is_link(std::string_view name);
+
+// The same for all names that lead to one entry, at the end of symbolic links.
+struct Entry_identity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    auto operator<=>(const Entry_identity&) const = default;
+};
+// Nothing when the entry is absent.
+std::optional<Entry_identity> entry_identity(std::string_view name);
 
 // The attributes of an entry, as bits. Nothing on this host is hidden or system, whatever its name begins
 // with.

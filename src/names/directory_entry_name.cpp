@@ -2,12 +2,14 @@
 
 #include "foundation/code_page_1252.h"
 #include "names/directory_name.h"
+#include "names/name_texts.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/shell.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace TESK {
 
@@ -15,19 +17,42 @@ namespace {
 
 constexpr int normal_window = 1;
 
-bool is_separator(char c) {
-    return c == '\\' || c == '/';
+// The text from one position up to another, as far as there is one.
+std::string slice(const std::string& text, std::size_t begin, std::size_t end) {
+    begin = std::min(begin, text.size());
+    return text.substr(begin, std::max(begin, end) - begin);
+}
+
+// The way from a folder to another on the same drive. Both are texts behind the colon, with a final
+// separator.
+std::string way_between(std::string_view from, std::string_view to) {
+    take_piece(from, '\\');
+    take_piece(to, '\\');
+    while (!(from.empty() && to.empty()) && first_piece(from, '\\') == first_piece(to, '\\')) {
+        take_piece(from, '\\');
+        take_piece(to, '\\');
+    }
+    std::string way;
+    while (!from.empty()) {
+        take_piece(from, '\\');
+        way += "..\\";
+    }
+    return way.append(to);
 }
 
 } // namespace
 
 Directory_entry_name& Directory_entry_name::set(const char* name) {
-    return set(std::string(name == nullptr ? "" : name));
+    std::string::assign(text_or_empty(name));
+    decompose();
+    return *this;
 }
 
 Directory_entry_name& Directory_entry_name::set(const wchar_t* name) {
     std::string narrow;
-    return set(wide_to_narrow(name == nullptr ? L"" : name, narrow));
+    if (name != nullptr)
+        wide_to_narrow(name, narrow);
+    return set(narrow);
 }
 
 Directory_entry_name& Directory_entry_name::set(const std::string& name) {
@@ -36,70 +61,59 @@ Directory_entry_name& Directory_entry_name::set(const std::string& name) {
     return *this;
 }
 
+void Directory_entry_name::set_path(const Directory_name& path) {
+    path.append_to(name_with_extension().c_str(), *this);
+}
+
+void Directory_entry_name::set_ext(const char* ext) {
+    if (!empty() && front() == '<')
+        return;
+    need_positions();
+    const std::string_view new_ext = text_or_empty(ext);
+    std::string text = slice(*this, 0, ext_pos);
+    if (!new_ext.empty() && new_ext.front() != '.')
+        text += '.';
+    set(text.append(new_ext));
+}
+
+const Ustring& Directory_entry_name::get_name(bool with_extension) const {
+    need_positions();
+    const std::size_t count = with_extension ? npos : ext_pos - name_pos;
+    return buffer = substr(std::min(name_pos, size()), count);
+}
+
 void Directory_entry_name::decompose() const {
     drive_pos = path_pos = name_pos = npos;
     std::size_t path_start = 0;
-    std::size_t start = 0;
+    std::size_t name_start = 0;
     std::size_t dot = 0;
     for (std::size_t i = 0; i < size(); ++i) {
-        const char c = (*this)[i];
-        if (c == '.') {
-            dot = i;
-        } else if (is_separator(c)) {
+        switch ((*this)[i]) {
+        case '.': dot = i; break;
+        case '\\':
+        case '/':
             if (path_pos == npos)
                 path_pos = path_start;
-            start = i + 1;
-        } else if (c == ':') {
+            name_start = i + 1;
+            break;
+        case ':':
             drive_pos = 0;
-            path_start = start = i + 1;
+            path_start = name_start = i + 1;
+            break;
+        default: break;
         }
     }
-    name_pos = start;
+    name_pos = name_start;
     ext_pos = dot == 0 ? size() : dot;
     decomposed = true;
 }
 
-void Directory_entry_name::need_positions() const {
-    if (!decomposed)
-        decompose();
-}
-
-std::size_t Directory_entry_name::name_start() const {
-    need_positions();
-    return std::min(name_pos, size());
-}
-
-std::size_t Directory_entry_name::ext_start() const {
-    need_positions();
-    return std::min(ext_pos, size());
-}
-
-void Directory_entry_name::set_path(const Directory_name& path) {
-    const std::string name = get_name(true);
-    path.append_to(name.c_str(), *this, false);
-}
-
-void Directory_entry_name::set_ext(const char* ext) {
-    std::string text = substr(0, ext_start());
-    if (ext != nullptr && *ext != 0) {
-        if (*ext != '.')
-            text += '.';
-        text += ext;
-    }
-    set(text);
-}
-
-const Ustring& Directory_entry_name::get_name(bool with_extension) const {
-    // An extension that begins in a directory part gives a count that has no end.
-    const std::size_t count = with_extension ? npos : ext_start() - name_start();
-    return buffer = substr(name_start(), count);
-}
-
-bool Directory_entry_name::explore(bool select) {
+bool Directory_entry_name::explore(bool select) const {
     std::string command = "explorer /n,/e,";
     if (select)
         command += "/select,";
-    platform::launcher().execute(command + '"' + *this + '"', normal_window);
+    command.append("\"").append(*this).append("\"");
+    platform::launcher().execute(command, normal_window);
     return true;
 }
 
@@ -107,82 +121,66 @@ bool Directory_entry_name::exists() const {
     return platform::exists(*this);
 }
 
-std::string& Directory_entry_name::label_to(std::string& text) const {
-    return text.assign(show_full_path ? *this : get_name(show_extension));
-}
-
-bool Directory_entry_name::set_mark(std::uint8_t mark, bool on) {
-    marks = static_cast<std::uint8_t>(on ? marks | mark : marks & ~mark);
-    return true;
+std::string& Directory_entry_name::label_to(std::string& out) const {
+    return out = show_full_path ? *this : get_name(show_extension);
 }
 
 bool Directory_entry_name::toggle_selected() {
-    set_mark(selected_mark, (marks & selected_mark) == 0);
+    marks ^= selected_mark;
     return is_selected();
 }
 
 bool Directory_entry_name::toggle_checked() {
-    set_mark(checked_mark, (marks & checked_mark) == 0);
+    marks ^= checked_mark;
     return is_checked();
 }
 
-bool Directory_entry_name::set_selected(bool selected) {
-    return set_mark(selected_mark, selected);
-}
-
-bool Directory_entry_name::set_checked(bool checked) {
-    return set_mark(checked_mark, checked);
-}
-
 std::ostream& Directory_entry_name::write(std::ostream& out) const {
-    return out << c_str() << '\n';
+    return out << *this << '\n';
 }
 
 void Directory_entry_name::set_drive(const char* drive) {
-    std::string text = drive == nullptr ? "" : drive;
+    std::string text = text_or_empty(drive);
     if (!text.empty() && text.find(':') == npos)
         text += ':';
-    Ustring path;
-    get_path_no_drive(path);
-    set(text + path + get_name(true));
+    set(text + path_without_drive() + name_with_extension());
 }
 
 void Directory_entry_name::set_name(const char* name) {
-    const std::string ext = get_ext();
-    set(substr(0, name_start()) + name + ext);
+    set(before_name() + text_or_empty(name) + extension());
 }
 
 void Directory_entry_name::set_name_ext(const char* name) {
-    set(substr(0, name_start()) + name);
+    set(before_name() + text_or_empty(name));
 }
 
 void Directory_entry_name::get_path(Directory_name& out, bool strip_separator) const {
-    std::string path = substr(0, name_start());
-    if (strip_separator && path.ends_with('\\'))
+    std::string path = before_name();
+    if (strip_separator && !path.empty() && path.back() == '\\')
         path.pop_back();
     out.set(path);
 }
 
-void Directory_entry_name::get_path_no_drive(Ustring& out) const {
-    const std::size_t end = name_start();
+std::string& Directory_entry_name::get_path_no_drive(std::string& out) const {
+    need_positions();
     if (path_pos != npos)
-        out = substr(std::min(path_pos, end), end - std::min(path_pos, end));
-}
-
-Ustring& Directory_entry_name::get_ext(Ustring& out) const {
-    return out = substr(ext_start());
+        out = path_without_drive();
+    return out;
 }
 
 const Ustring& Directory_entry_name::get_ext() const {
-    return get_ext(buffer);
+    return buffer = extension();
+}
+
+std::string& Directory_entry_name::get_ext(std::string& out) const {
+    return out = extension();
 }
 
 bool Directory_entry_name::has_ext(const char* ext) const {
-    std::string wanted = ext == nullptr ? "" : ext;
-    if (!wanted.starts_with('.'))
+    std::string wanted = text_or_empty(ext);
+    if (wanted.empty() || wanted.front() != '.')
         wanted.insert(0, 1, '.');
-    Ustring own;
-    return equal_ignoring_case(get_ext(own), wanted);
+    return equal_ignoring_case(extension(), wanted);
 }
 
 bool Directory_entry_name::is_qualified(bool need_drive) const {
@@ -190,68 +188,72 @@ bool Directory_entry_name::is_qualified(bool need_drive) const {
 }
 
 bool Directory_entry_name::qualify() {
-    if (starts_with('<'))
+    if (!empty() && front() == '<')
         return false;
-    if (starts_with('\\') || is_qualified(true))
+    if ((!empty() && front() == '\\') || is_qualified(true))
         return true;
-    const platform::Directory_guard current;
-    Directory_name rest(*this);
-    Directory_name piece("");
-    for (rest.split_first(piece, '\\'); piece == "..\\" || piece == "../"; rest.split_first(piece, '\\'))
+    // Without a step up the current directory need not be touched.
+    std::optional<platform::Directory_guard> guard;
+    std::string_view rest = *this;
+    for (std::string_view piece = first_piece(rest, '\\'); piece == "..\\" || piece == "../";
+         piece = first_piece(rest, '\\')) {
+        if (!guard)
+            guard.emplace();
         platform::change_directory("..");
-    set(platform::current_directory() + '\\' + piece + rest);
+        take_piece(rest, '\\');
+    }
+    set(platform::current_directory().append("\\").append(rest));
     return true;
 }
 
 void Directory_entry_name::make_relative_to(const Directory_name& base) {
-    Directory_entry_name absolute(*this);
+    Directory_name absolute(*this);
     absolute.qualify();
-    if (absolute.size() >= base.size() && equal_ignoring_case(absolute.substr(0, base.size()), base)) {
-        std::string rest = absolute.substr(base.size());
-        if (!rest.empty() && is_separator(rest.front()))
-            rest.erase(0, 1);
-        set(rest);
+    const std::string& text = absolute;
+    if (equal_ignoring_case(std::string_view(text).substr(0, base.size()), base)) {
+        const std::size_t begin = base.size();
+        set(text.substr(begin < text.size() && text[begin] == '\\' ? begin + 1 : begin));
         return;
     }
-
-    Directory_name base_rest(base + '\\');
-    Directory_name name_rest("");
-    Directory_name base_piece("");
-    Directory_name name_piece("");
-    absolute.get_path(name_rest, false);
-    base_rest.split_first(base_piece, ':');
-    name_rest.split_first(name_piece, ':');
-    if (base_piece != name_piece) {
-        set(absolute);
-        return;
-    }
-    // The empty piece behind the colon, and the first directory.
-    for (int i = 0; i < 2; ++i) {
-        base_rest.split_first(base_piece, '\\');
-        name_rest.split_first(name_piece, '\\');
-    }
-    std::string result;
-    while (!base_piece.empty() || !name_piece.empty()) {
-        if (base_piece == name_piece) {
-            base_rest.split_first(base_piece, '\\');
-            name_rest.split_first(name_piece, '\\');
-        } else if (name_piece.empty()) {
-            for (; !base_piece.empty(); base_rest.split_first(base_piece, '\\'))
-                result.insert(0, "..\\");
-        } else {
-            for (; !base_piece.empty(); base_rest.split_first(base_piece, '\\'))
-                result += "..\\";
-            result += name_piece;
-            name_rest.split_first(name_piece, '\\');
-        }
-    }
-    set_path(result);
+    const std::string from_text = base + '\\';
+    const std::string to_text = absolute.before_name();
+    std::string_view from = from_text;
+    std::string_view to = to_text;
+    if (take_piece(from, ':') != take_piece(to, ':'))
+        set(text);
+    else
+        set_path(Directory_name(way_between(from, to)));
 }
 
-bool Directory_entry_name::recycle(bool permanently) {
+bool Directory_entry_name::recycle(bool permanently) const {
     if (!exists())
         return false;
     return permanently ? platform::shell().delete_permanently(*this) : platform::shell().recycle(*this);
+}
+
+void Directory_entry_name::need_positions() const {
+    if (!decomposed)
+        decompose();
+}
+
+std::string Directory_entry_name::before_name() const {
+    need_positions();
+    return slice(*this, 0, name_pos);
+}
+
+std::string Directory_entry_name::name_with_extension() const {
+    need_positions();
+    return slice(*this, name_pos, npos);
+}
+
+std::string Directory_entry_name::extension() const {
+    need_positions();
+    return slice(*this, ext_pos, npos);
+}
+
+std::string Directory_entry_name::path_without_drive() const {
+    need_positions();
+    return slice(*this, path_pos, name_pos);
 }
 
 } // namespace TESK

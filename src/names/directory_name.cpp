@@ -1,5 +1,6 @@
 #include "names/directory_name.h"
 
+#include "names/name_texts.h"
 #include "platform/current_directory.h"
 
 namespace TESK {
@@ -22,18 +23,20 @@ Directory_name::Directory_name(const Directory_name& source, bool drop_extension
         set_ext("");
 }
 
-void Directory_name::append_to(const char* name, Directory_entry_name& target, bool forward_slash) const {
+Directory_entry_name& Directory_name::append_to(const char* name, Directory_entry_name& target,
+                                                bool forward_slash) const {
     std::string text = *this;
     if (!text.empty() && text.back() != '\\' && text.back() != '/')
         text += forward_slash ? '/' : '\\';
-    target.set(text + name);
+    return target.set(text.append(text_or_empty(name)));
 }
 
 void Directory_name::split_first(Directory_name& first, char delimiter) {
-    const std::size_t at = std::string::find(delimiter);
-    const std::size_t end = at == npos ? size() : at + 1;
-    first.set(substr(0, end));
-    set(substr(end));
+    const std::string text = *this;
+    std::string_view rest = text;
+    const std::string piece(take_piece(rest, delimiter));
+    set(std::string(rest));
+    first.set(piece);
 }
 
 } // namespace TESK

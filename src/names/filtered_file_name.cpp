@@ -1,14 +1,13 @@
 #include "names/filtered_file_name.h"
 
+#include "names/name_texts.h"
+
 namespace TESK {
 
-namespace {
-
-const File_type_description* first_type(const Association_list& types) {
-    return static_cast<const File_type_description*>(types.get_at(0));
-}
-
-} // namespace
+File_type_description::File_type_description(const char* new_extension, const char* new_description,
+                                             const char* new_filter)
+    : extension(text_or_empty(new_extension)), description(text_or_empty(new_description)),
+      filter(text_or_empty(new_filter)) {}
 
 std::string& File_type_description::label_to(std::string& buffer) const {
     return buffer = description + "(*." + extension + ")|" + filter;
@@ -17,19 +16,17 @@ std::string& File_type_description::label_to(std::string& buffer) const {
 Filtered_file_name::Filtered_file_name(const char* name, const char* extension, const char* description,
                                        const char* filter)
     : Smart_file_name(name) {
-    std::string ext = extension == nullptr ? "" : extension;
-    if (extension == nullptr)
-        ext = get_ext().substr(get_ext().empty() ? 0 : 1);
-    if (!empty() && !starts_with('<') && !has_ext(ext.c_str()) && !exists())
-        set_ext(ext.c_str());
+    const std::string own_extension = get_ext().substr(get_ext().empty() ? 0 : 1);
+    const std::string type = extension == nullptr ? own_extension : extension;
+    // The extension alone is no name.
+    if (!empty() && !exists())
+        set_ext(type.c_str());
     if (description != nullptr || filter != nullptr)
-        add_file_type(ext.c_str(), description == nullptr ? "" : description,
-                      filter == nullptr ? ("*." + ext).c_str() : filter);
+        add_file_type(type.c_str(), description, filter == nullptr ? ("*." + type).c_str() : filter);
 }
 
 Filtered_file_name::Filtered_file_name(const Filtered_file_name& source) : Smart_file_name(source) {
-    for (const auto& type : Items_of<File_type_description>(source.file_types))
-        file_types.append(new File_type_description(type));
+    copy_file_types(source);
 }
 
 Filtered_file_name& Filtered_file_name::operator=(const Filtered_file_name& source) {
@@ -37,8 +34,7 @@ Filtered_file_name& Filtered_file_name::operator=(const Filtered_file_name& sour
         return *this;
     Smart_file_name::operator=(source);
     file_types.delete_all(Item_filter::all);
-    for (const auto& type : Items_of<File_type_description>(source.file_types))
-        file_types.append(new File_type_description(type));
+    copy_file_types(source);
     return *this;
 }
 
@@ -46,27 +42,35 @@ void Filtered_file_name::add_file_type(const char* extension, const char* descri
     file_types.append(new File_type_description(extension, description, filter));
 }
 
-Ustring& Filtered_file_name::get_default_extension(Ustring& out) const {
-    const File_type_description* type = first_type(file_types);
-    return out = type == nullptr ? Ustring("*") : type->extension;
+std::string& Filtered_file_name::get_default_extension(std::string& out) const {
+    return get_default(&File_type_description::extension, out);
 }
 
-Ustring& Filtered_file_name::get_default_description(Ustring& out) const {
-    const File_type_description* type = first_type(file_types);
-    return out = type == nullptr ? Ustring("*") : type->description;
+std::string& Filtered_file_name::get_default_description(std::string& out) const {
+    return get_default(&File_type_description::description, out);
 }
 
-Ustring& Filtered_file_name::get_default_filter(Ustring& out) const {
-    const File_type_description* type = first_type(file_types);
-    return out = type == nullptr ? Ustring("*") : type->filter;
+std::string& Filtered_file_name::get_default_filter(std::string& out) const {
+    return get_default(&File_type_description::filter, out);
 }
 
-Ustring& Filtered_file_name::get_dialog_filter(Ustring& out) const {
+std::string& Filtered_file_name::get_dialog_filter(std::string& out) const {
     out.clear();
-    std::string text;
-    for (const auto& type : Items_of<File_type_description>(file_types))
-        out += type.label_to(text);
+    std::string label;
+    for (std::uint32_t i = 0; const Item* type = file_types.get_at(i); ++i)
+        out += type->label_to(label);
     return out;
+}
+
+void Filtered_file_name::copy_file_types(const Filtered_file_name& source) {
+    for (std::uint32_t i = 0; const Item* type = source.file_types.get_at(i); ++i)
+        file_types.append(new File_type_description(static_cast<const File_type_description&>(*type)));
+}
+
+std::string& Filtered_file_name::get_default(const Ustring File_type_description::*field,
+                                             std::string& out) const {
+    const Item* first = file_types.get_at(0);
+    return out = first == nullptr ? "*" : static_cast<const File_type_description*>(first)->*field;
 }
 
 } // namespace TESK

@@ -1,4 +1,5 @@
-// A file name that knows what kinds of file it may be: their extensions, descriptions and dialog filters.
+// File names that know which types of file they are for: the extension, the description and the filter that
+// the file dialogs show.
 #pragma once
 
 #include "foundation/association_list.h"
@@ -8,42 +9,49 @@ namespace TESK {
 
 class File_type_description : public Association {
 public:
-    // The extension without its point; the filter is one mask or several with "|" between them.
-    File_type_description(const char* type_extension, const char* type_description, const char* type_filter)
-        : extension(type_extension), description(type_description), filter(type_filter) {}
-
-    const char* get_key() const override { return extension.c_str(); }
-    // As a dialog wants it: "Tilverra Crop(*.crp)|*.crp".
-    std::string& label_to(std::string& buffer) const override;
-
-    Ustring extension;
+    Ustring extension; // without the point; the key
     Ustring description;
-    Ustring filter;
+    Ustring filter; // one or several masks, with "|" between them
+
+    // Null counts as the empty text.
+    File_type_description(const char* new_extension, const char* new_description, const char* new_filter);
+    File_type_description(const File_type_description&) = default;
+
+    // The text for the dialogs: "Tilverra Crop(*.crp)|*.crp".
+    std::string& label_to(std::string& buffer) const override;
+    const char* get_key() const override { return extension.c_str(); }
 };
 
 class Filtered_file_name : public Smart_file_name {
 public:
-    // A name of a file that does not exist takes on the extension; one that begins with "<", which is no
-    // file, and an empty one stay as they are. Any argument may be null: no extension is that of the name, no
-    // filter is "*." and the extension. Without description and filter there is no kind of file.
-    explicit Filtered_file_name(const char* name = nullptr, const char* extension = nullptr,
+    // A name of a file that is not there gets the extension; an empty one stays empty, and so does one that
+    // begins with "<" stay as it is. Without an `extension` (null) it is that of the name. With a
+    // `description` or a `filter` the name has a file type, whose filter is by default "*." and the extension
+    // and whose description is empty by default.
+    explicit Filtered_file_name(const char* name, const char* extension = nullptr,
                                 const char* description = nullptr, const char* filter = nullptr);
-    // With copies of the kinds of file.
+    // With the types of the other name, and without a look at the files.
     Filtered_file_name(const Filtered_file_name& source);
+
+    // Takes the types of the other name too. Assigning any other text keeps the types.
     Filtered_file_name& operator=(const Filtered_file_name& source);
     using Smart_file_name::operator=;
 
     void add_file_type(const char* extension, const char* description, const char* filter);
 
-    // Of the first kind of file; "*" when there is none.
-    Ustring& get_default_extension(Ustring& out) const override;
-    Ustring& get_default_description(Ustring& out) const;
-    Ustring& get_default_filter(Ustring& out) const;
+    // Each gives a field of the first file type, or "*" without one, and returns `out`.
+    std::string& get_default_extension(std::string& out) const override;
+    std::string& get_default_description(std::string& out) const;
+    std::string& get_default_filter(std::string& out) const;
 
-    // The dialog texts of all kinds, run together.
-    Ustring& get_dialog_filter(Ustring& out) const;
+    // The dialog texts of all file types, run together. Returns `out`.
+    std::string& get_dialog_filter(std::string& out) const;
 
-    Association_list file_types; // of File_type_description
+private:
+    void copy_file_types(const Filtered_file_name& source);
+    std::string& get_default(const Ustring File_type_description::*field, std::string& out) const;
+
+    Association_list file_types;
 };
 
 } // namespace TESK

@@ -1,22 +1,31 @@
 #include "names/smart_file_name.h"
 
+#include "names/name_texts.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/shell.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace TESK {
 
 namespace {
 
 constexpr int normal_window = 1;
-constexpr int show_window = 5;
-constexpr int last_error_code = 31;
-constexpr int last_shell_error_code = 32;
+constexpr int shown_window = 5;
+constexpr int highest_start_error = 31;
+constexpr int highest_shell_error = 32;
+constexpr std::size_t longest_extension = 19;
 
-bool shell_does(const char* verb, const std::string& name, int show_mode) {
-    return platform::shell().shell_execute(verb, name, show_mode) > last_shell_error_code;
+bool shell_accepts(const char* verb, const std::string& name, int show_mode) {
+    return platform::shell().shell_execute(verb, name, show_mode) > highest_shell_error;
+}
+
+// The command with the file's name in it. What stands behind the place of the name is lost.
+std::string command_for(const std::string& command, const std::string& name) {
+    const std::size_t place = command.find("%1");
+    return place == std::string::npos ? command + " \"" + name + '"' : command.substr(0, place) + name;
 }
 
 } // namespace
@@ -25,59 +34,54 @@ bool Smart_file_name::exists() const {
     if (File_name::exists())
         return true;
     const std::size_t anchor = std::string::find('#', 1);
-    return anchor != npos && platform::exists(substr(0, anchor));
+    return anchor != npos && Smart_file_name(Ustring(substr(0, anchor))).exists();
 }
 
-int Smart_file_name::open() {
+int Smart_file_name::open() const {
     return open_with_verb("open");
 }
 
-int Smart_file_name::edit() {
-    return shell_does("edit", *this, show_window) ? 1 : 0;
+int Smart_file_name::edit() const {
+    return shell_accepts("edit", *this, shown_window);
 }
 
-bool Smart_file_name::print() {
-    return shell_does("print", *this, normal_window);
+bool Smart_file_name::print() const {
+    return shell_accepts("print", *this, normal_window);
 }
 
-bool Smart_file_name::shell_open() {
-    return shell_does("open", *this, show_window);
+bool Smart_file_name::shell_open() const {
+    return shell_accepts("open", *this, shown_window);
 }
 
-int Smart_file_name::open_with_verb(const char* verb) {
-    std::string ext = get_ext();
-    ext.resize(std::min(ext.find('#'), ext.size()));
+int Smart_file_name::open_with_verb(const char* verb) const {
+    std::string type = get_ext().substr(0, longest_extension);
+    type.erase(std::min(type.find('#'), type.size()));
+    const std::optional<std::string> command =
+        platform::shell().registered_command(type, text_or_empty(verb));
     int result = 0;
-    if (auto command = platform::shell().registered_command(ext, verb)) {
+    if (command) {
         if (command->find("firefox") != npos)
             return 1;
-        const std::size_t place = command->find("%1");
-        if (place != npos)
-            command->replace(place, npos, *this);
-        else
-            *command += " \"" + *this + '"';
-        result = platform::launcher().execute(*command, show_window);
+        result = platform::launcher().execute(command_for(*command, *this), shown_window);
     }
     if (result == 0)
-        result = platform::launcher().execute("explorer \"" + *this + '"', show_window);
-    return result > last_error_code ? 0 : result;
+        result = platform::launcher().execute("explorer \"" + *this + '"', shown_window);
+    return result > highest_start_error ? 0 : result;
 }
 
-bool Smart_file_name::delete_file() {
-    return platform::delete_file(*this) != platform::Delete_outcome::denied;
+bool Smart_file_name::delete_file() const {
+    const platform::Delete_outcome outcome = platform::delete_file(*this);
+    return outcome == platform::Delete_outcome::deleted || outcome == platform::Delete_outcome::absent;
 }
 
 Date_time_64 Smart_file_name::get_date_time() const {
     Date_time_64 moment;
-    const auto stamp = platform::file_time(*this);
-    if (!stamp)
-        return moment;
-    const unsigned date = stamp->date;
-    const unsigned time = stamp->time;
-    moment.set_YMD_hms(static_cast<std::int16_t>((date >> 9) + 1980),
-                       static_cast<std::uint8_t>(date >> 5 & 0xF), static_cast<std::uint8_t>(date & 0x1F),
-                       static_cast<std::uint8_t>(time >> 11), static_cast<std::uint8_t>(time >> 5 & 0x3F),
-                       static_cast<std::uint8_t>((time & 0x1F) * 2));
+    if (const auto packed = platform::file_time(*this))
+        moment.set_YMD_hms(
+            static_cast<std::int16_t>((packed->date >> 9) + 1980),
+            static_cast<std::uint8_t>(packed->date >> 5 & 15), static_cast<std::uint8_t>(packed->date & 31),
+            static_cast<std::uint8_t>(packed->time >> 11), static_cast<std::uint8_t>(packed->time >> 5 & 63),
+            static_cast<std::uint8_t>((packed->time & 31) * 2));
     return moment;
 }
 

@@ -1,4 +1,4 @@
-// A file name that can act on the file: test it, delete it, and hand it to the desktop.
+// The name of a file that can be looked for, deleted, and handed to the programs of the user's desktop.
 #pragma once
 
 #include "names/file_name.h"
@@ -10,29 +10,29 @@ class Smart_file_name : public File_name {
 public:
     using File_name::File_name;
     using File_name::operator=;
-    Smart_file_name() = default;
-    Smart_file_name(const File_name& name) : File_name(name) {}
 
-    // Whether the file is there. A name that is not is tried without a "#" and the anchor behind it, as the
-    // address of a place in a document has them.
+    // Whether anything of the name is there; if not, and there is a "#" behind the first character, whether
+    // what stands before that is: "help.htm#topic" is an address in "help.htm".
     bool exists() const override;
 
     // open_with_verb("open").
-    int open() override;
-    // The desktop's verbs on the file: true, as a number, when the desktop has one and has begun.
-    int edit() override;
-    virtual bool print();
-    virtual bool shell_open();
+    int open() const override;
 
-    // Starts the program that the desktop registers for this verb on files of this kind, or else shows the
-    // file in the file manager. 0 when that has begun, otherwise a small error code. A program whose command
-    // names firefox is not started: 1.
-    virtual int open_with_verb(const char* verb);
+    // Each has the desktop do what the name of the operation says; true when that has begun.
+    int edit() const override;
+    virtual bool print() const;
+    virtual bool shell_open() const;
 
-    // False only when the file is there and may not be deleted.
-    bool delete_file();
+    // Starts the program that the desktop has for the verb and the type of the file or, where it has none,
+    // shows the file in the file manager. 0 on success, otherwise an error code. A command that holds
+    // "firefox" is not started: 1.
+    virtual int open_with_verb(const char* verb) const;
 
-    // When the file was last changed; the present moment when it cannot be opened.
+    // False when the file is still there afterwards: it is write-protected, for instance. A file that is not
+    // there counts as deleted.
+    bool delete_file() const;
+
+    // The time of the file's last change, to two seconds; the present moment when it cannot be read.
     Date_time_64 get_date_time() const;
 };
 

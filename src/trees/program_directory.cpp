@@ -41,9 +41,7 @@ bool Adjunct_directory::find_file_by_stem(const char* stem, Smart_file_name& res
     if (result.exists())
         return true;
     Bidirectional_list files;
-    Listing listing;
-    listing.qualified = true;
-    list_entries(files, listing);
+    list_entries(files, false, true, true, false, false, list_files, nullptr, nullptr);
     bool found = false;
     for (const File_name& file : Items_of<File_name>(files)) {
         if (file.get_name(false) == stem) {

@@ -1,0 +1,237 @@
+#include "names/directory_entry_name.h"
+
+#include "foundation/association_list.h"
+#include "names/directory_name.h"
+#include "names/file_name.h"
+#include "support/launcher_record.h"
+#include "support/temporary_drives.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+
+using namespace TESK;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t npos = std::string::npos;
+
+std::string path_of(const Directory_entry_name& name, bool strip_separator) {
+    Directory_name path("old");
+    name.get_path(path, strip_separator);
+    return path;
+}
+
+} // namespace
+
+TEST(Directory_entry_name, a_text_is_split_into_its_parts) {
+    const struct {
+        const char* text;
+        const char* path;
+        const char* path_no_drive; // "kept" where there is none
+        const char* name;
+        const char* extension;
+        std::size_t drive_pos;
+        std::size_t path_pos;
+    } cases[] = {
+        {"C:\\dir\\name.ext", "C:\\dir\\", "\\dir\\", "name", ".ext", 0, 2},
+        {"name", "", "kept", "name", "", npos, npos},
+        {"", "", "kept", "", "", npos, npos},
+        {"a/b.c", "a/", "a/", "b", ".c", npos, 0},
+        {"C:name.x", "C:", "kept", "name", ".x", 0, npos},
+        {".tvp", "", "kept", ".tvp", "", npos, npos},
+        {"C:\\x\\.TVS_project", "C:\\x\\", "\\x\\", "", ".TVS_project", 0, 2},
+        {"C:\\a.b\\c", "C:\\a.b\\", "\\a.b\\", "c", ".b\\c", 0, 2}, // the last point counts, wherever it is
+        {"x\\y:z", "x\\y:", "x\\y:", "z", "", 0, 0},
+    };
+    for (const auto& c : cases) {
+        const File_name name(c.text);
+        std::string out = "kept";
+        EXPECT_EQ(path_of(name, false), c.path) << c.text;
+        EXPECT_EQ(name.get_path_no_drive(out), c.path_no_drive) << c.text;
+        EXPECT_EQ(name.get_name(false), c.name) << c.text;
+        EXPECT_EQ(name.get_ext(), c.extension) << c.text;
+        EXPECT_EQ(name.drive_pos, c.drive_pos) << c.text;
+        EXPECT_EQ(name.path_pos, c.path_pos) << c.text;
+        EXPECT_EQ(name, c.text);
+    }
+    EXPECT_EQ(path_of(File_name("C:\\x\\y"), true), "C:\\x");
+    EXPECT_EQ(path_of(File_name("C:/x/y"), true), "C:/x/");
+}
+
+TEST(Directory_entry_name, each_part_can_be_replaced) {
+    const struct {
+        const char* text;
+        void (*change)(File_name& name);
+        const char* result;
+    } cases[] = {
+        {"a.b", [](File_name& n) { n.set_ext(""); }, "a"},
+        {"C:\\x\\a.b", [](File_name& n) { n.set_ext("txt"); }, "C:\\x\\a.txt"},
+        {"a", [](File_name& n) { n.set_ext(".txt"); }, "a.txt"},
+        {"a.b", [](File_name& n) { n.set_ext(nullptr); }, "a.*"},
+        {"C:\\a.b\\c", [](File_name& n) { n.set_ext(".x"); }, "C:\\a.x"},
+        {"<None>", [](File_name& n) { n.set_ext("crp"); }, "<None>"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_drive("D"); }, "D:\\x\\y.z"},
+        {"x\\y.z", [](File_name& n) { n.set_drive("D:"); }, "D:x\\y.z"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_drive(""); }, "\\x\\y.z"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_name("new"); }, "C:\\x\\new.z"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_name_ext("new"); }, "C:\\x\\new"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_path(Directory_name("D:\\")); }, "D:\\y.z"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set_path(Directory_name("")); }, "y.z"},
+        {"C:\\x\\y.z", [](File_name& n) { n.set(n.get_name(true).c_str()); }, "y.z"},
+        {"x", [](File_name& n) { n.compose("C:", "\\a\\", "b", nullptr); }, "C:\\a\\b"},
+    };
+    for (const auto& c : cases) {
+        File_name name(c.text);
+        c.change(name);
+        EXPECT_EQ(name, c.result);
+    }
+    EXPECT_EQ(File_name("a.b", "txt"), "a.txt");
+    EXPECT_EQ(File_name(Ustring("a.b"), ".txt"), "a.txt");
+    EXPECT_EQ(File_name("a.b", ""), "a."); // that constructor brings a point of its own
+    EXPECT_EQ(File_name(static_cast<const char*>(nullptr)), "");
+    EXPECT_EQ(Directory_name(Directory_name("C:\\x\\y.tvn"), true), "C:\\x\\y");
+}
+
+TEST(Directory_entry_name, text_and_parts_stay_in_step) {
+    File_name name("C:\\dir\\name.ext");
+    name = "a.b";
+    EXPECT_EQ(name.get_name(false), "a");
+    name = std::string("long\\path\\c.d");
+    EXPECT_EQ(name.get_name(false), "c");
+    name.assign("e.f");
+    EXPECT_EQ(name.get_ext(), ".f");
+    name.set(L"g\u0168.h");
+    EXPECT_EQ(name, "gh.h");
+    name = Directory_name("C:\\x");
+    EXPECT_EQ(name.get_name(true), "x");
+
+    File_name copy = name;
+    name = "other\\text";
+    EXPECT_EQ(copy.get_name(true), "x");
+
+    // Changes behind the back of the class leave wrong parts, but none outside the text.
+    name.clear();
+    EXPECT_EQ(name.get_name(true), "");
+    EXPECT_EQ(name.get_ext(), "");
+    name.set_ext("x");
+    EXPECT_EQ(name, ".x");
+    name.decompose();
+    EXPECT_EQ(name.get_name(true), ".x");
+}
+
+TEST(Directory_entry_name, extensions_and_drives_are_recognised) {
+    const File_name name("x\\a.TVN");
+    EXPECT_TRUE(name.has_ext("tvn") && name.has_ext(".tvn"));
+    EXPECT_FALSE(name.has_ext("tv") || File_name("a").has_ext(""));
+    EXPECT_TRUE(name.is_qualified(false) && File_name("c:a").is_qualified(true));
+    EXPECT_FALSE(File_name("x/a").is_qualified(false) || File_name("\\a").is_qualified(true));
+}
+
+TEST(Directory_entry_name, names_are_items_of_lists) {
+    std::string label = "old";
+    File_name name("C:\\x\\y.z");
+    EXPECT_EQ(name.label_to(label), "y");
+    name.show_extension = true;
+    EXPECT_EQ(name.label_to(label), "y.z");
+    name.show_full_path = true;
+    EXPECT_EQ(name.label_to(label), "C:\\x\\y.z");
+
+    EXPECT_TRUE(name.toggle_checked() && name.toggle_selected());
+    EXPECT_FALSE(name.toggle_checked());
+    EXPECT_TRUE(name.is_selected());
+
+    Association_list list;
+    list.append(new File_name("b.x"));
+    list.append(new Directory_name("A"));
+    list.sort(Sort_order::ascending);
+    EXPECT_EQ(list.find("B.X", false), list.get_at(1));
+    std::ostringstream out;
+    list.write(out);
+    EXPECT_EQ(out.str(), "A\nb.x\n");
+}
+
+TEST(Directory_entry_name, the_file_manager_is_started_on_the_name) {
+    Launcher_record launcher;
+    EXPECT_TRUE(File_name("C:\\my x\\y.z").explore(true));
+    EXPECT_TRUE(Directory_name("C:\\x").explore(false));
+    EXPECT_EQ(launcher.started, "explorer /n,/e,/select,\"C:\\my x\\y.z\" [1]\n"
+                                "explorer /n,/e,\"C:\\x\" [1]\n");
+}
+
+TEST(Directory_name, names_are_joined_and_split) {
+    Directory_name name("C:\\x");
+    File_name target("old");
+    EXPECT_EQ(name.append_to("y", target), "C:\\x\\y");
+    EXPECT_EQ(target.get_name(true), "y");
+    EXPECT_EQ(name.append_to("y", target, true), "C:\\x/y");
+    EXPECT_EQ(Directory_name("C:\\x\\").append_to("y", target), "C:\\x\\y");
+    EXPECT_EQ(Directory_name("C:/x/").append_to("y", target), "C:/x/y");
+    EXPECT_EQ(Directory_name("").append_to("y", target), "y");
+    EXPECT_EQ(name.append_to("y", name), "C:\\x\\y");
+
+    Directory_name first("");
+    name = "a\\b";
+    name.split_first(first, '\\');
+    EXPECT_EQ(first + '|' + name, "a\\|b");
+    name.split_first(first, '\\');
+    EXPECT_EQ(first + '|' + name, "b|");
+}
+
+TEST(Directory_entry_name, qualifying_starts_from_the_current_directory_and_keeps_it) {
+    const Temporary_drives drives;
+    fs::create_directories(drives.host("a/b"));
+    ASSERT_TRUE(platform::change_directory("C:\\a\\b"));
+    const struct {
+        const char* text;
+        const char* result;
+    } cases[] = {
+        {"x", "C:\\a\\b\\x"},
+        {"..\\x", "C:\\a\\x"},
+        {"..\\..\\..\\x", "C:\\\\x"}, // the root ends in a separator, which is not looked at
+        {"../", "C:\\a\\"},
+        {"../x", "C:\\a\\b\\../x"},
+        {"..", "C:\\a\\b\\.."},
+        {".\\x", "C:\\a\\b\\.\\x"},
+        {"\\x", "\\x"},
+        {"d:x", "d:x"},
+        {"<default>", "<default>"},
+    };
+    for (const auto& c : cases) {
+        File_name name(c.text);
+        EXPECT_EQ(name.qualify(), *c.text != '<');
+        EXPECT_EQ(name, c.result);
+        EXPECT_EQ(Directory_name(), "C:\\a\\b");
+    }
+}
+
+TEST(Directory_entry_name, a_name_is_made_relative_to_a_folder) {
+    const Temporary_drives drives;
+    fs::create_directories(drives.host("p/q"));
+    ASSERT_TRUE(platform::change_directory("C:\\p\\q"));
+    const struct {
+        const char* text;
+        const char* base;
+        const char* result;
+    } cases[] = {
+        {"C:\\p\\q\\f.t", "C:\\p", "q\\f.t"},
+        {"C:\\P\\q\\f.t", "c:\\p\\", "q\\f.t"},
+        {"C:\\p\\q\\f.t", "C:\\p\\r", "..\\q\\f.t"},
+        {"C:\\p\\f.t", "C:\\p\\q", "..\\f.t"},
+        {"C:\\x\\y\\z.t", "C:\\p\\q", "..\\..\\x\\y\\z.t"},
+        {"C:\\abc\\x", "C:\\a", "bc\\x"}, // components do not count
+        {"C:\\p\\q", "C:\\p\\q", ""},
+        {"D:\\p\\f.t", "C:\\p", "D:\\p\\f.t"},
+        {"c:\\x\\f.t", "C:\\p", "c:\\x\\f.t"}, // case counts in the drive
+        {"f.t", "C:\\p", "q\\f.t"},            // a relative name is taken from the current directory
+        {"f.t", "C:\\r", "..\\p\\q\\f.t"},
+        {"..\\f.t", "C:\\p\\q", "..\\f.t"},
+        {"<None>", "C:\\p", "<None>"},
+    };
+    for (const auto& c : cases) {
+        File_name name(c.text);
+        name.make_relative_to(Directory_name(c.base));
+        EXPECT_EQ(name, c.result) << c.text << " in " << c.base;
+    }
+}

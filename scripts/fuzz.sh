@@ -23,6 +23,12 @@ for target in record dbase; do
     dbase) cp tests/data/*.dbf "$corpus" ;;
     esac
     echo "fuzz: $target for $seconds seconds"
-    "build/fuzz/bin/${target}_fuzz" -max_total_time="$seconds" -max_len=8192 -timeout=10 -verbosity=0 \
-        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" 2>&1 | tail -4
+    log="build/fuzz/$target.log"
+    if ! "build/fuzz/bin/${target}_fuzz" -max_total_time="$seconds" -max_len=8192 -timeout=10 -verbosity=0 \
+        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" >"$log" 2>&1; then
+        tail -40 "$log"
+        echo "fuzz: $target failed; the input that it failed on is build/fuzz/crash-*"
+        exit 1
+    fi
+    grep -E 'average_exec|new_units' "$log"
 done

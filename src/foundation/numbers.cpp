@@ -137,13 +137,13 @@ void append_ten_decimals(std::string& text, float value) {
     constexpr int decimals = 10;
     constexpr int precision = std::numeric_limits<float>::digits;
     int exponent = 0;
-    const auto mantissa =
-        static_cast<std::uint64_t>(std::ldexp(std::frexp(std::fabs(value), &exponent), precision));
+    const float part = std::isfinite(value) ? std::frexp(std::fabs(value), &exponent) : 0;
     const int shift = precision - exponent; // the value is mantissa / 2^shift
     if (!std::isfinite(value) || shift <= 0 || shift >= 64) {
         append_fixed(text, value, decimals);
         return;
     }
+    const auto mantissa = static_cast<std::uint64_t>(std::ldexp(part, precision));
     // The mantissa has 24 bits and the scale 34, so that nothing is lost before the one rounding.
     const std::uint64_t unit = std::uint64_t{1} << shift;
     const std::uint64_t scaled = (mantissa & (unit - 1)) * scale;

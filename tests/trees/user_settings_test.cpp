@@ -1,0 +1,67 @@
+#include "trees/user_settings.h"
+
+#include "support/temporary_drives.h"
+
+#include <gtest/gtest.h>
+
+using TESK::Application_data_directory;
+using TESK::File_name;
+using TESK::User_settings;
+
+namespace {
+
+class User_settings_test : public testing::Test {
+protected:
+    Temporary_drives drives;
+    Environment_guard config{"XDG_CONFIG_HOME", drives.host("L")};
+    const Application_data_directory directory{File_name("C:\\Suite\\Tilverra\\project_editor.exe")};
+};
+
+TEST_F(User_settings_test, the_file_is_named_after_the_program_and_its_folder) {
+    EXPECT_EQ(directory, "C:\\L\\Tilverra");
+    EXPECT_EQ(directory.settings_file, "C:\\L\\Tilverra\\project_editor.ini");
+    EXPECT_EQ(Application_data_directory(File_name("C:\\project_editor.exe")).settings_file,
+              "C:\\L\\project_editor.ini");
+    EXPECT_FALSE(std::filesystem::exists(drives.host("L")));
+}
+
+TEST_F(User_settings_test, each_record_file_keeps_a_section_of_its_own) {
+    User_settings first;
+    first.top = 10;
+    first.language = "es";
+    first.advanced = true;
+    User_settings second;
+    second.left = -5;
+    directory.save(first, "C:\\a\\one.tvp");
+    directory.save(second, "C:\\a [old]\\two.tvp");
+    first.top = 11;
+    directory.save(first, "C:\\a\\one.tvp");
+
+    User_settings loaded;
+    directory.load(loaded, "C:\\a\\one.tvp");
+    EXPECT_EQ(loaded.top, 11);
+    EXPECT_EQ(loaded.language, "es");
+    EXPECT_TRUE(loaded.advanced);
+    User_settings other;
+    directory.load(other, "C:\\a [old]\\two.tvp");
+    EXPECT_EQ(other.left, -5);
+    User_settings none;
+    directory.load(none, "C:\\a\\three.tvp");
+    EXPECT_EQ(none.top, 0);
+    EXPECT_EQ(drives.read("L/Tilverra/project_editor.ini").substr(0, 223),
+              "[C:\\a\\one.tvp]\r\ntop=11\r\nleft=0\r\nwidth=0\r\nheight=0\r\nactivepageindex=0\r\nactive_"
+              "control=\r\n"
+              "language=es\r\nadvanced=true\r\nauto_explore_context=false\r\nrecent_context=\r\n"
+              "[C:\\a [old)\\two.tvp]\r\ntop=0\r\nleft=-5\r\nwidth=0\r\nheight=0\r\nactive");
+}
+
+TEST_F(User_settings_test, a_disk_that_cannot_be_written_is_quiet) {
+    drives.write("L", "a file where the folder should be");
+    User_settings settings;
+    settings.top = 3;
+    directory.save(settings, "C:\\a\\one.tvp");
+    directory.load(settings, "C:\\a\\one.tvp");
+    EXPECT_EQ(settings.top, 3);
+}
+
+} // namespace

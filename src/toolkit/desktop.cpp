@@ -1,0 +1,3 @@
+#include "toolkit/desktop.h"
+
+Desktop* current_desktop = nullptr;

@@ -1,8 +1,8 @@
-// The views of what holds other controls.
+// Laying out what a container holds.
 #pragma once
 
 #include "desktop_qt/view.h"
-#include "toolkit/form.h"
+#include "toolkit/panel.h"
 
 // Fills a widget with the views of a container's children, laid out as the container says. Views that are
 // already there stay.

@@ -5,6 +5,7 @@
 
 #include <QtCore/QAbstractListModel>
 #include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyledItemDelegate>
 
@@ -14,8 +15,9 @@ namespace {
 // change.
 class Line_model : public QAbstractListModel {
 public:
-    Line_model(const TListBox& list, QObject* parent)
-        : QAbstractListModel(parent), list_(&list), rows_(list.count()) {}
+    // Each line has the icon, which may be none.
+    Line_model(const TListBox& list, const QIcon& icon, QObject* parent)
+        : QAbstractListModel(parent), list_(&list), icon_(icon), rows_(list.count()) {}
 
     void let_go() {
         beginResetModel();
@@ -58,7 +60,7 @@ public:
         if (role == Qt::CheckStateRole && list_->has_check_marks()) {
             return list_->line(index.row()).checked ? Qt::Checked : Qt::Unchecked;
         }
-        return {};
+        return role == Qt::DecorationRole && !icon_.isNull() ? QVariant(icon_) : QVariant();
     }
 
     Qt::ItemFlags flags(const QModelIndex& index) const override {
@@ -71,13 +73,18 @@ public:
 
 private:
     const TListBox* list_;
+    QIcon icon_;
     int rows_;
 };
 
-// Says where a line's check box is drawn.
+// Gives the lines some air, and says where a line's check box is drawn.
 class Line_delegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
+    }
 
     QRect check_box(const QListView& view, const QModelIndex& index, QStyleOptionViewItem option) const {
         option.rect = view.visualRect(index);
@@ -92,6 +99,8 @@ public:
     explicit Line_list(QWidget* parent) : QListView(parent), delegate_(new Line_delegate(this)) {
         setItemDelegate(delegate_);
         setUniformItemSizes(true);
+        const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+        setIconSize({icon, icon});
     }
 
     std::function<void(int row)> on_toggle;
@@ -148,7 +157,9 @@ class List_view : public View_of<TListBox, Line_list> {
 public:
     List_view(View_context& context, TControl& control, QWidget* parent)
         : View_of(context, control, *new Line_list(parent)) {
-        model_ = new Line_model(this->control(), &widget());
+        const bool is_shell = control.kind() == Control_kind::shell_list;
+        const QIcon icon = is_shell ? widget().style()->standardIcon(QStyle::SP_FileIcon) : QIcon();
+        model_ = new Line_model(this->control(), icon, &widget());
         widget().setModel(model_);
         widget().setSelectionMode(this->control().multi_select() ? QAbstractItemView::ExtendedSelection
                                                                  : QAbstractItemView::SingleSelection);
@@ -165,6 +176,7 @@ public:
 
 protected:
     void show_state() override { show_selection(); }
+    void settle() override { show_selection(); }
 
     void show_change(const Change& change) override {
         switch (change.aspect) {
@@ -217,6 +229,10 @@ private:
         }
         if (!control().multi_select()) {
             show_selected_alone(current);
+            return;
+        }
+        for (int row = 0; row < control().count(); ++row) {
+            show_selected(row);
         }
     }
 

@@ -4,7 +4,10 @@
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
+
+#include <cmath>
 
 namespace {
 
@@ -32,7 +35,15 @@ Key_code code_of(int key) {
 
 // Text on a colour that the program sets must be readable in a light and in a dark theme.
 QColor readable_on(const QColor& background) {
-    return qGray(background.rgb()) > 127 ? Qt::black : Qt::white;
+    const auto linear = [](double part) { return std::pow(part, 2.2); };
+    const double luminance = 0.2126 * linear(background.redF()) + 0.7152 * linear(background.greenF()) +
+                             0.0722 * linear(background.blueF());
+    return luminance > 0.179 ? Qt::black : Qt::white;
+}
+
+bool has_one_line(Control_kind kind) {
+    return kind == Control_kind::edit || kind == Control_kind::combo_box || kind == Control_kind::button ||
+           kind == Control_kind::speed_button;
 }
 
 } // namespace
@@ -71,12 +82,15 @@ void View::control_gone() {
 void View::show_all() {
     while_showing([this] {
         show_place();
-        widget_.setToolTip(to_qt(observed()->hint()));
+        show_hint();
         widget_.setEnabled(observed()->enabled());
-        show_colour();
+        if (observed()->colour() != desktop_colour) {
+            show_colour();
+        }
         show_state();
     });
-    if (observed()->kind() != Control_kind::form) {
+    // A window and a page are shown by what holds them.
+    if (observed()->kind() != Control_kind::form && observed()->kind() != Control_kind::tab_sheet) {
         widget_.setVisible(observed()->visible());
     }
 }
@@ -87,13 +101,13 @@ void View::changed(const Change& change) {
 
 void View::show_change(const Change& change) {
     switch (change.aspect) {
-    case Aspect::hint: widget_.setToolTip(to_qt(observed()->hint())); break;
+    case Aspect::hint: show_hint(); break;
     case Aspect::colour: show_colour(); break;
     case Aspect::visible: widget_.setVisible(observed()->visible()); break;
     case Aspect::enabled: widget_.setEnabled(observed()->enabled()); break;
     case Aspect::place: show_place(); break;
     case Aspect::focus:
-        if (!widget_.hasFocus()) {
+        if (!widget_.hasFocus() && !widget_.isAncestorOf(QApplication::focusWidget())) {
             widget_.setFocus();
         }
         break;
@@ -101,11 +115,20 @@ void View::show_change(const Change& change) {
     }
 }
 
+// As rich text a long hint is broken into lines.
+void View::show_hint() {
+    const QString hint = to_qt(observed()->hint());
+    widget_.setToolTip(hint.isEmpty() ? hint : "<qt>" + hint.toHtmlEscaped() + "</qt>");
+    widget_.setAccessibleDescription(hint);
+}
+
 void View::show_place() {
     const Place& place = observed()->place();
     const QFontMetrics metrics = widget_.fontMetrics();
     if (place.width > 0) {
         widget_.setMinimumWidth((place.width + 2) * metrics.averageCharWidth());
+        const bool is_line = has_one_line(observed()->kind());
+        widget_.setMaximumWidth(is_line && place.stretch == 0 ? widget_.minimumWidth() : QWIDGETSIZE_MAX);
     }
     if (place.height > 0) {
         widget_.setMinimumHeight((place.height + 1) * metrics.height());

@@ -7,7 +7,6 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-#include <exception>
 #include <string>
 #include <utility>
 
@@ -21,8 +20,11 @@ public:
     // The host's path of a file that the program names so, and the program's name of a host path. Both UTF-8.
     virtual std::string host_path(const std::string& name) const = 0;
     virtual std::string program_name(const std::string& path) const = 0;
-    // Takes an exception that a handler let out; none may cross Qt's event loop.
-    virtual void keep_exception(std::exception_ptr exception) = 0;
+    // Runs what the user did, and keeps any exception of a handler: none may cross Qt's event loop.
+    virtual void run_action(const std::function<void()>& action) = 0;
+    // The user closes the form's window by its frame.
+    virtual void close(TForm& form) = 0;
+    virtual void hidden(TForm& form) = 0;
 };
 
 QString to_qt(const std::string& text);
@@ -49,7 +51,6 @@ protected:
     // Shows what the kind of control adds to a control's common state.
     virtual void show_state() = 0;
     virtual void show_change(const Change& change);
-    virtual void show_colour();
     // Brings the widget back in line after a user's action that the control may have taken differently.
     virtual void settle() { show_state(); }
     // The control is gone: what still refers to it must not.
@@ -68,11 +69,7 @@ protected:
             return;
         }
         const bool outer = std::exchange(acting_, true);
-        try {
-            action();
-        } catch (...) {
-            context_.keep_exception(std::current_exception());
-        }
+        context_.run_action(action);
         while_showing([this] { settle(); });
         acting_ = outer;
     }
@@ -91,6 +88,8 @@ private:
     }
     bool offer(const QKeyEvent& event);
     bool take_files(QEvent& event);
+    void show_colour();
+    void show_hint();
     void show_place();
 
     View_context& context_;
@@ -116,3 +115,5 @@ private:
 
 // Makes the view of a control, and its widget as a child of `parent`, by the control's kind.
 View& make_view(View_context& context, TControl& control, QWidget* parent);
+// The widget that draws a control, made now if there is none yet.
+QWidget& widget_of(View_context& context, TControl& control, QWidget* parent);

@@ -24,6 +24,10 @@ bool TButton::press(const Key& key) {
     return (key.code == Key_code::enter || key.code == Key_code::space) && click();
 }
 
+bool TSpeedButton::press(const Key& key) {
+    return (key.code == Key_code::enter || key.code == Key_code::space) && click();
+}
+
 bool TSpinArrows::spin(bool upward) {
     if (!begin_action()) {
         return false;

@@ -27,15 +27,19 @@ private:
     bool is_cancel_ = false;
 };
 
-// A button beside others in a bar, which takes no focus and shows whether it is down. Clicking does not
-// change that: the handler says what is down.
+// A button that shows whether it is down. Clicking does not change that: the handler says what is down.
 class TSpeedButton : public TControl {
 public:
     explicit TSpeedButton(std::string name, std::string text = {})
-        : TControl(Control_kind::speed_button, std::move(name), std::move(text)) {}
+        : TControl(Control_kind::speed_button, std::move(name), std::move(text)) {
+        set_takes_focus(true);
+    }
 
     bool down() const { return down_; }
     void set_down(bool down) { assign(down_, down, Aspect::checked); }
+
+protected:
+    bool press(const Key& key) override;
 
 private:
     bool down_ = false;

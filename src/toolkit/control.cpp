@@ -1,6 +1,6 @@
 #include "toolkit/control.h"
 
-#include "toolkit/form.h"
+#include "toolkit/desktop.h"
 
 #include <algorithm>
 
@@ -199,8 +199,12 @@ void TControl::bring_to_front() {
     }
 }
 
+bool TControl::in_reach() const {
+    return usable() && !(current_desktop && current_desktop->holds_input());
+}
+
 bool TControl::begin_action() {
-    if (!usable()) {
+    if (!in_reach()) {
         return false;
     }
     if (takes_focus_) {
@@ -219,15 +223,22 @@ bool TControl::click() {
 }
 
 bool TControl::offer_key(const Key& key) {
-    return usable() && on_key && on_key(key);
+    return in_reach() && on_key && on_key(key);
 }
 
 bool TControl::key(const Key& key) {
     if (!begin_action()) {
         return false;
     }
-    TForm* const holder = form();
-    return offer_key(key) || press(key) || (holder && holder != this && holder->offer_key(key));
+    if (offer_key(key) || press(key)) {
+        return true;
+    }
+    for (TControl* above = parent_; above; above = above->parent_) {
+        if (above->offer_key(key)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool TControl::accepts_files() const {
@@ -235,7 +246,7 @@ bool TControl::accepts_files() const {
 }
 
 bool TControl::drop_files(const std::vector<std::string>& names) {
-    if (!usable() || names.empty()) {
+    if (!in_reach() || names.empty()) {
         return false;
     }
     if (on_drop_files) {

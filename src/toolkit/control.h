@@ -46,7 +46,9 @@ struct Place {
     int stretch = 0; // its share of the room to spare, 0 for none
     int span = 1;    // the columns it takes in a grid
     Align align = Align::fill;
-    int width = 0;  // how many characters it shows at least, 0 for what the desktop thinks fit
+    // How many characters it shows, 0 for what the desktop thinks fit. Buttons and texts of one line that
+    // take no share of the room are just so wide, everything else at least.
+    int width = 0;
     int height = 0; // how many lines it shows at least, 0 likewise
 };
 
@@ -191,14 +193,15 @@ public:
     // What a user does. Each answers whether it could be done; when not, nothing happened.
     virtual bool click();
     // A key pressed with the focus here: the handler of the control sees it first, then the control itself,
-    // then the form.
+    // then what holds it, outward, and last the form.
     bool key(const Key& key);
     // Files from a file manager let go over the control: they go to the innermost control, from this one
     // outward, that has a handler for them.
     bool drop_files(const std::vector<std::string>& names);
     bool accepts_files() const;
 
-    // Offers a key to the control's own handler alone. True when the key is used up.
+    // Offers a key to the control's own handler alone; a form also does what it does itself. True when the
+    // key is used up.
     virtual bool offer_key(const Key& key);
 
     std::function<void()> on_click;
@@ -213,6 +216,8 @@ public:
 protected:
     TControl(Control_kind kind, std::string name, std::string text = {});
 
+    // Whether the user can act on the control at this moment.
+    bool in_reach() const;
     // The user is about to act on the control: gives it the focus if it takes it. False when it may not be.
     bool begin_action();
     void set_takes_focus(bool takes) { takes_focus_ = takes; }
@@ -236,6 +241,8 @@ protected:
     virtual void bring_child_to_front(TControl& child);
     virtual void child_visibility_changed(TControl& child);
     virtual void child_leaves(TControl& child);
+    // Takes the focus from where a user can no longer reach it.
+    void give_up_lost_focus();
     virtual void do_click();
     virtual void do_enter();
     virtual void do_exit();
@@ -247,7 +254,6 @@ private:
     void leave_parent();
     void release_views();
     void release_view();
-    void give_up_lost_focus();
     bool usable_within_form() const;
     TControl* first_to_focus();
 

@@ -36,12 +36,14 @@ void TForm::show() {
 Modal_result TForm::show_modal() {
     modal_ = true;
     modal_result_ = Modal_result::none;
+    const std::unique_ptr<TForm, void (*)(TForm*)> at_the_end(this, [](TForm* form) {
+        form->TControl::set_visible(false);
+        form->modal_ = false;
+    });
     appear();
     if (current_desktop) {
         current_desktop->run_modal(*this);
     }
-    TControl::set_visible(false);
-    modal_ = false;
     return modal_result_ == Modal_result::none ? Modal_result::cancel : modal_result_;
 }
 
@@ -167,7 +169,7 @@ bool TForm::offer_key(const Key& key) {
     if (TControl::offer_key(key)) {
         return true;
     }
-    if (!usable()) {
+    if (!in_reach()) {
         return false;
     }
     switch (key.code) {

@@ -16,8 +16,10 @@ namespace {
 class Line_model : public QAbstractListModel {
 public:
     // Each line has the icon, which may be none.
-    Line_model(const TListBox& list, const QIcon& icon, QObject* parent)
-        : QAbstractListModel(parent), list_(&list), icon_(icon), rows_(list.count()) {}
+    Line_model(const TListBox& list, const QIcon& icon, QWidget* view)
+        : QAbstractListModel(view), list_(&list), view_(*view), icon_(icon), rows_(list.count()) {
+        measure_all();
+    }
 
     void let_go() {
         beginResetModel();
@@ -29,24 +31,26 @@ public:
     void show(const Change& change) {
         const int last = change.first + change.count - 1;
         switch (change.aspect) {
-        case Aspect::lines_inserted:
-            beginInsertRows({}, change.first, last);
-            rows_ += change.count;
-            endInsertRows();
+        case Aspect::lines_inserted: insert(change.first, last); break;
+        case Aspect::lines_removed: remove(change.first, last); break;
+        case Aspect::lines_changed: {
+            // Without roles the whole list is laid out anew.
+            const bool wider = measure(change.first, last);
+            emit dataChanged(index(change.first), index(last),
+                             wider ? QList<int>() : QList<int>{Qt::DisplayRole});
             break;
-        case Aspect::lines_removed:
-            beginRemoveRows({}, change.first, last);
-            rows_ -= change.count;
-            endRemoveRows();
-            break;
-        case Aspect::lines_changed: emit dataChanged(index(change.first), index(last)); break;
+        }
         default:
             beginResetModel();
             rows_ = list_->count();
+            measure_all();
             endResetModel();
             break;
         }
     }
+
+    // The line with the longest text: how wide all are.
+    int widest_row() const { return widest_row_; }
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
 
@@ -72,9 +76,54 @@ public:
     }
 
 private:
+    void insert(int first, int last) {
+        beginInsertRows({}, first, last);
+        rows_ += last - first + 1;
+        if (widest_row_ >= first) {
+            widest_row_ += last - first + 1;
+        }
+        measure(first, last);
+        endInsertRows();
+    }
+
+    void remove(int first, int last) {
+        beginRemoveRows({}, first, last);
+        rows_ -= last - first + 1;
+        if (widest_row_ > last) {
+            widest_row_ -= last - first + 1;
+        } else if (widest_row_ >= first) {
+            measure_all();
+        }
+        endRemoveRows();
+    }
+
+    void measure_all() {
+        widest_row_ = 0;
+        widest_ = 0;
+        measure(0, rows_ - 1);
+    }
+
+    // Answers whether a line is the widest so far.
+    bool measure(int first, int last) {
+        const QFontMetrics metrics = view_.fontMetrics();
+        bool wider = false;
+        for (int row = first; row <= last; ++row) {
+            const int width = metrics.horizontalAdvance(to_qt(list_->line(row).text));
+            if (width > widest_) {
+                widest_ = width;
+                widest_row_ = row;
+                wider = true;
+            }
+        }
+        return wider;
+    }
+
     const TListBox* list_;
+    const QWidget& view_;
     QIcon icon_;
     int rows_;
+    int widest_row_ = 0;
+    int widest_ = 0;
 };
 
 // Gives the lines some air, and says where a line's check box is drawn.
@@ -83,7 +132,9 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
+        const auto& lines = static_cast<const Line_model&>(*index.model());
+        return QStyledItemDelegate::sizeHint(option, lines.index(lines.widest_row())) +
+               QSize(0, option.fontMetrics.height() / 4);
     }
 
     QRect check_box(const QListView& view, const QModelIndex& index, QStyleOptionViewItem option) const {
@@ -104,19 +155,29 @@ public:
     }
 
     std::function<void(int row)> on_toggle;
-    std::function<void(int row)> on_click_again; // a click on the line that has the cursor already
+    std::function<void(int row)> on_click_again; // a click on the line that is selected already
 
 protected:
+    // Left alone, the list lays out and paints all its lines for a change of one.
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override {
+        if (first == last && !roles.isEmpty()) {
+            update(first);
+        } else {
+            QListView::dataChanged(first, last, roles);
+        }
+    }
+
     void mousePressEvent(QMouseEvent* event) override {
         const QModelIndex hit = check_box_at(*event);
         if (hit.isValid()) {
             on_toggle(hit.row());
             return;
         }
-        const int before = currentIndex().row();
+        const QModelIndex index = indexAt(event->position().toPoint());
+        const bool again = selectionMode() == SingleSelection && selectionModel()->isSelected(index);
+        const int row = index.row();
         QListView::mousePressEvent(event);
-        const int row = indexAt(event->position().toPoint()).row();
-        if (row >= 0 && row == before && selectionMode() == SingleSelection) {
+        if (again) {
             on_click_again(row);
         }
     }

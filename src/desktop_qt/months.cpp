@@ -35,9 +35,11 @@ public:
         table.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         table.setMinimumSize(table.fontMetrics().horizontalAdvance("0000") * weekdays + 2,
                              table.fontMetrics().height() * 5 / 4 * (weeks + 1) + 8);
-        connect(&table, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* item) {
-            if (item && !item->text().isEmpty()) {
-                act([&] { this->control().pick(day_at(*item)); });
+        connect(&table, &QTableWidget::itemSelectionChanged, this, [this] {
+            const QList<QTableWidgetItem*> selected = widget().selectedItems();
+            if (!selected.isEmpty()) {
+                const int day = day_at(*selected.first());
+                act([&] { this->control().pick(day); });
             }
         });
     }

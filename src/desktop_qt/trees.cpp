@@ -17,9 +17,11 @@ public:
         : View_of(context, control, *new QTreeWidget(parent)) {
         widget().header()->hide();
         connect(&widget(), &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { open(*item); });
-        connect(&widget(), &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-            if (item) {
-                act([&] { this->control().select(from_qt(item->data(0, path_role).toString())); });
+        connect(&widget(), &QTreeWidget::itemSelectionChanged, this, [this] {
+            const QList<QTreeWidgetItem*> selected = widget().selectedItems();
+            if (!selected.isEmpty()) {
+                const std::string path = from_qt(selected.first()->data(0, path_role).toString());
+                act([&] { this->control().select(path); });
             }
         });
     }

@@ -4,6 +4,7 @@
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -61,6 +62,9 @@ View::View(View_context& context, TControl& control, QWidget& widget)
     ++views_alive;
     widget.setObjectName(to_qt(control.name()));
     watch(widget);
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget)) {
+        watch(*area->viewport());
+    }
 }
 
 View::~View() {
@@ -156,6 +160,7 @@ void View::show_colour() {
 
 void View::watch(QWidget& inner) {
     inner.installEventFilter(this);
+    inner.setAcceptDrops(true);
 }
 
 bool View::eventFilter(QObject* watched, QEvent* event) {

@@ -1,6 +1,13 @@
 #include "trees/suite_directory.h"
 
+#include <cstdlib>
+
 TVS::Suite_Directory* suite_directory = nullptr;
+
+std::string suite_web_address() {
+    const char* address = std::getenv("TVS_WEB_ADDRESS");
+    return address == nullptr ? "http://example.org/TVS_suite" : address;
+}
 
 namespace {
 

@@ -155,5 +155,9 @@ private:
 
 } // namespace TVS
 
+// The address of the suite's site, under which its documentation mirrors the suite's own folders: what the
+// environment variable TVS_WEB_ADDRESS says, or one that only stands for such an address.
+std::string suite_web_address();
+
 // The suite that this program belongs to; null before the start.
 extern TVS::Suite_Directory* suite_directory;

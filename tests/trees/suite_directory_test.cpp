@@ -69,7 +69,8 @@ TEST_F(Suite_directory_test, every_program_has_its_place_below_the_root) {
     EXPECT_EQ(tilverra.get_model_exe(), "C:\\Suite\\Tilverra\\tilverra_4.exe");
     drives.write("Suite/Tilverra/tilverra_5.exe");
     EXPECT_EQ(tilverra.get_model_exe(), "C:\\Suite\\Tilverra\\tilverra_4.exe");
-    EXPECT_EQ(TVS::Tilverra_Directory(TESK::Directory_name(tilverra)).get_model_exe(), "C:\\Suite\\Tilverra\\tilverra_5.exe");
+    EXPECT_EQ(TVS::Tilverra_Directory(TESK::Directory_name(tilverra)).get_model_exe(),
+              "C:\\Suite\\Tilverra\\tilverra_5.exe");
 }
 
 TEST_F(Suite_directory_test, a_page_is_the_file_of_its_topic_or_the_index_of_its_folder) {
@@ -98,7 +99,7 @@ TEST_F(Suite_directory_test, documentation_moves_to_the_web_with_the_root_that_i
     Documentation_directory pages(File_name("C:\\Suite\\Tilverra\\project_editor.exe"));
     pages.rebase_to_URL("http://example.org/TVS_suite", "C:\\elsewhere");
     EXPECT_EQ(pages, "C:\\Suite\\Tilverra\\project_editor");
-    pages.rebase_to_URL("http://example.org/TVS_suite", "c:\\suite");
+    pages.rebase_to_URL(suite_web_address().c_str(), "c:\\suite");
     EXPECT_EQ(pages, "http://example.org/TVS_suite/Tilverra/project_editor");
     EXPECT_EQ(pages.get_page(Documentation_topic::help),
               "http://example.org/TVS_suite/Tilverra/project_editor\\help.htm");

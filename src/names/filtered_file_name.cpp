@@ -18,8 +18,9 @@ Filtered_file_name::Filtered_file_name(const char* name, const char* extension, 
     : Smart_file_name(name) {
     const std::string own_extension = get_ext().substr(get_ext().empty() ? 0 : 1);
     const std::string type = extension == nullptr ? own_extension : extension;
-    // The extension alone is no name. An extension that is there already stays as it is spelt.
-    if (!empty() && !has_ext(type.c_str()) && !exists())
+    // The extension alone is no name, and "<" stands for none. An extension that is there already stays as it
+    // is spelt. Only what is left is worth a look at the disk.
+    if (!empty() && !starts_with('<') && !has_ext(type.c_str()) && !exists())
         set_ext(type.c_str());
     if (description != nullptr || filter != nullptr)
         add_file_type(type.c_str(), description, filter == nullptr ? ("*." + type).c_str() : filter);

@@ -1,0 +1,243 @@
+// The views of what holds other controls, except forms.
+#include "desktop_qt/containers.h"
+
+#include "desktop_qt/views.h"
+#include "toolkit/label.h"
+#include "toolkit/page_control.h"
+
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QGroupBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
+
+namespace {
+
+Qt::Alignment alignment_of(Align align, bool across) {
+    switch (align) {
+    case Align::start: return across ? Qt::AlignLeft : Qt::AlignTop;
+    case Align::middle: return across ? Qt::AlignHCenter : Qt::AlignVCenter;
+    case Align::end: return across ? Qt::AlignRight : Qt::AlignBottom;
+    default: return {};
+    }
+}
+
+// Where no child asks for the room to spare, those get it that can use it, or else the end of the container.
+void fill_box(View_context& context, TContainer& container, QWidget& widget, QBoxLayout& layout) {
+    const bool is_row = container.layout() == Layout::row;
+    const Qt::Orientation along = is_row ? Qt::Horizontal : Qt::Vertical;
+    const auto& children = container.children();
+    const bool asked = std::any_of(children.begin(), children.end(),
+                                   [](const TControl* child) { return child->place().stretch > 0; });
+    for (TControl* child : children) {
+        const Place& place = child->place();
+        layout.addWidget(&widget_of(context, *child, &widget), place.stretch,
+                         alignment_of(place.align, !is_row));
+        const int last = layout.count() - 1;
+        if (!asked && layout.itemAt(last)->expandingDirections().testFlag(along)) {
+            layout.setStretch(last, 1);
+        }
+    }
+    layout.addItem(is_row ? new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum)
+                          : new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
+}
+
+void fill_grid(View_context& context, TContainer& container, QWidget& widget, QGridLayout& layout) {
+    int row = 0;
+    int column = 0;
+    for (TControl* child : container.children()) {
+        const Place& place = child->place();
+        const int span = std::clamp(place.span, 1, container.columns());
+        if (column + span > container.columns()) {
+            ++row;
+            column = 0;
+        }
+        layout.addWidget(&widget_of(context, *child, &widget), row, column, 1, span,
+                         alignment_of(place.align, true));
+        layout.setRowStretch(row, std::max(layout.rowStretch(row), place.stretch));
+        column += span;
+    }
+    layout.addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding), row + 1, 0);
+}
+
+// A label that names the control behind it leads there, and is what that control is called.
+void connect_labels(const TContainer& container) {
+    const auto& children = container.children();
+    for (std::size_t i = 0; i + 1 < children.size(); ++i) {
+        if (children[i]->kind() == Control_kind::label &&
+            static_cast<const TLabel*>(children[i])->names_next()) {
+            QWidget& named = static_cast<View*>(children[i + 1]->view())->widget();
+            auto& label = static_cast<QLabel&>(static_cast<View*>(children[i]->view())->widget());
+            label.setBuddy(&named);
+            named.setAccessibleName(label.text());
+        }
+    }
+}
+
+class Panel_view : public View_of<TContainer, QWidget> {
+public:
+    Panel_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QWidget(parent)) {}
+
+protected:
+    void show_state() override { lay_out(context(), control(), widget()); }
+    void settle() override {}
+};
+
+class Group_view : public View_of<TContainer, QGroupBox> {
+public:
+    Group_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QGroupBox(parent)) {}
+
+protected:
+    void show_state() override {
+        widget().setTitle(to_qt(control().text()));
+        lay_out(context(), control(), widget());
+    }
+    void show_change(const Change& change) override {
+        if (change.aspect == Aspect::text) {
+            widget().setTitle(to_qt(control().text()));
+        } else {
+            View::show_change(change);
+        }
+    }
+    void settle() override {}
+};
+
+// A page scrolls where the window is too small for it. Whether it is visible, and its caption, are its tab's.
+class Sheet_view : public View_of<TTabSheet, QScrollArea> {
+public:
+    Sheet_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QScrollArea(parent)) {
+        widget().setFrameShape(QFrame::NoFrame);
+        widget().setWidgetResizable(true);
+        widget().setFocusPolicy(Qt::NoFocus);
+        widget().setWidget(new QWidget);
+        widget().viewport()->setAutoFillBackground(false);
+        widget().widget()->setAutoFillBackground(false);
+    }
+
+protected:
+    void show_state() override { lay_out(context(), control(), *widget().widget()); }
+
+    void show_change(const Change& change) override {
+        switch (change.aspect) {
+        case Aspect::children: show_state(); break;
+        case Aspect::text:
+        case Aspect::visible:
+        case Aspect::enabled: show_tab(change); break;
+        default: View::show_change(change); break;
+        }
+    }
+    void settle() override {}
+
+private:
+    void show_tab(const Change& change);
+};
+
+class Page_control_view : public View_of<TPageControl, QTabWidget> {
+public:
+    Page_control_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QTabWidget(parent)) {
+        widget().setTabPosition(this->control().tabs_below() ? QTabWidget::South : QTabWidget::North);
+        widget().setDocumentMode(false);
+        widget().tabBar()->setUsesScrollButtons(true);
+        watch(*widget().tabBar());
+        connect(&widget(), &QTabWidget::currentChanged, this, [this](int index) {
+            act([&] {
+                if (index >= 0 && index < static_cast<int>(this->control().children().size())) {
+                    this->control().select_page(page(index));
+                }
+            });
+        });
+    }
+
+    void show_tabs() {
+        const int count = static_cast<int>(control().children().size());
+        for (int index = 0; index < count; ++index) {
+            const TTabSheet& sheet = page(index);
+            widget().setTabText(index, to_qt(sheet.text()));
+            widget().setTabToolTip(index, to_qt(sheet.hint()));
+            widget().setTabEnabled(index, sheet.enabled());
+            widget().setTabVisible(index, sheet.visible());
+        }
+    }
+
+protected:
+    void show_state() override {
+        while (widget().count() > 0) {
+            widget().removeTab(0);
+        }
+        for (TControl* child : control().children()) {
+            widget().addTab(&widget_of(context(), *child, &widget()), QString());
+        }
+        show_tabs();
+        show_page();
+    }
+
+    void show_change(const Change& change) override {
+        if (change.aspect == Aspect::page) {
+            show_page();
+        } else if (change.aspect == Aspect::focus) {
+            widget().tabBar()->setFocus();
+        } else {
+            View::show_change(change);
+        }
+    }
+    void settle() override { show_page(); }
+
+private:
+    TTabSheet& page(int index) const {
+        return static_cast<TTabSheet&>(*control().children()[static_cast<std::size_t>(index)]);
+    }
+    void show_page() {
+        if (control().active_index() >= 0) {
+            widget().setCurrentIndex(control().active_index());
+        }
+    }
+};
+
+void Sheet_view::show_tab(const Change& change) {
+    if (change.aspect == Aspect::enabled) {
+        widget().setEnabled(control().enabled());
+    }
+    if (control().parent() && control().parent()->view()) {
+        control().parent()->view()->changed({Aspect::state});
+    }
+}
+
+} // namespace
+
+void lay_out(View_context& context, TContainer& container, QWidget& widget) {
+    delete widget.layout();
+    if (container.layout() == Layout::grid) {
+        auto& layout = *new QGridLayout(&widget);
+        fill_grid(context, container, widget, layout);
+    } else {
+        const bool is_row = container.layout() == Layout::row;
+        auto& layout = *new QBoxLayout(is_row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, &widget);
+        fill_box(context, container, widget, layout);
+    }
+    if (container.kind() == Control_kind::panel) {
+        widget.layout()->setContentsMargins(0, 0, 0, 0);
+    }
+    connect_labels(container);
+}
+
+View& make_panel_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Panel_view(context, control, parent);
+}
+
+View& make_group_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Group_view(context, control, parent);
+}
+
+View& make_sheet_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Sheet_view(context, control, parent);
+}
+
+View& make_page_control_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Page_control_view(context, control, parent);
+}

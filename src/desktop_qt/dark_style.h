@@ -1,0 +1,16 @@
+// Qt's own style draws the frame of a check box or radio button in the shade of a dark window, where it
+// cannot be seen. This draws it lighter.
+#pragma once
+
+#include <QtWidgets/QProxyStyle>
+
+class Dark_style : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+
+    // Puts the style in place where it is needed: Qt's own style in a dark theme.
+    static void use_where_needed();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};

@@ -1,0 +1,109 @@
+// The desktop's own dialogs: messages and file names.
+#include "desktop_qt/qt_desktop.h"
+#include "desktop_qt/usual_pointer.h"
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+
+namespace {
+
+struct Button {
+    QMessageBox::StandardButton shown;
+    Modal_result result;
+};
+
+constexpr Button buttons[] = {
+    {QMessageBox::Ok, Modal_result::ok},         {QMessageBox::Cancel, Modal_result::cancel},
+    {QMessageBox::Yes, Modal_result::yes},       {QMessageBox::No, Modal_result::no},
+    {QMessageBox::Abort, Modal_result::abort},   {QMessageBox::Retry, Modal_result::retry},
+    {QMessageBox::Ignore, Modal_result::ignore},
+};
+
+QMessageBox::StandardButtons shown_buttons(Button_set set) {
+    switch (set) {
+    case Button_set::ok_cancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case Button_set::yes_no: return QMessageBox::Yes | QMessageBox::No;
+    case Button_set::yes_no_cancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Button_set::abort_retry_ignore: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    default: return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon icon_of(Button_set set) {
+    switch (set) {
+    case Button_set::ok: return QMessageBox::Information;
+    case Button_set::abort_retry_ignore: return QMessageBox::Warning;
+    default: return QMessageBox::Question;
+    }
+}
+
+// "Text (*.a;*.b)|*.a;*.b|Any|*.*" as Qt writes it: "Text (*.a *.b)", "Any (*)".
+QStringList name_filters(const std::string& filter) {
+    const QStringList parts = to_qt(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString description = parts[i].section('(', 0, 0).trimmed();
+        QStringList wildcards = parts[i + 1].split(';', Qt::SkipEmptyParts);
+        wildcards.replaceInStrings("*.*", "*");
+        filters.append(description + " (" + wildcards.join(' ') + ")");
+    }
+    return filters;
+}
+
+} // namespace
+
+Modal_result Qt_desktop::message_box(const Message& message) {
+    const Usual_pointer usual;
+    QWidget* const parent = QApplication::activeWindow();
+    QMessageBox box(parent);
+    box.setIcon(icon_of(message.buttons));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(to_qt(message.text));
+    box.setWindowTitle(!message.title.empty() ? to_qt(message.title)
+                       : parent               ? parent->windowTitle()
+                                              : QString());
+    box.setStandardButtons(shown_buttons(message.buttons));
+    const int pressed = box.exec();
+    throw_kept();
+    for (const Button& button : buttons) {
+        if (button.shown == pressed) {
+            return button.result;
+        }
+    }
+    return Modal_result::cancel;
+}
+
+bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
+    const Usual_pointer usual;
+    QFileDialog dialog(QApplication::activeWindow(), to_qt(asked.title));
+    const bool saves = asked.purpose == TFileDialog::Purpose::save;
+    dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(asked.multi_select ? QFileDialog::ExistingFiles
+                       : asked.must_exist ? QFileDialog::ExistingFile
+                                          : QFileDialog::AnyFile);
+    // The program asks itself before it replaces a file; drives are links, and names keep them.
+    dialog.setOptions(QFileDialog::DontConfirmOverwrite | QFileDialog::DontResolveSymlinks);
+    dialog.setNameFilters(name_filters(asked.filter));
+    if (asked.default_extension != "*") {
+        dialog.setDefaultSuffix(to_qt(asked.default_extension));
+    }
+    if (!asked.initial_folder.empty()) {
+        dialog.setDirectory(to_qt(host_path(asked.initial_folder)));
+    }
+    if (!asked.file_name.empty()) {
+        // A bare name is one in the folder just set.
+        const bool is_bare = asked.file_name.find_first_of("\\/:") == std::string::npos;
+        dialog.selectFile(to_qt(is_bare ? asked.file_name : host_path(asked.file_name)));
+    }
+    const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    throw_kept();
+    if (accepted) {
+        asked.files.clear();
+        for (const QString& path : dialog.selectedFiles()) {
+            asked.files.push_back(program_name(from_qt(path)));
+        }
+        asked.file_name = asked.files.front();
+    }
+    return accepted;
+}

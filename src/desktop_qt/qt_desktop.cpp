@@ -1,0 +1,218 @@
+#include "desktop_qt/qt_desktop.h"
+
+#include "desktop_qt/dark_style.h"
+#include "desktop_qt/usual_pointer.h"
+#include "toolkit/timer.h"
+
+#include <QtCore/QTimer>
+#include <QtGui/QCursor>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QMenu>
+
+namespace {
+
+// Drops what the user does while the program paints in the middle of an operation. Closing a window stays.
+class Input_stop : public QObject {
+public:
+    Input_stop() { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::InputMethod:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletRelease:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop: return true;
+        default: return false;
+        }
+    }
+};
+
+} // namespace
+
+Qt_desktop::Qt_desktop(Host_functions host) : host_(std::move(host)) {
+    // The main form says when the program ends.
+    QApplication::setQuitOnLastWindowClosed(false);
+    Dark_style::use_where_needed();
+}
+
+// Windows whose form is gone are deleted when Qt comes round to it; this is the last time.
+Qt_desktop::~Qt_desktop() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget& Qt_desktop::window_of(TForm& form) {
+    return widget_of(*this, form, form.modal() ? QApplication::activeWindow() : nullptr);
+}
+
+void Qt_desktop::show(TForm& form) {
+    QWidget& window = window_of(form);
+    show_focus(form);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void Qt_desktop::show_focus(TForm& form) {
+    TControl* const focused = form.focused_control();
+    if (focused && focused->view()) {
+        focused->view()->changed({Aspect::focus});
+    }
+}
+
+void Qt_desktop::run_modal(TForm& form) {
+    auto& dialog = static_cast<QDialog&>(window_of(form));
+    show_focus(form);
+    const Usual_pointer usual;
+    dialogs_.push_back(&dialog);
+    dialog.exec();
+    dialogs_.pop_back();
+    throw_kept();
+}
+
+void Qt_desktop::run(TForm& main_form) {
+    main_form_ = &main_form;
+    main_form.show();
+    if (main_form.visible() && !kept_) {
+        QApplication::exec();
+    }
+    main_form_ = nullptr;
+    throw_kept();
+}
+
+void Qt_desktop::hidden(TForm& form) {
+    if (&form == main_form_) {
+        QCoreApplication::exit();
+    }
+}
+
+int Qt_desktop::choose(const TPopupMenu& menu, int rise) {
+    QMenu shown;
+    for (const Menu_item& item : menu.items) {
+        shown.addAction(to_qt(item.text))->setEnabled(item.enabled);
+    }
+    const Usual_pointer usual;
+    const int chosen =
+        static_cast<int>(shown.actions().indexOf(shown.exec(QCursor::pos() - QPoint(0, rise))));
+    throw_kept();
+    return chosen;
+}
+
+void Qt_desktop::run_action(const std::function<void()>& action) {
+    ++running_actions_;
+    try {
+        action();
+    } catch (...) {
+        kept_ = std::current_exception();
+        if (dialogs_.empty()) {
+            QCoreApplication::exit();
+        } else {
+            dialogs_.back()->hide();
+        }
+    }
+    if (--running_actions_ == 0) {
+        close_waiting();
+    }
+}
+
+void Qt_desktop::throw_kept() {
+    if (kept_) {
+        std::rethrow_exception(std::exchange(kept_, nullptr));
+    }
+}
+
+void Qt_desktop::close(TForm& form) {
+    if (holds_input()) {
+        waiting_to_close_.emplace_back(&window_of(form));
+    } else {
+        run_action([&] { form.close(); });
+    }
+}
+
+void Qt_desktop::close_waiting() {
+    for (const QPointer<QWidget>& window : std::exchange(waiting_to_close_, {})) {
+        if (window) {
+            window->close();
+        }
+    }
+}
+
+bool Qt_desktop::paint_pending() {
+    const Input_stop stop;
+    QCoreApplication::processEvents();
+    return waiting_to_close_.empty();
+}
+
+void Qt_desktop::set_busy(bool busy) {
+    if (busy) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void Qt_desktop::minimise() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && qobject_cast<QDialog*>(window)) {
+            window->setWindowState(window->windowState() | Qt::WindowMinimized);
+        }
+    }
+}
+
+void Qt_desktop::restore() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isMinimized()) {
+            window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+        }
+    }
+}
+
+void Qt_desktop::start_timer(TTimer& timer) {
+    std::unique_ptr<QTimer>& clock = timers_[&timer];
+    if (!clock) {
+        clock = std::make_unique<QTimer>();
+        QObject::connect(clock.get(), &QTimer::timeout, clock.get(),
+                         [this, &timer] { run_action([&] { timer.fire(); }); });
+    }
+    clock->start(std::max(timer.interval(), 1));
+}
+
+void Qt_desktop::stop_timer(TTimer& timer) {
+    const auto found = timers_.find(&timer);
+    if (found != timers_.end()) {
+        // The clock may be the one that is telling the time at this moment.
+        found->second->stop();
+        found->second.release()->deleteLater();
+        timers_.erase(found);
+    }
+}
+
+void Qt_desktop::open_web_address(const std::string& address) {
+    if (host_.open_web_address) {
+        host_.open_web_address(address);
+    }
+}
+
+std::string Qt_desktop::host_path(const std::string& name) const {
+    return host_.host_path ? host_.host_path(name) : name;
+}
+
+std::string Qt_desktop::program_name(const std::string& path) const {
+    return host_.program_name ? host_.program_name(path) : path;
+}

@@ -1,0 +1,330 @@
+// The views of what text is typed into. The widget does the editing; the control says what it comes to.
+#include "desktop_qt/views.h"
+#include "toolkit/combo_box.h"
+
+#include <QtGui/QFocusEvent>
+#include <QtGui/QFontDatabase>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+
+namespace {
+
+// Positions of a control count characters, those of Qt count UTF-16 units.
+int to_characters(const QString& text, qsizetype units) {
+    int characters = 0;
+    for (qsizetype i = 0; i < units && i < text.size(); ++i) {
+        characters += text[i].isLowSurrogate() ? 0 : 1;
+    }
+    return characters;
+}
+
+int to_units(const QString& text, int characters) {
+    int units = 0;
+    for (; units < text.size() && (characters > 0 || text[units].isLowSurrogate()); ++units) {
+        characters -= text[units].isLowSurrogate() ? 0 : 1;
+    }
+    return units;
+}
+
+// Where the selection of an edit begins, in characters; its caret is at the other end.
+int anchor_of(const TCustomEdit& edit) {
+    const int start = edit.selection_start();
+    return edit.caret() == start ? start + edit.selection_length() : start;
+}
+
+// The part in which two texts differ: what of the first is replaced by what.
+struct Difference {
+    Difference(const QString& shown, const QString& wanted) {
+        const qsizetype shorter = std::min(shown.size(), wanted.size());
+        qsizetype head = 0;
+        while (head < shorter && shown[head] == wanted[head]) {
+            ++head;
+        }
+        qsizetype tail = 0;
+        while (tail < shorter - head && shown[shown.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
+            ++tail;
+        }
+        start = static_cast<int>(head);
+        end = static_cast<int>(shown.size() - tail);
+        text = wanted.mid(head, wanted.size() - tail - head);
+    }
+
+    int start;
+    int end;
+    QString text;
+};
+
+// What an edit and the text of a combo box have in common.
+class Line_view : public View_of<TCustomEdit, QWidget> {
+protected:
+    // Without a line there is no text to type.
+    Line_view(View_context& context, TControl& control, QWidget& widget, QLineEdit* line)
+        : View_of(context, control, widget), line_(line) {
+        if (!line) {
+            return;
+        }
+        connect(line, &QLineEdit::textEdited, this, [this](const QString& text) {
+            act([&] {
+                this->control().edit_text(from_qt(text), to_characters(text, line_->cursorPosition()));
+            });
+        });
+        connect(line, &QLineEdit::cursorPositionChanged, this, [this] { report_selection(); });
+        connect(line, &QLineEdit::selectionChanged, this, [this] { report_selection(); });
+    }
+
+    void show_state() override {
+        if (line_) {
+            line_->setReadOnly(control().read_only());
+            line_->setAlignment((control().right_aligned() ? Qt::AlignRight : Qt::AlignLeft) |
+                                Qt::AlignVCenter);
+            show_text();
+            show_caret();
+        }
+    }
+
+    void show_change(const Change& change) override {
+        if (line_ && change.aspect == Aspect::text) {
+            show_text();
+        } else if (change.aspect == Aspect::caret) {
+            show_caret();
+        } else {
+            View::show_change(change);
+        }
+    }
+
+    void settle() override {
+        show_text();
+        show_caret();
+    }
+
+    // A click that brings the focus would set the caret at once and so undo what entering selected.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn) {
+            came_by_mouse_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(came_by_mouse_, false)) {
+            if (line_ && (line_->hasSelectedText() || control().selection_length() == 0)) {
+                report_selection();
+            } else {
+                act([] {});
+            }
+        }
+        return View::eventFilter(watched, event);
+    }
+
+private:
+    void report_selection() {
+        const QString text = line_->text();
+        // What is not yet told of an edit will tell the caret too; leaving a line deselects it.
+        if (!line_->hasFocus() || came_by_mouse_ || text != to_qt(control().text())) {
+            return;
+        }
+        const int caret = line_->cursorPosition();
+        const int start = line_->hasSelectedText() ? line_->selectionStart() : caret;
+        const int anchor = start == caret ? caret + static_cast<int>(line_->selectedText().size()) : start;
+        act([&] { control().select_text(to_characters(text, anchor), to_characters(text, caret)); });
+    }
+
+    void show_text() {
+        const QString wanted = to_qt(control().text());
+        if (!line_ || line_->text() == wanted) {
+            return;
+        }
+        if (!acting()) {
+            line_->setText(wanted);
+            return;
+        }
+        // Only what differs is replaced, so that the user can still undo what they typed.
+        const Difference difference(line_->text(), wanted);
+        line_->setSelection(difference.start, difference.end - difference.start);
+        line_->insert(difference.text);
+    }
+
+    void show_caret() {
+        if (!line_) {
+            return;
+        }
+        const QString text = line_->text();
+        const int caret = to_units(text, control().caret());
+        const int anchor = to_units(text, anchor_of(control()));
+        if (anchor != caret) {
+            line_->setSelection(anchor, caret - anchor);
+        } else if (line_->cursorPosition() != caret || line_->hasSelectedText()) {
+            line_->deselect();
+            line_->setCursorPosition(caret);
+        }
+    }
+
+    QLineEdit* line_;
+    bool came_by_mouse_ = false;
+};
+
+class Edit_view : public Line_view {
+public:
+    Edit_view(View_context& context, TControl& control, QLineEdit& line)
+        : Line_view(context, control, line, &line) {}
+};
+
+class Combo_view : public Line_view {
+public:
+    Combo_view(View_context& context, TControl& control, QComboBox& box)
+        : Line_view(context, control, box, box.lineEdit()), box_(box) {
+        box.setInsertPolicy(QComboBox::NoInsert);
+        // A wheel that scrolls the page must not change a value on the way.
+        box.setFocusPolicy(Qt::StrongFocus);
+        if (box.lineEdit()) {
+            box.setCompleter(nullptr);
+            watch(*box.lineEdit());
+        }
+        connect(&box, &QComboBox::activated, this,
+                [this](int index) { act([&] { combo().select(index); }); });
+    }
+
+protected:
+    void show_state() override {
+        QStringList items;
+        for (const std::string& item : combo().items()) {
+            items.append(to_qt(item));
+        }
+        if (items != shown_) {
+            shown_ = items;
+            box_.clear();
+            box_.addItems(items);
+        }
+        show_index();
+        Line_view::show_state();
+    }
+
+    void show_change(const Change& change) override {
+        if (change.aspect == Aspect::text) {
+            show_index();
+        }
+        Line_view::show_change(change);
+    }
+
+    void settle() override {
+        show_index();
+        Line_view::settle();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Wheel && !box_.hasFocus()) {
+            event->ignore();
+            return true;
+        }
+        return Line_view::eventFilter(watched, event);
+    }
+
+private:
+    TComboBox& combo() const { return static_cast<TComboBox&>(control()); }
+
+    // Qt sets the text of the line with the index, which would undo what is being typed.
+    void show_index() {
+        const int index = combo().item_index();
+        if (index != box_.currentIndex() && !(box_.lineEdit() && acting())) {
+            box_.setCurrentIndex(index);
+        }
+    }
+
+    QComboBox& box_;
+    QStringList shown_;
+};
+
+class Memo_view : public View_of<TCustomEdit, QPlainTextEdit> {
+public:
+    Memo_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QPlainTextEdit(parent)) {
+        widget().setTabChangesFocus(true);
+        connect(&widget(), &QPlainTextEdit::textChanged, this, [this] { report_text(); });
+        connect(&widget(), &QPlainTextEdit::cursorPositionChanged, this, [this] { report_selection(); });
+        connect(&widget(), &QPlainTextEdit::selectionChanged, this, [this] { report_selection(); });
+    }
+
+protected:
+    void show_state() override {
+        widget().setReadOnly(control().read_only());
+        if (control().fixed_pitch()) {
+            widget().setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+            widget().setLineWrapMode(QPlainTextEdit::NoWrap);
+        }
+        settle();
+    }
+
+    void show_change(const Change& change) override {
+        switch (change.aspect) {
+        case Aspect::text: show_text(); break;
+        case Aspect::caret: show_caret(); break;
+        default: View::show_change(change); break;
+        }
+    }
+
+    void settle() override {
+        show_text();
+        show_caret();
+    }
+
+private:
+    void report_text() {
+        const QString text = widget().toPlainText();
+        act([&] {
+            control().edit_text(from_qt(text), to_characters(text, widget().textCursor().position()));
+        });
+    }
+
+    void report_selection() {
+        const QString text = widget().toPlainText();
+        if (!widget().hasFocus() || text != to_qt(control().text())) {
+            return;
+        }
+        const QTextCursor cursor = widget().textCursor();
+        act([&] {
+            control().select_text(to_characters(text, cursor.anchor()),
+                                  to_characters(text, cursor.position()));
+        });
+    }
+
+    void show_text() {
+        const QString shown = widget().toPlainText();
+        const QString wanted = to_qt(control().text());
+        if (shown == wanted) {
+            return;
+        }
+        if (!acting()) {
+            widget().setPlainText(wanted);
+            return;
+        }
+        const Difference difference(shown, wanted);
+        QTextCursor cursor(widget().document());
+        cursor.setPosition(difference.start);
+        cursor.setPosition(difference.end, QTextCursor::KeepAnchor);
+        cursor.insertText(difference.text);
+    }
+
+    void show_caret() {
+        const QString text = widget().toPlainText();
+        QTextCursor cursor = widget().textCursor();
+        const int caret = to_units(text, control().caret());
+        const int anchor = to_units(text, anchor_of(control()));
+        if (cursor.position() != caret || cursor.anchor() != anchor) {
+            cursor.setPosition(anchor);
+            cursor.setPosition(caret, QTextCursor::KeepAnchor);
+            widget().setTextCursor(cursor);
+        }
+    }
+};
+
+} // namespace
+
+View& make_edit_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Edit_view(context, control, *new QLineEdit(parent));
+}
+
+View& make_combo_view(View_context& context, TControl& control, QWidget* parent) {
+    auto& box = *new QComboBox(parent);
+    box.setEditable(static_cast<TComboBox&>(control).editable());
+    return *new Combo_view(context, control, box);
+}
+
+View& make_memo_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Memo_view(context, control, parent);
+}

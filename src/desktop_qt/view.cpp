@@ -1,0 +1,203 @@
+#include "desktop_qt/view.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
+#include <QtGui/QDropEvent>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <cmath>
+
+namespace {
+
+int views_alive = 0;
+
+Key_code code_of(int key) {
+    switch (key) {
+    case Qt::Key_Backspace: return Key_code::backspace;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return Key_code::tab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return Key_code::enter;
+    case Qt::Key_Escape: return Key_code::escape;
+    case Qt::Key_Space: return Key_code::space;
+    case Qt::Key_End: return Key_code::end;
+    case Qt::Key_Home: return Key_code::home;
+    case Qt::Key_Left: return Key_code::left;
+    case Qt::Key_Up: return Key_code::up;
+    case Qt::Key_Right: return Key_code::right;
+    case Qt::Key_Down: return Key_code::down;
+    case Qt::Key_Delete: return Key_code::del;
+    default: return Key_code::character;
+    }
+}
+
+// Text on a colour that the program sets must be readable in a light and in a dark theme.
+QColor readable_on(const QColor& background) {
+    const auto linear = [](double part) { return std::pow(part, 2.2); };
+    const double luminance = 0.2126 * linear(background.redF()) + 0.7152 * linear(background.greenF()) +
+                             0.0722 * linear(background.blueF());
+    return luminance > 0.179 ? Qt::black : Qt::white;
+}
+
+bool has_one_line(Control_kind kind) {
+    return kind == Control_kind::edit || kind == Control_kind::combo_box || kind == Control_kind::button ||
+           kind == Control_kind::speed_button;
+}
+
+} // namespace
+
+QString to_qt(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string from_qt(const QString& text) {
+    return text.toStdString();
+}
+
+View::View(View_context& context, TControl& control, QWidget& widget)
+    : QObject(&widget), Control_view(control), context_(context), widget_(widget) {
+    ++views_alive;
+    widget.setObjectName(to_qt(control.name()));
+    watch(widget);
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget)) {
+        watch(*area->viewport());
+    }
+}
+
+View::~View() {
+    --views_alive;
+}
+
+int View::alive() {
+    return views_alive;
+}
+
+void View::control_gone() {
+    let_go();
+    widget_.disconnect(this);
+    widget_.hide();
+    // The widget may be in the middle of telling about what the user did.
+    widget_.deleteLater();
+}
+
+void View::show_all() {
+    while_showing([this] {
+        show_place();
+        show_hint();
+        widget_.setEnabled(observed()->enabled());
+        if (observed()->colour() != desktop_colour) {
+            show_colour();
+        }
+        show_state();
+    });
+    // A window and a page are shown by what holds them.
+    if (observed()->kind() != Control_kind::form && observed()->kind() != Control_kind::tab_sheet) {
+        widget_.setVisible(observed()->visible());
+    }
+}
+
+void View::changed(const Change& change) {
+    while_showing([&] { show_change(change); });
+}
+
+void View::show_change(const Change& change) {
+    switch (change.aspect) {
+    case Aspect::hint: show_hint(); break;
+    case Aspect::colour: show_colour(); break;
+    case Aspect::visible: widget_.setVisible(observed()->visible()); break;
+    case Aspect::enabled: widget_.setEnabled(observed()->enabled()); break;
+    case Aspect::place: show_place(); break;
+    case Aspect::focus:
+        if (!widget_.hasFocus() && !widget_.isAncestorOf(QApplication::focusWidget())) {
+            widget_.setFocus();
+        }
+        break;
+    default: show_state(); break;
+    }
+}
+
+// As rich text a long hint is broken into lines.
+void View::show_hint() {
+    const QString hint = to_qt(observed()->hint());
+    widget_.setToolTip(hint.isEmpty() ? hint : "<qt>" + hint.toHtmlEscaped() + "</qt>");
+    widget_.setAccessibleDescription(hint);
+}
+
+void View::show_place() {
+    const Place& place = observed()->place();
+    const QFontMetrics metrics = widget_.fontMetrics();
+    if (place.width > 0) {
+        widget_.setMinimumWidth((place.width + 2) * metrics.averageCharWidth());
+        const bool is_line = has_one_line(observed()->kind());
+        widget_.setMaximumWidth(is_line && place.stretch == 0 ? widget_.minimumWidth() : QWIDGETSIZE_MAX);
+    }
+    if (place.height > 0) {
+        widget_.setMinimumHeight((place.height + 1) * metrics.height());
+    }
+}
+
+void View::show_colour() {
+    if (observed()->colour() == desktop_colour) {
+        widget_.setPalette(QPalette());
+        widget_.setAutoFillBackground(false);
+        return;
+    }
+    const Colour colour = observed()->colour();
+    const QColor background(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
+    QPalette palette;
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        palette.setColor(role, background);
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, readable_on(background));
+    }
+    widget_.setPalette(palette);
+    widget_.setAutoFillBackground(true);
+}
+
+void View::watch(QWidget& inner) {
+    inner.installEventFilter(this);
+    inner.setAcceptDrops(true);
+}
+
+bool View::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn: act([this] { observed()->focus(); }); break;
+    case QEvent::KeyPress: return offer(static_cast<QKeyEvent&>(*event));
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: return take_files(*event);
+    default: break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool View::offer(const QKeyEvent& event) {
+    Key key{code_of(event.key()), from_qt(event.text())};
+    key.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    key.control = event.modifiers().testFlag(Qt::ControlModifier);
+    bool used = false;
+    act([&] { used = observed()->offer_key(key); });
+    return used;
+}
+
+bool View::take_files(QEvent& event) {
+    auto& drop = static_cast<QDropEvent&>(event);
+    if (!observed() || !observed()->accepts_files() || !drop.mimeData()->hasUrls()) {
+        return false;
+    }
+    drop.acceptProposedAction();
+    if (event.type() == QEvent::Drop) {
+        std::vector<std::string> names;
+        for (const QUrl& url : drop.mimeData()->urls()) {
+            if (url.isLocalFile()) {
+                names.push_back(context_.program_name(from_qt(url.toLocalFile())));
+            }
+        }
+        act([&] { observed()->drop_files(names); });
+    }
+    return true;
+}

@@ -1,0 +1,32 @@
+// A text with a list to choose it from, with or without the right to type another.
+#pragma once
+
+#include "toolkit/edit.h"
+
+class TComboBox : public TCustomEdit {
+public:
+    explicit TComboBox(std::string name, bool editable = false);
+
+    // Whether other texts than the items can be typed.
+    bool editable() const { return editable_; }
+    const std::vector<std::string>& items() const { return items_; }
+    // The text stays, whether it is among the items or not.
+    void set_items(std::vector<std::string> items);
+    void add_item(const std::string& item);
+    // The first item that is exactly the text, or -1.
+    int item_index() const;
+    // Makes an item the text; an index outside the items makes it empty.
+    void set_item_index(int index);
+
+    // What a user does. Choosing what is chosen already fires nothing.
+    bool select(int index);
+
+protected:
+    bool press(const Key& key) override;
+
+private:
+    bool has_item(int index) const { return index >= 0 && index < static_cast<int>(items_.size()); }
+
+    std::vector<std::string> items_;
+    bool editable_;
+};

@@ -1,0 +1,54 @@
+// What a screen asks the user beside its own controls: messages, file names, a choice from a menu.
+#pragma once
+
+#include "toolkit/form.h"
+
+enum class Button_set { ok, ok_cancel, yes_no, yes_no_cancel, abort_retry_ignore };
+
+struct Message {
+    std::string title;
+    std::string text;
+    Button_set buttons = Button_set::ok;
+};
+
+// Shows a message and answers the button; closing it answers cancel, or no, or abort, or ok, by what there
+// is.
+Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons);
+// A plain message, without a title of its own.
+void show_message(const std::string& text);
+
+// Asks for the name of a file. The fields say how to ask; a dialog that ended with OK has put the answer in.
+class TFileDialog {
+public:
+    enum class Purpose { open, save };
+
+    explicit TFileDialog(Purpose asked_for = Purpose::open) : purpose(asked_for) {}
+
+    // Answers whether a file was chosen.
+    bool execute();
+
+    Purpose purpose;
+    std::string title;
+    // Descriptions and wildcards, "|" between all: "Scenario (*.tvn)|*.tvn|All files (*.*)|*.*".
+    std::string filter;
+    std::string default_extension; // for a name without one; without point
+    std::string initial_folder;
+    std::string file_name;          // suggested, then chosen
+    std::vector<std::string> files; // all that were chosen
+    bool multi_select = false;
+    bool must_exist = false;
+};
+
+struct Menu_item {
+    std::string text;
+    std::function<void()> on_click;
+    bool enabled = true;
+};
+
+class TPopupMenu {
+public:
+    // Shows the menu at the pointer, `rise` desktop units above it, and runs what is chosen.
+    void popup(int rise = 0);
+
+    std::vector<Menu_item> items;
+};

@@ -1,0 +1,82 @@
+// Controls that text is typed into. The text, the caret and the selection are state of the control; positions
+// count characters, not bytes.
+#pragma once
+
+#include "toolkit/control.h"
+
+class TCustomEdit : public TControl {
+public:
+    // The caret goes to the start of a text that differs. In a control of one line a line break becomes a
+    // blank, and the modified mark is taken away.
+    void set_text(const std::string& text) override;
+
+    int caret() const { return caret_; }
+    // Where the selection begins and how many characters it has, 0 for none; the caret is at one of its ends.
+    int selection_start() const;
+    int selection_length() const;
+    std::string selected_text() const;
+    // Positions outside the text are moved to its ends: a caret is never below 0.
+    void set_caret(int position) { set_selection(position, position); }
+    // Selects from `anchor` to `caret`, in either direction.
+    void set_selection(int anchor, int caret);
+    void select_all();
+
+    bool read_only() const { return read_only_; }
+    void set_read_only(bool read_only) { assign(read_only_, read_only, Aspect::state); }
+    // Whether the user changed the text since it was set, or the mark was taken away.
+    bool modified() const { return modified_; }
+    void set_modified(bool modified) { modified_ = modified; }
+    bool multi_line() const { return multi_line_; }
+    bool right_aligned() const { return right_aligned_; }
+    void set_right_aligned(bool right) { assign(right_aligned_, right, Aspect::state); }
+    // Characters of one width, as for source text and commands.
+    bool fixed_pitch() const { return fixed_pitch_; }
+    void set_fixed_pitch(bool fixed) { assign(fixed_pitch_, fixed, Aspect::state); }
+
+    // What a user does. Text typed or pasted at the caret takes the place of the selection.
+    bool type_text(const std::string& text);
+    // The whole text and the caret as an edit of any kind left them (undo, cut, an input method). What it put
+    // in goes through the same filter as what is typed.
+    bool edit_text(const std::string& text, int caret);
+    bool select_text(int anchor, int caret);
+
+    std::function<void()> on_change; // the user changed the text
+    // What remains of a text that is about to come in, typed or pasted; none lets everything in.
+    std::function<std::string(const std::string&)> input_filter;
+
+protected:
+    TCustomEdit(Control_kind kind, std::string name, bool multi_line);
+
+    bool press(const Key& key) override;
+    virtual void do_change();
+
+private:
+    std::string without_line_breaks(const std::string& text) const;
+    std::string admitted(const std::string& text) const;
+    bool begin_edit();
+    void replace(int start, int removed, const std::string& inserted);
+    bool erase(int step);
+    void finish_edit(const std::string& text, int caret);
+
+    int anchor_ = 0;
+    int caret_ = 0;
+    bool multi_line_;
+    bool read_only_ = false;
+    bool modified_ = false;
+    bool right_aligned_ = false;
+    bool fixed_pitch_ = false;
+};
+
+class TEdit : public TCustomEdit {
+public:
+    explicit TEdit(std::string name) : TCustomEdit(Control_kind::edit, std::move(name), false) {}
+};
+
+class TMemo : public TCustomEdit {
+public:
+    explicit TMemo(std::string name) : TCustomEdit(Control_kind::memo, std::move(name), true) {}
+
+    // 0 for an empty text; a line break at the end begins no further line.
+    int line_count() const;
+    void append_line(const std::string& line);
+};

@@ -1,0 +1,168 @@
+#include "toolkit/headless_desktop.h"
+
+#include "toolkit/timer.h"
+
+#include <algorithm>
+
+namespace {
+
+std::string message_in_words(const std::string& title, const std::string& text) {
+    return "message \"" + title + "\": \"" + text + "\"";
+}
+
+std::string dialog_in_words(const std::string& title) {
+    return "file dialog \"" + title + "\"";
+}
+
+std::string form_in_words(const std::string& name) {
+    return "dialog form " + name;
+}
+
+// What a user answers who only wants to be rid of a message.
+Modal_result mildest(Button_set buttons) {
+    switch (buttons) {
+    case Button_set::ok: return Modal_result::ok;
+    case Button_set::yes_no: return Modal_result::no;
+    case Button_set::abort_retry_ignore: return Modal_result::abort;
+    default: return Modal_result::cancel;
+    }
+}
+
+} // namespace
+
+Headless_desktop::Headless_desktop(std::function<void(const std::string& fault)> on_fault)
+    : on_fault_(std::move(on_fault)), scope_(*this) {}
+
+Headless_desktop::~Headless_desktop() {
+    for (const Step& step : script_) {
+        on_fault_("expected, but never met: " + step.met);
+    }
+}
+
+void Headless_desktop::expect_message(std::string title, std::string text, Modal_result answer) {
+    Step step;
+    step.met = message_in_words(title, text);
+    step.answer = answer;
+    script_.push_back(std::move(step));
+}
+
+void Headless_desktop::expect_file_dialog(std::string title, std::vector<std::string> chosen) {
+    Step step;
+    step.met = dialog_in_words(title);
+    step.files = std::move(chosen);
+    script_.push_back(std::move(step));
+}
+
+void Headless_desktop::expect_modal(std::string form_name, std::function<void(TForm&)> user) {
+    Step step;
+    step.met = form_in_words(form_name);
+    step.user = std::move(user);
+    script_.push_back(std::move(step));
+}
+
+void Headless_desktop::expect_menu(std::string item) {
+    Step step;
+    step.met = "menu";
+    step.item = std::move(item);
+    script_.push_back(std::move(step));
+}
+
+// Takes the next step of the script if it is what was met. Otherwise the step stays.
+bool Headless_desktop::take_step(const std::string& met, Step& step) {
+    if (script_.empty() || script_.front().met != met) {
+        on_fault_("unexpected: " + met + (script_.empty() ? "" : "; expected: " + script_.front().met));
+        return false;
+    }
+    step = std::move(script_.front());
+    script_.pop_front();
+    return true;
+}
+
+void Headless_desktop::run_modal(TForm& form) {
+    Step step;
+    if (take_step(form_in_words(form.name()), step)) {
+        step.user(form);
+        if (form.visible()) {
+            on_fault_("still open: " + step.met);
+        }
+    }
+}
+
+void Headless_desktop::run(TForm& main_form) {
+    main_form.show();
+    if (on_run && main_form.visible()) {
+        on_run(main_form);
+    }
+    if (!main_form.close()) {
+        on_fault_("does not close: " + main_form.name());
+    }
+}
+
+Modal_result Headless_desktop::message_box(const Message& message) {
+    messages_.push_back(message);
+    Step step;
+    return take_step(message_in_words(message.title, message.text), step) ? step.answer
+                                                                          : mildest(message.buttons);
+}
+
+bool Headless_desktop::run_file_dialog(TFileDialog& dialog) {
+    dialogs_.push_back(dialog);
+    Step step;
+    if (!take_step(dialog_in_words(dialog.title), step) || step.files.empty()) {
+        return false;
+    }
+    dialog.file_name = step.files.front();
+    dialog.files = std::move(step.files);
+    return true;
+}
+
+int Headless_desktop::choose(const TPopupMenu& menu, int) {
+    Step step;
+    if (!take_step("menu", step) || step.item.empty()) {
+        return -1;
+    }
+    const auto found = std::find_if(menu.items.begin(), menu.items.end(),
+                                    [&](const Menu_item& item) { return item.text == step.item; });
+    if (found == menu.items.end() || !found->enabled) {
+        on_fault_("the menu offers no " + step.item);
+        return -1;
+    }
+    return static_cast<int>(found - menu.items.begin());
+}
+
+bool Headless_desktop::paint_pending() {
+    ++messages_processed_;
+    if (on_process_messages) {
+        on_process_messages();
+    }
+    return !closing;
+}
+
+void Headless_desktop::minimise() {
+    minimised_ = true;
+    ++minimised_count_;
+}
+
+void Headless_desktop::start_timer(TTimer& timer) {
+    timers_.push_back({&timer, now_ + std::max(timer.interval(), 1)});
+}
+
+void Headless_desktop::stop_timer(TTimer& timer) {
+    std::erase_if(timers_, [&](const Armed_timer& armed) { return armed.timer == &timer; });
+}
+
+void Headless_desktop::advance(int milliseconds) {
+    const long long end = now_ + milliseconds;
+    for (;;) {
+        const auto next =
+            std::min_element(timers_.begin(), timers_.end(),
+                             [](const Armed_timer& a, const Armed_timer& b) { return a.due < b.due; });
+        if (next == timers_.end() || next->due > end) {
+            break;
+        }
+        now_ = next->due;
+        next->due += std::max(next->timer->interval(), 1);
+        next->timer->fire();
+    }
+    now_ = end;
+}

@@ -1,0 +1,31 @@
+// The days of one month in rows of weeks, one of them marked. It knows no calendar: it is told how the month
+// lies.
+#pragma once
+
+#include "toolkit/control.h"
+
+class TMonthGrid : public TControl {
+public:
+    explicit TMonthGrid(std::string name) : TControl(Control_kind::month_grid, std::move(name)) {
+        set_takes_focus(true);
+    }
+
+    // The days of the month (1 to 31), the weekday of its first (0 for Monday to 6), the marked day (0 for
+    // none).
+    void set_month(int days, int first_weekday, int day);
+    int days() const { return days_; }
+    int first_weekday() const { return first_weekday_; }
+    int day() const { return day_; }
+
+    // What a user does: clicks the cell of a day, which is marked, then fires.
+    bool pick(int day);
+    bool click() override { return pick(day_); }
+
+protected:
+    bool press(const Key& key) override;
+
+private:
+    int days_ = 31;
+    int first_weekday_ = 0;
+    int day_ = 0;
+};

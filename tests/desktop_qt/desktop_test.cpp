@@ -1,0 +1,272 @@
+#include "desktop_qt/shown.h"
+#include "toolkit/button.h"
+#include "toolkit/edit.h"
+#include "toolkit/timer.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtGui/QScreen>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMessageBox>
+
+namespace {
+
+class Desktop_windows : public Shown {
+protected:
+    // Works on whatever dialog or menu is up, a moment from now.
+    template <class Widget>
+    void then_with(std::function<void(Widget&)> work) {
+        QTimer::singleShot(20, [this, work] {
+            QWidget* const up = QApplication::activePopupWidget() ? QApplication::activePopupWidget()
+                                                                  : QApplication::activeModalWidget();
+            auto* const dialog = qobject_cast<Widget*>(up);
+            worked_ = dialog;
+            if (dialog) {
+                work(*dialog);
+            } else if (up) {
+                up->close();
+            }
+        });
+    }
+
+    bool worked_ = false;
+};
+
+TEST_F(Desktop_windows, control_and_window_may_go_in_either_order) {
+    auto form = std::make_unique<TForm>("form");
+    auto& panel = form->add<TPanel>("panel");
+    panel.add<TEdit>("edit");
+    show(*form);
+    EXPECT_EQ(View::alive(), 3);
+    delete &widget(panel);
+    EXPECT_EQ(View::alive(), 1);
+    EXPECT_EQ(panel.view(), nullptr);
+    panel.set_visible(false);
+    form.reset();
+    delete_what_is_left();
+    EXPECT_EQ(View::alive(), 0);
+}
+
+TEST_F(Desktop_windows, a_control_shown_elsewhere_is_drawn_there) {
+    TForm frame("frame");
+    auto& place = frame.add<TPanel>("place");
+    TForm project("project");
+    auto& pages = project.add<TPanel>("pages");
+    auto& edit = pages.add<TEdit>("edit");
+    show(project);
+    show(frame);
+    place.host(pages);
+    EXPECT_EQ(widget(edit).window(), &widget(frame));
+    QTest::keyClicks(&widget(edit), "x");
+    EXPECT_EQ(edit.text(), "x");
+}
+
+TEST_F(Desktop_windows, focus_and_keys_follow_the_form) {
+    TForm form("form");
+    auto& first = form.add<TEdit>("first");
+    auto& second = form.add<TEdit>("second");
+    auto& ok = form.add<TButton>("ok", "OK");
+    ok.set_default(true);
+    std::string log;
+    first.on_exit = [&] { log += "exit "; };
+    second.on_enter = [&] { log += "enter "; };
+    ok.on_click = [&] { log += "ok "; };
+    show(form);
+    EXPECT_TRUE(widget(first).hasFocus());
+    QTest::keyClick(&widget(first), Qt::Key_Tab);
+    EXPECT_EQ(log, "exit enter ");
+    EXPECT_TRUE(second.focused());
+    first.focus();
+    EXPECT_TRUE(widget(first).hasFocus());
+    log.clear();
+    first.on_exit = nullptr;
+    QTest::keyClick(&widget(first), Qt::Key_Return);
+    EXPECT_EQ(log, "ok ");
+
+    form.on_key = [&](const Key& key) { return key.code == Key_code::enter && form.focus_next(); };
+    log.clear();
+    first.focus();
+    QTest::keyClick(&widget(first), Qt::Key_Return);
+    EXPECT_EQ(log, "enter ");
+    EXPECT_TRUE(widget(second).hasFocus());
+    second.on_key = [&](const Key& key) { return key.text == "x"; };
+    QTest::keyClicks(&widget(second), "axb");
+    EXPECT_EQ(second.text(), "ab");
+}
+
+TEST_F(Desktop_windows, a_dialog_runs_until_a_button_or_escape_ends_it) {
+    TForm form("dialog", "Dialog");
+    auto& ok = form.add<TButton>("ok", "OK");
+    ok.set_modal_result(Modal_result::ok);
+    then_with<QDialog>([&](QDialog&) { QTest::mouseClick(&widget(ok), Qt::LeftButton); });
+    EXPECT_EQ(form.show_modal(), Modal_result::ok);
+    then_with<QDialog>([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(form.show_modal(), Modal_result::cancel);
+    then_with<QDialog>([](QDialog& dialog) { dialog.close(); });
+    EXPECT_EQ(form.show_modal(), Modal_result::cancel);
+    EXPECT_TRUE(worked_);
+    form.on_close_query = [] { return false; };
+    then_with<QDialog>([&](QDialog& dialog) {
+        EXPECT_FALSE(dialog.close());
+        EXPECT_TRUE(dialog.isVisible());
+        form.on_close_query = nullptr;
+        dialog.close();
+    });
+    form.show_modal();
+}
+
+TEST_F(Desktop_windows, what_a_handler_throws_comes_out_of_the_loop_that_ran_it) {
+    TForm form("form");
+    auto& button = form.add<TButton>("button", "Throw");
+    button.on_click = [] { throw std::runtime_error("as told"); };
+    const auto click = [&] { QTest::mouseClick(&widget(button), Qt::LeftButton); };
+    QTimer::singleShot(20, click);
+    EXPECT_THROW(desktop_.run(form), std::runtime_error);
+    form.close();
+    QTimer::singleShot(20, click);
+    EXPECT_THROW(form.show_modal(), std::runtime_error);
+    EXPECT_FALSE(form.visible());
+    QTimer::singleShot(20, [&] { widget(form).close(); });
+    desktop_.run(form);
+}
+
+TEST_F(Desktop_windows, a_long_operation_paints_and_takes_no_input_but_the_close_of_its_window) {
+    TForm form("form");
+    auto& button = form.add<TButton>("button", "Run");
+    auto& edit = form.add<TEdit>("edit");
+    int runs = 0;
+    button.on_click = [&] {
+        ++runs;
+        QTimer::singleShot(0, [&] {
+            QTest::mouseClick(&widget(button), Qt::LeftButton);
+            QTest::keyClicks(&widget(edit), "x");
+        });
+        EXPECT_TRUE(desktop_.process_messages());
+        QTimer::singleShot(0, [&] { widget(form).close(); });
+        EXPECT_FALSE(desktop_.process_messages());
+        EXPECT_TRUE(form.visible());
+    };
+    show(form);
+    QTest::mouseClick(&widget(button), Qt::LeftButton);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(edit.text(), "");
+    EXPECT_FALSE(form.visible()) << "closed once the operation had ended";
+}
+
+TEST_F(Desktop_windows, messages_are_answered_by_button_and_dismissed_mildly) {
+    struct Case {
+        Button_set set;
+        Qt::Key key;
+        Modal_result answer;
+    };
+    for (const Case& asked : {Case{Button_set::ok, Qt::Key_Escape, Modal_result::ok},
+                              Case{Button_set::ok_cancel, Qt::Key_Escape, Modal_result::cancel},
+                              Case{Button_set::yes_no, Qt::Key_Escape, Modal_result::no},
+                              Case{Button_set::yes_no_cancel, Qt::Key_Escape, Modal_result::cancel},
+                              Case{Button_set::abort_retry_ignore, Qt::Key_Escape, Modal_result::abort}}) {
+        then_with<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text(), "<b>&");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            QTest::keyClick(&box, asked.key);
+        });
+        EXPECT_EQ(message_box("<b>&", "Title", asked.set), asked.answer);
+    }
+    then_with<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the user is not told to wait";
+        box.button(QMessageBox::Retry)->click();
+    });
+    const Busy_pointer busy;
+    EXPECT_EQ(message_box("again?", "", Button_set::abort_retry_ignore), Modal_result::retry);
+    EXPECT_TRUE(worked_);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Desktop_windows, a_file_dialog_asks_as_it_is_told) {
+    QTemporaryDir folder;
+    for (const char* name : {"a.tvn", "b.tvn"}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+    }
+    TFileDialog dialog;
+    dialog.title = "Simulation scenario";
+    dialog.filter = "Tilverra scenario file (*.tvn)|*.tvn;*.TVN|All files (*.*)|*.*|";
+    dialog.initial_folder = folder.path().toStdString();
+    dialog.file_name = "a.tvn";
+    dialog.must_exist = true;
+    then_with<QFileDialog>([&](QFileDialog& box) {
+        EXPECT_EQ(box.nameFilters(), (QStringList{"Tilverra scenario file (*.tvn *.TVN)", "All files (*)"}));
+        EXPECT_EQ(box.windowTitle(), "Simulation scenario");
+        EXPECT_EQ(box.selectedFiles(), QStringList{folder.filePath("a.tvn")});
+        static_cast<QDialog&>(box).accept();
+    });
+    EXPECT_TRUE(dialog.execute());
+    EXPECT_EQ(dialog.file_name, folder.filePath("a.tvn").toStdString());
+
+    TFileDialog save(TFileDialog::Purpose::save);
+    save.default_extension = "tvp";
+    save.initial_folder = dialog.initial_folder;
+    then_with<QFileDialog>([&](QFileDialog& box) {
+        box.findChild<QLineEdit*>()->setText("new");
+        static_cast<QDialog&>(box).accept();
+    });
+    EXPECT_TRUE(save.execute());
+    EXPECT_EQ(save.files, std::vector<std::string>{folder.filePath("new.tvp").toStdString()});
+    then_with<QFileDialog>([](QFileDialog& box) { box.reject(); });
+    EXPECT_FALSE(save.execute());
+    EXPECT_TRUE(worked_);
+}
+
+TEST_F(Desktop_windows, a_menu_runs_what_is_chosen) {
+    TPopupMenu menu;
+    int chosen = 0;
+    menu.items = {{"Master", [&] { chosen = 1; }}, {"Project", [&] { chosen = 2; }}};
+    then_with<QMenu>([](QMenu& shown) {
+        QTest::keyClick(&shown, Qt::Key_Down);
+        QTest::keyClick(&shown, Qt::Key_Down);
+        QTest::keyClick(&shown, Qt::Key_Return);
+    });
+    menu.popup(50);
+    EXPECT_EQ(chosen, 2);
+    then_with<QMenu>([](QMenu& shown) { shown.close(); });
+    chosen = 0;
+    menu.popup();
+    EXPECT_EQ(chosen, 0);
+}
+
+TEST_F(Desktop_windows, timers_run_and_may_stop_themselves) {
+    TTimer timer(5);
+    int times = 0;
+    timer.on_timer = [&] { timer.set_enabled(++times < 3); };
+    timer.set_enabled(true);
+    QTest::qWait(100);
+    EXPECT_EQ(times, 3);
+}
+
+TEST_F(Desktop_windows, a_window_keeps_its_place_and_comes_back_to_a_screen_that_is_there) {
+    TForm form("form");
+    form.set_bounds({50, 60, 300, 200});
+    show(form);
+    EXPECT_EQ(widget(form).geometry(), QRect(50, 60, 300, 200));
+    widget(form).resize(320, 240);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.bounds(), (Bounds{50, 60, 320, 240}));
+    form.set_bounds({9000, -9000, 300, 200});
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(widget(form).geometry()));
+    desktop_.minimise();
+    EXPECT_TRUE(widget(form).isMinimized());
+    desktop_.restore();
+    EXPECT_FALSE(widget(form).isMinimized());
+}
+
+TEST(Host_names, pass_through_the_functions_of_the_host) {
+    std::string opened;
+    Qt_desktop desktop({{}, {}, [&](const std::string& address) { opened = address; }});
+    desktop.open_web_address("https://example.org");
+    EXPECT_EQ(opened, "https://example.org");
+}
+
+} // namespace

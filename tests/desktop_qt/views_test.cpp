@@ -1,0 +1,467 @@
+#include "desktop_qt/shown.h"
+#include "toolkit/button.h"
+#include "toolkit/check_box.h"
+#include "toolkit/combo_box.h"
+#include "toolkit/file_list_box.h"
+#include "toolkit/label.h"
+#include "toolkit/month_grid.h"
+#include "toolkit/page_control.h"
+#include "toolkit/web_view.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QDropEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTableWidget>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTextBrowser>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QTreeWidget>
+
+namespace {
+
+class Views : public Shown {
+protected:
+    static void click(QWidget& target) { QTest::mouseClick(&target, Qt::LeftButton); }
+
+    static void click_line(QListView& view, int row, int x) {
+        const QRect line = view.visualRect(view.model()->index(row, 0));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {x, line.center().y()});
+    }
+
+    void TearDown() override {
+        owned_form_.reset();
+        Shown::TearDown();
+    }
+
+    std::unique_ptr<TForm> owned_form_ = std::make_unique<TForm>("form", "A form");
+    TForm& form_ = *owned_form_;
+    int fired_ = 0;
+    std::function<void()> count_ = [this] { ++fired_; };
+};
+
+std::string only_digits(const std::string& text) {
+    std::string digits;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](char c) { return c >= '0' && c <= '9'; });
+    return digits;
+}
+
+TEST_F(Views, what_all_controls_have_is_shown) {
+    auto& label = form_.add<TLabel>("label", "Ready");
+    show(form_);
+    QLabel& shown = widget<QLabel>(label);
+    label.set_hint("a < b");
+    EXPECT_TRUE(shown.toolTip().contains("a &lt; b"));
+    label.set_colour(0x00ff00);
+    label.set_mark(Mark::tick);
+    EXPECT_EQ(shown.palette().color(QPalette::Window), QColor(0, 255, 0));
+    EXPECT_EQ(shown.palette().color(QPalette::WindowText), QColor(Qt::black));
+    EXPECT_EQ(shown.text().toStdString(), "\xE2\x9C\x93 Ready");
+    label.set_colour(desktop_colour);
+    EXPECT_EQ(shown.palette().color(QPalette::Window), QApplication::palette().color(QPalette::Window));
+    label.set_visible(false);
+    EXPECT_FALSE(shown.isVisible());
+    label.set_visible(true);
+    label.set_enabled(false);
+    EXPECT_TRUE(shown.isVisible() && !shown.isEnabled());
+    EXPECT_EQ(widget(form_).windowTitle(), "A form");
+    auto& late = form_.add<TLabel>("late", "added to a window that is shown");
+    EXPECT_TRUE(widget(late).isVisible());
+    form_.remove(late);
+}
+
+TEST_F(Views, what_is_typed_reaches_the_control_through_its_filter) {
+    auto& edit = form_.add<TEdit>("edit");
+    edit.input_filter = only_digits;
+    edit.on_change = count_;
+    show(form_);
+    QLineEdit& line = widget<QLineEdit>(edit);
+    QTest::keyClicks(&line, "1x2");
+    EXPECT_EQ(edit.text(), "12");
+    EXPECT_EQ(line.text(), "12");
+    EXPECT_EQ(edit.caret(), 2);
+    EXPECT_EQ(fired_, 2);
+    QTest::keyClick(&line, Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(edit.selected_text(), "12");
+    EXPECT_EQ(edit.caret(), 0);
+    line.undo();
+    EXPECT_EQ(line.text(), "1");
+    EXPECT_EQ(edit.text(), "1");
+
+    edit.set_text("345");
+    line.undo();
+    EXPECT_EQ(edit.text(), "345") << "undoing does not bring back what another record held";
+    edit.set_selection(3, 1);
+    EXPECT_EQ(line.selectedText(), "45");
+    EXPECT_EQ(line.cursorPosition(), 1);
+    edit.set_read_only(true);
+    QTest::keyClicks(&line, "9");
+    EXPECT_EQ(edit.text(), "345");
+}
+
+TEST_F(Views, what_entering_selects_stays_selected_when_the_mouse_brought_the_focus) {
+    auto& first = form_.add<TEdit>("first");
+    auto& edit = form_.add<TEdit>("edit");
+    edit.set_text("12345");
+    edit.on_enter = [&] { edit.select_all(); };
+    show(form_);
+    EXPECT_TRUE(first.focused());
+    click(widget(edit));
+    EXPECT_TRUE(edit.focused());
+    EXPECT_EQ(edit.selected_text(), "12345");
+    EXPECT_EQ(widget<QLineEdit>(edit).selectedText(), "12345");
+    click(widget(edit));
+    EXPECT_EQ(edit.selection_length(), 0) << "the next click sets the caret";
+}
+
+TEST_F(Views, a_memo_and_its_widget_hold_the_same_text) {
+    auto& memo = form_.add<TMemo>("memo");
+    memo.set_text("one\n\xF0\x9F\x8C\xBE");
+    show(form_);
+    QPlainTextEdit& text = widget<QPlainTextEdit>(memo);
+    EXPECT_EQ(text.toPlainText().toStdString(), memo.text());
+    QTest::keyClick(&text, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(memo.caret(), 5) << "a character beyond the first 65,536 is one";
+    QTest::keyClick(&text, Qt::Key_Enter);
+    QTest::keyClicks(&text, "x");
+    EXPECT_EQ(memo.text(), "one\n\xF0\x9F\x8C\xBE\nx");
+    EXPECT_TRUE(memo.modified());
+    memo.set_selection(0, 3);
+    EXPECT_EQ(text.textCursor().selectedText(), "one");
+}
+
+TEST_F(Views, a_combo_box_is_chosen_from_and_typed_into) {
+    auto& units = form_.add<TComboBox>("units");
+    units.set_items({"kg/ha", "t/ha"});
+    units.on_change = count_;
+    auto& free = form_.add<TComboBox>("free", true);
+    free.set_items({"MUID", "SLOPE"});
+    free.set_text("other");
+    show(form_);
+    QComboBox& box = widget<QComboBox>(units);
+    EXPECT_EQ(box.currentIndex(), -1);
+    QTest::keyClick(&box, Qt::Key_Down);
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(units.text(), "t/ha");
+    EXPECT_EQ(fired_, 2);
+    units.set_items({"t/ha", "lb"});
+    EXPECT_EQ(box.currentText(), "t/ha");
+
+    QComboBox& line = widget<QComboBox>(free);
+    EXPECT_EQ(line.currentText(), "other");
+    free.focus();
+    QTest::keyClick(line.lineEdit(), Qt::Key_End);
+    QTest::keyClicks(line.lineEdit(), "s");
+    EXPECT_EQ(free.text(), "others");
+    free.set_item_index(1);
+    EXPECT_EQ(line.currentText(), "SLOPE");
+}
+
+TEST_F(Views, buttons_and_boxes_are_clicked) {
+    auto& button = form_.add<TButton>("button", "&Go");
+    auto& check = form_.add<TCheckBox>("check", "Check");
+    auto& speed = form_.add<TSpeedButton>("speed", "GIS");
+    auto& arrows = form_.add<TSpinArrows>("arrows");
+    button.on_click = count_;
+    speed.on_click = [&] { speed.set_down(true); };
+    int year = 0;
+    arrows.on_spin = [&](bool upward) { year += upward ? 1 : -10; };
+    show(form_);
+    click(widget(button));
+    QTest::keyClick(&widget(button), Qt::Key_Enter);
+    QTest::keyClick(&widget(button), Qt::Key_Space);
+    EXPECT_EQ(fired_, 3);
+
+    click(widget(check));
+    EXPECT_TRUE(check.checked());
+    check.on_click = [&] { check.set_checked(true); };
+    click(widget(check));
+    EXPECT_TRUE(widget<QAbstractButton>(check).isChecked()) << "what the handler says is shown";
+
+    EXPECT_FALSE(widget<QToolButton>(speed).isChecked());
+    click(widget(speed));
+    click(widget(speed));
+    EXPECT_TRUE(speed.down());
+    EXPECT_TRUE(widget<QToolButton>(speed).isChecked());
+
+    const auto arrow = widget(arrows).findChildren<QToolButton*>();
+    click(*arrow[0]);
+    click(*arrow[1]);
+    EXPECT_EQ(year, -9);
+}
+
+TEST_F(Views, a_radio_group_shows_one_choice_or_none) {
+    auto& group = form_.add<TRadioGroup>("group", "Level", std::vector<std::string>{"Master", "Project"});
+    group.on_click = count_;
+    show(form_);
+    const auto buttons = [&] { return widget(group).findChildren<QRadioButton*>(); };
+    buttons()[1]->click();
+    EXPECT_EQ(group.item_index(), 1);
+    EXPECT_EQ(fired_, 1);
+    group.set_item_index(-1);
+    EXPECT_FALSE(buttons()[0]->isChecked() || buttons()[1]->isChecked());
+    group.set_items({"Arbitrary", "Master", "Project"});
+    group.set_item_index(2);
+    ASSERT_EQ(buttons().size(), 3);
+    EXPECT_TRUE(buttons()[2]->isChecked());
+}
+
+TEST_F(Views, a_mark_clicked_in_a_list_is_set_and_the_cursor_stays) {
+    auto& list = form_.add<TCheckListBox>("list");
+    list.set_lines({"first", "second", "third"});
+    list.on_double_click = count_;
+    show(form_);
+    QListView& view = widget<QListView>(list);
+    click_line(view, 1, 60);
+    EXPECT_EQ(list.item_index(), 1);
+    EXPECT_FALSE(list.checked(1));
+    click_line(view, 2, 8);
+    EXPECT_TRUE(list.checked(2));
+    EXPECT_EQ(list.item_index(), 1);
+    QTest::keyClick(&view, Qt::Key_Space);
+    EXPECT_TRUE(list.checked(1));
+    QTest::keyClick(&view, Qt::Key_Up);
+    EXPECT_EQ(list.item_index(), 0);
+    click_line(view, 0, 60);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {},
+                       {60, view.visualRect(view.currentIndex()).center().y()});
+    EXPECT_EQ(fired_, 1);
+
+    list.set_checked(0, true);
+    list.set_line_text(0, "changed");
+    list.set_item_index(2);
+    const QModelIndex first = view.model()->index(0, 0);
+    EXPECT_EQ(first.data().toString(), "changed");
+    EXPECT_EQ(first.data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_EQ(view.currentIndex().row(), 2);
+    list.insert_line(0, "new");
+    EXPECT_EQ(view.currentIndex().row(), 3);
+    list.remove_line(3);
+    EXPECT_FALSE(view.currentIndex().isValid());
+    EXPECT_EQ(view.model()->rowCount(), 3);
+}
+
+TEST_F(Views, a_list_may_be_refilled_by_its_own_handler) {
+    auto& list = form_.add<TListBox>("list");
+    list.set_lines({"first", "second", "third"});
+    list.on_change = [&] { list.set_lines({"only"}); };
+    show(form_);
+    click_line(widget<QListView>(list), 2, 20);
+    EXPECT_EQ(list.count(), 1);
+    EXPECT_EQ(widget<QListView>(list).model()->rowCount(), 1);
+    EXPECT_FALSE(widget<QListView>(list).currentIndex().isValid());
+}
+
+TEST_F(Views, several_lines_are_selected) {
+    auto& list = form_.add<TShellListView>("list");
+    list.set_lines({"a", "b", "c", "d"});
+    list.set_selected(3, true);
+    show(form_);
+    QListView& view = widget<QListView>(list);
+    EXPECT_TRUE(view.selectionModel()->isRowSelected(3));
+    click_line(view, 0, 60);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_TRUE(list.selected(0) && list.selected(1) && !list.selected(3));
+    list.set_selected(0, false);
+    EXPECT_FALSE(view.selectionModel()->isRowSelected(0));
+}
+
+// Adds up what of a widget is painted.
+class Paint_watch : public QObject {
+public:
+    QRegion painted;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            painted += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};
+
+TEST_F(Views, a_change_of_one_line_paints_that_line_alone) {
+    auto& list = form_.add<TCheckListBox>("list");
+    list.set_lines(std::vector<std::string>(5000, "line"));
+    show(form_);
+    QListView& view = widget<QListView>(list);
+    QTest::qWait(20);
+    Paint_watch watch;
+    view.viewport()->installEventFilter(&watch);
+    list.set_checked(1, true);
+    list.set_checked(4000, true);
+    QTest::qWait(20);
+    EXPECT_EQ(watch.painted.boundingRect(), view.visualRect(view.model()->index(1, 0)));
+    for (int row = 0; row < list.count(); ++row) {
+        list.set_checked(row, row != 2);
+    }
+    QTest::qWait(20);
+    watch.painted = {};
+    list.set_all_checked(true);
+    QTest::qWait(20);
+    EXPECT_EQ(watch.painted.boundingRect(), view.visualRect(view.model()->index(2, 0)));
+}
+
+class Two_folders : public Folder_source {
+public:
+    std::vector<Folder_entry> files(const std::string&, const std::string&) override { return {}; }
+    std::vector<Folder_entry> folders(const std::string& folder) override {
+        ++reads;
+        return {{"Crop", folder + "\\Crop"}, {"Soil", folder + "\\Soil"}};
+    }
+    int reads = 0;
+};
+
+TEST_F(Views, a_tree_reads_the_folders_that_are_opened) {
+    Two_folders folders;
+    auto& tree = form_.add<TShellTreeView>("tree");
+    tree.set_source(&folders);
+    tree.set_folder("C:\\P");
+    tree.on_change = count_;
+    show(form_);
+    QTreeWidget& view = widget<QTreeWidget>(tree);
+    ASSERT_EQ(view.topLevelItemCount(), 2);
+    const int reads = folders.reads;
+    view.topLevelItem(1)->setExpanded(true);
+    EXPECT_EQ(folders.reads, reads + 1);
+    view.setCurrentItem(view.topLevelItem(1)->child(0));
+    EXPECT_EQ(tree.selected_folder(), "C:\\P\\Soil\\Crop");
+    EXPECT_EQ(fired_, 1);
+    tree.Update();
+    EXPECT_EQ(view.topLevelItemCount(), 2);
+}
+
+TEST_F(Views, pages_are_chosen_and_hidden_by_their_tabs) {
+    auto& pages = form_.add<TPageControl>("pages");
+    auto& first = pages.add<TTabSheet>("first", "First");
+    auto& edit = first.add<TEdit>("edit");
+    auto& second = pages.add<TTabSheet>("second", "Second");
+    auto& inside = second.add<TButton>("inside", "Inside");
+    auto& third = pages.add<TTabSheet>("third", "Third");
+    third.set_visible(false);
+    pages.on_change = count_;
+    show(form_);
+    QTabWidget& tabs = widget<QTabWidget>(pages);
+    EXPECT_FALSE(tabs.isTabVisible(2));
+    EXPECT_TRUE(widget(edit).isVisible());
+    edit.focus();
+    int exits = 0;
+    edit.on_exit = [&] { ++exits; };
+
+    QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
+    EXPECT_EQ(pages.active_page(), &second);
+    EXPECT_EQ(fired_, 1);
+    EXPECT_EQ(exits, 1);
+    EXPECT_TRUE(widget(inside).isVisible());
+    third.set_visible(true);
+    third.set_text("Last");
+    pages.set_active_page(third);
+    EXPECT_EQ(tabs.currentIndex(), 2);
+    EXPECT_EQ(tabs.tabText(2), "Last");
+    EXPECT_EQ(fired_, 1);
+    pages.remove(second);
+    EXPECT_EQ(tabs.count(), 2);
+    EXPECT_EQ(pages.active_page(), &third);
+    EXPECT_EQ(tabs.currentIndex(), 1);
+}
+
+TEST_F(Views, a_month_a_bar_and_a_picture_are_shown) {
+    auto& month = form_.add<TMonthGrid>("month");
+    month.set_month(30, 2, 17);
+    month.on_click = count_;
+    auto& bar = form_.add<TProgressBar>("bar");
+    auto& light = form_.add<TImage>("light", status_light(3));
+    show(form_);
+    QTableWidget& table = widget<QTableWidget>(month);
+    EXPECT_EQ(table.currentItem()->text(), "17");
+    EXPECT_EQ(table.item(0, 2)->text(), "1");
+    EXPECT_EQ(table.item(4, 4)->text(), "");
+    table.setCurrentCell(0, 2);
+    EXPECT_EQ(month.day(), 1);
+    EXPECT_EQ(fired_, 1);
+    month.set_month(31, 0, 0);
+    EXPECT_EQ(table.currentItem(), nullptr);
+    bar.set_maximum(4);
+    bar.set_position(3);
+    bar.step();
+    bar.step();
+    EXPECT_EQ(widget<QProgressBar>(bar).value(), 4);
+    EXPECT_EQ(widget<QProgressBar>(bar).maximum(), 4);
+    const auto picture = [&] { return widget(light).grab().toImage(); };
+    std::vector<QImage> pictures;
+    for (int status = 0; status <= 13; ++status) {
+        light.set_picture(status_light(status));
+        pictures.push_back(picture().convertToFormat(QImage::Format_Mono));
+        for (int other = 0; other < status; ++other) {
+            EXPECT_NE(pictures[static_cast<std::size_t>(other)], pictures.back())
+                << other << " and " << status << " differ by colour alone";
+        }
+    }
+}
+
+TEST_F(Views, a_page_is_shown_and_its_links_are_followed) {
+    QTemporaryDir folder;
+    const auto write = [&](const char* name, const QByteArray& text) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(text);
+    };
+    write("a#1.htm", "<html><a href=\"b.htm#end\">b</a> 20 \xB0"
+                     "C</html>");
+    write("b.htm", "<html>second</html>");
+    auto& view = form_.add<TWebView>("view");
+    view.navigate(folder.filePath("a#1.htm").toStdString());
+    show(form_);
+    QTextBrowser& browser = widget<QTextBrowser>(view);
+    EXPECT_EQ(browser.toPlainText().toStdString(), "b 20 \xC2\xB0"
+                                                   "C");
+    emit browser.anchorClicked(QUrl("b.htm#end"));
+    EXPECT_EQ(view.address(), folder.filePath("b.htm").toStdString() + "#end");
+    EXPECT_EQ(browser.toPlainText(), "second");
+    view.navigate("https://example.org/<x>");
+    EXPECT_EQ(browser.toPlainText(), "https://example.org/<x>");
+    for (const char* nothing : {"", "/no/such/page.htm", "/dev/zero"}) {
+        view.navigate(nothing);
+        EXPECT_EQ(browser.toPlainText(), "") << nothing;
+    }
+}
+
+TEST_F(Views, files_dropped_on_a_part_of_a_bar_go_to_the_bar) {
+    auto& bar = form_.add<TPanel>("bar", Layout::row);
+    auto& edit = bar.add<TEdit>("edit");
+    std::vector<std::string> dropped;
+    show(form_);
+    bar.on_drop_files = [&](const std::vector<std::string>& names) { dropped = names; };
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/tmp/a b.tvn"), QUrl("https://example.org/x"),
+                   QUrl::fromLocalFile("/tmp/c.tvn")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&widget(edit), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&widget(edit), &drop);
+    EXPECT_EQ(dropped, (std::vector<std::string>{"/tmp/a b.tvn", "/tmp/c.tvn"}));
+    EXPECT_EQ(edit.text(), "");
+}
+
+TEST_F(Views, a_label_leads_to_the_control_behind_it) {
+    form_.add<TButton>("first", "First");
+    form_.add<TLabel>("label", "&Name").set_names_next(true);
+    auto& edit = form_.add<TEdit>("edit");
+    show(form_);
+    QTest::keyClick(&widget(form_), Qt::Key_N, Qt::AltModifier);
+    EXPECT_TRUE(edit.focused());
+    EXPECT_EQ(widget(edit).accessibleName(), "&Name");
+}
+
+} // namespace

@@ -1,0 +1,262 @@
+#include "toolkit/button.h"
+#include "toolkit/check_box.h"
+#include "toolkit/edit.h"
+#include "toolkit/headless_desktop.h"
+#include "toolkit/page_control.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Recording_view : Control_view {
+    using Control_view::Control_view;
+    void changed(const Change&) override { ++changes; }
+    void control_gone() override { gone = true; }
+
+    int changes = 0;
+    bool gone = false;
+};
+
+// Writes down in one text what fires.
+struct Log {
+    void watch(TControl& control) {
+        control.on_enter = [this, &control] { text += "+" + control.name() + " "; };
+        control.on_exit = [this, &control] { text += "-" + control.name() + " "; };
+    }
+    std::string text;
+};
+
+TEST(Control, goes_before_or_after_its_view) {
+    TForm form("form");
+    auto& panel = form.add<TPanel>("panel");
+    auto& edit = panel.add<TEdit>("edit");
+    const Recording_view of_panel(panel);
+    const Recording_view of_edit(edit);
+    form.remove(panel);
+    EXPECT_TRUE(of_panel.gone);
+    EXPECT_TRUE(of_edit.gone);
+    EXPECT_TRUE(form.children().empty());
+
+    TEdit other("other");
+    { const Recording_view view(other); }
+    other.set_text("drawn by nobody");
+    EXPECT_EQ(other.view(), nullptr);
+}
+
+TEST(Control, is_drawn_by_one_view_at_a_time) {
+    TEdit edit("edit");
+    Recording_view first(edit);
+    Recording_view second(edit);
+    EXPECT_TRUE(first.gone);
+    edit.set_text("text");
+    EXPECT_EQ(first.changes, 0);
+    EXPECT_GT(second.changes, 0);
+}
+
+TEST(Control, shown_elsewhere_stays_with_its_owner) {
+    auto host = std::make_unique<TForm>("host");
+    {
+        TForm owner("owner");
+        auto& pages = owner.add<TPanel>("pages");
+        const Recording_view view(pages);
+        host->host(pages);
+        EXPECT_TRUE(view.gone);
+        EXPECT_EQ(pages.form(), host.get());
+        EXPECT_TRUE(owner.children().empty());
+        pages.host(*host); // would be a circle
+        EXPECT_EQ(pages.children().size(), 0u);
+    }
+    EXPECT_TRUE(host->children().empty());
+
+    TForm owner("owner");
+    auto& pages = owner.add<TPanel>("pages");
+    host->host(pages);
+    host.reset();
+    EXPECT_EQ(pages.parent(), nullptr);
+}
+
+TEST(Control, cannot_be_used_where_a_user_could_not_reach_it) {
+    TForm form("form");
+    auto& pages = form.add<TPageControl>("pages");
+    auto& front = pages.add<TTabSheet>("front", "Front");
+    auto& back = pages.add<TTabSheet>("back", "Back");
+    auto& near = front.add<TPanel>("panel").add<TCheckBox>("near", "Near");
+    auto& far = back.add<TCheckBox>("far", "Far");
+    EXPECT_FALSE(near.click()) << "the form is not shown";
+    form.show();
+
+    EXPECT_TRUE(near.click());
+    EXPECT_FALSE(far.click()) << "its page is behind";
+    far.bring_to_front();
+    EXPECT_TRUE(far.click());
+    EXPECT_FALSE(near.click());
+    near.bring_to_front();
+
+    const auto refused = [&](TControl& control, bool visible) {
+        visible ? control.set_enabled(false) : control.set_visible(false);
+        const bool done = near.click();
+        control.set_enabled(true);
+        control.set_visible(true);
+        pages.set_active_page(front);
+        return !done;
+    };
+    for (TControl* const control : {static_cast<TControl*>(&near), near.parent(),
+                                    static_cast<TControl*>(&front), static_cast<TControl*>(&pages)}) {
+        EXPECT_TRUE(refused(*control, true)) << control->name() << " disabled";
+        EXPECT_TRUE(refused(*control, false)) << control->name() << " hidden";
+    }
+    EXPECT_TRUE(near.click());
+    EXPECT_FALSE(near.checked());
+}
+
+TEST(Focus, leaves_innermost_first_and_then_enters_outermost_first) {
+    TForm form("form");
+    auto& bar = form.add<TPanel>("bar");
+    auto& inner = bar.add<TEdit>("inner");
+    auto& second = bar.add<TEdit>("second");
+    auto& other = form.add<TPanel>("other").add<TEdit>("edit");
+    form.show();
+    EXPECT_TRUE(inner.focused());
+    Log log;
+    for (TControl* control :
+         {static_cast<TControl*>(&bar), static_cast<TControl*>(&inner), static_cast<TControl*>(&second),
+          other.parent(), static_cast<TControl*>(&other)}) {
+        log.watch(*control);
+    }
+    second.type_text("x");
+    EXPECT_EQ(log.text, "-inner +second ");
+    log.text.clear();
+    other.focus();
+    EXPECT_EQ(log.text, "-second -bar +other +edit ");
+    log.text.clear();
+    bar.focus();
+    EXPECT_EQ(log.text, "-edit -other +bar +inner ");
+}
+
+TEST(Focus, is_left_before_a_button_acts_and_when_its_control_goes) {
+    TForm form("form");
+    auto& edit = form.add<TEdit>("edit");
+    auto& button = form.add<TButton>("button", "Button");
+    form.show();
+    Log log;
+    log.watch(edit);
+    button.on_click = [&] { log.text += "click "; };
+    button.click();
+    EXPECT_EQ(log.text, "-edit click ");
+
+    log.text.clear();
+    edit.focus();
+    edit.set_visible(false);
+    EXPECT_EQ(log.text, "+edit -edit ");
+    EXPECT_EQ(form.focused_control(), nullptr);
+    EXPECT_FALSE(edit.focus());
+
+    button.focus();
+    form.remove(button);
+    EXPECT_EQ(form.focused_control(), nullptr);
+
+    // What is left may take the next control away.
+    edit.set_visible(true);
+    edit.focus();
+    auto& late = form.add<TButton>("late", "Late");
+    edit.on_exit = [&] { late.set_enabled(false); };
+    EXPECT_FALSE(late.click());
+}
+
+TEST(Keys, go_to_the_handler_then_the_control_then_outward_to_the_form) {
+    TForm form("form");
+    auto& panel = form.add<TPanel>("panel");
+    auto& edit = panel.add<TEdit>("edit");
+    auto& memo = form.add<TMemo>("memo");
+    form.show();
+    std::string log;
+    form.on_key = [&](const Key& key) {
+        log += "form ";
+        return key.code == Key_code::enter && form.focus_next();
+    };
+    panel.on_key = [&](const Key&) {
+        log += "panel ";
+        return false;
+    };
+    EXPECT_TRUE(edit.key({Key_code::enter, {}}));
+    EXPECT_EQ(log, "panel form ");
+    EXPECT_TRUE(memo.focused());
+
+    log.clear();
+    EXPECT_TRUE(memo.key({Key_code::enter, {}}));
+    EXPECT_EQ(memo.text(), "\n") << "a memo uses the key itself";
+    EXPECT_EQ(log, "");
+
+    edit.on_key = [&](const Key&) {
+        log += "edit ";
+        return true;
+    };
+    EXPECT_TRUE(edit.key({Key_code::character, "a"}));
+    EXPECT_EQ(log, "edit ");
+    EXPECT_EQ(edit.text(), "");
+}
+
+TEST(Dropped_files, go_to_the_innermost_handler_around_where_they_fall) {
+    TForm form("form");
+    auto& bar = form.add<TPanel>("bar");
+    auto& edit = bar.add<TEdit>("edit");
+    form.show();
+    std::vector<std::string> dropped;
+    EXPECT_FALSE(edit.accepts_files());
+    EXPECT_FALSE(edit.drop_files({"C:\\a"}));
+    bar.on_drop_files = [&](const std::vector<std::string>& names) { dropped = names; };
+    EXPECT_TRUE(edit.accepts_files());
+    EXPECT_TRUE(edit.drop_files({"C:\\a", "C:\\b"}));
+    EXPECT_EQ(dropped, (std::vector<std::string>{"C:\\a", "C:\\b"}));
+    bar.set_enabled(false);
+    EXPECT_FALSE(edit.drop_files({"C:\\a"}));
+}
+
+TEST(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {
+    TForm form("form");
+    auto& pages = form.add<TPageControl>("pages");
+    auto& first = pages.add<TTabSheet>("first", "First");
+    auto& second = pages.add<TTabSheet>("second", "Second");
+    auto& third = pages.add<TTabSheet>("third", "Third");
+    form.show();
+    std::string log;
+    pages.on_change = [&] { log += "change "; };
+    third.on_show = [&] { log += "third "; };
+
+    EXPECT_EQ(pages.active_page(), &first);
+    pages.set_active_page(second);
+    second.set_visible(false);
+    EXPECT_EQ(pages.active_index(), 2);
+    EXPECT_EQ(log, "third ") << "the program's doing is no user's change";
+    third.set_visible(false);
+    EXPECT_EQ(pages.active_page(), &first);
+    pages.set_active_page(third);
+    EXPECT_EQ(pages.active_page(), &first);
+    EXPECT_FALSE(pages.select_page(second));
+    first.set_visible(false);
+    EXPECT_EQ(pages.active_page(), nullptr);
+    EXPECT_EQ(pages.active_index(), -1);
+
+    log.clear();
+    first.set_visible(true);
+    third.set_visible(true);
+    EXPECT_TRUE(pages.select_page(third));
+    EXPECT_EQ(log, "third change ");
+    pages.remove(third);
+    EXPECT_EQ(pages.active_page(), &first);
+}
+
+TEST(Page_control, leaves_what_has_the_focus_on_a_page_before_another_comes) {
+    TForm form("form");
+    auto& pages = form.add<TPageControl>("pages");
+    auto& edit = pages.add<TTabSheet>("first", "First").add<TEdit>("edit");
+    auto& second = pages.add<TTabSheet>("second", "Second");
+    form.show();
+    edit.focus();
+    int exits = 0;
+    edit.on_exit = [&] { exits += pages.active_index() == 0 ? 1 : 100; };
+    EXPECT_TRUE(pages.select_page(second));
+    EXPECT_EQ(exits, 1);
+}
+
+} // namespace

@@ -1,0 +1,148 @@
+#include "toolkit/combo_box.h"
+#include "toolkit/edit.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string only_digits(const std::string& text) {
+    std::string digits;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](char c) { return c >= '0' && c <= '9'; });
+    return digits;
+}
+
+// The change handler of a number field, which takes out what does not belong and moves the caret back by as
+// many characters, wherever they stood.
+void keep_number(TEdit& edit) {
+    std::string kept;
+    int caret = edit.caret();
+    int points = 0;
+    for (const char c : edit.text()) {
+        const bool stays =
+            (c >= '0' && c <= '9') || (c == '-' && kept.empty()) || (c == '.' && ++points == 1);
+        if (stays) {
+            kept += c;
+        } else {
+            --caret;
+        }
+    }
+    if (caret != edit.caret()) {
+        edit.set_text(kept);
+        edit.set_caret(caret);
+    }
+}
+
+TEST(Edit, filters_what_is_typed_and_what_is_pasted_alike) {
+    TEdit edit("edit");
+    edit.input_filter = only_digits;
+    int changes = 0;
+    edit.on_change = [&] { ++changes; };
+
+    EXPECT_TRUE(edit.type_text("1a2\n3"));
+    EXPECT_EQ(edit.text(), "123");
+    EXPECT_EQ(edit.caret(), 3);
+    // As a widget reports a paste of "x9y" behind the first digit.
+    EXPECT_TRUE(edit.edit_text("1x9y23", 4));
+    EXPECT_EQ(edit.text(), "1923");
+    EXPECT_EQ(edit.caret(), 2);
+    EXPECT_TRUE(edit.type_text("abc"));
+    EXPECT_EQ(changes, 2) << "what is refused changes nothing";
+}
+
+TEST(Edit, lets_a_change_handler_set_text_and_caret_which_is_never_below_0) {
+    TEdit edit("edit");
+    edit.on_change = [&] { keep_number(edit); };
+    for (const char c : std::string("1-2.3.4")) {
+        edit.type_text(std::string(1, c));
+    }
+    EXPECT_EQ(edit.text(), "12.34");
+    EXPECT_EQ(edit.caret(), 5);
+    edit.edit_text("abc12.34", 1); // a widget with the caret in what goes
+    EXPECT_EQ(edit.text(), "12.34");
+    EXPECT_EQ(edit.caret(), 0);
+}
+
+TEST(Edit, counts_characters_and_not_bytes) {
+    TEdit edit("edit");
+    edit.type_text("a\xC3\xA9\xE2\x82\xAC");
+    EXPECT_EQ(edit.caret(), 3);
+    edit.set_selection(3, 1);
+    EXPECT_EQ(edit.selected_text(), "\xC3\xA9\xE2\x82\xAC");
+    EXPECT_EQ(edit.caret(), 1);
+    edit.type_text("\xC3\xA8");
+    EXPECT_EQ(edit.text(), "a\xC3\xA8");
+    // Two characters that share a byte are told apart as characters.
+    edit.input_filter = [](const std::string& text) { return text == "\xC3\xA9" ? "ok" : std::string(); };
+    edit.edit_text("a\xC3\xA9", 2);
+    EXPECT_EQ(edit.text(), "aok");
+    edit.set_selection(-5, 99);
+    EXPECT_EQ(edit.selected_text(), "aok");
+}
+
+TEST(Edit, takes_a_line_break_as_a_blank_and_a_memo_as_one_kind_of_break) {
+    TEdit edit("edit");
+    edit.type_text("a\r\nb\rc\nd");
+    EXPECT_EQ(edit.text(), "a b c d");
+    TMemo memo("memo");
+    memo.type_text("a\r\nb\rc\n");
+    EXPECT_EQ(memo.text(), "a\nb\nc\n");
+    EXPECT_EQ(memo.line_count(), 3);
+    memo.append_line("d");
+    EXPECT_EQ(memo.text(), "a\nb\nc\nd\n");
+}
+
+TEST(Edit, erases_and_moves_by_keys) {
+    TEdit edit("edit");
+    edit.type_text("ab\xC3\xA9");
+    edit.key({Key_code::backspace, {}});
+    EXPECT_EQ(edit.text(), "ab");
+    edit.key({Key_code::home, {}});
+    edit.key({Key_code::backspace, {}});
+    edit.key({Key_code::left, {}});
+    EXPECT_EQ(edit.caret(), 0);
+    edit.key({Key_code::del, {}});
+    EXPECT_EQ(edit.text(), "b");
+    edit.key({Key_code::end, {}, true});
+    EXPECT_EQ(edit.selected_text(), "b");
+    edit.key({Key_code::character, "x"});
+    EXPECT_EQ(edit.text(), "x");
+}
+
+TEST(Edit, tells_whether_the_user_changed_it) {
+    TMemo memo("notes");
+    memo.set_text("loaded");
+    EXPECT_FALSE(memo.modified());
+    memo.set_read_only(true);
+    EXPECT_FALSE(memo.type_text("x"));
+    memo.set_read_only(false);
+    memo.type_text("x");
+    EXPECT_TRUE(memo.modified());
+    memo.set_text(memo.text());
+    EXPECT_FALSE(memo.modified());
+}
+
+TEST(Combo_box, takes_other_texts_than_its_items_only_when_it_may) {
+    TComboBox list("units");
+    list.set_items({"kg/ha", "t/ha"});
+    int changes = 0;
+    list.on_change = [&] { ++changes; };
+    EXPECT_FALSE(list.type_text("x"));
+    EXPECT_FALSE(list.select(2));
+    EXPECT_TRUE(list.select(1));
+    EXPECT_TRUE(list.select(1));
+    EXPECT_EQ(list.text(), "t/ha");
+    EXPECT_EQ(changes, 1);
+
+    TComboBox free("attribute", true);
+    free.set_items({"MUID"});
+    free.set_text("SLOPE");
+    EXPECT_EQ(free.item_index(), -1);
+    free.select_text(0, 5);
+    EXPECT_TRUE(free.type_text("MUID"));
+    EXPECT_EQ(free.item_index(), 0);
+    free.set_items({});
+    EXPECT_EQ(free.text(), "MUID");
+}
+
+} // namespace

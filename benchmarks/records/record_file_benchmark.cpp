@@ -89,6 +89,7 @@ void write_record(benchmark::State& state, const std::string& file) {
 void declared_write(benchmark::State& state) {
     const std::string target = input_name("written.tmp");
     Scenario_sized_record record;
+    TESK::VV_file(input_name("scenario_size.tvn").c_str()).get(record);
     for (auto _ : state) {
         TESK::VV_file written(target.c_str());
         written.set_durability(platform::Durability::quick);

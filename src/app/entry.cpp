@@ -58,12 +58,19 @@ void show_file(const TESK::File_name& file, std::ostream& out) {
         out << "  [" << TESK::utf8_from_code_page(section.label) << "] " << section.entries.count() << '\n';
 }
 
-// The master record is written at every normal end.
-void end_simulation_paths() {
-    const std::unique_ptr<Simulation_paths> ended(simulation_paths);
-    simulation_paths = nullptr;
-    ended->save();
-}
+// Makes the one object that knows the simulation folders, as long as the scope lives.
+class Simulation_paths_scope {
+public:
+    explicit Simulation_paths_scope(std::unique_ptr<Simulation_paths> paths) : paths_(std::move(paths)) {
+        simulation_paths = paths_.get();
+    }
+    Simulation_paths_scope(const Simulation_paths_scope&) = delete;
+    Simulation_paths_scope& operator=(const Simulation_paths_scope&) = delete;
+    ~Simulation_paths_scope() { simulation_paths = nullptr; }
+
+private:
+    std::unique_ptr<Simulation_paths> paths_;
+};
 
 int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
     const std::size_t count = arguments.size() - 1;
@@ -96,7 +103,8 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
 
     if (project_type == Tilverra_project_type::tilverra)
         platform::launcher().execute(suite_directory->get_suite_exe(), normal_window);
-    end_simulation_paths();
+    // The master record is written at every normal end.
+    simulation_paths->save();
     return exit_done;
 }
 

@@ -11,7 +11,15 @@ bool equal_keys(std::string_view a, std::string_view b, bool case_sensitive) {
 }
 
 // Up to so many items a walk is quicker than a table.
-constexpr std::uint32_t longest_walk = 12;
+constexpr std::uint32_t longest_walk = 20;
+
+// One bit of 64 for the key. Keys of one list often differ in their last characters alone.
+std::uint64_t mark_of(std::string_view key) {
+    std::size_t sum = key.size();
+    if (sum > 1)
+        sum += 5U * static_cast<unsigned char>(key.back()) + 7U * static_cast<unsigned char>(key[sum - 2]);
+    return std::uint64_t{1} << sum % 64;
+}
 
 } // namespace
 
@@ -138,6 +146,7 @@ void Alias_association_list::delete_aliases() {
 Item* Alias_association_list::find_here(std::string_view key) const {
     if (table_changes_ != changes_) {
         table_.clear();
+        key_marks_ = 0;
         table_ends_at_null_ = false;
         table_count_ = 0;
         for (const auto* node = head_; node != nullptr; node = node->next)
@@ -146,6 +155,8 @@ Item* Alias_association_list::find_here(std::string_view key) const {
     }
     if (table_count_ > longest_walk)
         return table_.find(key);
+    if ((key_marks_ & mark_of(key)) == 0)
+        return nullptr;
     for (const auto* node = head_; node != nullptr; node = node->next) {
         const std::string_view node_key = node->item->get_key_view();
         if (node_key.data() == nullptr)
@@ -176,9 +187,11 @@ void Alias_association_list::index_item(Item& item) const {
         return;
     }
     ++table_count_;
-    if (table_count_ > longest_walk + 1) {
+    if (table_count_ <= longest_walk) {
+        key_marks_ |= mark_of(key);
+    } else if (table_count_ > longest_walk + 1) {
         table_.add(item, key);
-    } else if (table_count_ == longest_walk + 1) {
+    } else {
         std::uint32_t left = table_count_;
         for (const auto* node = head_; left > 0; node = node->next, --left)
             table_.add(*node->item, node->item->get_key_view());

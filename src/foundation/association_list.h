@@ -92,7 +92,9 @@ private:
 
     Association_list aliases_;
     std::unordered_map<std::string_view, const Alias*> alias_index_;
-    // Holds as long as table_changes_ is the list's own count of changes.
+    // These hold as long as table_changes_ is the list's own count of changes.
+    // A bit for each key of a short list: most keys that are not there are told by it.
+    mutable std::uint64_t key_marks_ = 0;
     mutable Key_table table_;
     mutable std::uint64_t table_changes_ = 0;
     mutable bool table_ends_at_null_ = false;

@@ -62,7 +62,7 @@ Item* Unidirectional_list::Iterator::detach_current() {
 
 Unidirectional_list::~Unidirectional_list() {
     while (head_ != nullptr)
-        delete unlink(head_, nullptr);
+        delete std::exchange(head_, head_->next);
 }
 
 std::uint32_t Unidirectional_list::count() const {

@@ -132,6 +132,43 @@ void append_fixed(std::string& text, double value, int decimals) {
     text.append(digits, written.ptr);
 }
 
+void append_ten_decimals(std::string& text, float value) {
+    constexpr std::uint64_t scale = 10'000'000'000;
+    constexpr int decimals = 10;
+    constexpr int precision = std::numeric_limits<float>::digits;
+    int exponent = 0;
+    const auto mantissa =
+        static_cast<std::uint64_t>(std::ldexp(std::frexp(std::fabs(value), &exponent), precision));
+    const int shift = precision - exponent; // the value is mantissa / 2^shift
+    if (!std::isfinite(value) || shift <= 0 || shift >= 64) {
+        append_fixed(text, value, decimals);
+        return;
+    }
+    // The mantissa has 24 bits and the scale 34, so that nothing is lost before the one rounding.
+    const std::uint64_t unit = std::uint64_t{1} << shift;
+    const std::uint64_t scaled = (mantissa & (unit - 1)) * scale;
+    std::uint64_t fraction = scaled >> shift;
+    const std::uint64_t rest = scaled & (unit - 1);
+    if (rest > unit / 2 || (rest == unit / 2 && fraction % 2 != 0))
+        ++fraction;
+    std::uint64_t whole = mantissa >> shift;
+    if (fraction == scale) {
+        fraction = 0;
+        ++whole;
+    }
+    char digits[32];
+    char* end = std::end(digits);
+    for (int i = 0; i < decimals; ++i, fraction /= 10)
+        *--end = static_cast<char>('0' + fraction % 10);
+    *--end = '.';
+    do
+        *--end = static_cast<char>('0' + whole % 10);
+    while ((whole /= 10) != 0);
+    if (std::signbit(value))
+        *--end = '-';
+    text.append(end, std::end(digits));
+}
+
 void append_integer(std::string& text, std::int64_t value, int radix) {
     char digits[65];
     text.append(digits, std::to_chars(digits, digits + sizeof digits, value, radix).ptr);

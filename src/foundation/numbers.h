@@ -22,6 +22,9 @@ double parse_float64(const char* text);
 // "inf", "-nan". A negative number of decimals is taken as 6, one above 255 as 255.
 void append_fixed(std::string& text, double value, int decimals);
 
+// The same as append_fixed() with ten decimals, and much quicker.
+void append_ten_decimals(std::string& text, float value);
+
 // Appends the value in decimal or another radix (2 to 36, digits in lower case).
 void append_integer(std::string& text, std::int64_t value, int radix = 10);
 

@@ -66,6 +66,9 @@ void Synchronization::setup_structure(TESK::Data_record& record, bool for_write,
 }
 
 void Synchronization::setup_old_keys(TESK::Data_record& record) {
+    // The other prefix of the same start may have declared them.
+    if (record.get_current_section()->find_entry("sync") != nullptr)
+        return;
     record.expect_enum("sync", old_sync);
     record.expect_int16("offset", offset);
     record.expect_int16("thermal_time", thermal_time);

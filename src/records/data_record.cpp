@@ -86,7 +86,7 @@ void Data_record::set_entry_alias(const char* actual_key, const char* old_key) {
 }
 
 template <class Entry, class... Arguments>
-VV_base_entry* Data_record::expect(const char* key, Arguments&&... arguments) {
+VV_base_entry* Data_record::expect(std::string_view key, Arguments&&... arguments) {
     VV_section* section = get_current_section();
     if (VV_base_entry* entry = section->find_entry(key))
         return entry;

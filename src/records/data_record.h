@@ -138,7 +138,7 @@ private:
     class Units_code_item;
 
     template <class Entry, class... Arguments>
-    VV_base_entry* expect(const char* key, Arguments&&... arguments);
+    VV_base_entry* expect(std::string_view key, Arguments&&... arguments);
     void expect_units_shown(Valid_number& valid);
     // The section that an array of this name stands in becomes current. Returns what stands before the key of
     // an element.

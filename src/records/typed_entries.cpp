@@ -22,8 +22,6 @@ constexpr std::uint16_t float64_length = 16;
 constexpr std::uint16_t bool_length = 1;
 constexpr std::uint16_t label_length = 80;
 
-constexpr int file_decimals = 10;
-
 struct Bool_words {
     const char* when_true;
     const char* when_false;
@@ -40,13 +38,14 @@ void append_number(std::string& text, std::int64_t value, int radix, const Field
     text += number;
 }
 
-void append_float(std::string& text, float value, const Field_format* format) {
+// A column of a table shows the number as it is, a record file as a 32-bit number.
+void append_float(std::string& text, double value, const Field_format* format) {
     if (format == nullptr) {
-        append_fixed(text, value, file_decimals);
+        append_ten_decimals(text, static_cast<float>(value));
         return;
     }
     std::string number;
-    text += float32_to_cstr_formatted(value, number, format->width, format->decimals(), format->decimal_mark,
+    text += float64_to_cstr_formatted(value, number, format->width, format->decimals(), format->decimal_mark,
                                       false);
 }
 
@@ -70,6 +69,11 @@ VV_string_entry::VV_string_entry(std::string_view entry_key, Ustring& field, std
 
 bool VV_string_entry::set_value(const char* text) {
     value = text;
+    return true;
+}
+
+bool VV_string_entry::set_value(const Ustring& text) {
+    value.assign(text);
     return true;
 }
 
@@ -168,7 +172,7 @@ bool VV_float64_entry::set_value(const char* text) {
 }
 
 void VV_float64_entry::append_value(std::string& text) const {
-    append_float(text, static_cast<float>(value), column_format);
+    append_float(text, value, column_format);
 }
 
 VV_bool_entry::VV_bool_entry(std::string_view entry_key, bool& field, std::uint8_t word_form,
@@ -236,10 +240,8 @@ bool VV_units_entry::set_value(const char* text) {
 }
 
 void VV_units_entry::append_value(std::string& text) const {
-    std::string description;
     std::string abbreviation;
-    value.compose_labels(description, abbreviation);
-    text += abbreviation;
+    text += value.get_abbreviation(abbreviation);
 }
 
 } // namespace TESK

@@ -15,13 +15,13 @@ class Date;
 class File_name;
 class Units_clad;
 
-// The text as it stands, annotations included.
+// The text as it stands, annotations included; from a Ustring with every byte of it.
 class VV_string_entry : public VV_base_entry {
 public:
     VV_string_entry(std::string_view entry_key, Ustring& field, std::uint16_t longest_value,
                     const char* first_annotation, const char* second_annotation);
-    using VV_base_entry::set_value;
     bool set_value(const char* text) override;
+    bool set_value(const Ustring& text) override;
     Entry_type type_code() const override { return Entry_type::string; }
     void append_value(std::string& text) const override;
 
@@ -107,7 +107,7 @@ public:
     float& value;
 };
 
-// In a file no more exact than a 32-bit number: it is rounded to one before it is written.
+// In a record file no more exact than a 32-bit number: it is rounded to one before it is written.
 class VV_float64_entry : public VV_base_entry {
 public:
     VV_float64_entry(std::string_view entry_key, double& field, const char* first_annotation,

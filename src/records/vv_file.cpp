@@ -10,16 +10,40 @@ namespace TESK {
 
 namespace {
 
-void store_entry(VV_section& section, std::string_view key, std::string_view value, bool unexpected_only) {
-    VV_base_entry* entry = section.find_entry(key);
-    if (entry == nullptr) {
-        section.entries.append(new VV_unexpected_entry(key, value));
-    } else if (!unexpected_only) {
-        Ustring text;
-        text.assign(value);
-        entry->set_value(text);
+// Stores the entries of a section. Most files hold them in the order in which they are declared, so the entry
+// behind the last one is tried first.
+class Section_reader {
+public:
+    explicit Section_reader(bool unexpected_only) : unexpected_only_(unexpected_only) {}
+
+    void begin(VV_section& section) {
+        section_ = &section;
+        next_ = section.entries.head();
     }
-}
+    void store(std::string_view key, std::string_view value) {
+        VV_base_entry* entry = find(key);
+        if (entry == nullptr) {
+            section_->entries.append(new VV_unexpected_entry(key, value));
+        } else if (!unexpected_only_) {
+            text_.assign(value);
+            entry->set_value(text_);
+        }
+    }
+
+private:
+    VV_base_entry* find(std::string_view key) {
+        if (next_ == nullptr || next_->item->get_key_view() != key)
+            return section_->find_entry(key);
+        auto* entry = static_cast<VV_base_entry*>(next_->item.get());
+        next_ = next_->next;
+        return entry;
+    }
+
+    bool unexpected_only_;
+    VV_section* section_ = nullptr;
+    const Unidirectional_list::Node* next_ = nullptr;
+    Ustring text_;
+};
 
 // A line "label:count=N" says that the file holds N sections of the series.
 void apply_series_count(Data_record& record, std::string_view key, std::string_view value) {
@@ -120,7 +144,8 @@ bool VV_file::read_stream(std::istream& stream, Data_record& record, bool unexpe
 
 bool VV_file::read_lines(Line_reader& lines, Data_record& record, bool unexpected_only, bool one_section) {
     constexpr int most_empty_lines = 20;
-    VV_section* section = record.get_current_section();
+    Section_reader section(unexpected_only);
+    section.begin(*record.get_current_section());
     bool seen_header = false;
     bool read_anything = false;
     int empty_lines = 0;
@@ -138,13 +163,14 @@ bool VV_file::read_lines(Line_reader& lines, Data_record& record, bool unexpecte
                 return true;
             }
             seen_header = read_anything = true;
-            section = record.set_current_section(line.substr(1, bracket - 1));
-            section->encountered = true;
+            VV_section* met = record.set_current_section(line.substr(1, bracket - 1));
+            met->encountered = true;
+            section.begin(*met);
             continue;
         }
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos) {
-            store_entry(*section, "", line, unexpected_only);
+            section.store("", line);
             continue;
         }
         read_anything = true;
@@ -152,7 +178,7 @@ bool VV_file::read_lines(Line_reader& lines, Data_record& record, bool unexpecte
         const std::string_view value = line.substr(equals + 1);
         if (!unexpected_only)
             apply_series_count(record, key, value);
-        store_entry(*section, key, value, unexpected_only);
+        section.store(key, value);
     }
     return read_anything;
 }

@@ -1,7 +1,5 @@
 #include "tables/binary_file.h"
 
-#include "platform/file_stream.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -214,48 +212,35 @@ std::wstring& Binary_file_abstract::read_string(std::wstring& buffer, String_for
     return read_text(buffer, form, length);
 }
 
-std::fstream& Binary_file_fstream::opened() {
+platform::File_stream& Binary_file_fstream::opened() {
     if (stream_ == nullptr)
-        stream_ = platform::open_binary_file(file_name, true);
+        stream_ = std::make_unique<platform::File_stream>(file_name, true);
     return *stream_;
 }
 
-// A file stream wants to be placed anew between reading and writing.
-void Binary_file_fstream::prepare(bool to_write) {
-    std::fstream& stream = opened();
-    if (to_write != last_was_write_ && stream.good())
-        stream.seekg(0, std::ios::cur);
-    last_was_write_ = to_write;
-}
-
 std::size_t Binary_file_fstream::read_bytes(char* bytes, std::size_t count) {
-    prepare(false);
-    stream_->read(bytes, static_cast<std::streamsize>(count));
-    return static_cast<std::size_t>(stream_->gcount());
+    return opened().read(bytes, count);
 }
 
 void Binary_file_fstream::write_bytes(const char* bytes, std::size_t count) {
-    prepare(true);
-    stream_->write(bytes, static_cast<std::streamsize>(count));
+    opened().write(bytes, count);
 }
 
 void Binary_file_fstream::seek(std::int64_t offset, Seek_direction direction) {
-    std::fstream& stream = opened();
-    if (stream.is_open())
-        stream.clear();
-    const auto way = direction == Seek_direction::from_start ? std::ios::beg
-                     : direction == Seek_direction::from_end ? std::ios::end
-                                                             : std::ios::cur;
-    stream.seekg(offset, way);
+    platform::File_stream& stream = opened();
+    const std::int64_t base = direction == Seek_direction::from_start ? 0
+                              : direction == Seek_direction::from_end ? stream.size()
+                                                                      : stream.tell();
+    stream.seek(base + offset);
 }
 
 bool Binary_file_fstream::at_eof() {
     seek(0, Seek_direction::from_end);
-    return stream_->fail();
+    return !good();
 }
 
 std::int64_t Binary_file_fstream::tell() {
-    return static_cast<std::int64_t>(opened().tellg());
+    return opened().tell();
 }
 
 bool Binary_file_fstream::good() {

@@ -2,8 +2,9 @@
 // one way of writing strings.
 #pragma once
 
+#include "platform/file_stream.h"
+
 #include <cstdint>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -134,11 +135,9 @@ public:
     bool good() override;
 
 private:
-    std::fstream& opened();
-    void prepare(bool to_write);
+    platform::File_stream& opened();
 
-    std::unique_ptr<std::fstream> stream_;
-    bool last_was_write_ = false;
+    std::unique_ptr<platform::File_stream> stream_;
 };
 
 } // namespace TESK

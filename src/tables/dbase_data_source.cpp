@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace TESK {
 
@@ -158,10 +159,9 @@ void dBase_data_source::read_field_descriptors(std::int64_t file_size) {
             return;
         std::string name(descriptor, longest_name);
         name.resize(std::min(name.find('\0'), name.size()));
-        auto* field =
-            new Field_item(name.c_str(), descriptor[11], 0, static_cast<std::uint8_t>(descriptor[17]));
-        // What stands in the file counts, whatever length the type usually has.
-        field->name = name;
+        auto* field = new Field_item("", descriptor[11], 0, static_cast<std::uint8_t>(descriptor[17]));
+        // What stands in the file counts, whatever name and length a field made here would have.
+        field->name = std::move(name);
         field->length = static_cast<std::uint8_t>(descriptor[16]);
         field->offset = offset;
         offset = static_cast<std::uint16_t>(offset + field->length);
@@ -215,6 +215,7 @@ bool dBase_data_source::write_structure() {
     file_.write_char(descriptors_end);
     structure_read_ = true;
     current_record_ = 0;
+    matches_.clear();
     return true;
 }
 
@@ -331,6 +332,7 @@ bool dBase_data_source::get(Data_record& record) {
     bool any_read = Data_source::get(record);
     if (current_record_ != 0 || goto_first()) {
         record.set_position(static_cast<std::int32_t>(current_record_));
+        current_deleted_ = !row_.empty() && row_.front() == deleted_mark;
         Ustring text;
         std::size_t place = 0;
         for (const VV_section& section : record.all_sections()) {
@@ -339,10 +341,15 @@ bool dBase_data_source::get(Data_record& record) {
                 entry.encountered = field != nullptr;
                 if (field == nullptr)
                     continue;
-                std::string_view column = get_field_text(*field);
-                column = column.substr(0, column.find_last_not_of(' ') + 1);
-                text.assign(column);
-                entry.set_value(field->type == 'D' ? Ustring(date_from_column(text)) : text);
+                const std::string_view column = get_field_text(*field);
+                // By pointers, since the compiler copies what it knows to be short in a way that is slow.
+                const char* end = column.data() + column.size();
+                while (end != column.data() && end[-1] == ' ')
+                    --end;
+                text.assign(column.data(), end);
+                if (field->type == 'D')
+                    text = date_from_column(text);
+                entry.set_value(text);
                 any_read = true;
             }
         }
@@ -394,8 +401,16 @@ std::uint32_t dBase_data_source::delete_record() {
     return current_record_;
 }
 
+// Whether the file holds what a new table would destroy: rows, or something that is no table.
+bool dBase_data_source::is_occupied() {
+    if (read_structure())
+        return !fields.is_empty() || header_.record_count > 0;
+    file_.seek(0, Seek_direction::from_end);
+    return file_.tell() > 0;
+}
+
 void dBase_data_source::setup_fields(Data_record& record) {
-    if (!fields.is_empty())
+    if (!fields.is_empty() || is_occupied())
         return;
     fields.transfer_all_from(expected_fields, Item_filter::all);
     if (fields.is_empty()) {
@@ -412,14 +427,9 @@ void dBase_data_source::setup_fields(Data_record& record) {
 }
 
 bool dBase_data_source::write_record(Data_record& record) {
-    if (!read_structure()) {
-        // A file that holds something, but no table, is not overwritten with one.
-        file_.seek(0, Seek_direction::from_end);
-        if (file_.tell() > 0)
-            return false;
+    if (!read_structure() || fields.is_empty())
         setup_fields(record);
-    }
-    if (!structure_read_)
+    if (!structure_read_ || fields.is_empty() || header_.record_length == 0)
         return false;
     if (record.get_position() == 0) {
         ++header_.record_count;

@@ -63,7 +63,7 @@ public:
     explicit dBase_data_source(Binary_file_interface& file);
 
     // Makes the table's fields: those that were expected, or else one for each entry of the record, whose
-    // structure stands. Writes the empty table.
+    // structure stands. Writes the empty table. A table that has fields, and a file that is no table, stay.
     virtual void setup_fields(Data_record& record);
 
     // Fetches the current row, or the first when there is none: each entry whose key names a field takes the
@@ -141,6 +141,7 @@ private:
     };
     const Field_item* match(std::size_t place, const std::string& key);
 
+    bool is_occupied();
     void read_header();
     void read_field_descriptors(std::int64_t file_size);
     void visit_rows();

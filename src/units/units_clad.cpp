@@ -156,6 +156,14 @@ std::string& Units_clad::get_label(std::string& buffer) const {
     return buffer;
 }
 
+std::string& Units_clad::get_abbreviation(std::string& buffer) const {
+    if (const Unit* row = find_plain(code))
+        return buffer = row->abbreviation;
+    std::string description;
+    compose_labels(description, buffer);
+    return buffer;
+}
+
 bool Units_clad::unit_labels(std::uint16_t unit, std::string& description, std::string& abbreviation) {
     if ((unit & reciprocal_bit) != 0) {
         description += " per ";
@@ -164,7 +172,7 @@ bool Units_clad::unit_labels(std::uint16_t unit, std::string& description, std::
     if (may_be_plain(unit) && append_row(find_plain(unit), description, abbreviation))
         return true;
     if ((unit & english_bit) != 0)
-        return append_row(find_english(unit), description, abbreviation);
+        return append_row(find_english(unit & ~reciprocal_bit), description, abbreviation);
     return append_metric(unit, description, abbreviation);
 }
 

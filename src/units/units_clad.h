@@ -44,6 +44,9 @@ public:
     // The description, in place of what the buffer held: "kilogram (mass)".
     virtual std::string& get_label(std::string& buffer) const;
 
+    // The abbreviation, likewise: "kg".
+    std::string& get_abbreviation(std::string& buffer) const;
+
     // The description and the abbreviation ("kg"), in place of what the buffers held. False when the code, or
     // the second half of it, has no label; the buffers then hold what could be told.
     bool compose_labels(std::string& description, std::string& abbreviation) const;

@@ -5,14 +5,27 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 #include <string>
 
 namespace {
 
+class Element : public TESK::Item {
+public:
+    bool setup_structure(TESK::Data_record& record, bool) override {
+        record.expect_string("value", value, 255);
+        return true;
+    }
+    TESK::Ustring value;
+};
+
 class Fuzzed_record : public Common_parameters_data_record {
 public:
-    Fuzzed_record() : Common_parameters_data_record(1, {4, 14, 4}, "project") {}
+    Fuzzed_record() : Common_parameters_data_record(1, {4, 14, 4}, "project") {
+        for (int i = 0; i < 3; ++i)
+            elements.append(new Element);
+    }
 
     void expect_structure(bool for_write) override {
         Common_parameters_data_record::expect_structure(for_write);
@@ -24,8 +37,11 @@ public:
         expect_float32_array_with_units_label("layers", "m", layers, 1, 20, false);
         set_current_section("numbers");
         set_entry_alias("int16", "old");
+        expect_enumerated_section(
+            std::make_unique<TESK::VV_container_enumerated_section>("event", true, elements), false);
     }
 
+    TESK::Bidirectional_list elements;
     std::int16_t int16 = 0;
     std::uint32_t uint32 = 0;
     float float32 = 0;

@@ -1,5 +1,7 @@
 #include "scenario_support.h"
 
+#include "temporal/date_time_64.h"
+
 namespace {
 
 using Mode = Synchronization_mode;
@@ -58,29 +60,24 @@ TEST_F(Common_event_test, an_event_whose_period_alone_repeats_leaves_out_the_int
         << text;
 }
 
-TEST_F(Common_event_test, timing_can_be_kept_out_of_the_file) {
-    auto event = irrigation();
-    event->period->repeat_event = true;
-    event->timing_excluded = true;
-    EXPECT_EQ(saved(std::move(event)), before_timing + switches);
-}
-
-TEST_F(Common_event_test, an_inline_operation_has_its_keys_among_those_of_the_event) {
+TEST_F(Common_event_test,
+       an_operation_has_its_keys_in_the_event_when_it_is_inline_and_timing_can_be_left_out) {
     class Inline_operation : public Common_operation {
     public:
         bool is_inline() const override { return true; }
         bool setup_structure(TESK::Data_record& record, bool) override {
-            record.expect_int16("depth", depth);
-            return true;
+            return record.expect_int16("depth", depth) != nullptr;
         }
         std::int16_t depth = 12;
     };
-    auto event = irrigation();
-    event->own_operation(std::make_unique<Inline_operation>());
-    EXPECT_TRUE(saved(std::move(event)).ends_with("checked=true\r\ndepth=12\r\n"));
-    event = irrigation();
-    event->own_operation(std::make_unique<Common_operation>());
-    EXPECT_TRUE(saved(std::move(event)).ends_with("checked=true\r\n"));
+    for (const bool is_inline : {false, true}) {
+        auto event = irrigation();
+        event->period->repeat_event = true;
+        event->timing_excluded = true;
+        event->own_operation(is_inline ? std::unique_ptr<Common_operation>(new Inline_operation)
+                                       : std::make_unique<Common_operation>());
+        EXPECT_EQ(saved(std::move(event)), before_timing + switches + (is_inline ? "depth=12\r\n" : ""));
+    }
 }
 
 TEST_F(Common_event_test, a_start_is_read_under_either_prefix_and_under_the_keys_of_old_files) {
@@ -117,6 +114,13 @@ TEST_F(Common_event_test, a_reschedule_is_one_key_for_both_ends) {
     EXPECT_EQ(save(*read(first)), first);
 }
 
+TEST_F(Common_event_test, a_new_event_has_the_present_moment_for_an_ID) {
+    const double before = TESK::Date_time_64().date_time;
+    const Common_event event;
+    EXPECT_GE(std::stod(event.ID), before);
+    EXPECT_TRUE(event.ID.ends_with(" (default)")) << event.ID;
+}
+
 TEST_F(Common_event_test, a_counted_event_without_a_section_has_the_defaults_and_an_ID) {
     const auto scenario = read("event:count=4\n[event:1]\nID=a\n[event:2]\nID=\n");
     ASSERT_EQ(scenario->events.count(), 4U);
@@ -147,13 +151,9 @@ TEST_F(Common_event_test, sections_are_met_in_any_order_and_in_the_old_spelling)
     EXPECT_EQ(scenario->events.find_event(nullptr), nullptr);
 }
 
-TEST_F(Common_event_test, the_old_spelling_of_the_count_makes_no_events) {
-    EXPECT_TRUE(read("event_count=2\n[event_1]\nID=a\n")->events.is_empty());
-}
-
 TEST_F(Common_event_test, a_hostile_count_makes_the_events_that_it_tells_and_no_sections) {
-    for (const char* count : {"-1", "65536", "junk", "40000"})
-        EXPECT_TRUE(read(std::string("event:count=") + count)->events.is_empty()) << count;
+    for (const char* count : {":count=-1", ":count=65536", ":count=junk", ":count=40000", "_count=2"})
+        EXPECT_TRUE(read(std::string("event") + count)->events.is_empty()) << count;
     std::string text;
     for (int growing = 30000; growing < 32767; ++growing)
         text += "event:count=" + std::to_string(growing) + "\n";
@@ -179,39 +179,36 @@ TEST_F(Common_event_test, a_period_that_does_nothing_can_be_deleted_and_comes_ba
     const auto event = irrigation();
     event->period->period_repetitions = 2;
     EXPECT_TRUE(event->has_period(true));
-    ASSERT_NE(event->period, nullptr);
     event->period->period_repetitions = 1;
-    EXPECT_FALSE(event->has_period(false));
-    EXPECT_NE(event->period, nullptr);
     EXPECT_FALSE(event->has_period(true));
     EXPECT_EQ(event->period, nullptr);
-
     TESK::Data_record record("event:1");
-    record.expect_structure(false);
     event->setup_structure(record, false);
     EXPECT_NE(event->period, nullptr);
 }
 
 TEST_F(Common_event_test, events_compare_by_the_day_on_which_they_start) {
-    const auto compare = [](Mode mode, auto change_first) {
-        Common_event a("a");
-        Common_event b("b");
-        for (Common_event* event : {&a, &b}) {
-            event->begin_sync.set_datenum(1998200);
-            event->begin_sync.mode = mode;
-        }
-        change_first(a.begin_sync);
-        return a.compare(b);
+    struct Case {
+        Mode mode;
+        int by_date;
+        int by_offset;
     };
-    const auto later_date = [](Synchronization& s) { s.set_datenum(1998201); };
-    const auto larger_offset = [](Synchronization& s) { s.offset = 5; };
-    EXPECT_EQ(compare(Mode::actual_date, later_date), 1);
-    EXPECT_EQ(compare(Mode::relative_to_sow_date, later_date), 1);
-    EXPECT_EQ(compare(Mode::relative_to_simulation_event, later_date), 0);
-    EXPECT_EQ(compare(Mode::relative_to_simulation_event, larger_offset), 1);
-    EXPECT_EQ(compare(Mode::before_planting, larger_offset), -1);
-    EXPECT_EQ(compare(Mode::thermal_time, [](Synchronization& s) { s.thermal_time = 9; }), 1);
-    EXPECT_EQ(compare(Mode::actual_date, [](Synchronization& s) { s.mode = Mode::before_planting; }), 0);
+    for (const Case& c : {Case{Mode::actual_date, 1, 0},
+                          {Mode::relative_to_sow_date, 1, 0},
+                          {Mode::relative_to_simulation_event, 0, 1},
+                          {Mode::before_planting, 0, -1}}) {
+        Common_event plain("plain");
+        Common_event later("later");
+        Common_event behind("behind");
+        for (Common_event* event : {&plain, &later, &behind})
+            event->begin_sync.mode = c.mode;
+        later.begin_sync.set_datenum(1998201);
+        behind.begin_sync.offset = 5;
+        EXPECT_EQ(later.compare(plain), c.by_date);
+        EXPECT_EQ(behind.compare(plain), c.by_offset);
+        plain.begin_sync.mode = Mode::thermal_time;
+        EXPECT_EQ(later.compare(plain), 0);
+    }
 }
 
 TEST_F(Common_event_test, the_events_due_are_walked_by_date) {
@@ -237,18 +234,6 @@ TEST_F(Common_event_test, the_events_due_are_walked_by_date) {
     for (const Common_event* event : events.due_until(TESK::Date(std::int32_t{1998200})))
         walked += event->ID + " ";
     EXPECT_EQ(walked, "a b b2 ");
-}
-
-TEST_F(Common_event_test, lists_select_check_and_enable_by_the_events_own_marks) {
-    Common_event_list events;
-    auto* first = new Common_event("first");
-    events.append(first);
-    events.append(new Common_event("second"));
-    events.check_all(false);
-    EXPECT_FALSE(first->checked);
-    first->set_selected(true);
-    EXPECT_EQ(events.delete_all(TESK::Item_filter::selected), 1U);
-    EXPECT_EQ(events.find_event("first"), nullptr);
 }
 
 } // namespace

@@ -31,79 +31,58 @@ std::string written(Synchronization sync, const char* prefix) {
     return text.str();
 }
 
-TEST(Synchronization_test, a_mode_writes_the_keys_that_it_needs) {
+TEST(Synchronization_test, a_mode_decides_the_keys_in_the_file_and_the_words_on_the_screen) {
     struct Case {
         Mode mode;
-        const char* lines;
-    };
-    const Case cases[] = {
-        {Mode::actual_date, "end_synchronization=actual_date\r\nend_date=1998213 (1998/8/1)\r\n"},
-        {Mode::relative_to_simulation_event, "end_synchronization=relative_to_simulation_event\r\n"
-                                             "end_offset=-3\r\nend_relative_to_simulation_event=begin\r\n"},
-        {Mode::relative_to_sow_date,
-         "end_synchronization=relative_to_sow_date\r\nend_date=1998213 (1998/8/1)\r\n"},
-        {Mode::before_planting, "end_synchronization=before_planting\r\nend_offset=-3\r\n"},
-        {Mode::after_normal_crop_growth_stage,
-         "end_synchronization=after_normal_crop_growth_stage\r\nend_offset=-3\r\nend_phenologic=sowing\r\n"
-         "reschedule=no\r\nend_repeat_each_season=false\r\n"},
-        {Mode::after_fruit_tree_growth_stage,
-         "end_synchronization=after_fruit_tree_growth_stage\r\nend_offset=-3\r\n"
-         "end_phenologic(fruit)=planting\r\nreschedule=no\r\nend_repeat_each_season=false\r\n"},
-        {Mode::thermal_time, "end_synchronization=thermal_time\r\nend_thermal_time=450\r\n"
-                             "reschedule=no\r\nend_repeat_each_season=false\r\n"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(written(sync_of(c.mode, -3, 1998213), "end_"), std::string("[s]\r\n") + c.lines);
-}
-
-TEST(Synchronization_test, shows_itself_in_words) {
-    struct Case {
-        Mode mode;
+        const char* lines; // behind the first
         const char* text;
     };
+    const std::string seasons = "reschedule=no\r\nend_repeat_each_season=false\r\n";
     const Case cases[] = {
-        {Mode::actual_date, "1998/8/1 (actual date)"},
-        {Mode::relative_to_simulation_event, "2 Days end"},
-        {Mode::relative_to_sow_date, "1998/8/1 (relative to planting)"},
-        {Mode::before_planting, "2 Days  (before planting)"},
-        {Mode::after_normal_crop_growth_stage, "2 Days after active growth"},
-        {Mode::after_fruit_tree_growth_stage, "2 Days after bud break"},
-        {Mode::thermal_time, "450 Degree days"},
+        {Mode::actual_date, "end_date=1998213 (1998/8/1)\r\n", "1998/8/1 (actual date)"},
+        {Mode::relative_to_simulation_event, "end_offset=-3\r\nend_relative_to_simulation_event=begin\r\n",
+         "-3 Days begin"},
+        {Mode::relative_to_sow_date, "end_date=1998213 (1998/8/1)\r\n", "1998/8/1 (relative to planting)"},
+        {Mode::before_planting, "end_offset=-3\r\n", "-3 Days  (before planting)"},
+        {Mode::after_normal_crop_growth_stage, "end_offset=-3\r\nend_phenologic=active_growth\r\n",
+         "-3 Days after active growth"},
+        {Mode::after_fruit_tree_growth_stage, "end_offset=-3\r\nend_phenologic(fruit)=bud_break\r\n",
+         "-3 Days after bud break"},
+        {Mode::thermal_time, "end_thermal_time=450\r\n", "450 Degree days"},
     };
     for (const Case& c : cases) {
-        Synchronization sync = sync_of(c.mode, 2, 1998213);
-        sync.simulation_event = Simulation_event::end;
+        Synchronization sync = sync_of(c.mode, -3, 1998213);
         sync.normal_crop_stage.set_label("active_growth");
         sync.fruit_tree_stage.set_label("bud_break");
         std::string text = "old";
         EXPECT_EQ(sync.text_str(text), c.text);
+        EXPECT_EQ(written(sync, "end_"), "[s]\r\nend_synchronization=" + sync.mode.get_label() + "\r\n" +
+                                             c.lines +
+                                             (c.mode < Mode::after_normal_crop_growth_stage ? "" : seasons));
     }
-    Synchronization outside;
-    outside.mode.set_int32(200);
-    std::string text;
-    EXPECT_EQ(outside.text_str(text), "");
 }
 
-TEST(Synchronization_test, resolves_to_a_date_by_its_mode) {
-    EXPECT_EQ(resolved(sync_of(Mode::actual_date, 9, 1998213), 2000001), 1998213);
-    EXPECT_EQ(resolved(sync_of(Mode::relative_to_simulation_event, 5), 2000364), 2001003);
-    EXPECT_EQ(resolved(sync_of(Mode::before_planting, 5), 2001003), 2000364);
-    EXPECT_EQ(resolved(sync_of(Mode::after_normal_crop_growth_stage, 5), 1999364), 2000004);
-    EXPECT_EQ(resolved(sync_of(Mode::after_fruit_tree_growth_stage, 0), 1999364), 1999364);
-    EXPECT_EQ(resolved(sync_of(Mode::thermal_time, 5), 1999364), 0);
-
-    Synchronization from_end(5, Simulation_event::end);
-    EXPECT_EQ(resolved(from_end, 2001003), 2000364);
-    // Nothing to count from.
-    EXPECT_EQ(resolved(from_end, 0), 0);
-}
-
-TEST(Synchronization_test, a_negative_offset_moves_the_other_way) {
-    EXPECT_EQ(resolved(sync_of(Mode::relative_to_simulation_event, -5), 2001003), 2000364);
-    EXPECT_EQ(resolved(sync_of(Mode::before_planting, -5), 2000364), 2001003);
-    EXPECT_EQ(resolved(sync_of(Mode::after_normal_crop_growth_stage, -5), 2001003), 2000364);
-    EXPECT_EQ(resolved(Synchronization(-5, Simulation_event::end), 2000364), 2001003);
-    EXPECT_EQ(resolved(sync_of(Mode::before_planting, INT16_MIN), 2000001), 2089261);
+TEST(Synchronization_test, resolves_by_its_mode_and_a_negative_offset_moves_the_other_way) {
+    struct Case {
+        Synchronization sync;
+        std::int32_t base;
+        std::int32_t result;
+    };
+    const Case cases[] = {
+        {sync_of(Mode::actual_date, 9, 1998213), 2000001, 1998213},
+        {Synchronization(5), 2000364, 2001003},
+        {Synchronization(-5), 2001003, 2000364},
+        {Synchronization(5, Simulation_event::end), 2001003, 2000364},
+        {Synchronization(-5, Simulation_event::end), 2000364, 2001003},
+        {sync_of(Mode::before_planting, 5), 2001003, 2000364},
+        {sync_of(Mode::before_planting, INT16_MIN), 2000001, 2089261},
+        {sync_of(Mode::after_normal_crop_growth_stage, -5), 2001003, 2000364},
+        {sync_of(Mode::after_fruit_tree_growth_stage, 5), 1999364, 2000004},
+        {sync_of(Mode::thermal_time, 5), 1999364, 0},
+        {Synchronization(5), 0, 0}, // nothing to count from
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(resolved(c.sync, c.base), c.result) << c.sync.mode.get_label() << c.sync.offset;
 }
 
 TEST(Synchronization_test, a_date_relative_to_planting_falls_in_the_year_of_the_planting) {
@@ -122,35 +101,21 @@ TEST(Synchronization_test, a_date_relative_to_planting_falls_in_the_year_of_the_
 }
 
 TEST(Synchronization_test, two_count_from_the_same_thing_when_mode_and_stage_agree) {
-    const auto same = [](Mode mode, auto change) {
-        Synchronization a = sync_of(mode, 1);
-        const Synchronization b = sync_of(mode, 2);
-        change(a);
-        return a.same_sync(b);
-    };
-    const auto other_event = [](Synchronization& s) { s.simulation_event = Simulation_event::end; };
-    const auto other_crop = [](Synchronization& s) { s.normal_crop_stage.set_label("harvest"); };
-    const auto other_tree = [](Synchronization& s) { s.fruit_tree_stage.set_label("harvest"); };
-    EXPECT_FALSE(same(Mode::relative_to_simulation_event, other_event));
-    EXPECT_FALSE(same(Mode::after_normal_crop_growth_stage, other_crop));
-    EXPECT_FALSE(same(Mode::after_fruit_tree_growth_stage, other_tree));
-    EXPECT_TRUE(same(Mode::relative_to_simulation_event, other_crop));
-    EXPECT_TRUE(same(Mode::after_normal_crop_growth_stage, other_tree));
-    EXPECT_TRUE(same(Mode::after_fruit_tree_growth_stage, other_event));
-    EXPECT_FALSE(sync_of(Mode::actual_date, 0).same_sync(sync_of(Mode::thermal_time, 0)));
-}
-
-TEST(Synchronization_test, becomes_an_actual_or_a_relative_date) {
-    Synchronization sync(7);
-    EXPECT_TRUE(sync.is_relative());
-    sync.set_date(TESK::Date(std::int32_t{1998213}));
-    EXPECT_FALSE(sync.is_relative());
-    EXPECT_EQ(sync.date_num, 1998213);
-    EXPECT_EQ(sync.offset, 0);
-    sync.set_relative(true);
-    EXPECT_EQ(sync.mode.get_label(), "relative_to_sow_date");
-    sync.set_relative(false);
-    EXPECT_EQ(sync.mode.get_label(), "actual_date");
+    const Mode modes[] = {Mode::actual_date, Mode::relative_to_simulation_event,
+                          Mode::after_normal_crop_growth_stage, Mode::after_fruit_tree_growth_stage};
+    for (const Mode mode : modes) {
+        const Synchronization plain = sync_of(mode, 1);
+        Synchronization other_event = sync_of(mode, 2);
+        Synchronization other_crop = other_event;
+        Synchronization other_tree = other_event;
+        other_event.simulation_event = Simulation_event::end;
+        other_crop.normal_crop_stage.set_label("harvest");
+        other_tree.fruit_tree_stage.set_label("harvest");
+        EXPECT_EQ(plain.same_sync(other_event), mode != Mode::relative_to_simulation_event);
+        EXPECT_EQ(plain.same_sync(other_crop), mode != Mode::after_normal_crop_growth_stage);
+        EXPECT_EQ(plain.same_sync(other_tree), mode != Mode::after_fruit_tree_growth_stage);
+        EXPECT_FALSE(plain.same_sync(sync_of(Mode::thermal_time, 1)));
+    }
 }
 
 } // namespace

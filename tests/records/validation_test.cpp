@@ -100,13 +100,6 @@ TEST(Validation, the_record_line_is_followed_by_the_unit) {
               "days=7\ndays_units=\n");
 }
 
-TEST(Validation, each_status_has_its_severity_and_a_colour) {
-    const int groups[] = {0, 1, 2, 2, 2, 3, 3, 3, 4, 4, 4, 5, 6, 0, 0};
-    for (std::uint8_t status = 0; status < std::size(groups); ++status)
-        EXPECT_EQ(severity_group(Validation_status(status)), groups[status]);
-    EXPECT_STREQ(status_colour(Validation_status(200)), "LIGHTBLUE");
-}
-
 TEST(Validation, a_record_stores_the_value_with_its_captions_and_units_only_where_they_can_be_chosen) {
     Depth depth(5);
     Undeclared_record record;

@@ -76,13 +76,10 @@ TEST_F(Binary_file_test, strings_lie_as_their_form_and_length_say_and_come_back)
     }
     EXPECT_EQ(written(false, [](auto& file) { file.write_string(std::wstring(L"ab"), 1, 6); }),
               "\2a\0b\0\0\0\0"s);
-}
-
-TEST_F(Binary_file_test, a_length_that_the_file_does_not_hold_ends_at_its_end) {
+    // A length that the file does not hold ends at its end.
     folder.write("file", "\xFF\xFF\xFF\xFFshort");
-    Binary_file_fstream file(folder.name("file").c_str(), false);
     std::string text;
-    EXPECT_EQ(file.read_string(text, 3, 0), "short");
+    EXPECT_EQ(Binary_file_fstream(folder.name("file").c_str(), false).read_string(text, 3, 0), "short");
 }
 
 TEST_F(Binary_file_test, a_missing_file_is_made_and_a_read_only_one_is_read) {
@@ -96,6 +93,33 @@ TEST_F(Binary_file_test, a_missing_file_is_made_and_a_read_only_one_is_read) {
     file.write_char('y');
     EXPECT_FALSE(file.good());
     EXPECT_EQ(folder.read("fixed"), "x");
+}
+
+TEST_F(Binary_file_test, what_is_written_anywhere_is_what_is_read) {
+    std::string wanted(20'000, '.');
+    folder.write("file", wanted);
+    {
+        Binary_file_fstream file(folder.name("file").c_str(), false);
+        std::uint32_t random = 1;
+        for (int i = 0; i < 2000; ++i) {
+            random = random * 1664525 + 1013904223;
+            const std::size_t place = (random >> 8) % 21'000;
+            const std::size_t count = random % 7 == 0 ? 9'000 : random % 40;
+            file.seek(static_cast<std::int64_t>(place), Seek_direction::from_start);
+            std::string bytes(count, static_cast<char>('a' + i % 26));
+            if (i % 2 != 0 && place <= wanted.size()) {
+                file.write_bytes(bytes.data(), count);
+                wanted.replace(place, count, bytes);
+                EXPECT_TRUE(file.good());
+            } else {
+                bytes.resize(file.read_bytes(bytes.data(), count));
+                EXPECT_EQ(bytes, place < wanted.size() ? wanted.substr(place, count) : "");
+            }
+            file.seek(0, Seek_direction::from_end);
+            EXPECT_EQ(file.tell(), static_cast<std::int64_t>(wanted.size()));
+        }
+    }
+    EXPECT_EQ(folder.read("file"), wanted);
 }
 
 } // namespace

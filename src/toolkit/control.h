@@ -173,7 +173,7 @@ public:
     bool visible() const { return visible_; }
     virtual void set_visible(bool visible);
     bool enabled() const { return enabled_; }
-    void set_enabled(bool enabled);
+    virtual void set_enabled(bool enabled);
     const Place& place() const { return place_; }
     void set_place(const Place& place);
 

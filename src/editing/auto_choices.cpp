@@ -1,0 +1,83 @@
+#include "editing/auto_choices.h"
+
+#include <algorithm>
+
+void TAutoCheckBox::bind_to(bool* value, const char* help_URL) {
+    value_ = value;
+    Help_link::set(help_URL);
+    Update();
+}
+
+void TAutoCheckBox::update_value() {
+    if (value_ != nullptr)
+        *value_ = checked();
+}
+
+void TAutoCheckBox::do_click() {
+    update_value();
+    TCheckBox::do_click();
+}
+
+void TAutoRadioGroup::bind_to(Labeled_enum* value, const char* help_URL) {
+    enumeration_ = value;
+    byte_ = nullptr;
+    Help_link::set(help_URL);
+    Update();
+}
+
+void TAutoRadioGroup::bind_to(std::int8_t* value, std::int8_t offset, const char* help_URL) {
+    enumeration_ = nullptr;
+    byte_ = value;
+    offset_ = offset;
+    Help_link::set(help_URL);
+    Update();
+}
+
+void TAutoRadioGroup::Update() {
+    if (enumeration_ != nullptr)
+        set_item_index(enumeration_->get_int32());
+    else
+        set_item_index(byte_ == nullptr ? -1 : *byte_ - offset_);
+}
+
+void TAutoRadioGroup::update_value() {
+    if (enumeration_ != nullptr)
+        enumeration_->set_int32(item_index());
+    else if (byte_ != nullptr)
+        *byte_ = static_cast<std::int8_t>(item_index() + offset_);
+}
+
+void TAutoRadioGroup::do_click() {
+    update_value();
+    TRadioGroup::do_click();
+}
+
+void TAutoBitCheckListBox::bind_to(std::uint32_t* bits, const char* const* captions, const char* help_URL) {
+    bits_ = bits;
+    Help_link::set(help_URL);
+    std::vector<std::string> lines;
+    for (; captions != nullptr && *captions != nullptr; ++captions)
+        lines.push_back(screen_text(*captions));
+    set_lines(lines);
+    Update();
+}
+
+void TAutoBitCheckListBox::Update() {
+    constexpr int bit_count = 32;
+    for (int i = 0; i < count(); ++i)
+        set_checked(i, bits_ != nullptr && i < bit_count && (*bits_ >> i & 1U) != 0);
+}
+
+void TAutoBitCheckListBox::update_value() {
+    if (bits_ == nullptr)
+        return;
+    constexpr int bit_count = 32;
+    *bits_ = 0;
+    for (int i = 0; i < std::min(count(), bit_count); ++i)
+        *bits_ |= static_cast<std::uint32_t>(checked(i)) << i;
+}
+
+void TAutoBitCheckListBox::do_check(int index) {
+    update_value();
+    TCheckListBox::do_check(index);
+}

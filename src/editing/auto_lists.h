@@ -1,0 +1,63 @@
+// Lists that show the items of a container.
+#pragma once
+
+#include "editing/bound_control.h"
+#include "foundation/container.h"
+#include "foundation/ustring.h"
+#include "toolkit/combo_box.h"
+#include "toolkit/list_box.h"
+
+// A text, with the items to choose it from. The value follows at once.
+class TAutoContainerComboBox : public TComboBox, public Help_link {
+public:
+    explicit TAutoContainerComboBox(std::string name);
+
+    // Null shows no text, or no items.
+    void bind_to(TESK::Ustring* value, TESK::Container* items, const char* help_URL);
+    void Update() override;
+    void update_value();
+
+protected:
+    void do_change() override;
+
+private:
+    TESK::Ustring* value_ = nullptr;
+    TESK::Container* container_ = nullptr;
+};
+
+class TAutoContainerListBox : public TListBox, public Help_link {
+public:
+    explicit TAutoContainerListBox(std::string name, bool multi_select = true)
+        : TListBox(std::move(name), multi_select) {}
+
+    // Null shows nothing.
+    void bind_to(TESK::Container* items, const char* help_URL);
+    void Update() override;
+
+    // Deletes the items of the selected lines.
+    void delete_selected();
+    // Moves the item of the first selected line to an end of the container; only one moves.
+    void move_selected_to(bool top);
+
+private:
+    TESK::Container* container_ = nullptr;
+};
+
+// The marks of the lines are the items' own.
+class TAutoContainerCheckListBox : public TCheckListBox, public Help_link {
+public:
+    using TCheckListBox::TCheckListBox;
+
+    // Null shows nothing.
+    void bind_to(TESK::Container* items, const char* help_URL);
+    void Update() override;
+    // Writes each line's marks into its item.
+    void update_value();
+
+protected:
+    void do_check(int index) override;
+    void do_click() override;
+
+private:
+    TESK::Container* container_ = nullptr;
+};

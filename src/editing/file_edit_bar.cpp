@@ -1,0 +1,224 @@
+#include "editing/file_edit_bar.h"
+
+#include "platform/process.h"
+
+#include <iterator>
+
+namespace {
+
+constexpr int normal_window = 1;
+constexpr const char* no_file = "<Currently not selected>";
+constexpr const char* unnamed_caption = "caption";
+constexpr Colour unknown_status_colour = 0xffaa1b;
+
+constexpr const char* status_hints[TESK::validation_status_count] = {
+    "File status unavailable.",
+    "File missing or does not currently exist.",
+    "File error, or contains invalid data.",
+    "File error, or contains invalid data.",
+    "File error, or contains invalid data.",
+    "File error, or probably contains invalid data.",
+    "File error, or probably contains invalid data.",
+    "File error, or probably contains invalid data.",
+    "File exists but probably contains invalid or questionable data.",
+    "File exists but probably contains invalid or questionable data.",
+    "File exists but probably contains invalid or questionable data.",
+    "File exists and is presumed to be valid.",
+    "File is good.",
+    "File selection disabled, file probably not required at this time.",
+};
+
+TButton& add_button(TControl& parent, const char* name, const char* text, const char* hint) {
+    TButton& button = parent.add<TButton>(name, text);
+    button.set_hint(hint);
+    return button;
+}
+
+} // namespace
+
+TAutoFileEditBar::TAutoFileEditBar(std::string name)
+    : TPanel(std::move(name), Layout::row), panel_caption(add<TLabel>("panel_caption")),
+      filename_edit(add<TAutoStringEdit>("filename_edit")),
+      filename_button(
+          add_button(*this, "filename_button", "Select",
+                     "This button will display the file requestor to change the selected filename.")),
+      edit_button(add_button(*this, "edit_button", "", "This button will edit (or view) the file.")),
+      qualify_button(
+          add_button(*this, "qualify_button", "...",
+                     "This button toggles the filename directory from relative to absolute path.")),
+      validate_button(add_button(*this, "validate_button", mark_text(Mark::tick),
+                                 "This button display detail status information on this file.")),
+      cancel_button(
+          add_button(*this, "cancel_button", "X", "This button will clear the filename selection.")),
+      help_button(add_button(*this, "help_button", "?", "This button displays context sensitive help.")) {
+    panel_caption.set_hint(
+        "File description and status: Red=Errors in file, Orange=Invalid values in the file,  "
+        "Yellow=Questionable values in the file, Green=The file appears OK, Blue=File not "
+        "selected (not required), Purple=File not select but required.");
+    Place place;
+    place.stretch = 1;
+    filename_edit.set_place(place);
+    edit_button.set_visible(false);
+    validate_button.set_visible(false);
+    filename_edit.on_change = [this] { name_typed(); };
+    filename_edit.on_exit = [this] { name_left(); };
+    filename_button.on_click = [this] { filename_button_clicked(); };
+    edit_button.on_click = [this] { edit_button_clicked(); };
+    qualify_button.on_click = [this] { relative_button_clicked(); };
+    validate_button.on_click = [this] { validate_button_clicked(); };
+    cancel_button.on_click = [this] { cancel_button_clicked(); };
+    help_button.on_click = [this] { filename_edit.Help_link::open(); };
+    on_drop_files = [this](const std::vector<std::string>& names) { take_dropped(names); };
+}
+
+void TAutoFileEditBar::bind_to(TESK::Filtered_file_name* file, const char* caption,
+                               TESK::Smart_file_name* status_file, TESK::Validation_status* status,
+                               const char* help_URL) {
+    file_ = file;
+    status_file_ = status_file;
+    directory_.set("");
+    if (file != nullptr)
+        file->get_path(directory_, true);
+    if (panel_caption.text().empty() || panel_caption.text() == unnamed_caption) {
+        TESK::Ustring description = "*";
+        if (file != nullptr)
+            file->get_default_description(description);
+        if (caption != nullptr)
+            panel_caption.set_text(screen_text(caption));
+        else if (!description.starts_with('*'))
+            panel_caption.set_text(screen_text(description));
+    }
+    status_ = status == nullptr ? &own_status_ : status;
+    help_button.set_visible(help_URL != nullptr);
+    Update();
+    filename_edit.bind_to(file, help_URL);
+}
+
+bool TAutoFileEditBar::has_file() const {
+    return file_ != nullptr && !file_->starts_with('<');
+}
+
+void TAutoFileEditBar::Update() {
+    if (file_ == nullptr)
+        return;
+    if (has_file()) {
+        // What exists is judged even where the status shown is the record's own.
+        own_status_ = file_->exists() ? TESK::Validation_status::good : TESK::Validation_status::unknown;
+        file_->decompose();
+        validate_button.set_visible(status_file_ != nullptr && status_file_->exists());
+        show_status();
+    }
+    filename_edit.Update();
+}
+
+void TAutoFileEditBar::show_status() {
+    const auto index = static_cast<std::size_t>(*status_);
+    const Status_look* look = status_look(*status_);
+    panel_caption.set_colour(look == nullptr ? unknown_status_colour : look->panel_colour);
+    panel_caption.set_hint(index < std::size(status_hints) ? status_hints[index] : "File status unknown.");
+    panel_caption.set_mark(status_light(static_cast<int>(index)).mark);
+}
+
+void TAutoFileEditBar::set_directory(const TESK::Directory_name& directory) {
+    directory_.set(directory);
+    directory_is_fixed_ = true;
+}
+
+void TAutoFileEditBar::set_edit_program(const TESK::File_name* program, const char* caption) {
+    edit_program_.reset();
+    if (program != nullptr)
+        edit_program_ = *program;
+    edit_button.set_text(caption == nullptr ? "" : screen_text(caption));
+    edit_button.set_visible(program != nullptr);
+}
+
+void TAutoFileEditBar::after_change() {
+    if (on_after_change)
+        on_after_change();
+}
+
+void TAutoFileEditBar::edit_button_clicked() {
+    if (!has_file())
+        return;
+    file_->set(record_text(filename_edit.text()));
+    if (!edit_program_) {
+        file_->open();
+        return;
+    }
+    platform::launcher().execute('"' + *edit_program_ + "\" \"" + *file_ + "\" ", normal_window);
+    after_change();
+}
+
+void TAutoFileEditBar::relative_button_clicked() {
+    if (!has_file())
+        return;
+    if (file_->is_qualified(true))
+        file_->make_relative_to(TESK::Directory_name());
+    else
+        file_->qualify();
+    Update();
+}
+
+void TAutoFileEditBar::filename_button_clicked() {
+    TFileDialog& dialog = file_requestor_dialog;
+    TESK::Ustring extension = "*";
+    TESK::Ustring filter;
+    if (file_ != nullptr) {
+        file_->get_default_extension(extension);
+        file_->get_dialog_filter(filter);
+    }
+    dialog.default_extension = screen_text(extension);
+    dialog.file_name = file_ == nullptr || file_->contains("<") ? "" : screen_text(*file_);
+    dialog.filter = screen_text(filter) + (filter.empty() ? "" : "|") + "All files (*.*)|*.*|";
+    dialog.initial_folder = screen_text(directory_);
+    if (!dialog.execute())
+        return;
+    if (file_ != nullptr)
+        file_->set(record_text(dialog.file_name));
+    else
+        filename_edit.set_text(dialog.file_name);
+    filename_edit.Update();
+    Update();
+    after_change();
+}
+
+void TAutoFileEditBar::cancel_button_clicked() {
+    if (file_ == nullptr)
+        return;
+    file_->set(no_file);
+    Update();
+}
+
+void TAutoFileEditBar::validate_button_clicked() {
+    if (status_file_ != nullptr && status_file_->exists())
+        status_file_->open();
+}
+
+void TAutoFileEditBar::name_left() {
+    if (has_file())
+        file_->set(record_text(filename_edit.text()));
+}
+
+void TAutoFileEditBar::name_typed() {
+    if (OnChange)
+        OnChange();
+    if (!has_file())
+        return;
+    file_->decompose();
+    if (!file_->is_qualified(true) && !directory_is_fixed_) {
+        file_->set_path(directory_);
+        show_status();
+    }
+}
+
+void TAutoFileEditBar::take_dropped(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        if (file_ == nullptr) {
+            filename_edit.set_text(name);
+            continue;
+        }
+        file_->set(record_text(name));
+        filename_edit.Update();
+    }
+    Update();
+}

@@ -1,6 +1,5 @@
 #include "editing/sim_database_edit_bars.h"
 
-
 namespace {
 
 constexpr const char* no_database_text =

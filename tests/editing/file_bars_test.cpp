@@ -1,0 +1,226 @@
+#include "editing/file_edit_bar.h"
+#include "editing/sim_database_edit_bars.h"
+#include "editing/view_file_button.h"
+#include "names/typed_filenames.h"
+#include "platform/current_directory.h"
+#include "support/launcher_record.h"
+#include "support/temporary_drives.h"
+#include "toolkit/headless_desktop.h"
+
+#include <gtest/gtest.h>
+
+using TESK::Directory_name;
+using TESK::File_name;
+using TESK::Smart_directory_name;
+using TESK::Validation_status;
+
+namespace {
+
+class File_bars : public testing::Test {
+protected:
+    File_bars() {
+        drives.write("a/wheat.crp");
+        platform::change_directory("C:\\a");
+        form.show();
+    }
+    template <class Edit>
+    void type(Edit& edit, const std::string& text) {
+        edit.focus();
+        edit.select_all();
+        EXPECT_TRUE(edit.type_text(text));
+        elsewhere.focus();
+    }
+
+    Temporary_drives drives;
+    Launcher_record launcher;
+    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    TForm form{"form"};
+    TButton& elsewhere = form.add<TButton>("elsewhere", "elsewhere");
+    CRP_filename crop{"C:\\a\\wheat.crp"};
+};
+
+TEST_F(File_bars, the_caption_tells_the_kind_of_file_and_its_status) {
+    auto& bar = form.add<TAutoFileEditBar>("bar");
+    bar.bind_to(&crop);
+    EXPECT_EQ(bar.panel_caption.text(), "Tilverra Crop");
+    EXPECT_EQ(bar.panel_caption.colour(), 0x33cc55);
+    EXPECT_EQ(bar.panel_caption.hint(), "File is good.");
+    EXPECT_FALSE(bar.help_button.visible() || bar.edit_button.visible() || bar.validate_button.visible());
+    type(bar.filename_edit, "C:\\a\\gone.crp");
+    EXPECT_EQ(crop, "C:\\a\\gone.crp");
+    bar.Update();
+    EXPECT_EQ(bar.panel_caption.hint(), "File status unavailable.");
+
+    // A status of the record's own is shown as it is, whatever stands on the disk.
+    Validation_status status = Validation_status::error;
+    auto& judged = form.add<TAutoFileEditBar>("judged");
+    judged.bind_to(&crop, "Crop", nullptr, &status);
+    EXPECT_EQ(judged.panel_caption.text(), "Crop");
+    EXPECT_EQ(judged.panel_caption.hint(), "File error, or contains invalid data.");
+    status = Validation_status(77);
+    judged.Update();
+    EXPECT_EQ(judged.panel_caption.hint(), "File status unknown.");
+    EXPECT_EQ(judged.panel_caption.colour(), 0xffaa1b);
+}
+
+TEST_F(File_bars, a_cleared_name_is_no_file_for_any_button) {
+    auto& bar = form.add<TAutoFileEditBar>("bar");
+    const File_name program("C:\\S\\crop editor.exe");
+    bar.bind_to(&crop);
+    bar.set_edit_program(&program, "Edit");
+    EXPECT_TRUE(bar.edit_button.click());
+    EXPECT_EQ(launcher.started, "\"C:\\S\\crop editor.exe\" \"C:\\a\\wheat.crp\"  [1]\n");
+    EXPECT_TRUE(bar.cancel_button.click());
+    EXPECT_EQ(crop, "<Currently not selected>");
+    EXPECT_EQ(bar.filename_edit.text(), "<Currently not selected>");
+    launcher.started.clear();
+    EXPECT_TRUE(bar.edit_button.click() && bar.qualify_button.click());
+    EXPECT_EQ(crop, "<Currently not selected>");
+    EXPECT_EQ(launcher.started, "");
+}
+
+TEST_F(File_bars, a_name_goes_from_absolute_to_relative_and_back) {
+    auto& bar = form.add<TAutoFileEditBar>("bar");
+    bar.bind_to(&crop);
+    EXPECT_TRUE(bar.qualify_button.click());
+    EXPECT_EQ(crop, "wheat.crp");
+    EXPECT_EQ(bar.filename_edit.text(), "wheat.crp");
+    EXPECT_TRUE(bar.qualify_button.click());
+    EXPECT_EQ(crop, "C:\\a\\wheat.crp");
+}
+
+TEST_F(File_bars, the_requestor_offers_the_kinds_of_file_and_all_files) {
+    auto& bar = form.add<TAutoFileEditBar>("bar");
+    bar.bind_to(&crop);
+    int changes = 0;
+    bar.on_after_change = [&] { ++changes; };
+    desktop.expect_file_dialog("", {"C:\\b\\rye.crp"});
+    EXPECT_TRUE(bar.filename_button.click());
+    EXPECT_EQ(crop, "C:\\b\\rye.crp");
+    EXPECT_EQ(bar.filename_edit.text(), "C:\\b\\rye.crp");
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(bar.file_requestor_dialog.filter, "Tilverra Crop(*.crp)|*.crp|All files (*.*)|*.*|");
+    EXPECT_EQ(bar.file_requestor_dialog.default_extension, "crp");
+    EXPECT_EQ(bar.file_requestor_dialog.initial_folder, "C:\\a");
+    bar.cancel_button_clicked();
+    desktop.expect_file_dialog("", {});
+    EXPECT_TRUE(bar.filename_button.click());
+    EXPECT_EQ(crop, "<Currently not selected>");
+    EXPECT_EQ(bar.file_requestor_dialog.file_name, "");
+}
+
+TEST_F(File_bars, of_several_dropped_files_the_last_stands) {
+    auto& bar = form.add<TAutoFileEditBar>("bar");
+    bar.bind_to(&crop);
+    EXPECT_TRUE(bar.drop_files({"C:\\a\\one.crp", "C:\\a\\two.crp"}));
+    EXPECT_EQ(crop, "C:\\a\\two.crp");
+    EXPECT_EQ(bar.filename_edit.text(), "C:\\a\\two.crp");
+}
+
+class Database_bars : public File_bars {
+protected:
+    Smart_directory_name master{"C:\\Simulation\\Database\\Crop"};
+    Smart_directory_name project{"C:\\Simulation\\Projects\\P\\Database\\Crop"};
+    Smart_directory_name scenario{"C:\\Simulation\\Projects\\P\\Scenarios\\s\\Database\\Crop"};
+
+    template <class Bar>
+    void bind(Bar& bar) {
+        bar.bind_to(&crop, "Crop", nullptr, nullptr, nullptr, &scenario, &project, &master,
+                    Directory_name("C:\\Simulation\\Projects\\P\\Scenarios\\s"));
+    }
+};
+
+TEST_F(Database_bars, the_level_of_a_file_follows_from_its_path) {
+    drives.write("Simulation/Projects/P/Database/Crop/there.crp");
+    drives.write("Simulation/Projects/P/Scenarios/s/there.crp");
+    drives.write("Simulation/Projects/P/Simulation/Database/there.crp");
+    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
+    bind(bar);
+    struct Case {
+        const char* file;
+        int level;
+    };
+    const Case cases[] = {
+        {"C:\\a\\wheat.crp", 0},
+        {"C:\\Simulation\\Database\\Crop\\gone.crp", 1},
+        {"C:\\Simulation\\Projects\\P\\Database\\Crop\\there.crp", 2},
+        {"C:\\Simulation\\Projects\\P\\Database\\Crop\\gone.crp", 0},
+        {"C:\\Simulation\\Projects\\P\\Simulation\\Database\\there.crp", 1},
+        {"C:\\Simulation\\Projects\\P\\Scenarios\\s\\there.crp", 3},
+    };
+    for (const Case& c : cases) {
+        crop.set(c.file);
+        EXPECT_EQ(bar.level_of(crop), c.level) << c.file;
+    }
+}
+
+TEST_F(Database_bars, the_list_shows_the_files_of_the_level_and_a_line_chooses_one) {
+    drives.write("Simulation/Database/Crop/barley.crp");
+    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
+    bind(bar);
+    EXPECT_TRUE(bar.any_dir_note.visible());
+    EXPECT_TRUE(bar.database_radiogroup.select(1));
+    EXPECT_TRUE(bar.database_filelistbox.visible());
+    EXPECT_EQ(bar.database_filelistbox.folder(), master);
+    EXPECT_EQ(bar.database_filelistbox.mask(), "*.crp");
+    bar.database_filelistbox.add_line("barley.crp");
+    EXPECT_TRUE(bar.database_filelistbox.select(0));
+    EXPECT_EQ(crop, "C:\\Simulation\\Database\\Crop\\barley.crp");
+    EXPECT_TRUE(bar.database_radiogroup.select(2));
+    EXPECT_FALSE(bar.database_filelistbox.visible());
+    EXPECT_TRUE(bar.no_database_note.visible() && bar.any_dir_note.visible());
+}
+
+TEST_F(Database_bars, a_new_file_is_put_into_the_level_and_its_editor_started) {
+    const File_name program("C:\\S\\crop_editor.exe");
+    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
+    bind(bar);
+    bar.file_editbar.set_edit_program(&program, "Edit");
+    EXPECT_TRUE(bar.database_radiogroup.select(2));
+    bar.file_editbar.set_directory(Directory_name(""));
+    type(bar.file_editbar.filename_edit, "oats");
+    bar.database_radiogroup.select(2);
+    EXPECT_TRUE(bar.edit_create_button.click());
+    EXPECT_EQ(crop, "C:\\Simulation\\Projects\\P\\Database\\Crop\\oats.crp");
+    EXPECT_TRUE(std::filesystem::exists(drives.host("Simulation/Projects/P/Database/Crop")));
+    EXPECT_EQ(launcher.started, "\"C:\\S\\crop_editor.exe\" \"" + crop + "\"  [1]\n");
+
+    auto& arbitrary = form.add<TAutoSimDatabaseFileEditBar>("arbitrary");
+    CRP_filename bare("");
+    bare.set("rye");
+    arbitrary.bind_to(&bare, "Crop", nullptr, nullptr, nullptr, &scenario, &project, &master,
+                      Directory_name(""));
+    arbitrary.file_editbar.set_edit_program(&program, "Edit");
+    launcher.started.clear();
+    desktop.expect_message(
+        "Folder must be selected",
+        "Use the [Select] button to select a folder and filename for the file to be created, then "
+        "click [Edit/Create] again.");
+    EXPECT_TRUE(arbitrary.edit_create_button.click());
+    EXPECT_EQ(launcher.started, "\"C:\\S\\crop_editor.exe\" \"rye.crp\"  [1]\n");
+}
+
+TEST_F(Database_bars, a_missing_level_shifts_the_ones_behind_it) {
+    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
+    bar.bind_to(&crop, "Crop", nullptr, nullptr, nullptr, &scenario, nullptr, &master, Directory_name(""));
+    EXPECT_EQ(bar.database_radiogroup.items(), (std::vector<std::string>{"Arbitrary", "Master", "Scenario"}));
+}
+
+TEST_F(File_bars, the_gem_tells_whether_a_file_is_fresh) {
+    TAutoGem gem("gem");
+    TAutoViewFileButton& button = form.add<TAutoViewFileButton>("view", "View");
+    const TESK::Date_time_64 past(1990001.0);
+    const TESK::Date_time_64 future(2999001.0);
+    const File_name gone("C:\\a\\gone.crp");
+    const File_name program("C:\\S\\viewer.exe");
+    button.bind_to(&crop, &past, &gem, &program);
+    EXPECT_EQ(gem.gem_type(), Gem_type::Emerald);
+    button.bind_to(&crop, &future, &gem, &program);
+    EXPECT_EQ(gem.gem_type(), Gem_type::Topaz);
+    button.bind_to(&gone, &past, &gem, &program);
+    EXPECT_EQ(gem.gem_type(), Gem_type::Ruby);
+    EXPECT_TRUE(button.click());
+    EXPECT_EQ(launcher.started, "C:\\S\\viewer.exe \"C:\\a\\gone.crp\" [1]\n");
+}
+
+} // namespace

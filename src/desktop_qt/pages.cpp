@@ -79,8 +79,10 @@ private:
         const QUrl target = widget().source().resolved(link);
         const std::string text = from_qt(target.toString(QUrl::FullyEncoded));
         if (target.isLocalFile()) {
-            const std::string place = target.hasFragment() ? "#" + from_qt(target.fragment()) : std::string();
-            act([&] { control().follow(context().program_name(from_qt(target.toLocalFile())) + place); });
+            const QString place = target.hasFragment() ? "#" + target.fragment() : QString();
+            act([&] {
+                control().follow(context().program_name(from_qt(target.toLocalFile())) + from_qt(place));
+            });
         } else if (is_web_address(text)) {
             act([&] { control().follow(text); });
         }

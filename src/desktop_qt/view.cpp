@@ -75,26 +75,35 @@ int View::alive() {
     return views_alive;
 }
 
-void View::control_gone() {
+void View::control_gone(bool with_holder) {
     let_go();
     widget_.disconnect(this);
-    widget_.hide();
-    // The widget may be in the middle of telling about what the user did.
-    widget_.deleteLater();
+    if (!with_holder) {
+        widget_.hide();
+        // The widget may be in the middle of telling about what the user did.
+        widget_.deleteLater();
+    }
 }
 
 void View::show_all() {
     while_showing([this] {
         show_place();
-        show_hint();
-        widget_.setEnabled(observed()->enabled());
+        if (!observed()->hint().empty()) {
+            show_hint();
+        }
+        if (!observed()->enabled()) {
+            widget_.setEnabled(false);
+        }
         if (observed()->colour() != desktop_colour) {
             show_colour();
         }
         show_state();
     });
-    // A window and a page are shown by what holds them.
-    if (observed()->kind() != Control_kind::form && observed()->kind() != Control_kind::tab_sheet) {
+    // A window is shown by the desktop, a page by its tab, the rest with what holds it.
+    const bool shows_itself =
+        observed()->kind() != Control_kind::form && observed()->kind() != Control_kind::tab_sheet;
+    const bool holder_is_up = widget_.parentWidget() && widget_.parentWidget()->isVisible();
+    if (shows_itself && (holder_is_up || !observed()->visible())) {
         widget_.setVisible(observed()->visible());
     }
 }

@@ -55,7 +55,7 @@ protected:
     virtual void settle() { show_state(); }
     // The control is gone: what still refers to it must not.
     virtual void let_go() {}
-    void control_gone() final;
+    void control_gone(bool with_holder) final;
 
     View_context& context() const { return context_; }
     // Whether the control is at this moment taking what the user did here.

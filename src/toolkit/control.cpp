@@ -71,17 +71,17 @@ void TControl::leave_parent() {
     left->notify(Aspect::children);
 }
 
-void TControl::release_views() {
+void TControl::release_views(bool with_holder) {
     for (TControl* child : children_) {
-        child->release_views();
+        child->release_views(with_holder || view_);
     }
-    release_view();
+    release_view(with_holder);
 }
 
-void TControl::release_view() {
+void TControl::release_view(bool with_holder) {
     if (Control_view* const view = std::exchange(view_, nullptr)) {
         view->observed_ = nullptr;
-        view->control_gone();
+        view->control_gone(with_holder);
     }
 }
 

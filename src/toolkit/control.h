@@ -121,8 +121,9 @@ public:
 protected:
     // Null once the control is gone, or shown elsewhere.
     TControl* observed() const { return observed_; }
-    // The control is gone: its parts must not be touched any more.
-    virtual void control_gone() {}
+    // The control is gone: its parts must not be touched any more. `with_holder` tells that the view of what
+    // holds it loses its control too.
+    virtual void control_gone(bool with_holder) { static_cast<void>(with_holder); }
 
 private:
     friend class TControl;
@@ -252,8 +253,8 @@ private:
     friend class Control_view;
 
     void leave_parent();
-    void release_views();
-    void release_view();
+    void release_views(bool with_holder = false);
+    void release_view(bool with_holder = false);
     bool usable_within_form() const;
     TControl* first_to_focus();
 

@@ -11,7 +11,7 @@ namespace {
 struct Recording_view : Control_view {
     using Control_view::Control_view;
     void changed(const Change&) override { ++changes; }
-    void control_gone() override { gone = true; }
+    void control_gone(bool) override { gone = true; }
 
     int changes = 0;
     bool gone = false;

@@ -45,8 +45,9 @@ std::unique_ptr<Simulation_paths> Simulation_paths::setup(std::uint8_t major, st
     const bool suite_is_writable = platform::is_folder(suite_folder) && !platform::is_read_only(suite_folder);
     paths->file_ = suite_is_writable ? suite_file : user_file;
     paths->file_folder_ = suite_is_writable ? suite_folder : user_folder;
-    if (!TESK::VV_file(paths->file_.c_str()).get(paths->parameters))
-        TESK::VV_file(suite_file.c_str()).get(paths->parameters);
+    // A file that is there and cannot be read is not passed over: saving would replace it by another.
+    const TESK::File_name& source = paths->file_.exists() ? paths->file_ : suite_file;
+    TESK::VV_file(source.c_str()).get(paths->parameters);
     paths->set_paths();
     return paths;
 }

@@ -114,6 +114,34 @@ TEST_F(Project_test, tallies_are_packed_into_the_words_and_unpacked_from_them) {
     EXPECT_EQ(section(save(*project), "growing_season_statistics")[3], "3=402c01");
 }
 
+TEST_F(Project_test, values_are_judged_by_the_ranges_of_their_parameters) {
+    Tilverra_project_editor_parameters project(model_exe);
+    GIS_Project_parameters& gis = project.GIS_parameters;
+    auto& carbon = project.carbon_sequestration;
+    struct Case {
+        TESK::Valid_int16& valid;
+        std::int16_t good;
+        std::int16_t warning;
+        std::int16_t error;
+    };
+    const Case cases[] = {{gis.valid_equilibriate_years, 5, 6, 11},
+                          {carbon.valid_step_stocking_rate, 1000, 1001, 0},
+                          {carbon.valid_begin_grazing, 365, 366, 0}};
+    std::string message;
+    for (const Case& c : cases) {
+        c.valid.value = c.good;
+        EXPECT_EQ(c.valid.validate(message, false), TESK::Validation_status::good) << c.valid.key;
+        c.valid.value = c.warning;
+        EXPECT_EQ(c.valid.validate(message, false), TESK::Validation_status::warning_high) << c.valid.key;
+        c.valid.value = c.error;
+        EXPECT_TRUE(c.valid.validate(message, false) <= TESK::Validation_status::error_high) << c.valid.key;
+    }
+    carbon.pasture_size = 0.5F;
+    EXPECT_EQ(carbon.valid_pasture_size.validate(message, false), TESK::Validation_status::warning_low);
+    carbon.reserve_biomass = 30001;
+    EXPECT_EQ(carbon.valid_reserve_biomass.validate(message, false), TESK::Validation_status::error_high);
+}
+
 TEST_F(Project_test, a_project_file_keeps_its_values_and_what_other_programs_wrote) {
     std::filesystem::copy_file(TEST_DATA "/irrigation_study.tvp", drives.host("p.tvp"));
     Tilverra_project_editor_parameters project(model_exe);
@@ -178,6 +206,12 @@ TEST_F(Simulation_paths_test, where_the_suite_cannot_be_written_the_user_has_a_f
     first->save();
     EXPECT_EQ(*setup(), "D:\\Mine");
     EXPECT_NE(drives.read("Suite/TVS_suite.ini").find("Shared"), std::string::npos);
+
+    // What can no longer be read is not replaced by what the suite's file says.
+    const std::uintmax_t too_large = VV_file::largest_file + 1;
+    std::filesystem::resize_file(drives.host("user/TVS_suite.ini"), too_large);
+    setup()->save();
+    EXPECT_EQ(std::filesystem::file_size(drives.host("user/TVS_suite.ini")), too_large);
     std::filesystem::permissions(drives.host("Suite"), std::filesystem::perms(0755));
 }
 

@@ -1,7 +1,27 @@
 #include "trees/scenario_directory.h"
 
 #include "platform/current_directory.h"
+#include "platform/files.h"
 #include "platform/listing.h"
+
+#include <algorithm>
+
+namespace {
+
+// Whether there is anything but folders in the folder or below it. Folders whose names begin with a point are
+// none of a run's.
+bool holds_output(const TESK::Directory_name& folder) {
+    const auto entries = platform::list_folder(folder);
+    return std::any_of(entries.begin(), entries.end(), [&](const platform::Folder_entry& entry) {
+        if (entry.is_link || (entry.attributes & platform::attribute_directory) == 0)
+            return true;
+        TESK::Directory_name below("");
+        folder.append_to(entry.name.c_str(), below, false);
+        return !entry.name.starts_with('.') && holds_output(below);
+    });
+}
+
+} // namespace
 
 Common_scenario_directory::Common_scenario_directory(const TESK::File_name& scenario_file)
     : Common_parameters_directory(TESK::Directory_name(TESK::Directory_name(scenario_file), true),
@@ -21,7 +41,7 @@ bool Common_scenario_directory::clean_outputs() {
 }
 
 bool Common_scenario_directory::has_output() const {
-    return !platform::list_folder(output_directory).empty();
+    return holds_output(output_directory);
 }
 
 TESK::Smart_directory_name Common_scenario_directory::in(const TESK::Directory_name& folder,

@@ -13,10 +13,11 @@ public:
     // The folder named as the scenario's file without its extension.
     explicit Common_scenario_directory(const TESK::File_name& scenario_file);
 
-    // Deletes the files of the output folder.
+    // Deletes the files of the output folder, at every level; its folders stay.
     bool clean_outputs() override;
 
-    // Whether a run has left anything: the output folder is there in any case.
+    // Whether a run has left any file: the output folder is there in any case, and clean_outputs() leaves the
+    // folders in it.
     bool has_output() const;
 
     TESK::Smart_directory_name parent_directory{""}; // the folder that the scenario's folder stands in

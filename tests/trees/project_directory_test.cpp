@@ -205,6 +205,8 @@ TEST_F(Project_directory_test, a_scenario_makes_its_folder_and_output_and_moves_
     drives.write("a/p/Scenarios/wheat/notes.txt");
     EXPECT_TRUE(scenario.has_output());
     EXPECT_TRUE(scenario.clean_outputs());
+    EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output/Soil"));
+    EXPECT_FALSE(scenario.has_output());
     EXPECT_FALSE(exists("a/p/Scenarios/wheat/Output/Soil/salinity.xls"));
     EXPECT_FALSE(exists("a/p/Scenarios/wheat/Output/recorded.xeb"));
     EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output"));

@@ -13,12 +13,17 @@ constexpr std::uint8_t folder_has_desktop_ini = platform::attribute_system;
 // The folder that a record file has of its own: its name without its extension. A name that is all extension
 // lies in its folder already.
 std::string own_folder_of(const File_name& file) {
-    Directory_name folder(Directory_name(file), true);
+    Directory_name folder = without_extension(file);
     folder.strip(Strip_mode::trailing, '.');
     return folder;
 }
 
 } // namespace
+
+Directory_name without_extension(const File_name& file) {
+    const bool has_extension = file.get_ext().find_first_of("\\/") == std::string::npos;
+    return {Directory_name(file), has_extension};
+}
 
 Common_parameters_directory::Common_parameters_directory(const File_name& file, Directory_mode directory_mode,
                                                          bool create_folder)

@@ -60,6 +60,10 @@ public:
     std::optional<Smart_file_name> parameter_file;
 };
 
+// The folder that bears a file's name without its extension. A point in a folder above begins no extension: a
+// file without one gives its own name.
+Directory_name without_extension(const File_name& file);
+
 // Copies a folder with all that is in it, completely, before it answers. False when anything could not be
 // copied, or when the target is the source or lies in it.
 bool copy_folder(const Directory_name& from, const Directory_name& to);

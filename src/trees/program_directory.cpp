@@ -2,6 +2,7 @@
 
 #include "foundation/code_page_1252.h"
 #include "foundation/lists.h"
+#include "trees/common_parameters_directory.h"
 #include "trees/suite_directory.h"
 
 #include <algorithm>
@@ -25,17 +26,13 @@ Directory_name folder_of(const Directory_entry_name& name) {
     return folder;
 }
 
-Directory_name without_extension(const File_name& program) {
-    return {Directory_name(program), true};
-}
-
 } // namespace
 
 Adjunct_directory::Adjunct_directory(const File_name& program)
     : Smart_directory_name(without_extension(program)), program_file(program) {}
 
 Adjunct_directory::Adjunct_directory(const Directory_name& folder)
-    : Smart_directory_name(folder), program_file(folder.c_str(), "exe") {}
+    : Smart_directory_name(folder), program_file(std::string(folder + ".exe").c_str()) {}
 
 bool Adjunct_directory::find_file_by_stem(const char* stem, Smart_file_name& result) const {
     if (result.exists())

@@ -79,7 +79,7 @@ bool Tilverra_project_directory::get_parameter_filename(TESK::Smart_file_name& r
     append_to(".TVS_project", result, false);
     if (result.exists())
         return true;
-    result.set(*this);
-    result.set_ext("tvp");
+    // Behind the whole name: a point in it, or further up, begins no extension of a folder.
+    result.set(*this + ".tvp");
     return result.exists();
 }

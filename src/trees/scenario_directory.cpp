@@ -24,8 +24,8 @@ bool holds_output(const TESK::Directory_name& folder) {
 } // namespace
 
 Common_scenario_directory::Common_scenario_directory(const TESK::File_name& scenario_file)
-    : Common_parameters_directory(TESK::Directory_name(TESK::Directory_name(scenario_file), true),
-                                  Directory_mode::containing_folder, true) {
+    : Common_parameters_directory(TESK::without_extension(scenario_file), Directory_mode::containing_folder,
+                                  true) {
     get_path(parent_directory, true);
     parent_directory.set_as_current();
     append_to("Output", output_directory, false);

@@ -34,7 +34,7 @@ bool User_settings::setup_structure(Data_record& record, bool for_write) {
 
 Application_data_directory::Application_data_directory(const File_name& program)
     : Smart_directory_name(platform::folder_local_application_data),
-      settings_file(program.get_name(false).c_str(), "ini") {
+      settings_file(std::string(program.get_name(false) + ".ini").c_str()) {
     Directory_name program_folder("");
     program.get_path(program_folder, true);
     const std::string leaf = program_folder.get_name(true);

@@ -5,6 +5,7 @@
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using TESK::Common_parameters_directory;
@@ -19,6 +20,8 @@ protected:
     Project_directory_test() {
         drives.write("a/x.ext", "record");
         drives.write("a/p.tvp", "record");
+        drives.write("a/plain", "record");
+        drives.write("v1.2/plain", "record");
         drives.write("a/q/.TVS_project", "record");
         drives.write("here/readme.txt");
         platform::change_directory("C:\\here");
@@ -46,10 +49,13 @@ TEST_F(Project_directory_test, the_folder_of_a_record_follows_from_its_mode) {
         {"C:\\a\\gone.ext", Directory_mode::containing_folder, false, "C:\\a"},
         {"readme.txt", Directory_mode::containing_folder, false, "C:\\here"},
         {"C:\\a\\x.ext", Directory_mode(9), false, "C:\\here"},
+        {"C:\\a\\plain", Directory_mode::own_folder, true, "C:\\a\\plain"}, // the file is in its way
+        {"C:\\v1.2\\plain", Directory_mode::own_folder, false, "C:\\v1.2\\plain"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(Common_parameters_directory(File_name(c.file), c.mode, c.create), c.folder) << c.file;
     EXPECT_TRUE(exists("a/gone"));
+    EXPECT_EQ(drives.read("a/plain"), "record");
     EXPECT_FALSE(exists("a/x"));
 }
 
@@ -152,15 +158,26 @@ TEST_F(Project_directory_test, the_record_of_a_project_is_its_marker_or_the_file
     EXPECT_TRUE(
         Tilverra_project_directory(File_name("C:\\a\\q\\.TVS_project"), 0).get_parameter_filename(record));
     EXPECT_EQ(record, "C:\\a\\q\\.TVS_project");
+    // A point in the folder's own name, or in one further up, is none of the record's extension.
+    for (const char* path : {"a.b/x", "a/x.2"}) {
+        const std::string file = std::string(path) + ".tvp";
+        drives.write(file, "record");
+        std::string name = "C:\\" + file;
+        std::replace(name.begin(), name.end(), '/', '\\');
+        EXPECT_TRUE(Tilverra_project_directory(File_name(name.c_str()), 0).get_parameter_filename(record));
+        EXPECT_EQ(record, name);
+    }
 }
 
 TEST_F(Project_directory_test, the_icon_of_a_project_follows_from_its_kind) {
     drives.write("S/Tilverra/project_editor.exe");
-    for (const char* icon : {"TVSGIS_project_folder.ico", "wmp.ico", "folder_project.ico"})
-        drives.write(std::string("S/Icons/") + icon);
     drives.write("a/p/readme.txt");
     TVS::Suite_Directory suite(File_name("C:\\S\\Tilverra\\project_editor.exe"));
     suite_directory = &suite;
+    Tilverra_project_directory(File_name("C:\\a\\p.tvp"), 0).write_folder_icon();
+    EXPECT_FALSE(exists("a/p/desktop.ini")) << "without an icon";
+    for (const char* icon : {"TVSGIS_project_folder.ico", "wmp.ico", "folder_project.ico"})
+        drives.write(std::string("S/Icons/") + icon);
     struct Case {
         std::uint8_t kind;
         const char* icon;

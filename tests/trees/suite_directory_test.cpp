@@ -27,6 +27,8 @@ TEST_F(Suite_directory_test, the_root_is_found_upward_from_the_program) {
     drives.write("Suite/XEB/spatial/deep/tool.exe");
     drives.write("second/Skymill/readme.txt");
     drives.write("second/bin/tool.exe");
+    std::filesystem::create_directories(drives.host("Suite/bin"));
+    std::filesystem::create_symlink(drives.host("other/tool.exe"), drives.host("Suite/bin/linked.exe"));
     struct Case {
         const char* program;
         const char* current;
@@ -37,6 +39,7 @@ TEST_F(Suite_directory_test, the_root_is_found_upward_from_the_program) {
         {"C:\\Suite\\Tilverra\\project_editor.exe", "C:\\other", "C:\\Suite", true},
         {"C:\\Suite\\XEB\\spatial\\deep\\tool.exe", "C:\\other", "C:\\Suite", true},
         {"C:\\Suite\\TVS_suite.exe", "C:\\other", "C:\\Suite", true},
+        {"C:\\Suite\\bin\\linked.exe", "C:\\other", "C:\\Suite", true}, // where the link lies
         {"C:\\second\\bin\\tool.exe", "C:\\other", "C:\\second", true},
         {"C:\\Suite\\Tilverra\\project_editor.exe", "C:\\", "C:\\", false},
         {"project_editor.exe", "C:\\other", "C:\\other", false},
@@ -109,6 +112,9 @@ TEST_F(Suite_directory_test, a_program_without_a_folder_has_its_documentation_be
     TESK::Program_directory program(File_name("C:\\Suite\\Tilverra\\project_editor.exe"), true);
     EXPECT_EQ(program.documentation, "C:\\Suite\\Tilverra");
     EXPECT_EQ(program.default_ini, "C:\\Suite\\Tilverra\\project_editor\\default.ini");
+    EXPECT_EQ(TESK::Adjunct_directory(File_name("C:\\v1.2\\editor")), "C:\\v1.2\\editor");
+    EXPECT_EQ(TESK::Adjunct_directory(TESK::Directory_name("C:\\v1.2\\editor")).program_file,
+              "C:\\v1.2\\editor.exe");
     EXPECT_EQ(program.get_application(), "C:\\Suite\\Tilverra");
     EXPECT_EQ(program.get_suite(), "C:\\Suite");
     drives.write("Suite/Tilverra/project_editor/default.ini.txt");

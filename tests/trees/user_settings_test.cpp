@@ -22,6 +22,8 @@ TEST_F(User_settings_test, the_file_is_named_after_the_program_and_its_folder) {
     EXPECT_EQ(directory.settings_file, "C:\\L\\Tilverra\\project_editor.ini");
     EXPECT_EQ(Application_data_directory(File_name("C:\\project_editor.exe")).settings_file,
               "C:\\L\\project_editor.ini");
+    EXPECT_EQ(Application_data_directory(File_name("C:\\v1.2\\editor.5.exe")).settings_file,
+              "C:\\L\\v1.2\\editor.5.ini");
     EXPECT_FALSE(std::filesystem::exists(drives.host("L")));
 }
 

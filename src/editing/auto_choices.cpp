@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
-void TAutoCheckBox::bind_to(bool* value, const char* help_URL) {
-    value_ = value;
+void TAutoCheckBox::bind_to(bool* flag, const char* help_URL) {
+    value = flag;
     Help_link::set(help_URL);
     Update();
 }
 
 void TAutoCheckBox::update_value() {
-    if (value_ != nullptr)
-        *value_ = checked();
+    if (value != nullptr)
+        *value = checked();
 }
 
 void TAutoCheckBox::do_click() {
@@ -41,6 +41,9 @@ void TAutoRadioGroup::Update() {
 }
 
 void TAutoRadioGroup::update_value() {
+    // A value that has no line stays as it is.
+    if (item_index() < 0)
+        return;
     if (enumeration_ != nullptr)
         enumeration_->set_int32(item_index());
     else if (byte_ != nullptr)

@@ -13,15 +13,15 @@ public:
     using TCheckBox::TCheckBox;
 
     // Null shows an empty box.
-    void bind_to(bool* value, const char* help_URL);
-    void Update() override { set_checked(value_ != nullptr && *value_); }
+    void bind_to(bool* flag, const char* help_URL);
+    void Update() override { set_checked(value != nullptr && *value); }
     void update_value();
 
 protected:
     void do_click() override;
 
 private:
-    bool* value_ = nullptr;
+    bool* value = nullptr;
 };
 
 // One of several: the index of an enumeration, or a byte that is the index and an offset.
@@ -29,7 +29,7 @@ class TAutoRadioGroup : public TRadioGroup, public Help_link {
 public:
     using TRadioGroup::TRadioGroup;
 
-    // Null chooses nothing.
+    // Null chooses nothing, and so does a value without a line, which stays until the user chooses.
     void bind_to(Labeled_enum* value, const char* help_URL);
     void bind_to(std::int8_t* value, std::int8_t offset, const char* help_URL);
     void Update() override;

@@ -6,13 +6,8 @@
 
 #include <algorithm>
 
-TAutoNumberEdit::TAutoNumberEdit(std::string name) : TEdit(std::move(name)), normal_color_(colour()) {
+TAutoNumberEdit::TAutoNumberEdit(std::string name) : TAutoEntry<TEdit>(std::move(name)) {
     set_right_aligned(true);
-}
-
-void TAutoNumberEdit::set_enabled(bool enabled) {
-    TEdit::set_enabled(enabled);
-    set_colour(enabled ? normal_color_ : disabled_colour);
 }
 
 void TAutoNumberEdit::do_change() {
@@ -21,20 +16,13 @@ void TAutoNumberEdit::do_change() {
     TEdit::do_change();
 }
 
-void TAutoNumberEdit::do_enter() {
-    if (enabled()) {
-        set_colour(focus_colour);
-        select_all();
-    }
-    TEdit::do_enter();
-}
-
 void TAutoNumberEdit::do_exit() {
-    if (leave_handler)
+    if (leave_handler) {
         leave_handler();
-    else
-        leave();
-    TEdit::do_exit();
+        TEdit::do_exit();
+    } else {
+        TAutoEntry<TEdit>::do_exit();
+    }
 }
 
 void TAutoNumberEdit::clean_up(bool allow_point) {
@@ -52,28 +40,24 @@ void TAutoNumberEdit::clean_up(bool allow_point) {
     if (kept.size() == text().size())
         return;
     set_text(kept);
+    set_modified(true);
     set_caret(std::max(cleaned_caret, 0));
 }
 
-void TAutoNumberEdit::update_parent() {
-    if (parent() != nullptr)
-        parent()->Update();
-}
-
-void TAutoFloat32Edit::bind_to(float* value, std::uint8_t precision, const char* help_URL) {
-    value_ = value;
-    precision_ = precision;
+void TAutoFloat32Edit::bind_to(float* number, std::uint8_t decimals, const char* help_URL) {
+    value = number;
+    precision = decimals;
     Help_link::set(help_URL);
     Update();
 }
 
 void TAutoFloat32Edit::Update() {
-    set_text(TESK::float32_to_cstr(value_ == nullptr ? 0 : *value_, precision_));
+    set_text(TESK::float32_to_cstr(value == nullptr ? 0 : *value, precision));
 }
 
 void TAutoFloat32Edit::update_value() {
-    if (value_ != nullptr)
-        *value_ = static_cast<float>(TESK::parse_float64(text().c_str()));
+    if (value != nullptr)
+        *value = static_cast<float>(TESK::parse_float64(text().c_str()));
 }
 
 void TAutoFloat32Edit::leave() {
@@ -84,21 +68,21 @@ void TAutoFloat32Edit::leave() {
     update_parent();
 }
 
-void TAutoInt16Edit::bind_to(std::int16_t* value, const char* help_URL) {
-    value_ = value;
+void TAutoInt16Edit::bind_to(std::int16_t* number, const char* help_URL) {
+    value = number;
     Help_link::set(help_URL);
     Update();
 }
 
 void TAutoInt16Edit::Update() {
     std::string number;
-    TESK::append_integer(number, value_ == nullptr ? 0 : *value_);
+    TESK::append_integer(number, value == nullptr ? 0 : *value);
     set_text(number);
 }
 
 void TAutoInt16Edit::update_value() {
-    if (value_ != nullptr)
-        *value_ = static_cast<std::int16_t>(TESK::parse_integer(text().c_str()));
+    if (value != nullptr)
+        *value = static_cast<std::int16_t>(TESK::parse_integer(text().c_str()));
 }
 
 void TAutoInt16Edit::leave() {

@@ -16,12 +16,13 @@ std::vector<std::string> refill_list(TESK::Container* container) {
 
 } // namespace
 
-TAutoContainerComboBox::TAutoContainerComboBox(std::string name) : TComboBox(std::move(name), true) {
+TAutoContainerComboBox::TAutoContainerComboBox(std::string name)
+    : TAutoEntry<TComboBox>(std::move(name), true) {
     input_filter = typable_text;
 }
 
-void TAutoContainerComboBox::bind_to(TESK::Ustring* value, TESK::Container* items, const char* help_URL) {
-    value_ = value;
+void TAutoContainerComboBox::bind_to(TESK::Ustring* text, TESK::Container* items, const char* help_URL) {
+    value = text;
     container_ = items;
     Help_link::set(help_URL);
     Update();
@@ -29,17 +30,23 @@ void TAutoContainerComboBox::bind_to(TESK::Ustring* value, TESK::Container* item
 
 void TAutoContainerComboBox::Update() {
     set_items(refill_list(container_));
-    set_text(value_ == nullptr ? "" : screen_text(*value_));
+    set_text(value == nullptr ? "" : screen_text(*value));
 }
 
 void TAutoContainerComboBox::update_value() {
-    if (value_ != nullptr)
-        value_->assign(record_text(text()));
+    if (value != nullptr)
+        value->assign(record_text(text()));
 }
 
 void TAutoContainerComboBox::do_change() {
     update_value();
     TComboBox::do_change();
+}
+
+void TAutoContainerComboBox::leave() {
+    restore_colour();
+    update_value();
+    update_parent();
 }
 
 void TAutoContainerListBox::bind_to(TESK::Container* items, const char* help_URL) {
@@ -71,9 +78,8 @@ void TAutoContainerListBox::move_selected_to(bool top) {
     if (item == nullptr)
         return;
     container_->detach(item);
-    if (top)
-        container_->prepend(item);
-    else
+    // What cannot go to the top must not be lost.
+    if (!top || container_->prepend(item) == nullptr)
         container_->append(item);
     Update();
 }
@@ -109,7 +115,12 @@ void TAutoContainerCheckListBox::update_value() {
 }
 
 void TAutoContainerCheckListBox::do_check(int index) {
-    update_value();
+    TESK::Item* item =
+        container_ == nullptr ? nullptr : container_->get_at(static_cast<std::uint32_t>(index));
+    if (item != nullptr) {
+        item->set_selected(selected(index));
+        item->set_checked(checked(index));
+    }
     TCheckListBox::do_check(index);
 }
 

@@ -1,27 +1,28 @@
 // Lists that show the items of a container.
 #pragma once
 
-#include "editing/bound_control.h"
+#include "editing/auto_entry.h"
 #include "foundation/container.h"
 #include "foundation/ustring.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/list_box.h"
 
 // A text, with the items to choose it from. The value follows at once.
-class TAutoContainerComboBox : public TComboBox, public Help_link {
+class TAutoContainerComboBox : public TAutoEntry<TComboBox> {
 public:
     explicit TAutoContainerComboBox(std::string name);
 
     // Null shows no text, or no items.
-    void bind_to(TESK::Ustring* value, TESK::Container* items, const char* help_URL);
+    void bind_to(TESK::Ustring* text, TESK::Container* items, const char* help_URL);
     void Update() override;
     void update_value();
 
 protected:
     void do_change() override;
+    void leave() override;
 
 private:
-    TESK::Ustring* value_ = nullptr;
+    TESK::Ustring* value = nullptr;
     TESK::Container* container_ = nullptr;
 };
 

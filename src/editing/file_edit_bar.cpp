@@ -71,14 +71,14 @@ TAutoFileEditBar::TAutoFileEditBar(std::string name)
     on_drop_files = [this](const std::vector<std::string>& names) { take_dropped(names); };
 }
 
-void TAutoFileEditBar::bind_to(TESK::Filtered_file_name* file, const char* caption,
-                               TESK::Smart_file_name* status_file, TESK::Validation_status* status,
+void TAutoFileEditBar::bind_to(TESK::Filtered_file_name* name, const char* caption,
+                               TESK::Smart_file_name* report, TESK::Validation_status* record_status,
                                const char* help_URL) {
-    file_ = file;
-    status_file_ = status_file;
-    directory_.set("");
+    file = name;
+    status_file = report;
+    directory.set("");
     if (file != nullptr)
-        file->get_path(directory_, true);
+        file->get_path(directory, true);
     if (panel_caption.text().empty() || panel_caption.text() == unnamed_caption) {
         TESK::Ustring description = "*";
         if (file != nullptr)
@@ -88,46 +88,46 @@ void TAutoFileEditBar::bind_to(TESK::Filtered_file_name* file, const char* capti
         else if (!description.starts_with('*'))
             panel_caption.set_text(screen_text(description));
     }
-    status_ = status == nullptr ? &own_status_ : status;
+    status = record_status == nullptr ? &own_status : record_status;
     help_button.set_visible(help_URL != nullptr);
-    Update();
     filename_edit.bind_to(file, help_URL);
+    Update();
 }
 
 bool TAutoFileEditBar::has_file() const {
-    return file_ != nullptr && !file_->starts_with('<');
+    return file != nullptr && !file->starts_with('<');
 }
 
 void TAutoFileEditBar::Update() {
-    if (file_ == nullptr)
+    if (file == nullptr)
         return;
     if (has_file()) {
         // What exists is judged even where the status shown is the record's own.
-        own_status_ = file_->exists() ? TESK::Validation_status::good : TESK::Validation_status::unknown;
-        file_->decompose();
-        validate_button.set_visible(status_file_ != nullptr && status_file_->exists());
+        own_status = file->exists() ? TESK::Validation_status::good : TESK::Validation_status::unknown;
+        file->decompose();
+        validate_button.set_visible(status_file != nullptr && status_file->exists());
         show_status();
     }
     filename_edit.Update();
 }
 
 void TAutoFileEditBar::show_status() {
-    const auto index = static_cast<std::size_t>(*status_);
-    const Status_look* look = status_look(*status_);
+    const auto index = static_cast<std::size_t>(*status);
+    const Status_look* look = status_look(*status);
     panel_caption.set_colour(look == nullptr ? unknown_status_colour : look->panel_colour);
     panel_caption.set_hint(index < std::size(status_hints) ? status_hints[index] : "File status unknown.");
     panel_caption.set_mark(status_light(static_cast<int>(index)).mark);
 }
 
-void TAutoFileEditBar::set_directory(const TESK::Directory_name& directory) {
-    directory_.set(directory);
-    directory_is_fixed_ = true;
+void TAutoFileEditBar::set_directory(const TESK::Directory_name& folder) {
+    directory.set(folder);
+    directory_is_fixed = true;
 }
 
 void TAutoFileEditBar::set_edit_program(const TESK::File_name* program, const char* caption) {
-    edit_program_.reset();
+    edit_program.reset();
     if (program != nullptr)
-        edit_program_ = *program;
+        edit_program = *program;
     edit_button.set_text(caption == nullptr ? "" : screen_text(caption));
     edit_button.set_visible(program != nullptr);
 }
@@ -140,22 +140,22 @@ void TAutoFileEditBar::after_change() {
 void TAutoFileEditBar::edit_button_clicked() {
     if (!has_file())
         return;
-    file_->set(record_text(filename_edit.text()));
-    if (!edit_program_) {
-        file_->open();
+    file->set(record_text(filename_edit.text()));
+    if (!edit_program) {
+        file->open();
         return;
     }
-    platform::launcher().execute('"' + *edit_program_ + "\" \"" + *file_ + "\" ", normal_window);
+    platform::launcher().execute('"' + *edit_program + "\" \"" + *file + "\" ", normal_window);
     after_change();
 }
 
 void TAutoFileEditBar::relative_button_clicked() {
     if (!has_file())
         return;
-    if (file_->is_qualified(true))
-        file_->make_relative_to(TESK::Directory_name());
+    if (file->is_qualified(true))
+        file->make_relative_to(TESK::Directory_name());
     else
-        file_->qualify();
+        file->qualify();
     Update();
 }
 
@@ -163,40 +163,36 @@ void TAutoFileEditBar::filename_button_clicked() {
     TFileDialog& dialog = file_requestor_dialog;
     TESK::Ustring extension = "*";
     TESK::Ustring filter;
-    if (file_ != nullptr) {
-        file_->get_default_extension(extension);
-        file_->get_dialog_filter(filter);
+    if (file != nullptr) {
+        file->get_default_extension(extension);
+        file->get_dialog_filter(filter);
     }
     dialog.default_extension = screen_text(extension);
-    dialog.file_name = file_ == nullptr || file_->contains("<") ? "" : screen_text(*file_);
+    dialog.file_name = file == nullptr || file->contains("<") ? "" : screen_text(*file);
     dialog.filter = screen_text(filter) + (filter.empty() ? "" : "|") + "All files (*.*)|*.*|";
-    dialog.initial_folder = screen_text(directory_);
+    dialog.initial_folder = screen_text(directory);
     if (!dialog.execute())
         return;
-    if (file_ != nullptr)
-        file_->set(record_text(dialog.file_name));
-    else
-        filename_edit.set_text(dialog.file_name);
-    filename_edit.Update();
+    show_name(dialog.file_name);
     Update();
     after_change();
 }
 
 void TAutoFileEditBar::cancel_button_clicked() {
-    if (file_ == nullptr)
+    if (file == nullptr)
         return;
-    file_->set(no_file);
+    file->set(no_file);
     Update();
 }
 
 void TAutoFileEditBar::validate_button_clicked() {
-    if (status_file_ != nullptr && status_file_->exists())
-        status_file_->open();
+    if (status_file != nullptr && status_file->exists())
+        status_file->open();
 }
 
 void TAutoFileEditBar::name_left() {
     if (has_file())
-        file_->set(record_text(filename_edit.text()));
+        file->set(record_text(filename_edit.text()));
 }
 
 void TAutoFileEditBar::name_typed() {
@@ -204,21 +200,23 @@ void TAutoFileEditBar::name_typed() {
         OnChange();
     if (!has_file())
         return;
-    file_->decompose();
-    if (!file_->is_qualified(true) && !directory_is_fixed_) {
-        file_->set_path(directory_);
+    file->decompose();
+    if (!file->is_qualified(true) && !directory_is_fixed) {
+        file->set_path(directory);
         show_status();
     }
 }
 
 void TAutoFileEditBar::take_dropped(const std::vector<std::string>& names) {
-    for (const std::string& name : names) {
-        if (file_ == nullptr) {
-            filename_edit.set_text(name);
-            continue;
-        }
-        file_->set(record_text(name));
-        filename_edit.Update();
+    for (const std::string& name : names)
+        show_name(name);
+}
+
+void TAutoFileEditBar::show_name(const std::string& name) {
+    if (file == nullptr) {
+        filename_edit.set_text(name);
+        return;
     }
-    Update();
+    file->set(record_text(name));
+    filename_edit.Update();
 }

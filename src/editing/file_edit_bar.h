@@ -18,20 +18,20 @@ class TAutoFileEditBar : public TPanel {
 public:
     explicit TAutoFileEditBar(std::string name);
 
-    // The file is shown and edited; null shows none. The caption is taken unless the bar has one already;
-    // null is the description of the file's kind. The status file is a report on the file. The status is the
-    // record's, or null for one of the bar's own: whether the file exists. Whatever can be null is.
-    void bind_to(TESK::Filtered_file_name* file, const char* caption = nullptr,
-                 TESK::Smart_file_name* status_file = nullptr, TESK::Validation_status* status = nullptr,
+    // The file of that name is shown and edited; null shows none. The caption is taken unless the bar has one
+    // already; null is the description of the file's kind. The report tells details of the file. The status
+    // is the record's, or null for one of the bar's own: whether the file exists.
+    void bind_to(TESK::Filtered_file_name* name, const char* caption = nullptr,
+                 TESK::Smart_file_name* report = nullptr, TESK::Validation_status* record_status = nullptr,
                  const char* help_URL = nullptr);
     void Update() override;
 
     // Where a name without a path belongs; typed names are then left as they are.
-    void set_directory(const TESK::Directory_name& directory);
+    void set_directory(const TESK::Directory_name& folder);
     // The program that edits the files, and the caption of the button that starts it. Null shows no button,
     // and the file is edited by what the desktop has for it.
     void set_edit_program(const TESK::File_name* program, const char* caption);
-    const TESK::File_name* get_edit_program() const { return edit_program_ ? &*edit_program_ : nullptr; }
+    const TESK::File_name* get_edit_program() const { return edit_program ? &*edit_program : nullptr; }
 
     // What the buttons do.
     void edit_button_clicked();
@@ -58,14 +58,16 @@ private:
     void show_status();
     void name_typed();
     void name_left();
+    // The user chose a name: it goes into the file, or into the edit where there is none.
+    void show_name(const std::string& name);
     void take_dropped(const std::vector<std::string>& names);
     void after_change();
 
-    TESK::Filtered_file_name* file_ = nullptr;
-    std::optional<TESK::File_name> edit_program_;
-    TESK::Smart_file_name* status_file_ = nullptr;
-    TESK::Validation_status own_status_ = TESK::Validation_status::unknown;
-    TESK::Validation_status* status_ = &own_status_;
-    TESK::Smart_directory_name directory_{""};
-    bool directory_is_fixed_ = false;
+    TESK::Filtered_file_name* file = nullptr;
+    std::optional<TESK::File_name> edit_program;
+    TESK::Smart_file_name* status_file = nullptr;
+    TESK::Validation_status own_status = TESK::Validation_status::unknown;
+    TESK::Validation_status* status = &own_status;
+    TESK::Smart_directory_name directory{""};
+    bool directory_is_fixed = false;
 };

@@ -17,10 +17,10 @@
 class TAutoNumberEditBar : public TPanel {
 public:
     // The texts of the caption and of the unit, which are also their hints.
-    const std::string& description_label() const { return panel_caption->text(); }
-    void set_description_label(const std::string& text);
-    const std::string& units_label() const { return panel_units->text(); }
-    void set_units_label(const std::string& text);
+    const std::string& Description_label() const { return panel_caption->text(); }
+    void set_Description_label(const std::string& text);
+    const std::string& Units_label() const { return panel_units->text(); }
+    void set_Units_label(const std::string& text);
 
     // Made by the bar itself, never null.
     TAutoValidStatusLED* status_LED;
@@ -41,7 +41,7 @@ protected:
         make_back(edit, clear_hint, help_hint);
         return edit;
     }
-    void show_labels(const TESK::Valid_number& valid);
+    void show_labels(const TESK::Valid_number& number);
 
 private:
     void make_front();
@@ -55,12 +55,12 @@ public:
     explicit TAutoFloat32EditBar(std::string name);
 
     // Null shows 0, and binds nothing.
-    void bind_to(TESK::Valid_float32* valid, const char* help_URL);
+    void bind_to(TESK::Valid_float32* number, const char* help_URL);
     void Update() override;
 
     // The stored value on the screen, in the shown unit; and back.
     void show_value();
-    void convert_shown_value_to_value();
+    void convert_shown_valueto_value();
 
     TAutoFloat32Edit& edit_field;
 
@@ -69,8 +69,8 @@ private:
     void units_chosen();
     void clear_button_clicked();
 
-    TESK::Valid_float32* valid_ = nullptr;
-    float shown_value_ = 0;
+    TESK::Valid_float32* valid = nullptr;
+    float shown_value = 0;
     std::vector<std::uint32_t> units_; // of the list's lines
 };
 
@@ -80,7 +80,7 @@ public:
     explicit TAutoInt16EditBar(std::string name);
 
     // Null shows 0, and binds nothing.
-    void bind_to(TESK::Valid_int16* valid, const char* help_URL);
+    void bind_to(TESK::Valid_int16* number, const char* help_URL);
     void Update() override;
 
     TAutoInt16Edit& edit_field;
@@ -88,5 +88,5 @@ public:
 private:
     void clear_button_clicked();
 
-    TESK::Valid_int16* valid_ = nullptr;
+    TESK::Valid_int16* valid = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "editing/sim_database_edit_bars.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char* no_database_text =
@@ -33,18 +35,18 @@ TAutoSimDatabaseBar::TAutoSimDatabaseBar(std::string name, const char* no_folder
     edit_create_button.on_click = [this] { edit_create_button_onclick(); };
 }
 
-void TAutoSimDatabaseBar::bind_to(TESK::Filtered_file_name* file, const char* caption,
-                                  TESK::Smart_file_name* status_file, TESK::Validation_status* status,
-                                  const char* help_URL, const TESK::Smart_directory_name* scenario_directory,
-                                  const TESK::Smart_directory_name* project_directory,
-                                  const TESK::Smart_directory_name* master_directory,
-                                  const TESK::Directory_name& scenario_path) {
-    file_ = file;
-    scenario_directory_ = scenario_directory;
-    project_directory_ = project_directory;
-    master_directory_ = master_directory;
-    scenario_path_.set(scenario_path);
-    file_editbar.bind_to(file, caption, status_file, status, help_URL);
+void TAutoSimDatabaseBar::bind_to(TESK::Filtered_file_name* name, const char* caption,
+                                  TESK::Smart_file_name* report, TESK::Validation_status* status,
+                                  const char* help_URL, const TESK::Smart_directory_name* scenario_level,
+                                  const TESK::Smart_directory_name* project_level,
+                                  const TESK::Smart_directory_name* master_level,
+                                  const TESK::Directory_name& scenario_folder) {
+    file = name;
+    scenario_directory = scenario_level;
+    project_directory = project_level;
+    master_directory = master_level;
+    scenario_path.set(scenario_folder);
+    file_editbar.bind_to(name, caption, report, status, help_URL);
     // A level that is missing shifts the ones behind it, while the choice goes on meaning the full list:
     // forms bind all levels, or none.
     std::vector<std::string> items = {"Arbitrary"};
@@ -58,52 +60,56 @@ void TAutoSimDatabaseBar::bind_to(TESK::Filtered_file_name* file, const char* ca
     Update();
 }
 
-int TAutoSimDatabaseBar::level_of(const TESK::Filtered_file_name& file) const {
+int TAutoSimDatabaseBar::level_of(const TESK::Filtered_file_name& name) const {
     int level = arbitrary;
-    if ((file.contains("Projects") || file.contains("..\\Database")) && file.exists())
+    if ((name.contains("Projects") || name.contains("..\\Database")) && name.exists())
         level = project;
-    if (file.contains("Simulation\\Database"))
+    if (name.contains("Simulation\\Database"))
         level = master;
-    if (scenario_path_.exists() && file.contains(scenario_path_.c_str()) && file.exists())
+    if (scenario_path.exists() && name.contains(scenario_path.c_str()) && name.exists())
         level = scenario;
     return level;
 }
 
 void TAutoSimDatabaseBar::Update() {
     file_editbar.Update();
-    if (file_ == nullptr)
+    if (file == nullptr)
         return;
-    database_radiogroup.set_item_index(level_of(*file_));
+    database_radiogroup.set_item_index(level_of(*file));
     database_radiogroup_onclick();
 }
 
 void TAutoSimDatabaseBar::database_radiogroup_onclick() {
-    current_directory_ = nullptr;
+    current_directory = nullptr;
     no_database_note.set_visible(false);
     any_dir_note.set_visible(false);
     switch (database_radiogroup.item_index()) {
-    case master: current_directory_ = master_directory_; break;
-    case project: current_directory_ = project_directory_; break;
-    case scenario: current_directory_ = scenario_directory_; break;
+    case master: current_directory = master_directory; break;
+    case project: current_directory = project_directory; break;
+    case scenario: current_directory = scenario_directory; break;
     default: any_dir_note.set_visible(true); break;
     }
 }
 
 void TAutoSimDatabaseBar::edit_create_button_onclick() {
-    if (file_ == nullptr)
+    if (file == nullptr)
         return;
-    file_->set(record_text(file_editbar.filename_edit.text()));
+    file->set(record_text(file_editbar.filename_edit.text()));
+    if (file->starts_with('<'))
+        return;
     TESK::Ustring extension;
-    file_->set_ext(file_->get_default_extension(extension).c_str());
-    if (!file_->exists()) {
+    // A file of no kind keeps its extension.
+    if (file->get_default_extension(extension) != "*")
+        file->set_ext(extension.c_str());
+    if (!file->exists()) {
         TESK::Directory_name path("");
-        file_->get_path(path, true);
-        if (path.empty() && current_directory_ == nullptr) {
+        file->get_path(path, false);
+        if (path.empty() && current_directory == nullptr) {
             message_box(no_folder_message_, "Folder must be selected", Button_set::ok);
         } else if (path.empty()) {
-            current_directory_->create();
+            current_directory->create();
             show_folder();
-            file_->set_path(*current_directory_);
+            file->set_path(*current_directory);
         }
         add_new_name();
     }
@@ -125,9 +131,11 @@ TAutoSimDatabaseFileEditBar::TAutoSimDatabaseFileEditBar(std::string name)
 }
 
 void TAutoSimDatabaseFileEditBar::Update() {
-    if (file_ != nullptr) {
+    if (file != nullptr) {
         TESK::Ustring filter;
-        database_filelistbox.set_mask(screen_text(file_->get_default_filter(filter)));
+        std::string mask = screen_text(file->get_default_filter(filter));
+        std::replace(mask.begin(), mask.end(), '|', ';');
+        database_filelistbox.set_mask(mask);
     }
     TAutoSimDatabaseBar::Update();
 }
@@ -135,9 +143,9 @@ void TAutoSimDatabaseFileEditBar::Update() {
 void TAutoSimDatabaseFileEditBar::database_radiogroup_onclick() {
     TAutoSimDatabaseBar::database_radiogroup_onclick();
     database_filelistbox.set_visible(false);
-    if (current_directory_ == nullptr)
+    if (current_directory == nullptr)
         return;
-    if (current_directory_->exists()) {
+    if (current_directory->exists()) {
         show_folder();
         return;
     }
@@ -146,19 +154,19 @@ void TAutoSimDatabaseFileEditBar::database_radiogroup_onclick() {
 }
 
 void TAutoSimDatabaseFileEditBar::show_folder() {
-    database_filelistbox.set_folder(screen_text(*current_directory_));
+    database_filelistbox.set_folder(screen_text(*current_directory));
     database_filelistbox.set_visible(true);
 }
 
 void TAutoSimDatabaseFileEditBar::add_new_name() {
-    database_filelistbox.add_line(screen_text(file_->get_name(true)));
+    database_filelistbox.add_line(screen_text(file->get_name(true)));
 }
 
 void TAutoSimDatabaseFileEditBar::choose_line() {
-    if (file_ == nullptr || current_directory_ == nullptr || database_filelistbox.item_index() < 0)
+    if (file == nullptr || current_directory == nullptr || database_filelistbox.item_index() < 0)
         return;
-    file_->set(record_text(database_filelistbox.item_text()));
-    file_->set_path(*current_directory_);
+    file->set(record_text(database_filelistbox.item_text()));
+    file->set_path(*current_directory);
     work_directory_.set_as_current();
     file_editbar.Update();
 }
@@ -179,10 +187,10 @@ TAutoSimDatabaseDropdownFileEditBar::TAutoSimDatabaseDropdownFileEditBar(std::st
 void TAutoSimDatabaseDropdownFileEditBar::database_radiogroup_onclick() {
     TAutoSimDatabaseBar::database_radiogroup_onclick();
     select_note_.set_visible(false);
-    if (current_directory_ == nullptr)
+    if (current_directory == nullptr)
         return;
-    file_editbar.set_directory(*current_directory_);
-    const bool exists = current_directory_->exists();
+    file_editbar.set_directory(*current_directory);
+    const bool exists = current_directory->exists();
     select_note_.set_visible(exists);
     no_database_note.set_text(file_editbar.filename_button.enabled() ? no_database_text : create_text);
     no_database_note.set_visible(!exists);

@@ -9,18 +9,17 @@
 // What both bars share.
 class TAutoSimDatabaseBar : public TPanel {
 public:
-    // The directories of the levels are not owned, and null where a level does not exist. The last argument
-    // is the scenario's folder. What the bar for a single file takes may be null here too.
-    void bind_to(TESK::Filtered_file_name* file, const char* caption, TESK::Smart_file_name* status_file,
+    // The directories of the levels are not owned, and null where a level does not exist. The first arguments
+    // are as for the bar of a single file.
+    void bind_to(TESK::Filtered_file_name* name, const char* caption, TESK::Smart_file_name* report,
                  TESK::Validation_status* status, const char* help_URL,
-                 const TESK::Smart_directory_name* scenario_directory,
-                 const TESK::Smart_directory_name* project_directory,
-                 const TESK::Smart_directory_name* master_directory,
-                 const TESK::Directory_name& scenario_path);
+                 const TESK::Smart_directory_name* scenario_level,
+                 const TESK::Smart_directory_name* project_level,
+                 const TESK::Smart_directory_name* master_level, const TESK::Directory_name& scenario_folder);
     void Update() override;
 
     // The level that a file is on by its path: 0 arbitrary, 1 master, 2 project, 3 scenario.
-    int level_of(const TESK::Filtered_file_name& file) const;
+    int level_of(const TESK::Filtered_file_name& name) const;
 
     // Opens the editing program on the file, which it makes when it saves; a name without a path is first put
     // into the chosen level.
@@ -41,12 +40,12 @@ protected:
     virtual void show_folder() {}
     virtual void add_new_name() {}
 
-    TESK::Filtered_file_name* file_ = nullptr;
-    const TESK::Smart_directory_name* master_directory_ = nullptr;
-    const TESK::Smart_directory_name* project_directory_ = nullptr;
-    const TESK::Smart_directory_name* scenario_directory_ = nullptr;
-    const TESK::Smart_directory_name* current_directory_ = nullptr; // one of those, or null
-    TESK::Smart_directory_name scenario_path_{""};
+    TESK::Filtered_file_name* file = nullptr;
+    const TESK::Smart_directory_name* master_directory = nullptr;
+    const TESK::Smart_directory_name* project_directory = nullptr;
+    const TESK::Smart_directory_name* scenario_directory = nullptr;
+    const TESK::Smart_directory_name* current_directory = nullptr; // one of those, or null
+    TESK::Smart_directory_name scenario_path{""};
 
 private:
     const char* no_folder_message_;

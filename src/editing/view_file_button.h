@@ -13,7 +13,7 @@ public:
 
     // The moment is that of what the file is made from. Copies are kept, but for the gem, which outlives the
     // button. Null for no file, no moment, no gem, or for what the desktop has for the file.
-    void bind_to(const TESK::File_name* file, const TESK::Date_time_64* moment, TAutoGem* gem,
+    void bind_to(const TESK::File_name* name, const TESK::Date_time_64* moment, TAutoGem* indicator,
                  const TESK::File_name* program);
 
     // A missing file has a ruby, one that is older than the moment a topaz, and a fresh one an emerald.
@@ -23,8 +23,8 @@ protected:
     void do_click() override;
 
 private:
-    std::optional<TESK::Smart_file_name> file_;
-    std::optional<TESK::File_name> edit_program_;
-    std::optional<TESK::Date_time_64> reference_date_time_;
-    TAutoGem* gem_ = nullptr;
+    std::optional<TESK::Smart_file_name> file;
+    std::optional<TESK::File_name> edit_program;
+    std::optional<TESK::Date_time_64> reference_date_time;
+    TAutoGem* gem = nullptr;
 };

@@ -187,8 +187,8 @@ protected:
 TEST_F(Number_bars, the_record_and_the_light_follow_the_float_bar_only_when_it_is_left_and_updated) {
     auto& bar = form.add<TAutoFloat32EditBar>("bar");
     bar.bind_to(&valid, nullptr);
-    EXPECT_EQ(bar.description_label(), "Depth");
-    EXPECT_EQ(bar.units_label(), "m");
+    EXPECT_EQ(bar.Description_label(), "Depth");
+    EXPECT_EQ(bar.Units_label(), "m");
     EXPECT_EQ(bar.edit_field.text(), "2.0");
     EXPECT_FALSE(bar.help_button->visible());
     EXPECT_EQ(valid.status, Validation_status::good);

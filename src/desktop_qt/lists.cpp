@@ -272,6 +272,8 @@ private:
         for (const QModelIndex& index : indexes) {
             rows.push_back(index.row());
         }
+        const int cursor = widget().currentIndex().row();
+        std::stable_partition(rows.begin(), rows.end(), [cursor](int row) { return row != cursor; });
         act([&] { control().select_lines(rows); });
     }
 

@@ -52,13 +52,22 @@ Qt_desktop::Qt_desktop(Host_functions host) : host_(std::move(host)) {
     Dark_style::use_where_needed();
 }
 
-// Windows whose form is gone are deleted when Qt comes round to it; this is the last time.
+// Windows whose form is gone are deleted when Qt comes round to it; this is the last time. Forms may live on,
+// undrawn.
 Qt_desktop::~Qt_desktop() {
+    for (const QPointer<QWidget>& window : windows_) {
+        delete window;
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 QWidget& Qt_desktop::window_of(TForm& form) {
-    return widget_of(*this, form, form.modal() ? QApplication::activeWindow() : nullptr);
+    if (!form.view()) {
+        std::erase_if(windows_, [](const auto& window) { return !window; });
+        QWidget* const parent = form.modal() ? QApplication::activeWindow() : nullptr;
+        windows_.emplace_back(&make_view(*this, form, parent).widget());
+    }
+    return static_cast<View*>(form.view())->widget();
 }
 
 void Qt_desktop::show(TForm& form) {

@@ -57,6 +57,7 @@ private:
     Host_functions host_;
     std::exception_ptr kept_;
     int running_actions_ = 0;
+    std::vector<QPointer<QWidget>> windows_;
     std::vector<QPointer<QWidget>> waiting_to_close_;
     TForm* main_form_ = nullptr;
     std::vector<QDialog*> dialogs_;

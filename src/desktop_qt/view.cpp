@@ -14,6 +14,8 @@ namespace {
 
 int views_alive = 0;
 
+constexpr const char* watched_by = "watched by";
+
 Key_code code_of(int key) {
     switch (key) {
     case Qt::Key_Backspace: return Key_code::backspace;
@@ -170,12 +172,21 @@ void View::show_colour() {
 void View::watch(QWidget& inner) {
     inner.installEventFilter(this);
     inner.setAcceptDrops(true);
+    if (&inner != &widget_) {
+        inner.setProperty(watched_by, QVariant::fromValue<void*>(this));
+    }
+}
+
+// A key that an inner widget leaves comes by once more, on its way outward.
+bool View::has_seen_key(const QObject* watched) const {
+    const QWidget* const focus = QApplication::focusWidget();
+    return watched == &widget_ && focus && focus->property(watched_by).value<void*>() == this;
 }
 
 bool View::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn: act([this] { observed()->focus(); }); break;
-    case QEvent::KeyPress: return offer(static_cast<QKeyEvent&>(*event));
+    case QEvent::KeyPress: return !has_seen_key(watched) && offer(static_cast<QKeyEvent&>(*event));
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop: return take_files(*event);

@@ -86,6 +86,7 @@ private:
             showing_ = outer;
         }
     }
+    bool has_seen_key(const QObject* watched) const;
     bool offer(const QKeyEvent& event);
     bool take_files(QEvent& event);
     void show_colour();

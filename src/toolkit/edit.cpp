@@ -178,4 +178,5 @@ int TMemo::line_count() const {
 void TMemo::append_line(const std::string& line) {
     const bool needs_break = !text().empty() && text().back() != '\n';
     set_text(text() + (needs_break ? "\n" : "") + line + "\n");
+    set_caret(utf8::length(text()));
 }

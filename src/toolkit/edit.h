@@ -78,5 +78,6 @@ public:
 
     // 0 for an empty text; a line break at the end begins no further line.
     int line_count() const;
+    // Puts a line behind the others, and the caret behind it, so that it is seen.
     void append_line(const std::string& line);
 };

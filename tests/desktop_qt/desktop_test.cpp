@@ -1,6 +1,8 @@
 #include "desktop_qt/shown.h"
 #include "toolkit/button.h"
 #include "toolkit/edit.h"
+#include "toolkit/list_box.h"
+#include "toolkit/page_control.h"
 #include "toolkit/timer.h"
 
 #include <QtCore/QTemporaryDir>
@@ -37,6 +39,7 @@ protected:
 };
 
 TEST_F(Desktop_windows, control_and_window_may_go_in_either_order) {
+    TForm outlives("outlives");
     auto form = std::make_unique<TForm>("form");
     auto& panel = form->add<TPanel>("panel");
     panel.add<TEdit>("edit");
@@ -49,6 +52,17 @@ TEST_F(Desktop_windows, control_and_window_may_go_in_either_order) {
     form.reset();
     delete_what_is_left();
     EXPECT_EQ(View::alive(), 0);
+
+    auto& pages = outlives.add<TPageControl>("pages");
+    auto& list = pages.add<TTabSheet>("first", "First").add<TListBox>("list");
+    pages.add<TTabSheet>("second", "Second").add<TEdit>("edit");
+    list.set_lines({"line"});
+    show(outlives);
+    owned_desktop_.reset();
+    EXPECT_EQ(View::alive(), 0);
+    EXPECT_EQ(outlives.view(), nullptr);
+    EXPECT_EQ(pages.active_index(), 0);
+    list.clear();
 }
 
 TEST_F(Desktop_windows, a_control_shown_elsewhere_is_drawn_there) {
@@ -262,11 +276,9 @@ TEST_F(Desktop_windows, a_window_keeps_its_place_and_comes_back_to_a_screen_that
     EXPECT_FALSE(widget(form).isMinimized());
 }
 
-TEST(Host_names, pass_through_the_functions_of_the_host) {
-    std::string opened;
-    Qt_desktop desktop({{}, {}, [&](const std::string& address) { opened = address; }});
-    desktop.open_web_address("https://example.org");
-    EXPECT_EQ(opened, "https://example.org");
+TEST_F(Desktop_windows, a_web_address_goes_to_the_host) {
+    desktop_.open_web_address("https://example.org");
+    EXPECT_EQ(opened_, "https://example.org");
 }
 
 } // namespace

@@ -214,6 +214,12 @@ TEST_F(Views, a_radio_group_shows_one_choice_or_none) {
     group.set_item_index(2);
     ASSERT_EQ(buttons().size(), 3);
     EXPECT_TRUE(buttons()[2]->isChecked());
+    QCoreApplication::processEvents();
+    int keys = 0;
+    group.on_key = [&](const Key&) { return ++keys == 0; };
+    buttons()[2]->setFocus();
+    QTest::keyClick(buttons()[2], Qt::Key_A);
+    EXPECT_EQ(keys, 1) << "a key is offered once";
 }
 
 TEST_F(Views, a_mark_clicked_in_a_list_is_set_and_the_cursor_stays) {
@@ -461,7 +467,7 @@ TEST_F(Views, a_label_leads_to_the_control_behind_it) {
     show(form_);
     QTest::keyClick(&widget(form_), Qt::Key_N, Qt::AltModifier);
     EXPECT_TRUE(edit.focused());
-    EXPECT_EQ(widget(edit).accessibleName(), "&Name");
+    EXPECT_EQ(widget(edit).accessibleName(), "Name");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "editing/file_edit_bar.h"
+#include "editing/record_folders.h"
 #include "editing/sim_database_edit_bars.h"
 #include "editing/view_file_button.h"
 #include "names/typed_filenames.h"
@@ -204,6 +205,24 @@ TEST_F(Database_bars, a_missing_level_shifts_the_ones_behind_it) {
     auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
     bar.bind_to(&crop, "Crop", nullptr, nullptr, nullptr, &scenario, nullptr, &master, Directory_name(""));
     EXPECT_EQ(bar.database_radiogroup.items(), (std::vector<std::string>{"Arbitrary", "Master", "Scenario"}));
+}
+
+TEST_F(File_bars, a_list_shows_the_files_of_a_folder_that_fit_one_of_its_masks) {
+    drives.write("s/b.TVN");
+    drives.write("s/A.tvn");
+    drives.write("s/c.Tilverra_scenario");
+    drives.write("s/d.txt");
+    drives.write("s/sub/e.tvn");
+    drives.write("s/.hidden/f.tvn");
+    Record_folders folders;
+    std::string names;
+    for (const Folder_entry& entry : folders.files("C:\\s", "*.Tilverra_scenario|*.tvn"))
+        names += entry.name + " " + entry.path + "\n";
+    EXPECT_EQ(names,
+              "A.tvn C:\\s\\A.tvn\nb.TVN C:\\s\\b.TVN\nc.Tilverra_scenario C:\\s\\c.Tilverra_scenario\n");
+    ASSERT_EQ(folders.folders("C:\\s").size(), 1U);
+    EXPECT_EQ(folders.folders("C:\\s")[0].path, "C:\\s\\sub");
+    EXPECT_TRUE(folders.files("C:\\gone", "*.*").empty());
 }
 
 TEST_F(File_bars, the_gem_tells_whether_a_file_is_fresh) {

@@ -59,7 +59,7 @@ TAutoFloat32EditBar::TAutoFloat32EditBar(std::string name)
     : TAutoNumberEditBar(std::move(name)),
       edit_field(make_row<TAutoFloat32Edit>("This button clears the entry to the default value.",
                                             "This button displays context sensitive help")) {
-    edit_field.leave_handler = [this] { convert_shown_valueto_value(); };
+    edit_field.leave_handler = [this] { convert_shown_value_to_value(); };
     cancel_button->on_click = [this] { clear_button_clicked(); };
     units_combobox->on_change = [this] { units_chosen(); };
 }
@@ -110,7 +110,7 @@ void TAutoFloat32EditBar::units_chosen() {
         return;
     // The number stays as typed and is now meant in the other unit.
     valid->shown_units.code = units_[static_cast<std::size_t>(index)];
-    convert_shown_valueto_value();
+    convert_shown_value_to_value();
 }
 
 void TAutoFloat32EditBar::show_value() {
@@ -123,7 +123,7 @@ void TAutoFloat32EditBar::show_value() {
     edit_field.Update();
 }
 
-void TAutoFloat32EditBar::convert_shown_valueto_value() {
+void TAutoFloat32EditBar::convert_shown_value_to_value() {
     if (valid != nullptr)
         TESK::Units_convertor().convert(shown_value, valid->shown_units.code, valid->value,
                                         valid->stored_units.code);

@@ -60,7 +60,7 @@ public:
 
     // The stored value on the screen, in the shown unit; and back.
     void show_value();
-    void convert_shown_valueto_value();
+    void convert_shown_value_to_value();
 
     TAutoFloat32Edit& edit_field;
 

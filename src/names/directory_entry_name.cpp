@@ -125,6 +125,14 @@ std::string& Directory_entry_name::label_to(std::string& out) const {
     return out = show_full_path ? *this : get_name(show_extension);
 }
 
+bool Directory_entry_name::set_selected(bool selected) {
+    return is_selected() == selected || toggle_selected() == selected;
+}
+
+bool Directory_entry_name::set_checked(bool checked) {
+    return is_checked() == checked || toggle_checked() == checked;
+}
+
 bool Directory_entry_name::toggle_selected() {
     marks ^= selected_mark;
     return is_selected();

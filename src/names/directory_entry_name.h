@@ -75,6 +75,9 @@ public:
     // Turns the mark over and tells the new state.
     virtual bool toggle_selected();
     virtual bool toggle_checked();
+    // Each sets the mark, as the lists on a screen do. True.
+    bool set_selected(bool selected) override;
+    bool set_checked(bool checked) override;
 
     // The text and a line end.
     std::ostream& write(std::ostream& out) const override;

@@ -1,9 +1,8 @@
 #include "editing/auto_choices.h"
 #include "editing/auto_lists.h"
 #include "editing/number_edit_bars.h"
-#include "foundation/association_list.h"
 #include "foundation/text_list.h"
-#include "names/directory_name.h"
+#include "names/file_name.h"
 #include "support/launcher_record.h"
 #include "support/temporary_user.h"
 #include "toolkit/headless_desktop.h"
@@ -173,6 +172,20 @@ TEST_F(Bound_controls, lists_show_the_items_of_a_container_and_change_them) {
     all.clear();
     EXPECT_EQ(items.to_string(all), "onethree");
     EXPECT_EQ(list.count(), 2);
+}
+
+TEST_F(Bound_controls, a_checked_list_shows_and_writes_the_marks_of_its_items) {
+    TESK::Bidirectional_list names;
+    for (const char* name : {"one.tvn", "two.tvn", "three.tvn"})
+        names.append(new TESK::File_name(name));
+    names.get_at(1)->set_checked(true);
+    auto& list = form.add<TAutoContainerCheckListBox>("list");
+    list.bind_to(&names, nullptr);
+    EXPECT_EQ(list.line(2).text, "three");
+    EXPECT_TRUE(!list.checked(0) && list.checked(1));
+    EXPECT_TRUE(list.check(0) && list.check(1, false) && list.select(2));
+    EXPECT_TRUE(names.get_at(0)->is_checked() && !names.get_at(1)->is_checked());
+    EXPECT_TRUE(names.get_at(2)->is_selected() && !names.get_at(0)->is_selected());
 }
 
 class Number_bars : public Bound_controls {

@@ -82,10 +82,9 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     suite_directory = new TVS::Suite_Directory(program_file_name);
     program_directory = new TESK::Program_directory(program_file_name, false);
     const TESK::Application_data_directory application_data_directory(program_file_name);
-    simulation_paths =
+    const Simulation_paths_scope paths_scope(
         Simulation_paths::setup(master_major, master_release, master_minor, suite_name,
-                                master_folder(application_data_directory), application_data_directory)
-            .release();
+                                master_folder(application_data_directory), application_data_directory));
 
     Tilverra_project_type_labeled project_type;
     TVP_filename project_file_name =

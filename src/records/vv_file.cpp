@@ -5,6 +5,7 @@
 #include "records/data_record.h"
 #include "records/line_reader.h"
 #include "records/vv_section.h"
+#include "records/vv_text.h"
 
 namespace TESK {
 
@@ -97,16 +98,9 @@ bool VV_file::get(Data_record& record) {
 bool VV_file::write_record(Data_record& record) {
     if (!filename_ || filename_->empty())
         return false;
-    record.make_primary_section_current();
-    for (VV_enumerated_section& series : Items_of<VV_enumerated_section>(record.enumerated_sections))
-        series.setup_structure(record, true);
-    record.make_primary_section_current();
-
+    declare_series(record);
     if (!record.get_preserve_unexpected() || bring_back_unexpected(record)) {
-        std::string text;
-        for (const VV_section& section : record.all_sections())
-            section.append_text(text);
-        last_write_ = platform::write_file(*filename_, text, durability_);
+        last_write_ = platform::write_file(*filename_, text_of_sections(record), durability_);
         if (last_write_.ok())
             record.set_loaded_from(platform::full_name(*filename_));
     }

@@ -43,6 +43,8 @@ public:
     bool close();
 
     TControl* focused_control() const { return focused_; }
+    // Takes the focus from whatever has it, so that what is typed there is complete.
+    void leave_focus() { move_focus(nullptr); }
     // Moves the focus to the next control that takes it, in the order of the screen, and round at the end.
     // False when there is none.
     bool focus_next(bool backward = false);

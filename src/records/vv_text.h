@@ -1,0 +1,27 @@
+// The text that a save would write of what a record declares, without a file: to tell whether a record was
+// changed.
+#pragma once
+
+#include "records/data_source.h"
+
+namespace TESK {
+
+class VV_text : public Data_source {
+public:
+    // Composes the text; set() it with a record.
+    bool write_record(Data_record& record) override;
+    // There is no name.
+    std::string& label(std::string& buffer) const override { return buffer; }
+
+    const std::string& text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+// Declares the elements of the record's series for writing; the primary section is current afterwards.
+void declare_series(Data_record& record);
+// The text of all sections as they stand.
+std::string text_of_sections(const Data_record& record);
+
+} // namespace TESK

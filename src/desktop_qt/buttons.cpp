@@ -144,7 +144,15 @@ private:
         if (items == shown_) {
             return;
         }
+        const bool same_buttons = items.size() == shown_.size();
         shown_ = items;
+        // Buttons that only change their words keep the keyboard's focus.
+        for (int index = 0; same_buttons && index < items.size(); ++index) {
+            buttons_->button(index)->setText(items[index]);
+        }
+        if (same_buttons) {
+            return;
+        }
         qDeleteAll(buttons_->buttons());
         delete widget().layout();
         auto& grid = *new QGridLayout(&widget());

@@ -26,19 +26,30 @@ bool TCheckBox::press(const Key& key) {
 
 TRadioGroup::TRadioGroup(std::string name, std::string text, std::vector<std::string> items, int columns)
     : TControl(Control_kind::radio_group, std::move(name), std::move(text)), items_(std::move(items)),
-      columns_(std::max(columns, 1)) {
+      native_items_(items_), columns_(std::max(columns, 1)) {
     set_takes_focus(true);
 }
 
 void TRadioGroup::set_items(std::vector<std::string> items) {
-    items_ = std::move(items);
+    if (items == native_items_) {
+        return;
+    }
+    native_items_ = std::move(items);
+    items_ = native_items_;
     item_index_ = has_item(item_index_) ? item_index_ : -1;
     notify(Aspect::all_lines);
 }
 
 void TRadioGroup::add_item(const std::string& item) {
     items_.push_back(item);
+    native_items_.push_back(item);
     notify(Aspect::all_lines);
+}
+
+void TRadioGroup::translate_items(const std::vector<std::string>& translations) {
+    if (translations.size() == items_.size()) {
+        assign(items_, translations, Aspect::all_lines);
+    }
 }
 
 void TRadioGroup::set_item_index(int index) {

@@ -15,6 +15,29 @@ Control_view::~Control_view() {
     }
 }
 
+bool Wording::show(const std::string& text) {
+    if (text == shown_) {
+        return false;
+    }
+    shown_ = text;
+    return true;
+}
+
+bool Wording::set(const std::string& text) {
+    if (native_ && *native_ == text) {
+        return false;
+    }
+    native_.reset();
+    return show(text);
+}
+
+bool Wording::translate(const std::string& translation) {
+    if (!native_) {
+        native_ = shown_;
+    }
+    return show(translation);
+}
+
 TControl::TControl(Control_kind kind, std::string name, std::string text)
     : kind_(kind), name_(std::move(name)), text_(std::move(text)) {}
 
@@ -115,11 +138,27 @@ TControl* TControl::find(const std::string& wanted) {
 }
 
 void TControl::set_text(const std::string& text) {
-    assign(text_, text, Aspect::text);
+    if (text_.set(text)) {
+        notify(Aspect::text);
+    }
 }
 
 void TControl::set_hint(const std::string& hint) {
-    assign(hint_, hint, Aspect::hint);
+    if (hint_.set(hint)) {
+        notify(Aspect::hint);
+    }
+}
+
+void TControl::translate_text(const std::string& translation) {
+    if (text_.translate(translation)) {
+        notify(Aspect::text);
+    }
+}
+
+void TControl::translate_hint(const std::string& translation) {
+    if (hint_.translate(translation)) {
+        notify(Aspect::hint);
+    }
 }
 
 void TControl::set_colour(Colour colour) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -104,6 +105,25 @@ struct Change {
     int count = 0;
 };
 
+// A text that the program set, and the translation that may stand on the screen for it.
+class Wording {
+public:
+    explicit Wording(std::string text) : shown_(std::move(text)) {}
+
+    const std::string& shown() const { return shown_; }
+    const std::string& native() const { return native_ ? *native_ : shown_; }
+    // Sets the program's text, which ends its translation unless it is the text that was translated. Each
+    // answers whether what is shown changed.
+    bool set(const std::string& text);
+    bool translate(const std::string& translation);
+
+private:
+    bool show(const std::string& text);
+
+    std::string shown_;
+    std::optional<std::string> native_; // while a translation is shown
+};
+
 class TControl;
 
 // What draws one control, and observes it for that. It never owns the control and is never owned by it;
@@ -165,10 +185,21 @@ public:
     TControl* find(const std::string& wanted);
 
     // Setting fires no event: events tell what the user does.
-    const std::string& text() const { return text_; }
+    const std::string& text() const { return text_.shown(); }
     virtual void set_text(const std::string& text);
-    const std::string& hint() const { return hint_; }
+    const std::string& hint() const { return hint_.shown(); }
     void set_hint(const std::string& hint);
+    // What the program set, whether a translation of it is on view or not.
+    const std::string& native_text() const { return text_.native(); }
+    const std::string& native_hint() const { return hint_.native(); }
+    // Shows a translation in place of the text or the hint. It stays until the program sets another text:
+    // setting the same one again, as an Update does, leaves the translation on view.
+    void translate_text(const std::string& translation);
+    void translate_hint(const std::string& translation);
+    // Whether the text is a file's name, a date or the like, not the program's own words: such a text is
+    // never translated.
+    bool text_is_data() const { return text_is_data_; }
+    void set_text_is_data(bool is_data) { text_is_data_ = is_data; }
     Colour colour() const { return colour_; }
     void set_colour(Colour colour);
     bool visible() const { return visible_; }
@@ -260,8 +291,9 @@ private:
 
     Control_kind kind_;
     std::string name_;
-    std::string text_;
-    std::string hint_;
+    Wording text_;
+    Wording hint_{std::string()};
+    bool text_is_data_ = false;
     Colour colour_ = desktop_colour;
     bool visible_ = true;
     bool enabled_ = true;

@@ -75,6 +75,34 @@ TEST(Control, shown_elsewhere_stays_with_its_owner) {
     EXPECT_EQ(pages.parent(), nullptr);
 }
 
+TEST(Control, keeps_a_translation_on_view_until_the_program_says_something_else) {
+    TButton button("run", "Run");
+    const Recording_view view(button);
+    button.translate_text("Ejecutar");
+    button.translate_hint("Sin texto propio");
+    button.set_text("Run");
+    button.set_hint("");
+    EXPECT_EQ(button.text() + button.hint(), "EjecutarSin texto propio");
+    EXPECT_EQ(button.native_text() + button.native_hint(), "Run");
+    EXPECT_EQ(view.changes, 2);
+
+    button.translate_text("Lancer");
+    EXPECT_EQ(button.native_text(), "Run") << "what was translated is the program's text, not a translation";
+    button.set_text("Run GIS");
+    EXPECT_EQ(button.text(), "Run GIS");
+    EXPECT_EQ(button.native_text(), "Run GIS");
+
+    TRadioGroup group("level", "Database", {"Arbitrary", "Master"});
+    group.set_item_index(1);
+    group.translate_items({"Libre", "Maestra"});
+    group.translate_items({"one too few"});
+    group.set_items({"Arbitrary", "Master"});
+    EXPECT_EQ(group.items().back(), "Maestra");
+    group.set_items({"Arbitrary", "Project"});
+    EXPECT_EQ(group.items().back(), "Project");
+    EXPECT_EQ(group.item_index(), 1);
+}
+
 TEST(Control, cannot_be_used_where_a_user_could_not_reach_it) {
     TForm form("form");
     auto& pages = form.add<TPageControl>("pages");

@@ -50,22 +50,36 @@ std::optional<std::uint16_t> take_character(std::string_view& text) {
 
 } // namespace
 
+void append_utf8(std::string& text, char32_t character) {
+    constexpr char32_t replacement = 0xFFFD;
+    if ((character >= 0xD800 && character <= 0xDFFF) || character > 0x10FFFF)
+        character = replacement;
+    const auto continuation = [&](unsigned shift) {
+        text += static_cast<char>(0x80 | (character >> shift & 0x3F));
+    };
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+    } else if (character < 0x800) {
+        text += static_cast<char>(0xC0 | character >> 6);
+        continuation(0);
+    } else if (character < 0x10000) {
+        text += static_cast<char>(0xE0 | character >> 12);
+        continuation(6);
+        continuation(0);
+    } else {
+        text += static_cast<char>(0xF0 | character >> 18);
+        continuation(12);
+        continuation(6);
+        continuation(0);
+    }
+}
+
 std::string utf8_from_code_page(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        const unsigned character = byte >= 0x80 && byte <= 0x9F ? c1_characters[byte - 0x80U] : byte;
-        if (character < 0x80) {
-            result += c;
-        } else if (character < 0x800) {
-            result += static_cast<char>(0xC0 | character >> 6);
-            result += static_cast<char>(0x80 | (character & 0x3F));
-        } else {
-            result += static_cast<char>(0xE0 | character >> 12);
-            result += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-            result += static_cast<char>(0x80 | (character & 0x3F));
-        }
+        append_utf8(result, byte >= 0x80 && byte <= 0x9F ? c1_characters[byte - 0x80U] : byte);
     }
     return result;
 }

@@ -12,6 +12,10 @@ namespace TESK {
 // characters of the same number, and come back from them.
 std::string utf8_from_code_page(std::string_view text);
 
+// Appends the character in UTF-8. What is no character of Unicode (half of a surrogate pair, a number that is
+// too large) becomes U+FFFD.
+void append_utf8(std::string& text, char32_t character);
+
 // The text in the code page, or nothing when it is not UTF-8 or holds a character that the page lacks.
 std::optional<std::string> code_page_from_utf8(std::string_view text);
 

@@ -1,0 +1,76 @@
+#include "translation/translations_phrases.h"
+
+#include "translation/phrases.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+namespace TESK {
+namespace {
+
+using Texts = std::vector<std::pair<const char*, const char*>>;
+
+Translation& add(Translations_phrases& phrases, const char* key, const Texts& texts) {
+    auto* phrase = new Translation(key);
+    for (const auto& [language, text] : texts)
+        phrase->translations.append(new Translation::Translated(language, text));
+    phrases.append(phrase);
+    return *phrase;
+}
+
+std::string found(const Translations_phrases& phrases, const char* text, const char* language) {
+    const Ustring* translation = phrases.find_translation(text, language);
+    return translation == nullptr ? "(none)" : *translation;
+}
+
+TEST(Translations_phrases, finds_a_phrase_by_key_native_text_or_english) {
+    Translations_phrases phrases;
+    add(phrases, "L_Run", {{"es", "Ejecutar"}, {"en", "Run"}}).native = "Run it";
+    add(phrases, "Soil", {{"es", "Suelo"}});
+    add(phrases, "L_Empty", {{"en", "Empty"}, {"es", ""}});
+
+    const struct {
+        const char* text;
+        const char* language;
+        const char* result;
+    } cases[] = {
+        {"L_Run", "es", "Ejecutar"},  {"Run it", "es", "Ejecutar"}, {"Run", "es", "Ejecutar"},
+        {"Run", "ES", "Ejecutar"},    {"L_Run", "en", "Run"},       {"Soil", "es", "Suelo"},
+        {"run", "es", "(none)"},      {"&Run", "es", "(none)"},     {"Run ", "es", "(none)"},
+        {"Ejecutar", "es", "(none)"}, {"Run", "fr", "(none)"},      {"Run", "", "(none)"},
+        {"Soil", "en", "(none)"},     {"", "es", "(none)"},         {"Empty", "es", "(none)"},
+        {"L_Run,", "es", "(none)"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(found(phrases, c.text, c.language), c.result) << c.text << " in " << c.language;
+}
+
+TEST(Translations_phrases, of_repeated_phrases_the_first_with_a_translation_serves) {
+    Translations_phrases phrases;
+    EXPECT_EQ(found(phrases, "Run", "es"), "(none)");
+    add(phrases, "L_Run", {{"en", "Run"}, {"es", "Ejecutar"}});
+    add(phrases, "L_Run", {{"en", "Run"}, {"es", "Correr"}, {"ru", "Zapusk"}});
+    EXPECT_EQ(phrases.count(), 2u);
+    EXPECT_EQ(found(phrases, "Run", "es"), "Ejecutar");
+    EXPECT_EQ(found(phrases, "Run", "ru"), "Zapusk") << "the file of another language must not hide it";
+
+    phrases.remove_at(0);
+    EXPECT_EQ(found(phrases, "Run", "es"), "Correr") << "a look-up follows the list's changes";
+}
+
+TEST(Built_in_phrases, stand_in_their_order_and_are_known_by_their_keys) {
+    const auto table = built_in_phrases();
+    ASSERT_EQ(table.size(), 833u);
+    EXPECT_STREQ(table[0], "English");
+    EXPECT_STREQ(table[2], "Planting");
+    EXPECT_STREQ(table[11], "Green LAI at physiological maturity (GAI)");
+    EXPECT_STREQ(table[825], "95% probability");
+    EXPECT_STREQ(table[832], "Soil slope steepness mapped");
+    EXPECT_EQ(std::set<std::string>(table.begin(), table.end()).size(), table.size());
+
+    EXPECT_STREQ(find_built_in_phrase("L_Crop_file"), built_in::L_Crop_file);
+    EXPECT_EQ(find_built_in_phrase("Crop file"), nullptr);
+}
+
+} // namespace
+} // namespace TESK

@@ -79,7 +79,7 @@ void TAutoFileEditBar::bind_to(TESK::Filtered_file_name* name, const char* capti
     directory.set("");
     if (file != nullptr)
         file->get_path(directory, true);
-    if (panel_caption.text().empty() || panel_caption.text() == unnamed_caption) {
+    if (panel_caption.native_text().empty() || panel_caption.native_text() == unnamed_caption) {
         TESK::Ustring description = "*";
         if (file != nullptr)
             file->get_default_description(description);

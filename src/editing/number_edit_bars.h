@@ -17,9 +17,9 @@
 class TAutoNumberEditBar : public TPanel {
 public:
     // The texts of the caption and of the unit, which are also their hints.
-    const std::string& Description_label() const { return panel_caption->text(); }
+    const std::string& Description_label() const { return panel_caption->native_text(); }
     void set_Description_label(const std::string& text);
-    const std::string& Units_label() const { return panel_units->text(); }
+    const std::string& Units_label() const { return panel_units->native_text(); }
     void set_Units_label(const std::string& text);
 
     // Made by the bar itself, never null.

@@ -1,0 +1,88 @@
+#include "editing/window_translator.h"
+
+#include "toolkit/check_box.h"
+#include "translation/translation_files.h"
+
+#include <vector>
+
+namespace {
+
+// Whether the text of such controls is a caption of the program's.
+bool has_caption(Control_kind kind) {
+    switch (kind) {
+    case Control_kind::label:
+    case Control_kind::button:
+    case Control_kind::speed_button:
+    case Control_kind::check_box:
+    case Control_kind::radio_group:
+    case Control_kind::group_box:
+    case Control_kind::tab_sheet: return true;
+    default: return false;
+    }
+}
+
+class Control_translator {
+public:
+    Control_translator(const std::string& language, const TESK::Translations_phrases& phrases)
+        : language_(language), phrases_(phrases) {}
+
+    // Whether anything changed.
+    bool translate(TControl& control) const {
+        bool changed = false;
+        if (const auto* hint = new_wording(control.native_hint(), control.hint())) {
+            control.translate_hint(*hint);
+            changed = true;
+        }
+        if (control.text_is_data() || !has_caption(control.kind()))
+            return changed;
+        if (const auto* text = new_wording(control.native_text(), control.text())) {
+            control.translate_text(*text);
+            changed = true;
+        }
+        if (control.kind() == Control_kind::radio_group)
+            changed |= translate_items(static_cast<TRadioGroup&>(control));
+        return changed;
+    }
+
+private:
+    bool translate_items(TRadioGroup& group) const {
+        std::vector<std::string> items = group.items();
+        bool changed = false;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            if (const auto* item = new_wording(group.native_items()[i], items[i])) {
+                items[i] = *item;
+                changed = true;
+            }
+        group.translate_items(items);
+        return changed;
+    }
+
+    // What to show for the program's text, unless that is what is on view already.
+    const std::string* new_wording(const std::string& native, const std::string& shown) const {
+        const TESK::Ustring* translation = phrases_.find_translation(native, language_);
+        return translation == nullptr || *translation == shown ? nullptr : translation;
+    }
+
+    const std::string& language_;
+    const TESK::Translations_phrases& phrases_;
+};
+
+} // namespace
+
+bool translate_windows(TControl& window, const std::string& language,
+                       const TESK::Translations_phrases* phrases, bool& changed) {
+    changed = false;
+    if (phrases == nullptr)
+        return false;
+    const Control_translator translator(language, *phrases);
+    changed = !window.walk([&](TControl& control) { return !translator.translate(control); });
+    return true;
+}
+
+void load_program_translations(TESK::Translations_phrases& phrases, TESK::Program_directory& program,
+                               TESK::Suite_directory& suite) {
+    std::vector<TESK::Directory_name> folders = {program, program.get_application(), program.get_suite()};
+    std::vector<TESK::Directory_name> with_common = folders;
+    with_common.push_back(suite.get_common_directory());
+    TESK::load_translations(phrases, folders, with_common);
+}

@@ -1,0 +1,187 @@
+#include "editing/window_translator.h"
+
+#include "editing/file_edit_bar.h"
+#include "editing/number_edit_bars.h"
+#include "editing/sim_database_edit_bars.h"
+#include "support/temporary_folder.h"
+#include "toolkit/button.h"
+#include "toolkit/check_box.h"
+#include "toolkit/label.h"
+#include "toolkit/page_control.h"
+#include "translation/translation_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace {
+
+using TESK::Translation;
+
+void add(TESK::Translations_phrases& phrases, const char* english, const char* spanish,
+         const char* french = nullptr) {
+    auto* phrase = new Translation(std::string("L_") + english);
+    phrase->translations.append(new Translation::Translated("en", english));
+    phrase->translations.append(new Translation::Translated("es", spanish));
+    if (french != nullptr)
+        phrase->translations.append(new Translation::Translated("fr", french));
+    phrases.append(phrase);
+}
+
+// Passes until nothing changes; how many of them changed something. A walk that never ends is cut off.
+int translate_all(TControl& window, const std::string& language, const TESK::Translations_phrases& phrases) {
+    bool changed = true;
+    int passes = 0;
+    for (; passes < 10'000; ++passes) {
+        EXPECT_TRUE(translate_windows(window, language, &phrases, changed));
+        if (!changed)
+            break;
+    }
+    return passes;
+}
+
+struct Window_translator : testing::Test {
+    Window_translator() {
+        add(phrases, "Run", "Ejecutar", "Lancer");
+        add(phrases, "Soil", "Suelo");
+        add(phrases, "Total", "Total");
+        add(phrases, "Current", "Actual");
+        add(phrases, "Actual", "Real");
+        add(phrases, "Empty", "");
+    }
+    TESK::Translations_phrases phrases;
+    TForm form{"form", "Run"};
+    bool changed = false;
+};
+
+TEST_F(Window_translator, changes_one_control_a_pass_in_the_order_of_the_screen) {
+    auto& page = form.add<TPageControl>("pages").add<TTabSheet>("page", "Soil");
+    auto& unknown = page.add<TLabel>("unknown", "Of no phrase");
+    auto& same = page.add<TLabel>("same", "Total");
+    auto& blank = page.add<TLabel>("blank", "Empty");
+    auto& group = page.add<TGroupBox>("group", "Current");
+    auto& run = group.add<TButton>("run", "Run");
+    run.set_hint("Soil");
+    auto& hidden = form.add<TCheckBox>("hidden", "Actual");
+    hidden.set_visible(false);
+
+    const auto texts = [&] {
+        return page.text() + "," + group.text() + "," + run.text() + "," + run.hint() + "," + hidden.text();
+    };
+    for (const char* expected : {"Suelo,Current,Run,Soil,Actual", "Suelo,Actual,Run,Soil,Actual",
+                                 "Suelo,Actual,Ejecutar,Suelo,Actual", "Suelo,Actual,Ejecutar,Suelo,Real"}) {
+        EXPECT_TRUE(translate_windows(form, "es", &phrases, changed));
+        EXPECT_TRUE(changed);
+        EXPECT_EQ(texts(), expected);
+    }
+    EXPECT_TRUE(translate_windows(form, "es", &phrases, changed));
+    EXPECT_FALSE(changed);
+    EXPECT_EQ(texts(), "Suelo,Actual,Ejecutar,Suelo,Real") << "a translation is not translated again";
+    EXPECT_EQ(unknown.text() + same.text() + blank.text(), "Of no phraseTotalEmpty");
+    EXPECT_EQ(form.text(), "Run");
+
+    EXPECT_EQ(translate_all(form, "fr", phrases), 1) << "another language starts from the program's text";
+    EXPECT_EQ(run.text(), "Lancer");
+    run.set_text("Soil");
+    EXPECT_EQ(translate_all(form, "es", phrases), 1);
+    EXPECT_EQ(run.text(), "Suelo");
+}
+
+TEST_F(Window_translator, leaves_alone_what_is_typed_listed_or_data) {
+    auto& edit = form.add<TEdit>("edit");
+    auto& memo = form.add<TMemo>("memo");
+    auto& combo = form.add<TComboBox>("combo");
+    auto& list = form.add<TCheckListBox>("list");
+    auto& data = form.add<TLabel>("data", "Soil");
+    auto& data_choices = form.add<TRadioGroup>("data_choices", "Soil", std::vector<std::string>{"Soil"});
+    auto& choices =
+        form.add<TRadioGroup>("choices", "Soil", std::vector<std::string>{"Total", "Run", "Soil"});
+    for (TCustomEdit* typed : {static_cast<TCustomEdit*>(&edit), static_cast<TCustomEdit*>(&memo),
+                               static_cast<TCustomEdit*>(&combo)})
+        typed->set_text("Soil");
+    combo.set_items({"Soil"});
+    list.set_lines({"Soil"});
+    data.set_text_is_data(true);
+    data_choices.set_text_is_data(true);
+    edit.set_hint("Soil");
+    choices.set_item_index(1);
+
+    EXPECT_EQ(translate_all(form, "es", phrases), 2) << "the hint, and the choices at once";
+    for (const TControl* kept :
+         {static_cast<TControl*>(&edit), static_cast<TControl*>(&memo), static_cast<TControl*>(&combo),
+          static_cast<TControl*>(&data), static_cast<TControl*>(&data_choices)})
+        EXPECT_EQ(kept->text(), "Soil") << kept->name();
+    EXPECT_EQ(combo.items().front() + list.line(0).text + data_choices.items().front(), "SoilSoilSoil");
+    EXPECT_EQ(edit.hint(), "Suelo");
+    EXPECT_EQ(choices.text(), "Suelo");
+    EXPECT_EQ(choices.items(), (std::vector<std::string>{"Total", "Ejecutar", "Suelo"}));
+    EXPECT_EQ(choices.item_index(), 1);
+}
+
+TEST_F(Window_translator, does_nothing_without_phrases_or_a_language) {
+    auto& label = form.add<TLabel>("label", "Soil");
+    const TESK::Translations_phrases empty;
+    changed = true;
+    EXPECT_FALSE(translate_windows(form, "es", nullptr, changed));
+    EXPECT_FALSE(changed);
+    EXPECT_EQ(translate_all(form, "es", empty), 0);
+    EXPECT_EQ(translate_all(form, "", phrases), 0);
+    EXPECT_EQ(translate_all(form, "ru", phrases), 0);
+    EXPECT_EQ(label.text(), "Soil");
+}
+
+TEST_F(Window_translator, keeps_a_bound_caption_translated_when_its_value_is_shown_again) {
+    float depth = 1;
+    TESK::Valid_float32 number(depth, 0, "depth", 1, 1.5, {0.5, 10, 0.1, 20}, "m", "Soil");
+    auto& bar = form.add<TAutoFloat32EditBar>("bar");
+    bar.bind_to(&number, nullptr);
+    translate_all(form, "es", phrases);
+    bar.bind_to(&number, nullptr);
+    EXPECT_EQ(bar.panel_caption->text(), "Suelo");
+    EXPECT_EQ(bar.Description_label(), "Soil");
+}
+
+// Puts the translation files where a program of the suite finds them.
+struct Installed_suite {
+    Installed_suite() {
+        folder.write("Suite/Tilverra/project_editor.exe", "");
+        std::filesystem::create_directories(folder.path("Suite/common"));
+        std::filesystem::copy(EXAMPLES "/translations/ANSI", folder.path("Suite/Tilverra/ANSI"));
+        std::filesystem::copy(EXAMPLES "/translations/Unicode", folder.path("Suite/common/Unicode"));
+        const TESK::File_name program(folder.name("Suite/Tilverra/project_editor.exe").c_str());
+        TESK::Program_directory program_folder(program);
+        TVS::Suite_Directory suite(program);
+        load_program_translations(phrases, program_folder, suite);
+    }
+    Temporary_folder folder;
+    TESK::Translations_phrases phrases;
+};
+
+TEST(Translation_of_the_suite, reaches_every_caption_and_hint_of_the_bound_controls) {
+    const Installed_suite suite;
+    // The signs on small buttons, and texts that are not set.
+    const std::string kept[] = {"X", "?", "...", "\xE2\x9C\x93", ""};
+    for (const char* language : {"es", "ru"}) {
+        TForm form("form");
+        form.add<TAutoFloat32EditBar>("number");
+        form.add<TAutoInt16EditBar>("whole_number");
+        auto& files = form.add<TAutoFileEditBar>("file");
+        TESK::Filtered_file_name name("noname.rpt");
+        files.bind_to(&name, "Report format", nullptr, nullptr, nullptr);
+        form.add<TAutoSimDatabaseFileEditBar>("database");
+        form.add<TAutoSimDatabaseDropdownFileEditBar>("dropdown");
+        translate_all(form, language, suite.phrases);
+        form.walk([&](TControl& control) {
+            const auto check = [&](const std::string& native, const std::string& shown) {
+                const bool stays = std::find(std::begin(kept), std::end(kept), native) != std::end(kept);
+                EXPECT_EQ(native == shown, stays) << control.name() << " in " << language << ": " << native;
+            };
+            if (control.kind() == Control_kind::label || control.kind() == Control_kind::button)
+                check(control.native_text(), control.text());
+            check(control.native_hint(), control.hint());
+            return true;
+        });
+    }
+}
+
+} // namespace

@@ -1,7 +1,15 @@
+// The program itself: the entry on a desktop that Qt draws.
 #include "app/entry.h"
+#include "desktop_qt/qt_desktop.h"
+#include "main/host_functions.h"
+
+#include <QtWidgets/QApplication>
 
 #include <iostream>
 
 int main(int argc, char** argv) {
-    return run_program({argv, argv + argc}, std::cout, std::cerr);
+    const QApplication application(argc, argv);
+    Program_services services;
+    services.make_desktop = [] { return std::make_unique<Qt_desktop>(host_functions()); };
+    return run_program({argv, argv + argc}, services, std::cerr);
 }

@@ -32,6 +32,7 @@ copy_example() {
     part=$(mktemp -d "$dest/part.XXXXXX")
     trap 'rm -rf -- "$part"' EXIT
     cp -R "$top/examples/suite/drive_c" "$part/drive_c"
+    cp -R "$top/examples/translations/." "$part/drive_c/Program Files/TVS_suite/Tilverra/project_editor/"
     chmod -R u+w "$part/drive_c"
     mv "$part/drive_c" "$dest/drive_c"
 }

@@ -33,7 +33,7 @@ public:
 
     void run(TForm& main_form) override {
         form_ = &main_form;
-        show(main_form);
+        main_form.show();
         QApplication::processEvents();
         if (works_)
             work();
@@ -224,6 +224,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::cout << std::unitbuf;
     const QApplication application(argc, argv);
     const bool works = std::string(argv[1]) == "work";
     QDir().mkpath(argv[2]);

@@ -1,21 +1,21 @@
-// Making groups of settings equal across scenarios: whole sections of one scenario's file are copied into
-// others, which keep all else.
+// Makes groups of settings equal in many scenarios: copies whole sections of one scenario's file into
+// another's, by their names and without regard to what they mean.
 #pragma once
 
 #include "names/file_name.h"
 
 #include <array>
+#include <bitset>
 #include <cstddef>
-#include <string>
-#include <vector>
 
-// A check box of the reset page, and the names of the sections that it copies; a box may copy none.
+// A check box of the page, and the sections that it copies: null behind the last. Some copy none.
 struct Reset_box {
     const char* control;
     const char* caption;
-    std::array<const char*, 3> sections; // null behind the last
+    std::array<const char*, 3> sections;
 };
-inline constexpr Reset_box reset_boxes[] = {
+
+inline constexpr std::array<Reset_box, 13> reset_boxes{{
     {"reset_submodels_checkbox", "Submodels", {"simulation", "submodels", "statsgo"}},
     {"reset_CO2_checkbox", "CO2", {"CO2"}},
     {"reset_output_checkbox", "Output", {"output"}},
@@ -29,26 +29,14 @@ inline constexpr Reset_box reset_boxes[] = {
     {"reset_rotation_checkbox", "(NYI) Rotation", {}},
     {"reset_recalibration_checkbox", "(NYI) Recalibration", {}},
     {"reset_CPF_checkbox", "Crop prod. f.", {}},
-};
-inline constexpr std::size_t reset_box_count = std::size(reset_boxes);
+}};
 
-class Scenario_reset {
-public:
-    // Reads the scenario that the sections come from; one that cannot be read has none. `ticked`: which of
-    // the boxes count, in their order.
-    Scenario_reset(const TESK::File_name& source, const std::array<bool, reset_box_count>& ticked);
+// Which of the boxes are ticked, by their places in the table.
+using Ticked_reset_boxes = std::bitset<reset_boxes.size()>;
 
-    // Writes the target with the copied sections at its end, in the place of its own ones. Otherwise it is
-    // what a save of it gives, with all that the record does not declare. A target that is not there becomes
-    // a scenario of defaults; one that cannot be read stays as it is. False when nothing was written.
-    bool reset(const TESK::File_name& target) const;
-
-private:
-    struct Section {
-        std::string name;
-        std::string text;
-    };
-    class Section_reader;
-
-    std::vector<Section> copied_;
-};
+// Writes the target file again with the sections of the ticked boxes taken from the source file, as far as
+// they stand there; they move to the end. The rest of the target is what a plain save of it writes, and what
+// the file held beyond that stays. A file that is not there counts as an empty one, and so does a source that
+// cannot be read; a target that cannot be read is left alone. False when the target was not written.
+bool reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
+                    const Ticked_reset_boxes& ticked);

@@ -5,7 +5,7 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
       active_scenario_editbar(scenarios_tabsheet.add<TAutoFileEditBar>("active_scenario_editbar")),
       left(fill(fill(scenarios_tabsheet.add<TPanel>("panel_halves", Layout::row)).add<TPanel>("panel_left"),
                 3)),
-      right(fill(left.parent()->add<TPanel>("panel_right"), 2)),
+      right(fill(left.parent()->add<TPanel>("panel_right"), 1)),
       pagecontrol_scenarios(fill(left.add<TPageControl>("pagecontrol_scenarios"))),
       tabsheet_created_scenarios(pagecontrol_scenarios.add<TTabSheet>("tabsheet_created_scenarios",
                                                                       "Scenarios created for this project")),
@@ -58,16 +58,16 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
       CPF_water_checkbox(scenario_run_tabsheet
                              .add<TGroupBox>("crop_production_function_groupbox", "Crop production function")
                              .add<TCheckBox>("CPF_water_checkbox", "Water")),
-      report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")), reset_boxes(),
+      report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")),
       reset_scenario_button([this]() -> TButton& {
           TGroupBox& initial =
               scenario_reset_tabsheet.add<TGroupBox>("reset_initial_groupbox", "Initial:", Layout::grid, 2);
           TGroupBox& files = scenario_reset_tabsheet.add<TGroupBox>("reset_files_groupbox",
                                                                     "Parameter files:", Layout::grid, 2);
-          for (std::size_t i = 0; i < reset_box_count; ++i) {
-              const Reset_box& box = ::reset_boxes[i];
+          for (std::size_t i = 0; i < reset_boxes.size(); ++i) {
+              const Reset_box& box = reset_boxes[i];
               TGroupBox& group = box.sections[0] == nullptr ? files : initial;
-              reset_boxes[i] = &group.add<TCheckBox>(box.control, box.caption);
+              reset_checkboxes[i] = &group.add<TCheckBox>(box.control, box.caption);
           }
           return add_button(scenario_reset_tabsheet, "reset_scenario_button", "Copy from active scenario",
                             "Copy selected options and parameters from the active scenario to the selected "

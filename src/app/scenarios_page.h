@@ -50,7 +50,7 @@ struct Scenarios_page {
     TCheckBox& CPF_water_checkbox;
     TAutoFileEditBar& report_format_filebar; // below the pages, where there is room for it
 
-    std::array<TCheckBox*, reset_box_count> reset_boxes; // in the order of the table of boxes
+    std::array<TCheckBox*, ::reset_boxes.size()> reset_checkboxes{}; // in the order of the table of boxes
     TButton& reset_scenario_button;
 
     TButton& button_compare_project_scenarios;

@@ -247,12 +247,12 @@ void TTilverra_project_form::bind_optimization() {
 
 void TTilverra_project_form::fill_tally_lists() {
     std::vector<std::string> lines;
-    for (const Tally_variable& variable : growing_season_tally_variables)
-        lines.push_back(screen_text(growing_season_line(variable)));
+    for (std::size_t row = 0; row < growing_season_tally_rows.size(); ++row)
+        lines.push_back(get_growing_season_tally_line(row));
     tallies.growing_season.variables.set_lines(lines);
     lines.clear();
-    for (const Tally_variable& variable : annual_tally_variables)
-        lines.push_back(screen_text(annual_line(variable)));
+    for (std::size_t row = 0; row < annual_tally_rows.size(); ++row)
+        lines.push_back(get_annual_tally_line(row));
     tallies.annual.variables.set_lines(lines);
     bound_controls_.insert(bound_controls_.end(),
                            {&tallies.growing_season.statistics, &tallies.growing_season.prob_10,

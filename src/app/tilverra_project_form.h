@@ -14,7 +14,6 @@
 #include "toolkit/dialogs.h"
 #include "toolkit/form.h"
 
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -129,7 +128,7 @@ private:
     bool common_format() const { return scenarios.format_groupbox.item_index() == 1; }
     void begin_progress();
     bool run_checked(bool batch, int& checked);
-    std::array<bool, reset_box_count> ticked_reset_boxes() const;
+    Ticked_reset_boxes ticked_reset_boxes() const;
     bool active_scenario_is_there();
     bool ask_for_output_of_active();
     bool compare_with(const std::string& other, bool& active_has_output);

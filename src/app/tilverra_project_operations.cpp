@@ -265,10 +265,10 @@ void TTilverra_project_form::opt_C_seq_view_results_buttonClick() {
 
 // ---- reset
 
-std::array<bool, reset_box_count> TTilverra_project_form::ticked_reset_boxes() const {
-    std::array<bool, reset_box_count> ticked{};
-    for (std::size_t i = 0; i < reset_box_count; ++i)
-        ticked[i] = scenarios.reset_boxes[i]->checked();
+Ticked_reset_boxes TTilverra_project_form::ticked_reset_boxes() const {
+    Ticked_reset_boxes ticked;
+    for (std::size_t i = 0; i < reset_boxes.size(); ++i)
+        ticked[i] = scenarios.reset_checkboxes[i]->checked();
     return ticked;
 }
 
@@ -283,11 +283,11 @@ void TTilverra_project_form::reset_scenario_button_onclick() {
     const std::string active_name = source.get_name(true);
     const Busy_pointer busy;
     begin_progress();
-    const Scenario_reset copy(source, ticked_reset_boxes());
+    const Ticked_reset_boxes ticked = ticked_reset_boxes();
     for (int i = 0; i < list.count(); ++i) {
         scenarios.sim_run_progressbar.step();
         if (list.checked(i) && record_text(list.line(i).text) != active_name)
-            copy.reset(TESK::File_name(scenario_of_line(i).c_str()));
+            reset_scenario(source, TESK::File_name(scenario_of_line(i).c_str()), ticked);
     }
     scenarios.sim_run_progressbar.set_visible(false);
 }
@@ -398,15 +398,12 @@ void TTilverra_project_form::combinatorial_scenario_generation_buttonClick() {
     scenarios.pagecontrol_scenarios.set_active_page(scenarios.tabsheet_generated_scenarios);
     set_current_list();
     TFileCheckListBox& list = scenarios.generated_scenarios_filelistbox;
-    Scenario_generator generator(
-        *workspace_,
-        [&list](const std::string& file_name) {
-            list.add_line(screen_text(file_name));
-            list.show_line(list.count() - 1);
-            return process_messages();
-        },
-        std::cout);
-    generator.generate();
+    generate_scenarios(*project_parameters, *workspace_->project_directory, false, std::cout,
+                       [&list](const std::string& file_name) {
+                           list.add_line(screen_text(file_name));
+                           list.show_line(list.count() - 1);
+                           return process_messages();
+                       });
     workspace_->enter_project_folder();
     show_hide();
     relist_scenarios_button_onclick();

@@ -196,6 +196,7 @@ void Tparameter_file_form::make_details_page() {
     checkbox_advanced_mode.set_hint(
         "Show advanced parameters and are normally not displayed and are intended "
         "for experienced users.");
+    radiogroup_translation_target_language.set_item_index(0);
     run_button.set_visible(false);
     set_bounds(usual_bounds);
 }

@@ -1,8 +1,6 @@
-#include "app/carbon_sequestration_count.h"
-#include "app/scenario_generator.h"
 #include "project_support.h"
 
-#include <sstream>
+#include <algorithm>
 
 namespace {
 
@@ -28,8 +26,8 @@ class Reset : public Project_test {
 protected:
     void tick(std::initializer_list<std::size_t> boxes) {
         for (std::size_t box : boxes) {
-            form.scenarios.reset_boxes[box]->bring_to_front();
-            form.scenarios.reset_boxes[box]->check();
+            form.scenarios.reset_checkboxes[box]->bring_to_front();
+            form.scenarios.reset_checkboxes[box]->check();
         }
     }
     void reset() {
@@ -44,7 +42,8 @@ protected:
     }
 };
 
-constexpr std::size_t submodels_box = 0, soil_water_box = 3, soil_nitrogen_box = 7, crop_box = 12;
+constexpr std::size_t soil_water_box = 3;
+constexpr std::size_t crop_box = 12;
 
 TEST_F(Reset, sections_move_to_the_end_and_all_else_stays_as_a_save_writes_it) {
     const std::string source = "C:\\projects\\study\\Scenarios\\base.tvn";
@@ -75,24 +74,6 @@ TEST_F(Reset, sections_move_to_the_end_and_all_else_stays_as_a_save_writes_it) {
     EXPECT_EQ(scenario("base"), changed); // the active scenario is not written
 }
 
-TEST_F(Reset, what_the_source_lacks_is_not_copied_and_what_the_target_lacks_is_added) {
-    write_scenario("base", section("NO3", "from source=1\r\n") + section("NH4", "too=1\r\n"));
-    write_scenario("dry", section("adjustment", "own=1\r\n"));
-    open();
-    record->active_scenario = "Scenarios\\base.tvn";
-    form.Update();
-    tick({soil_nitrogen_box, soil_water_box});
-    reset();
-    const std::string result = scenario("dry");
-    EXPECT_NE(part_of(result, {"adjustment"}, true).find("own=1\r\n"), std::string::npos);
-    const std::size_t nitrate = result.find("[NO3]");
-    EXPECT_EQ(result.find("[NO3]", nitrate + 1), std::string::npos);
-    EXPECT_LT(nitrate, result.find("[NH4]"));
-    EXPECT_GT(nitrate, result.find("[adjustment]"));
-    EXPECT_NE(part_of(result, {"NO3"}, true).find("from source=1\r\n"), std::string::npos);
-    EXPECT_LT(result.find("[H2O]"), nitrate); // its own one, in its own place
-}
-
 TEST_F(Reset, an_unreadable_target_stays_and_generated_scenarios_lie_in_their_own_folder) {
     std::filesystem::remove(drives.host("projects/study/Scenarios/dry.tvn"));
     std::filesystem::create_directory(drives.host("projects/study/Scenarios/dry.tvn"));
@@ -107,10 +88,6 @@ TEST_F(Reset, an_unreadable_target_stays_and_generated_scenarios_lie_in_their_ow
     form.senerios_select_all_button_onclick();
     EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
     EXPECT_NE(drives.read("projects/study/Generated_scenarios/00001.tvn").find("x=1\r\n"), std::string::npos);
-    std::array<bool, reset_box_count> ticked{};
-    ticked[submodels_box] = true;
-    const Scenario_reset copy(TESK::File_name("C:\\projects\\study\\Scenarios\\base.tvn"), ticked);
-    EXPECT_FALSE(copy.reset(TESK::File_name("C:\\projects\\study\\Scenarios\\dry.tvn")));
     EXPECT_TRUE(std::filesystem::is_directory(drives.host("projects/study/Scenarios/dry.tvn")));
 }
 
@@ -192,45 +169,6 @@ TEST_F(Generation, the_last_kind_of_file_varies_fastest_and_tells_its_name) {
     EXPECT_EQ(generated("00009"), "old");
 }
 
-TEST_F(Generation, overlays_of_every_folder_are_laid_over_and_no_key_leaks_on) {
-    database("initialization/1 water/low.TVS_init", "[NH4]\r\nadjust_nitrify=0.25\r\n");
-    database("initialization/1 water/wet.TVS_init", "[analysis]\r\nx=1\r\n");
-    database("initialization/2 more/a.TVS_init", "[NO3]\r\nadjust_denitrify=0.75\r\n");
-    database("initialization/2 more/b.TVS_init", "");
-    database("Soil/clay.sil");
-    drives.write("projects/study/base_clay", "a user's own");
-    std::filesystem::create_directory(drives.host("projects/study/Generated_scenarios"));
-    open_with_template();
-    const std::string before = project_folder();
-    std::ostringstream trace;
-    std::string told_of;
-    Scenario_generator generator(
-        *form.workspace(), [&](const std::string& file) { return (told_of += file + ";", true); }, trace);
-    EXPECT_EQ(generator.generate(true), 4);
-    EXPECT_EQ(told_of, "");
-    EXPECT_EQ(generator.generate(), 4);
-    EXPECT_EQ(told_of, "00001.tvn;00002.tvn;00003.tvn;00004.tvn;");
-    EXPECT_EQ(project_folder(), before);
-    EXPECT_EQ(drives.read("projects/study/base_clay"), "a user's own");
-
-    const auto number_of = [&](const std::string& text, const char* key) {
-        return std::stod(value(text, key));
-    };
-    constexpr double own_nitrify = 0.8;
-    constexpr double own_denitrify = 0.1;
-    const double expected[4][2] = {
-        {0.25, 0.75}, {0.25, own_denitrify}, {own_nitrify, 0.75}, {own_nitrify, own_denitrify}};
-    std::string descriptions;
-    for (int i = 0; i < 4; ++i) {
-        const std::string text = generated("0000" + std::to_string(i + 1));
-        EXPECT_NEAR(number_of(text, "adjust_nitrify"), expected[i][0], 1e-5) << i;
-        EXPECT_NEAR(number_of(text, "adjust_denitrify"), expected[i][1], 1e-5) << i;
-        descriptions += value(text, "description") + "\n";
-    }
-    EXPECT_EQ(trace.str(), descriptions);
-    EXPECT_NE(descriptions.find(" clay.sil low.TVS_init a.TVS_init\n"), std::string::npos);
-}
-
 TEST_F(Generation, a_user_who_closes_the_window_stops_it_and_no_working_file_is_left) {
     for (int i = 0; i < 20; ++i)
         database("Soil/" + std::to_string(i) + ".sil");
@@ -244,56 +182,6 @@ TEST_F(Generation, a_user_who_closes_the_window_stops_it_and_no_working_file_is_
     EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
     EXPECT_EQ(project_folder(), before);
     EXPECT_EQ(form.scenarios.generated_scenarios_filelistbox.count(), 0);
-}
-
-// The loops as they are told, with counters that do not wrap.
-std::int16_t count_by_loops(const Carbon_sequestration_optimization_parameters& p) {
-    std::uint16_t count = 0;
-    for (int herd = p.min_stocking_rate; herd <= p.max_stocking_rate; herd += p.step_stocking_rate)
-        for (int plots = 1; plots <= p.max_plots; plots += p.step_plots)
-            for (int days = 1; days <= (plots == 1 ? 1 : p.max_duration); days += p.step_duration)
-                if (p.max_recovery_days >= (plots - 1) * days)
-                    count = static_cast<std::uint16_t>(count + plots);
-    return static_cast<std::int16_t>(count);
-}
-
-TEST(Carbon_sequestration_count, is_what_the_loops_give) {
-    Carbon_sequestration_optimization_parameters p;
-    p.min_stocking_rate = 100;
-    EXPECT_EQ(count_carbon_sequestration_scenarios(p), 1095);
-    std::uint32_t random = 1;
-    const auto below = [&random](int limit) {
-        random = random * 1664525 + 1013904223;
-        return static_cast<std::int16_t>((random >> 16) % static_cast<unsigned>(limit));
-    };
-    for (int i = 0; i < 3000; ++i) {
-        p.min_stocking_rate = static_cast<std::int16_t>(below(60) - 10);
-        p.max_stocking_rate = below(300);
-        p.step_stocking_rate = static_cast<std::int16_t>(1 + below(40));
-        p.max_plots = static_cast<std::int16_t>(below(60) - 3);
-        p.step_plots = static_cast<std::int16_t>(1 + below(5));
-        p.max_duration = static_cast<std::int16_t>(below(40) - 3);
-        p.step_duration = static_cast<std::int16_t>(1 + below(5));
-        p.max_recovery_days = static_cast<std::int16_t>(below(100) - 5);
-        ASSERT_EQ(count_carbon_sequestration_scenarios(p), count_by_loops(p)) << i;
-    }
-}
-
-TEST(Carbon_sequestration_count, ends_for_every_input) {
-    Carbon_sequestration_optimization_parameters p;
-    for (std::int16_t* number :
-         {&p.min_stocking_rate, &p.max_stocking_rate, &p.max_plots, &p.max_duration, &p.max_recovery_days})
-        *number = 32767;
-    p.min_stocking_rate = -32768;
-    p.step_stocking_rate = 1;
-    count_carbon_sequestration_scenarios(p);
-    for (std::int16_t* step : {&p.step_stocking_rate, &p.step_plots, &p.step_duration}) {
-        for (std::int16_t wrong : {std::int16_t{0}, std::int16_t{-1}}) {
-            const std::int16_t before = std::exchange(*step, wrong);
-            EXPECT_EQ(count_carbon_sequestration_scenarios(p), 0);
-            *step = before;
-        }
-    }
 }
 
 } // namespace

@@ -791,8 +791,11 @@ void Tparameter_file_form::show_run_button(const std::string& caption, const std
 
 bool Tparameter_file_form::run(const char* program, const char* options, const char* file, const char* extra,
                                bool wait, int show_state) {
-    if (save() == Save_outcome::aborted)
-        return false;
+    return save() != Save_outcome::aborted && start(program, options, file, extra, wait, show_state);
+}
+
+bool Tparameter_file_form::start(const char* program, const char* options, const char* file,
+                                 const char* extra, bool wait, int show_state) {
     command = quoted(program);
     if (options != nullptr)
         command += options;
@@ -810,7 +813,9 @@ bool Tparameter_file_form::run(const char* program, const char* options, const c
 
 bool Tparameter_file_form::run_on_file(const char* program, const char* options, const char* extra, bool wait,
                                        int show_state) {
-    return run(program, options, get_parameter_file_name().c_str(), extra, wait, show_state);
+    // The save may give the file its name.
+    return save() != Save_outcome::aborted &&
+           start(program, options, get_parameter_file_name().c_str(), extra, wait, show_state);
 }
 
 void Tparameter_file_form::button_windows_exploreClick() {
@@ -818,9 +823,11 @@ void Tparameter_file_form::button_windows_exploreClick() {
 }
 
 void Tparameter_file_form::button_app_exploreClick() {
+    if (!explorer_program.empty() && save() == Save_outcome::aborted)
+        return;
     const TESK::Common_parameters_directory folder = folder_of_record(false);
     if (explorer_program.empty() ||
-        !run(explorer_program.c_str(), nullptr, folder.c_str(), nullptr, false, show_normal))
+        !start(explorer_program.c_str(), nullptr, folder.c_str(), nullptr, false, show_normal))
         folder.explore(false);
 }
 

@@ -189,6 +189,9 @@ private:
                                     const);
     std::string text_of_record();
 
+    bool start(const char* program, const char* options, const char* file, const char* extra, bool wait,
+               int show_state);
+
     void ok_button_onclick();
     void cancel_button_onclick();
     bool may_close();

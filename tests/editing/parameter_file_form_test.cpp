@@ -417,4 +417,40 @@ TEST_F(Parameter_file_form, a_record_without_a_folder_needs_no_name_before_it_is
     EXPECT_TRUE(std::filesystem::exists(drives.host("work/x.DAT")));
 }
 
+TEST_F(Parameter_file_form, a_run_on_a_file_without_a_name_asks_for_one_and_passes_it) {
+    Loose_record loose;
+    Tparameter_file_form::Editor editor;
+    editor.parameters = &loose;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    desktop.expect_file_dialog("Save Loose record as", {});
+    EXPECT_FALSE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
+    EXPECT_EQ(launcher.started + form.get_command_line(), "");
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\x.DAT"});
+    EXPECT_TRUE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
+    EXPECT_EQ(launcher.started, "\"p.exe\"  \"C:\\work\\x.DAT\"  [1]\n");
+}
+
+TEST_F(Parameter_file_form, the_explorer_of_the_suite_is_started_on_the_folder_or_else_the_host_shows_it) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    form.set_explorer_program(TESK::File_name("C:\\Suite\\TVS_explorer.exe"));
+    EXPECT_TRUE(form.button_app_explore.click());
+    EXPECT_EQ(launcher.started, "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\work\\study\"  [1]\n");
+    launcher.started.clear();
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.button_app_explore.click());
+        EXPECT_EQ(launcher.started, "");
+    }
+    launcher.result = platform::result_file_not_found;
+    EXPECT_TRUE(form.button_app_explore.click());
+    const std::string host = "explorer /n,/e,\"C:\\work\\study\" [1]\n";
+    EXPECT_EQ(launcher.started, "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\work\\study\"  [1]\n" + host);
+    launcher.started.clear();
+    EXPECT_TRUE(form.button_windows_explore.click());
+    EXPECT_EQ(launcher.started, host);
+}
+
 } // namespace

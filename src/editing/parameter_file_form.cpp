@@ -90,6 +90,11 @@ TESK::Smart_file_name named(const TESK::Common_parameters_directory& folder,
     return file;
 }
 
+// Whether a file of that name is possible as far as can be told without writing it.
+bool can_be_written(const std::string& name) {
+    return !name.ends_with('\\') && !platform::is_folder(name) && !platform::is_read_only(name);
+}
+
 std::string quoted(const char* text) {
     return '"' + std::string(text) + "\" ";
 }
@@ -484,9 +489,24 @@ void Tparameter_file_form::keep_geometry() {
 
 // The name to save under. False when there is none, and the user chose none.
 bool Tparameter_file_form::prepare_filename(std::string& name) {
-    if (file_dialog.file_name.empty() && !run_save_dialog())
+    const bool asks = file_dialog.file_name.empty();
+    if (asks && !run_save_dialog())
         return false;
     name = record_text(file_dialog.file_name);
+    if (!asks || may_replace(name))
+        return true;
+    file_dialog.file_name.clear();
+    return false;
+}
+
+// Whether nothing is lost when the name is written, or the user agrees to that. They are asked once.
+bool Tparameter_file_form::may_replace(const std::string& name) {
+    if (!platform::exists(name) || TESK::equal_ignoring_case(name, agreed_to_replace_))
+        return true;
+    if (message_box("Replace the existing file with this name:\n" + screen_text(name), "File already exists",
+                    Button_set::yes_no) != Modal_result::yes)
+        return false;
+    agreed_to_replace_ = name;
     return true;
 }
 
@@ -512,13 +532,10 @@ Save_outcome Tparameter_file_form::ask_after_failure() {
     }
 }
 
-// The file was there when it was opened but could not be read: what it holds is not on the screen. Once it
-// can be read, it is the user who says whether it is to be replaced.
-bool Tparameter_file_form::may_replace_unread(const std::string& name) {
-    if (!could_not_read_ || !TESK::equal_ignoring_case(name, *parameter_file) || !platform::exists(name))
-        return true;
-    return message_box("Replace the existing file with this name:\n" + screen_text(name),
-                       "File already exists", Button_set::yes_no) == Modal_result::yes;
+// Whether the file holds what never came to the screen: it could not be read when it was opened, or has only
+// come into being since.
+bool Tparameter_file_form::holds_unseen(const std::string& name) const {
+    return (could_not_read_ || is_new_file) && TESK::equal_ignoring_case(name, *parameter_file);
 }
 
 Save_outcome Tparameter_file_form::write_to(const std::string& name) {
@@ -532,9 +549,9 @@ Save_outcome Tparameter_file_form::write_to(const std::string& name) {
         const bool is_readable =
             !could_not_read_ || platform::read_file(*parameter_file, TESK::VV_file::largest_file).outcome !=
                                     platform::Read_outcome::unreadable;
-        if (is_readable && !may_replace_unread(name))
+        if (is_readable && holds_unseen(name) && !may_replace(name))
             return Save_outcome::aborted;
-        has_followed = has_followed || let_folder_follow(*parameter_file, name);
+        has_followed = has_followed || (can_be_written(name) && let_folder_follow(*parameter_file, name));
         if (has_followed && file.set(*parameters) && file.get_last_write().ok())
             return Save_outcome::saved;
         const Save_outcome answer = ask_after_failure();
@@ -560,6 +577,7 @@ Save_outcome Tparameter_file_form::save_under_chosen_name() {
     const bool moved = !TESK::equal_ignoring_case(name, *parameter_file);
     is_new_file = false;
     could_not_read_ = false;
+    agreed_to_replace_.clear();
     file_given = true;
     *parameter_file = name;
     saved_text_ = text_of_record();
@@ -584,10 +602,8 @@ Save_outcome Tparameter_file_form::save_as() {
         file_dialog.file_name = before;
         return Save_outcome::aborted;
     }
-    const std::string chosen = record_text(file_dialog.file_name);
-    const bool replaces = platform::exists(chosen);
-    const std::string question = "Replace the existing file with this name:\n" + file_dialog.file_name;
-    if (replaces && message_box(question, "File already exists", Button_set::yes_no) != Modal_result::yes) {
+    agreed_to_replace_.clear();
+    if (!may_replace(record_text(file_dialog.file_name))) {
         file_dialog.file_name = before;
         return Save_outcome::aborted;
     }

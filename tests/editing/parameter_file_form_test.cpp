@@ -453,4 +453,72 @@ TEST_F(Parameter_file_form, the_explorer_of_the_suite_is_started_on_the_folder_o
     EXPECT_EQ(launcher.started, host);
 }
 
+TEST_F(Parameter_file_form, a_name_that_cannot_be_written_gets_no_copy_of_the_folder) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/notes.txt", "of another");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken"});
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\taken", Modal_result::yes);
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/notes.txt"), "of another");
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
+    EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
+}
+
+TEST_F(Parameter_file_form, a_folder_that_follows_replaces_what_has_its_names_and_keeps_the_rest) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/NOTES.TXT", "of another");
+    drives.write("work/taken/Scenarios/kept.tvn", "kept");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
+    EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
+    EXPECT_EQ(form.memo_notes.text(), "of the study");
+}
+
+TEST_F(Parameter_file_form, a_file_that_has_come_into_being_since_is_not_written_over_unasked) {
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\late.tvp";
+    ASSERT_TRUE(bind("C:\\work\\late.tvp"));
+    drives.write("work/late.tvp", "[other]\r\nkey=1\r\n");
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(saved("work/late.tvp"), "[other]\r\nkey=1\r\n");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+        desktop.expect_message("File already exists", question, Modal_result::yes);
+        desktop.expect_message("Unable to save", unable, Modal_result::retry); // asks no second time
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
+    desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_TRUE(has_line("work/late.tvp", "[project]"));
+    EXPECT_EQ(form.save(), Save_outcome::saved); // it is this form's own by now
+}
+
+TEST_F(Parameter_file_form, a_file_chosen_during_a_save_is_replaced_only_with_consent) {
+    drives.write("work/mine.DAT", "mine");
+    Loose_record loose;
+    Tparameter_file_form::Editor editor;
+    editor.parameters = &loose;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\mine.DAT";
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    EXPECT_EQ(saved("work/mine.DAT"), "mine");
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_NE(saved("work/mine.DAT"), "mine");
+}
+
 } // namespace

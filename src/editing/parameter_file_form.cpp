@@ -241,6 +241,7 @@ void Tparameter_file_form::wire() {
     button_edit_details_HTML.on_click = [this] { button_edit_details_HTMLClick(); };
     button_edit_details_text.on_click = [this] { button_edit_details_textClick(); };
     details_edit_memo.on_exit = [this] { leave_details_text(); };
+    tabsheet_details.on_show = [this] { load_details_text(); };
     tabsheet_edit_details.on_show = [this] { load_details_text(); };
     tabsheet_notes.on_show = [this] { load_companions(); };
     tabsheet_status.on_show = [this] { load_companions(); };
@@ -350,8 +351,13 @@ bool Tparameter_file_form::run_save_dialog() {
     if (name_is_chosen())
         parameter_file->get_path(folder, true);
     file_dialog.initial_folder = screen_text(folder);
-    if (file_dialog.execute() && !file_dialog.file_name.empty())
-        return true;
+    while (file_dialog.execute() && !file_dialog.file_name.empty()) {
+        // A character that names lack would be left out, and another file written.
+        if (typable_text(file_dialog.file_name) == file_dialog.file_name)
+            return true;
+        if (ask_after_failure() != Save_outcome::saved)
+            break;
+    }
     file_dialog.file_name = before;
     return false;
 }
@@ -752,12 +758,13 @@ void Tparameter_file_form::set_web_documentation(const char* url_root, const cha
 }
 
 void Tparameter_file_form::update_documentation_buttons() {
+    const bool is_available = program_directory_.exists();
     bool any_installed = false;
     const bool is_connected = platform::shell().is_network_connected();
     for (std::size_t i = 0; i < std::size(documentation_pages); ++i) {
         const TESK::Documentation_topic topic = documentation_pages[i].topic;
         const TESK::Smart_file_name& page = program_directory_.documentation.get_page(topic);
-        const bool is_installed = page.exists();
+        const bool is_installed = is_available && page.exists();
         any_installed = any_installed || is_installed;
         documentation_buttons[i]->set_visible(is_installed);
         documentation_buttons[i]->set_hint(screen_text(page));

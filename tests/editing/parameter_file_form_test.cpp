@@ -226,6 +226,9 @@ TEST_F(Parameter_file_form, without_a_file_the_selector_asks_and_its_cancel_ends
     const auto frame = [](TForm& shown) { shown.close(); };
     desktop.expect_modal("recent_file_selector_form", frame);
     EXPECT_FALSE(bind("C:\\noname.tvp", false));
+    const auto escape = [](TForm& shown) { shown.offer_key(Key{Key_code::escape, "", false, false}); };
+    desktop.expect_modal("recent_file_selector_form", escape);
+    EXPECT_FALSE(bind("C:\\noname.tvp", false));
     EXPECT_FALSE(selector.cancel_button.visible());
     EXPECT_TRUE(selector.required_label.visible());
 
@@ -236,6 +239,7 @@ TEST_F(Parameter_file_form, without_a_file_the_selector_asks_and_its_cancel_ends
         EXPECT_EQ(lines, "marked.TVS_project;gone.tvp;study.tvp;");
         EXPECT_TRUE(selector.recent_shelllistview.double_click(1)); // its file is gone
         EXPECT_TRUE(shown.visible());
+        EXPECT_EQ(name, "C:\\noname.tvp");
         EXPECT_TRUE(selector.recent_shelllistview.double_click(2));
     });
     ASSERT_TRUE(bind("C:\\noname.tvp", false));
@@ -519,6 +523,57 @@ TEST_F(Parameter_file_form, a_file_chosen_during_a_save_is_replaced_only_with_co
     desktop.expect_message("File already exists", question, Modal_result::yes);
     EXPECT_EQ(form.save(), Save_outcome::saved);
     EXPECT_NE(saved("work/mine.DAT"), "mine");
+}
+
+TEST_F(Parameter_file_form, a_name_that_the_suite_cannot_write_down_is_not_turned_into_another) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xD0\x96x.tvp"});
+    desktop.expect_message("Unable to save", unable, Modal_result::retry);
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xE2\x82\xACx.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_FALSE(std::filesystem::exists(drives.host("work/x.tvp")));
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\\x80x.tvp");
+    EXPECT_TRUE(has_line("work/\xE2\x82\xACx.tvp", "[project]"));
+}
+
+TEST_F(Parameter_file_form, a_companion_that_cannot_be_read_is_neither_edited_nor_written_over) {
+    std::filesystem::create_directory(drives.host("work/study/notes.txt"));
+    const std::string huge(std::size_t{17} << 20, 'x');
+    drives.write("work/study/details.htm", huge);
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    for (TMemo* memo : {&form.memo_notes, &form.details_edit_memo, &form.status_memo}) {
+        memo->bring_to_front();
+        EXPECT_TRUE(memo->read_only());
+        EXPECT_FALSE(memo->type_text("x"));
+    }
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_EQ(saved("work/study/details.htm").size(), huge.size());
+}
+
+TEST_F(Parameter_file_form,
+       companions_that_other_programs_change_are_shown_anew_unless_they_are_being_edited) {
+    drives.write("work/study/notes.txt", "one\rtwo\r\nthree\n");
+    drives.write("work/study/details.htm", "old");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    EXPECT_EQ(form.memo_notes.text(), "one\ntwo\nthree\n");
+    form.details_edit_memo.bring_to_front();
+    EXPECT_EQ(form.details_edit_memo.text(), "old");
+    form.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.memo_notes.type_text("zero\n"));
+    drives.write("work/study/details.htm", "new");
+    form.tabsheet_details.bring_to_front();
+    EXPECT_EQ(form.details_edit_memo.text(), "new");
+    drives.write("work/study/notes.txt", "elsewhere");
+    form.memo_notes.bring_to_front();
+    EXPECT_EQ(form.memo_notes.text(), "zero\none\ntwo\nthree\n");
+}
+
+TEST_F(Parameter_file_form, without_a_folder_of_the_program_no_documentation_counts_as_installed) {
+    drives.write("work/help.htm", "");
+    Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
+    bare.set_web_documentation(nullptr, nullptr);
+    EXPECT_FALSE(bare.documentation_buttons[0]->visible());
+    EXPECT_EQ(bare.documentation_label_installed.text(), "No documentation found");
 }
 
 } // namespace

@@ -31,6 +31,9 @@ public:
     const TESK::Smart_directory_name& get_initialization_directory(bool create) {
         return get(initialization, create);
     }
+    // These two belong to other programs, which make them.
+    const TESK::Smart_directory_name& get_biomatter_directory() { return get(biomatter, false); }
+    const TESK::Smart_directory_name& get_format_directory() { return get(format, false); }
     // This one is made on every call that says `create`.
     const TESK::Smart_directory_name& get_STATSGO_data_directory(bool create);
 
@@ -41,7 +44,9 @@ private:
         soil,
         weather,
         management,
+        biomatter,
         rotation,
+        format,
         recalibration,
         water_table,
         initialization,

@@ -32,19 +32,16 @@ Tdatabase_editor_form::Tdatabase_editor_form()
     database_pagecontrol.set_place(filling());
     add_instructions_page();
     add_weather_page();
-    add_page(
-        "rotation_tabsheet", "Rotation", names.ROT_filename,
-        [](Database_directory & of) -> auto& { return of.get_rotation_directory(false); });
+    add_page("rotation_tabsheet", "Rotation", names.ROT_filename,
+             &Database_directory::get_rotation_directory);
     add_management_page();
-    add_page(
-        "biomatter_tabsheet", "biomatter", names.Biomass_decomposition_parameters_filename,
-        [](Database_directory & of) -> auto& { return of.get_biomatter_directory(); }, false)
+    add_page("biomatter_tabsheet", "biomatter", names.Biomass_decomposition_parameters_filename,
+             &Database_directory::get_biomatter_directory, false)
         .set_hint("Composition and decomposition (I.e. manure)");
     add_crop_page();
     add_soil_page();
-    add_page(
-        "format_tabsheet", "Format", names.FMT_filename,
-        [](Database_directory & of) -> auto& { return of.get_format_directory(); }, false);
+    add_page("format_tabsheet", "Format", names.FMT_filename, &Database_directory::get_format_directory,
+             false);
     add_statsgo_page();
     add_button(add_row(*this), "explore_button", "Explore", [this] { explore(); });
     on_show = [this] { activate(); };
@@ -52,13 +49,13 @@ Tdatabase_editor_form::Tdatabase_editor_form()
 }
 
 TTabSheet& Tdatabase_editor_form::add_page(const char* name, const char* caption,
-                                           const TESK::Filtered_file_name& kind, Folder_of folder,
+                                           const TESK::Filtered_file_name& kind, Get_folder get_folder,
                                            bool folder_may_be_made) {
     auto& page = database_pagecontrol.add<TTabSheet>(name, caption);
     auto manager = std::make_unique<TFile_manager_form>(kind);
     page.host(manager->content);
     page.on_show = [shown = manager.get()] { shown->Update(); };
-    categories_.push_back({&page, std::move(manager), std::move(folder), folder_may_be_made});
+    categories_.push_back({&page, std::move(manager), get_folder, folder_may_be_made});
     return page;
 }
 
@@ -73,9 +70,8 @@ void Tdatabase_editor_form::add_instructions_page() {
 }
 
 void Tdatabase_editor_form::add_weather_page() {
-    auto& row = add_row(add_page(
-        "TabSheet2", "Weather", database_file_names().XEB_File_name,
-        [](Database_directory & of) -> auto& { return of.get_weather_directory(false); }));
+    auto& row = add_row(add_page("TabSheet2", "Weather", database_file_names().XEB_File_name,
+                                 &Database_directory::get_weather_directory));
     add_button(row, "import_XEB_button", "Import", [this] {
         run_utility(suite_directory->get_XEB_directory().get_import_wizard_exe(), "", selected_file());
     });
@@ -88,18 +84,16 @@ void Tdatabase_editor_form::add_weather_page() {
 }
 
 void Tdatabase_editor_form::add_management_page() {
-    auto& page = add_page(
-        "management_tabsheet", "Management", database_file_names().MGT_filename,
-        [](Database_directory & of) -> auto& { return of.get_management_directory(false); });
+    auto& page = add_page("management_tabsheet", "Management", database_file_names().MGT_filename,
+                          &Database_directory::get_management_directory);
     add_button(add_row(page), "management_button_combinatorial_generation",
                "Combinatorial management generation",
                [this] { management_button_combinatorial_generationClick(); });
 }
 
 void Tdatabase_editor_form::add_crop_page() {
-    auto& page = add_page(
-        "crop_tabsheet", "Crop", database_file_names().CRP_filename,
-        [](Database_directory & of) -> auto& { return of.get_crop_directory(false); });
+    auto& page = add_page("crop_tabsheet", "Crop", database_file_names().CRP_filename,
+                          &Database_directory::get_crop_directory);
     auto& group = page.add<TGroupBox>("create_crop_groupbox", "Create", Layout::row);
     add_button(group, "create_generic_crop_button", "Generic crop", [this] { create_crop("crop"); });
     add_button(group, "create_cropgro_crop_button", "CROPGRO crop", [this] { create_crop("cropgro"); });
@@ -107,9 +101,8 @@ void Tdatabase_editor_form::add_crop_page() {
 }
 
 void Tdatabase_editor_form::add_soil_page() {
-    auto& row = add_row(add_page(
-        "soil_tabsheet", "Soil", database_file_names().SIL_filename,
-        [](Database_directory & of) -> auto& { return of.get_soil_directory(false); }));
+    auto& row = add_row(add_page("soil_tabsheet", "Soil", database_file_names().SIL_filename,
+                                 &Database_directory::get_soil_directory));
     add_button(row, "import_soil_button", "Import", [this] { import_soil(); });
     row.add<TButton>("soilpar_button", "SOILPAR 2");
 }
@@ -149,7 +142,7 @@ void Tdatabase_editor_form::bind_categories() {
     for (Category& category : categories_) {
         TESK::Directory_name folder("");
         if (database != nullptr)
-            folder.set(category.folder(*database));
+            folder.set((database->*category.get_folder)(false));
         category.manager->bind(folder, category.folder_may_be_made);
     }
 }

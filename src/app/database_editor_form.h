@@ -10,7 +10,6 @@
 #include "toolkit/web_view.h"
 #include "trees/database_directory.h"
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -37,16 +36,16 @@ public:
     TPageControl& database_pagecontrol;
 
 private:
-    using Folder_of = std::function<const TESK::Smart_directory_name&(Database_directory&)>;
+    using Get_folder = const TESK::Smart_directory_name& (Database_directory::*)(bool create);
     struct Category {
         TTabSheet* page;
         std::unique_ptr<TFile_manager_form> manager;
-        Folder_of folder;
-        bool folder_may_be_made;
+        Get_folder get_folder;
+        bool folder_may_be_made; // some are for other programs to make
     };
 
     TTabSheet& add_page(const char* name, const char* caption, const TESK::Filtered_file_name& kind,
-                        Folder_of folder, bool folder_may_be_made = true);
+                        Get_folder get_folder, bool folder_may_be_made = true);
     void add_instructions_page();
     void add_weather_page();
     void add_management_page();

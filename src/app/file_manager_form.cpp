@@ -47,6 +47,9 @@ TFile_manager_form::TFile_manager_form(const TESK::Filtered_file_name& kind)
     parameter_StShellListView.parent()->set_place(filling());
     content.set_place(filling());
     create_filename_edit.set_place(filling());
+    Place at_the_top;
+    at_the_top.align = Align::start;
+    copy_button.parent()->parent()->set_place(at_the_top);
     file_select_dialog.title = copy_button.text();
     file_select_dialog.must_exist = true;
     file_select_dialog.filter = screen_text(kind.get_dialog_filter(filter));

@@ -21,6 +21,8 @@ public:
     const TESK::Smart_directory_name& get_management_directory(bool create) {
         return get(management, create);
     }
+    const TESK::Smart_directory_name& get_biomatter_directory(bool create) { return get(biomatter, create); }
+    const TESK::Smart_directory_name& get_format_directory(bool create) { return get(format, create); }
     const TESK::Smart_directory_name& get_rotation_directory(bool create) { return get(rotation, create); }
     const TESK::Smart_directory_name& get_recalibration_directory(bool create) {
         return get(recalibration, create);
@@ -31,9 +33,6 @@ public:
     const TESK::Smart_directory_name& get_initialization_directory(bool create) {
         return get(initialization, create);
     }
-    // These two belong to other programs, which make them.
-    const TESK::Smart_directory_name& get_biomatter_directory() { return get(biomatter, false); }
-    const TESK::Smart_directory_name& get_format_directory() { return get(format, false); }
     // This one is made on every call that says `create`.
     const TESK::Smart_directory_name& get_STATSGO_data_directory(bool create);
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Draws every kind of control in its states into build/screenshots/*.png, without a display: in a light and a
-# dark theme, and for a screen of high resolution.
+# Draws every kind of control in its states, and some forms, into build/screenshots/*.png, without a display: in
+# a light and a dark theme, and for a screen of high resolution.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 

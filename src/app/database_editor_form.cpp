@@ -26,8 +26,9 @@ void add_button(TContainer& row, const char* name, const char* caption, std::fun
 
 } // namespace
 
-Tdatabase_editor_form::Tdatabase_editor_form()
-    : TForm("database_editor_form"), database_pagecontrol(add<TPageControl>("database_pagecontrol")) {
+Tdatabase_editor_form::Tdatabase_editor_form(File_transfer_client* file_transfer)
+    : TForm("database_editor_form"), database_pagecontrol(add<TPageControl>("database_pagecontrol")),
+      NRCS_STATSGO_FTP(file_transfer) {
     Database_file_names& names = database_file_names();
     database_pagecontrol.set_place(filling());
     add_instructions_page();

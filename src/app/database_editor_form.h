@@ -15,8 +15,8 @@
 
 class Tdatabase_editor_form : public TForm {
 public:
-    // The suite must be known by now.
-    Tdatabase_editor_form();
+    // The suite must be known by now. The client installs soil data; with null none is installed.
+    explicit Tdatabase_editor_form(File_transfer_client* file_transfer);
 
     // Manages the database, which stays its owner's; null for none. The level is told in the caption.
     void bind(Database_directory* new_database, Database_location_mode level);
@@ -62,7 +62,7 @@ private:
     void explore();
 
     Database_directory* database = nullptr;
-    File_transfer_client* NRCS_STATSGO_FTP = current_file_transfer;
+    File_transfer_client* NRCS_STATSGO_FTP;
     std::vector<Category> categories_;
     TCheckListBox* installed_STATSGO_states_listbox = nullptr;
     TFileListBox* stats_go_filelist = nullptr;

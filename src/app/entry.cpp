@@ -1,13 +1,16 @@
 #include "app/entry.h"
 
-#include "foundation/code_page_1252.h"
+#include "app/database_editor_form.h"
+#include "app/new_name_form.h"
+#include "app/tilverra_project_form.h"
+#include "editing/record_folders.h"
+#include "editing/window_translator.h"
 #include "model/labels.h"
 #include "model/project_editor_parameters.h"
 #include "model/simulation_paths.h"
 #include "names/typed_filenames.h"
 #include "platform/host_names.h"
 #include "platform/process.h"
-#include "records/vv_file.h"
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
 #include "trees/user_settings.h"
@@ -49,15 +52,6 @@ TESK::Directory_name master_folder(const TESK::Directory_name& user_folder) {
     return suite_directory->is_suite_root() ? TESK::Directory_name(*suite_directory) : user_folder;
 }
 
-// Shows what the file holds: its name, and each section with its number of keys.
-void show_file(const TESK::File_name& file, std::ostream& out) {
-    TESK::Data_record record("project");
-    const bool was_read = TESK::VV_file(file.c_str(), true).get(record);
-    out << TESK::utf8_from_code_page(file) << (was_read ? "" : ": a new file") << '\n';
-    for (const TESK::VV_section& section : record.all_sections())
-        out << "  [" << TESK::utf8_from_code_page(section.label) << "] " << section.entries.count() << '\n';
-}
-
 // Makes the one object that knows the simulation folders, as long as the scope lives.
 class Simulation_paths_scope {
 public:
@@ -72,7 +66,32 @@ private:
     std::unique_ptr<Simulation_paths> paths_;
 };
 
-int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+// The forms, in the order in which they are made.
+struct Forms {
+    Forms(const TESK::File_name& program, File_transfer_client* file_transfer)
+        : parameter_file_form(program), database_editor_form(file_transfer) {}
+
+    Tparameter_file_form parameter_file_form;
+    TTilverra_project_form project_form;
+    Tnew_name_form_check_used new_name_form;
+    Tdatabase_editor_form database_editor_form;
+    Trecent_file_selector_form recent_file_selector_form;
+};
+
+// The lists of all forms read folders through the one source, as long as the scope lives.
+class Folder_source_scope {
+public:
+    Folder_source_scope() { current_folder_source = &folders_; }
+    Folder_source_scope(const Folder_source_scope&) = delete;
+    Folder_source_scope& operator=(const Folder_source_scope&) = delete;
+    ~Folder_source_scope() { current_folder_source = nullptr; }
+
+private:
+    Record_folders folders_;
+};
+
+int run(const std::vector<std::string>& arguments, const Program_services& services,
+        std::unique_ptr<Desktop>& desktop) {
     const std::size_t count = arguments.size() - 1;
     const TESK::Smart_file_name program_file_name(
         TESK::File_name(platform::set_program_file(arguments.front()).c_str()));
@@ -86,19 +105,41 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
         Simulation_paths::setup(master_major, master_release, master_minor, suite_name,
                                 master_folder(application_data_directory), application_data_directory));
 
+    if (services.make_desktop)
+        desktop = services.make_desktop();
+    const Desktop_scope desktop_scope(desktop ? *desktop : *current_desktop);
+    const Folder_source_scope folder_source_scope;
+    TESK::Translations_phrases phrases;
+    load_program_translations(phrases, *program_directory, *suite_directory);
+    Forms forms(program_file_name, services.file_transfer);
+
     Tilverra_project_type_labeled project_type;
     TVP_filename project_file_name =
         make_project_file_name(count >= 1 ? name_of_argument(arguments[1]) : "noname");
-    const Tilverra_project_editor_parameters project_parameters(
+    Tilverra_project_editor_parameters project_parameters(
         suite_directory->get_tilverra_directory().get_model_exe().c_str());
     if (count == 2)
         project_type.set_label(arguments[2].c_str());
+    forms.project_form.bind(project_parameters, project_type.get(), forms.parameter_file_form);
     project_file_name.qualify();
-    if (count == 0) {
-        err << "File name required now\n";
+    forms.parameter_file_form.set_web_documentation(suite_web_address().c_str(), suite_directory->c_str());
+
+    Tparameter_file_form::Editor editor;
+    editor.form = &forms.project_form;
+    editor.parameters = &project_parameters;
+    editor.panel = &forms.project_form.top_page_control();
+    editor.file_name = &project_file_name;
+    editor.file_given = count >= 1;
+    editor.other_masks = "*.TVS_project";
+    editor.file_selector = &forms.recent_file_selector_form;
+    editor.user_settings_file = &application_data_directory;
+    if (phrases.head() != nullptr)
+        editor.phrases = &phrases;
+    if (!forms.parameter_file_form.bind_to(editor))
         return exit_no_file;
-    }
-    show_file(project_file_name, out);
+    forms.parameter_file_form.set_explorer_program(suite_directory->get_explorer_exe());
+    forms.parameter_file_form.arrange_controls();
+    current_desktop->run(forms.parameter_file_form);
 
     if (project_type == Tilverra_project_type::tilverra)
         platform::launcher().execute(suite_directory->get_suite_exe(), normal_window);
@@ -109,11 +150,17 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
 
 } // namespace
 
-int run_program(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int run_program(const std::vector<std::string>& arguments, const Program_services& services,
+                std::ostream& err) {
+    std::unique_ptr<Desktop> desktop;
     try {
-        return run(arguments, out, err);
+        return run(arguments, services, desktop);
     } catch (const std::exception& exception) {
-        err << exception.what() << '\n';
+        Desktop* const shown_on = desktop ? desktop.get() : current_desktop;
+        if (shown_on == nullptr)
+            err << exception.what() << '\n';
+        else
+            shown_on->message_box({"Project editor", exception.what(), Button_set::ok});
         return exit_done;
     }
 }

@@ -2,12 +2,26 @@
 // end.
 #pragma once
 
+#include "app/file_transfer_client.h"
+#include "toolkit/desktop.h"
+
+#include <functional>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
 
+// What the program is handed of the libraries that only its outermost layer knows.
+struct Program_services {
+    // Makes the desktop that the screens appear on; without it they appear on the one in use.
+    std::function<std::unique_ptr<Desktop>()> make_desktop;
+    // Null for none; then nothing is downloaded.
+    File_transfer_client* file_transfer = nullptr;
+};
+
 // Runs the program from its start to its end. The arguments are as the host gives them: the program's own
 // path, then at most a project file and the label of a project type. A file is a path of the host or a name
-// of the suite. Gives the exit code: 0, also after an exception, which is shown; 1 when no project file was
-// chosen.
-int run_program(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+// of the suite. Gives the exit code: 0, also after an exception, which is shown, on `err` while there is no
+// desktop; 1 when no project file was chosen.
+int run_program(const std::vector<std::string>& arguments, const Program_services& services,
+                std::ostream& err);

@@ -33,6 +33,3 @@ public:
 
     virtual void disconnect() = 0;
 };
-
-// The client in use; null while the program has none.
-extern File_transfer_client* current_file_transfer;

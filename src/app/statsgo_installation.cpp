@@ -5,8 +5,6 @@
 
 #include <cstdlib>
 
-File_transfer_client* current_file_transfer = nullptr;
-
 const std::array<const char*, 53> statsgo_states = {
     "AL Alabama",        "AK Alaska",       "AZ Arizona",
     "AR Arkansas",       "CA California",   "CO Colorado",

@@ -9,6 +9,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QGroupBox>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QToolButton>
@@ -79,16 +80,23 @@ class Spin_view : public View_of<TSpinArrows, QWidget> {
 public:
     Spin_view(View_context& context, TControl& control, QWidget* parent)
         : View_of(context, control, *new QWidget(parent)) {
-        auto& column = *new QVBoxLayout(&widget());
-        column.setContentsMargins(0, 0, 0, 0);
+        auto& row = *new QHBoxLayout(&widget());
+        row.setContentsMargins(0, 0, 0, 0);
+        label_ = new QLabel;
+        row.addWidget(label_);
+        auto& column = *new QVBoxLayout;
         column.setSpacing(0);
+        row.addLayout(&column);
         add_arrow(column, true);
         add_arrow(column, false);
         widget().setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 
 protected:
-    void show_state() override {}
+    void show_state() override {
+        label_->setText(to_qt(control().text()));
+        label_->setHidden(control().text().empty());
+    }
 
 private:
     void add_arrow(QVBoxLayout& column, bool upward) {
@@ -102,6 +110,8 @@ private:
                 [this, upward] { act([&] { control().spin(upward); }); });
         column.addWidget(&arrow);
     }
+
+    QLabel* label_;
 };
 
 class Check_box_view : public View_of<TCheckBox, QCheckBox> {

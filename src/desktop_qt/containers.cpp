@@ -62,6 +62,32 @@ void fill_grid(View_context& context, TContainer& container, QWidget& widget, QG
     layout.addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding), row + 1, 0);
 }
 
+// Whether the control has a use for more height than it needs.
+bool has_use_for_height(const TControl& control) {
+    switch (control.kind()) {
+    case Control_kind::memo:
+    case Control_kind::list_box:
+    case Control_kind::shell_list:
+    case Control_kind::shell_tree:
+    case Control_kind::page_control:
+    case Control_kind::web_view: return true;
+    case Control_kind::panel:
+    case Control_kind::group_box: break;
+    default: return false;
+    }
+    const bool is_row = static_cast<const TContainer&>(control).layout() == Layout::row;
+    return std::any_of(control.children().begin(), control.children().end(), [&](const TControl* child) {
+        return has_use_for_height(*child) || (!is_row && child->place().stretch > 0);
+    });
+}
+
+void lay_out_inner(View_context& context, TContainer& container, QWidget& widget) {
+    lay_out(context, container, widget);
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setVerticalPolicy(has_use_for_height(container) ? QSizePolicy::Preferred : QSizePolicy::Maximum);
+    widget.setSizePolicy(policy);
+}
+
 // A label that names the control behind it leads there, and is what that control is called.
 void connect_labels(const TContainer& container) {
     const auto& children = container.children();
@@ -82,7 +108,7 @@ public:
         : View_of(context, control, *new QWidget(parent)) {}
 
 protected:
-    void show_state() override { lay_out(context(), control(), widget()); }
+    void show_state() override { lay_out_inner(context(), control(), widget()); }
     void settle() override {}
 };
 
@@ -94,7 +120,7 @@ public:
 protected:
     void show_state() override {
         widget().setTitle(to_qt(control().text()));
-        lay_out(context(), control(), widget());
+        lay_out_inner(context(), control(), widget());
     }
     void show_change(const Change& change) override {
         if (change.aspect == Aspect::text) {

@@ -1,6 +1,7 @@
 // The views of what is only looked at.
 #include "desktop_qt/views.h"
 #include "toolkit/label.h"
+#include "toolkit/ruler.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
@@ -107,8 +108,7 @@ protected:
         if (picture_.shape == Shape::none) {
             return;
         }
-        const Colour colour = picture_.colour;
-        const QColor fill(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
+        const QColor fill = to_qt(picture_.colour);
         const double side = std::min(width(), height()) - 2.0;
         const QRectF box((width() - side) / 2, (height() - side) / 2, side, side);
         const QPainterPath path = outline(picture_.shape, box);
@@ -164,6 +164,57 @@ protected:
     void show_state() override { widget().show_picture(control().picture()); }
 };
 
+// A name that is wider than its stretch is drawn smaller, and all the others with it.
+class Ruler_widget : public QWidget {
+public:
+    explicit Ruler_widget(QWidget* parent) : QWidget(parent) {}
+
+    void show_ruler(const TRuler& ruler) {
+        stretches_ = ruler.stretches();
+        setFixedSize(ruler.width(), fontMetrics().height() + 4);
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setFont(fitting_font());
+        int left = 0;
+        for (const TRuler::Stretch& stretch : stretches_) {
+            const QRect box(left, 0, stretch.width, height());
+            const QColor fill = to_qt(stretch.colour);
+            painter.fillRect(box, fill);
+            painter.setPen(readable_on(fill));
+            painter.drawText(box, Qt::AlignCenter, to_qt(stretch.name));
+            left += stretch.width;
+        }
+    }
+
+private:
+    QFont fitting_font() const {
+        constexpr int margin = 2;
+        double share = 1;
+        for (const TRuler::Stretch& stretch : stretches_) {
+            const double needed = fontMetrics().horizontalAdvance(to_qt(stretch.name)) + margin;
+            share = std::min(share, stretch.width / needed);
+        }
+        QFont fitting = font();
+        fitting.setPixelSize(std::max(static_cast<int>(QFontInfo(font()).pixelSize() * share), 1));
+        return fitting;
+    }
+
+    std::vector<TRuler::Stretch> stretches_;
+};
+
+class Ruler_view : public View_of<TRuler, Ruler_widget> {
+public:
+    Ruler_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new Ruler_widget(parent)) {}
+
+protected:
+    void show_state() override { widget().show_ruler(control()); }
+};
+
 } // namespace
 
 View& make_label_view(View_context& context, TControl& control, QWidget* parent) {
@@ -172,6 +223,10 @@ View& make_label_view(View_context& context, TControl& control, QWidget* parent)
 
 View& make_progress_view(View_context& context, TControl& control, QWidget* parent) {
     return *new Progress_view(context, control, parent);
+}
+
+View& make_ruler_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Ruler_view(context, control, parent);
 }
 
 View& make_image_view(View_context& context, TControl& control, QWidget* parent) {

@@ -71,10 +71,16 @@ protected:
     }
 
 private:
-    // A place on a screen that is no longer there is moved to one that is.
+    // A place on a screen that is no longer there is moved to one that is. Without a place of its own the
+    // window gets its size alone.
     void show_bounds() {
         const Bounds& bounds = control().bounds();
         if (bounds.width <= 0 || bounds.height <= 0) {
+            return;
+        }
+        if (bounds.left == 0 && bounds.top == 0) {
+            const QSize room = QGuiApplication::primaryScreen()->availableGeometry().size();
+            widget().resize(QSize(bounds.width, bounds.height).boundedTo(room));
             return;
         }
         const QRect wanted(bounds.left, bounds.top, bounds.width, bounds.height);

@@ -46,6 +46,7 @@ public:
 
 protected:
     void show_state() override {
+        widget().horizontalHeader()->setVisible(control().shows_weekdays());
         for (int cell = 0; cell < weeks * weekdays; ++cell) {
             const int day = cell - control().first_weekday() + 1;
             const bool exists = day >= 1 && day <= control().days();

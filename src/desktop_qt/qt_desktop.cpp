@@ -2,6 +2,7 @@
 
 #include "desktop_qt/dark_style.h"
 #include "desktop_qt/usual_pointer.h"
+#include "desktop_qt/window_icon.h"
 #include "toolkit/timer.h"
 
 #include <QtCore/QTimer>
@@ -49,6 +50,8 @@ protected:
 Qt_desktop::Qt_desktop(Host_functions host) : host_(std::move(host)) {
     // The main form says when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(window_icon());
+    QGuiApplication::setDesktopFileName("project_editor"); // where windows get their icon from that
     Dark_style::use_where_needed();
 }
 

@@ -36,20 +36,23 @@ Key_code code_of(int key) {
     }
 }
 
-// Text on a colour that the program sets must be readable in a light and in a dark theme.
-QColor readable_on(const QColor& background) {
-    const auto linear = [](double part) { return std::pow(part, 2.2); };
-    const double luminance = 0.2126 * linear(background.redF()) + 0.7152 * linear(background.greenF()) +
-                             0.0722 * linear(background.blueF());
-    return luminance > 0.179 ? Qt::black : Qt::white;
-}
-
 bool has_one_line(Control_kind kind) {
     return kind == Control_kind::edit || kind == Control_kind::combo_box || kind == Control_kind::button ||
            kind == Control_kind::speed_button;
 }
 
 } // namespace
+
+QColor to_qt(Colour colour) {
+    return QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
+}
+
+QColor readable_on(const QColor& background) {
+    const auto linear = [](double part) { return std::pow(part, 2.2); };
+    const double luminance = 0.2126 * linear(background.redF()) + 0.7152 * linear(background.greenF()) +
+                             0.0722 * linear(background.blueF());
+    return luminance > 0.179 ? Qt::black : Qt::white;
+}
 
 QString to_qt(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -156,8 +159,7 @@ void View::show_colour() {
         widget_.setAutoFillBackground(false);
         return;
     }
-    const Colour colour = observed()->colour();
-    const QColor background(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
+    const QColor background = to_qt(observed()->colour());
     QPalette palette;
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
         palette.setColor(role, background);

@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+class QColor;
 class QKeyEvent;
 class QWidget;
 
@@ -27,6 +28,9 @@ public:
     virtual void hidden(TForm& form) = 0;
 };
 
+QColor to_qt(Colour colour);
+// Black or white, whichever is easier to read on the background, in a light and in a dark theme.
+QColor readable_on(const QColor& background);
 QString to_qt(const std::string& text);
 std::string from_qt(const QString& text);
 

@@ -58,6 +58,10 @@ TAutoFileEditBar::TAutoFileEditBar(std::string name)
     Place place;
     place.stretch = 1;
     filename_edit.set_place(place);
+    Place narrow;
+    narrow.width = 3;
+    for (TButton* button : {&qualify_button, &validate_button, &cancel_button, &help_button})
+        button->set_place(narrow);
     edit_button.set_visible(false);
     validate_button.set_visible(false);
     filename_edit.on_change = [this] { name_typed(); };

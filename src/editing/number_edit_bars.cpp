@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int number_width = 12; // characters
+constexpr int button_width = 3;
 
 } // namespace
 
@@ -31,6 +32,9 @@ void TAutoNumberEditBar::make_back(TAutoNumberEdit& edit, const char* clear_hint
     cancel_button->set_hint(clear_hint);
     help_button = &add<TButton>("help_button", "?");
     help_button->set_hint(help_hint);
+    place.width = button_width;
+    cancel_button->set_place(place);
+    help_button->set_place(place);
     help_button->on_click = [&edit] { edit.Help_link::open(); };
 }
 

@@ -1,5 +1,6 @@
 #include "editing/parameter_file_form.h"
 
+#include "editing/window_translator.h"
 #include "foundation/code_page_1252.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int started_from = 31; // a start that answers less has failed
 constexpr int unknown_position = 1;
+constexpr Bounds usual_bounds{0, 0, 1040, 760};
 constexpr const char* not_connected = "No Internet connection";
 constexpr const char* save_failed =
     "Unable to save to parameter file (check that the file is not marked as read only)";
@@ -194,7 +196,9 @@ void Tparameter_file_form::make_details_page() {
     checkbox_advanced_mode.set_hint(
         "Show advanced parameters and are normally not displayed and are intended "
         "for experienced users.");
+    radiogroup_translation_target_language.set_item_index(0);
     run_button.set_visible(false);
+    set_bounds(usual_bounds);
 }
 
 void Tparameter_file_form::make_help_page() {
@@ -540,6 +544,10 @@ Save_outcome Tparameter_file_form::write_to(const std::string& name) {
 }
 
 Save_outcome Tparameter_file_form::save() {
+    return last_save_ = save_under_chosen_name();
+}
+
+Save_outcome Tparameter_file_form::save_under_chosen_name() {
     commit_focus();
     keep_geometry();
     std::string name;
@@ -555,8 +563,12 @@ Save_outcome Tparameter_file_form::save() {
     file_given = true;
     *parameter_file = name;
     saved_text_ = text_of_record();
-    if (was_new || moved)
+    if (was_new || moved) {
         update_folder_controls();
+        if (parameter_form != nullptr)
+            parameter_form->Update();
+        saved_text_ = text_of_record();
+    }
     update_title();
     platform::shell().add_to_recent_documents(name);
     if (user_settings_file != nullptr)
@@ -741,6 +753,7 @@ void Tparameter_file_form::update_documentation_buttons() {
     documentation_label_installed.set_text(any_installed ? "Documentation installed on this computer"
                                                          : "No documentation found");
     documentation_web_label.parent()->set_visible(web_documentation != nullptr);
+    translate_new_texts();
 }
 
 std::string Tparameter_file_form::help_lookup(const std::string& page) const {
@@ -773,6 +786,7 @@ void Tparameter_file_form::show_run_button(const std::string& caption, const std
     if (!caption.empty())
         run_button.set_text(caption);
     run_button.set_visible(!program.empty());
+    translate_new_texts();
 }
 
 bool Tparameter_file_form::run(const char* program, const char* options, const char* file, const char* extra,
@@ -827,6 +841,14 @@ void Tparameter_file_form::radiogroup_translation_target_languageClick() {
     timer_translation.set_enabled(!translation_target_language.empty());
 }
 
+// One control a time; once none changes there is no more to do until the program sets other texts.
 void Tparameter_file_form::translate() {
-    timer_translation.set_enabled(false);
+    bool changed = false;
+    translate_windows(*this, translation_target_language, phrases, changed);
+    timer_translation.set_enabled(changed);
+}
+
+void Tparameter_file_form::translate_new_texts() {
+    if (phrases != nullptr && !translation_target_language.empty())
+        timer_translation.set_enabled(true);
 }

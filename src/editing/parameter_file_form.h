@@ -86,6 +86,8 @@ public:
     // Each commits what is being typed first. save() writes the record under the name that the file dialog
     // holds, with the folder following a change of name; while the disk cannot be reached the user is asked.
     Save_outcome save();
+    // What the last save came to.
+    Save_outcome get_last_save() const { return last_save_; }
     // Asks for another name, and saves under it. Aborted too when the user chose none.
     Save_outcome save_as();
     // Reads the record and the user's settings, and has the editor show them. A file that is not there leaves
@@ -176,6 +178,7 @@ private:
     void keep_geometry();
     void apply_settings();
     bool prepare_filename(std::string& name);
+    Save_outcome save_under_chosen_name();
     Save_outcome write_to(const std::string& name);
     bool may_replace_unread(const std::string& name);
     bool let_folder_follow(const std::string& old_name, const std::string& new_name);
@@ -205,6 +208,7 @@ private:
 
     void radiogroup_translation_target_languageClick();
     void translate();
+    void translate_new_texts();
 
     TControl* parameter_form = nullptr;
     Common_parameters_data_record* parameters = nullptr;
@@ -228,6 +232,7 @@ private:
     Companion_text notes_;
     Companion_text details_text_;
     std::string saved_text_; // the record as it is on the disk, or was when it was loaded
+    Save_outcome last_save_ = Save_outcome::saved;
     bool asks_before_closing_ = true;
     TTimer timer_translation{300};
     TTimer timer_title_{500};

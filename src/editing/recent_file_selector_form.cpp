@@ -76,6 +76,7 @@ Trecent_file_selector_form::Trecent_file_selector_form()
     recent_shelllistview.set_place(filling());
     recent_shelllistview.set_source(recent_documents_.get());
     recent_shelllistview.on_double_click = [this] { recent_shelllistview_onitemdblclick(); };
+    set_bounds({0, 0, 720, 460});
     ok_button.set_default(true);
     ok_button.set_modal_result(Modal_result::ok);
     cancel_button.set_cancel(true);

@@ -12,7 +12,9 @@ namespace platform {
 
 enum class Durability {
     durable, // on the disk before the answer: for what a user edits
-    quick    // left to the system to bring to the disk: for files made in bulk
+    // Left to the system to bring to the disk: for files made in bulk. A file that was not there is written
+    // under its own name, and gone again when that fails.
+    quick
 };
 
 // Makes the file hold the contents, byte for byte. The folder must be there. A new file gets the usual

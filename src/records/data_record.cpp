@@ -45,6 +45,39 @@ void Data_record::expect_structure(bool) {
     make_primary_section_current();
 }
 
+void Data_record::redeclare_for_write() {
+    // Entries point into the units and the series.
+    Alias_association_list read_sections;
+    Alias_association_list read_series;
+    Association_list read_labels;
+    Enumeration_list read_codes;
+    read_sections.transfer_all_from(sections, Item_filter::all);
+    read_series.transfer_all_from(enumerated_sections, Item_filter::all);
+    read_labels.transfer_all_from(units_labels, Item_filter::all);
+    read_codes.transfer_all_from(units_codes, Item_filter::all);
+    delete_structure();
+
+    expect_structure(true);
+    make_primary_section_current();
+    for (VV_enumerated_section& series : Items_of<VV_enumerated_section>(enumerated_sections))
+        series.setup_structure(*this, true);
+    for (const VV_section& section : Items_of<VV_section>(read_sections))
+        keep_undeclared(section);
+    make_primary_section_current();
+}
+
+void Data_record::keep_undeclared(const VV_section& read) {
+    auto* section = static_cast<VV_section*>(sections.find_exact(read.label));
+    std::string value;
+    for (const VV_base_entry& entry : read.all_entries()) {
+        if (!entry.encountered || (section != nullptr && section->find_entry(entry.key) != nullptr))
+            continue;
+        if (section == nullptr)
+            section = append_section(read.label);
+        section->entries.append(new VV_unexpected_entry(entry.key, entry.get_value(value)));
+    }
+}
+
 void Data_record::make_primary_section_current() {
     const std::string name = get_primary_section_name();
     current_section_ = find_section(name);

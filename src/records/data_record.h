@@ -40,6 +40,11 @@ public:
     // is declared already stays as it is.
     virtual void expect_structure(bool for_write);
 
+    // Puts in place of the structure that a reading has kept the one that a save declares, with the elements
+    // of every series. What the file held beyond it stays behind it, as it was read: entries that the record
+    // does not know, and those in spellings that are declared only for reading.
+    void redeclare_for_write();
+
     // Whether a save keeps what the old file holds and the record does not declare.
     virtual bool get_preserve_unexpected() const { return preserve_unexpected_; }
     virtual void set_preserve_unexpected(bool preserve) { preserve_unexpected_ = preserve; }
@@ -140,6 +145,8 @@ private:
     template <class Entry, class... Arguments>
     VV_base_entry* expect(std::string_view key, Arguments&&... arguments);
     void expect_units_shown(Valid_number& valid);
+    // Appends the entries that the file held in the section and that are not declared.
+    void keep_undeclared(const VV_section& read);
     // The section that an array of this name stands in becomes current. Returns what stands before the key of
     // an element.
     std::string begin_array(const char* name, bool in_current_section);

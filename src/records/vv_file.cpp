@@ -24,11 +24,13 @@ public:
     void store(std::string_view key, std::string_view value) {
         VV_base_entry* entry = find(key);
         if (entry == nullptr) {
-            section_->entries.append(new VV_unexpected_entry(key, value));
+            entry = new VV_unexpected_entry(key, value);
+            section_->entries.append(entry);
         } else if (!unexpected_only_) {
             text_.assign(value);
             entry->set_value(text_);
         }
+        entry->encountered = true;
     }
 
 private:

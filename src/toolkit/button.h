@@ -45,10 +45,11 @@ private:
     bool down_ = false;
 };
 
-// Two arrows beside a number. They hold no number themselves.
+// Two arrows beside a number. They hold no number themselves. The text before them tells what they step.
 class TSpinArrows : public TControl {
 public:
-    explicit TSpinArrows(std::string name) : TControl(Control_kind::spin_arrows, std::move(name)) {}
+    explicit TSpinArrows(std::string name, std::string text = {})
+        : TControl(Control_kind::spin_arrows, std::move(name), std::move(text)) {}
 
     // What a user does; `upward` for the upper arrow.
     bool spin(bool upward);

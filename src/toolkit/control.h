@@ -33,6 +33,7 @@ enum class Control_kind {
     image,
     month_grid,
     progress_bar,
+    ruler,
     web_view,
 };
 

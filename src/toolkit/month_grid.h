@@ -16,6 +16,9 @@ public:
     int days() const { return days_; }
     int first_weekday() const { return first_weekday_; }
     int day() const { return day_; }
+    // Whether the columns are named after the days of the week; a month of no certain year has none.
+    bool shows_weekdays() const { return shows_weekdays_; }
+    void set_shows_weekdays(bool shows) { assign(shows_weekdays_, shows, Aspect::state); }
 
     // What a user does: clicks the cell of a day, which is marked, then fires.
     bool pick(int day);
@@ -28,4 +31,5 @@ private:
     int days_ = 31;
     int first_weekday_ = 0;
     int day_ = 0;
+    bool shows_weekdays_ = true;
 };

@@ -83,7 +83,6 @@ protected:
                                  "Rotation/fallow.rot"})
             drives.write(std::string("P/Database/") + file, "data");
         current_folder_source = &folders;
-        current_file_transfer = &transfer;
         platform::change_directory("C:\\P");
         suite_directory = new TVS::Suite_Directory(program);
         program_directory = new TESK::Program_directory(program);
@@ -94,12 +93,11 @@ protected:
         delete suite_directory;
         program_directory = nullptr;
         suite_directory = nullptr;
-        current_file_transfer = nullptr;
         current_folder_source = nullptr;
     }
 
     // A form as it is before anybody shows or binds it.
-    Tdatabase_editor_form& make_form() { return form.emplace(); }
+    Tdatabase_editor_form& make_form() { return form.emplace(&transfer); }
     Tdatabase_editor_form& make_bound_form() {
         make_form().bind(&database, Database_location_mode::project);
         form->show();

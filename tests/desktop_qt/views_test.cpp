@@ -6,6 +6,7 @@
 #include "toolkit/label.h"
 #include "toolkit/month_grid.h"
 #include "toolkit/page_control.h"
+#include "toolkit/ruler.h"
 #include "toolkit/web_view.h"
 
 #include <QtCore/QMimeData>
@@ -13,6 +14,7 @@
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
@@ -413,6 +415,41 @@ TEST_F(Views, a_month_a_bar_and_a_picture_are_shown) {
                 << other << " and " << status << " differ by colour alone";
         }
     }
+}
+
+TEST_F(Views, a_day_clicked_may_lay_its_month_out_anew) {
+    auto& month = form_.add<TMonthGrid>("month");
+    month.set_month(31, 0, 5);
+    month.on_click = [&] {
+        ++fired_;
+        month.set_shows_weekdays(false);
+        month.set_month(28, 3, month.day());
+    };
+    show(form_);
+    QTableWidget& table = widget<QTableWidget>(month);
+    EXPECT_TRUE(table.horizontalHeader()->isVisible());
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(1, 1)).center());
+    EXPECT_EQ(fired_, 1);
+    EXPECT_EQ(month.day(), 9);
+    EXPECT_EQ(table.currentItem()->text(), "9");
+    EXPECT_EQ(table.item(0, 3)->text(), "1");
+    EXPECT_FALSE(table.horizontalHeader()->isVisible());
+}
+
+TEST_F(Views, a_ruler_paints_its_stretches_to_the_pixel) {
+    auto& ruler = form_.add<TRuler>("ruler");
+    ruler.set_stretches({{31, 0x808080, "Jan"}, {-4, 0xff0000, "none"}, {4, 0x0000ff, "wider than it"}});
+    show(form_);
+    EXPECT_EQ(widget(ruler).width(), 35);
+    const QImage picture = widget(ruler).grab().toImage();
+    EXPECT_EQ(picture.pixelColor(30, 0), QColor(0x80, 0x80, 0x80));
+    EXPECT_EQ(picture.pixelColor(31, 0), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(34, 0), QColor(Qt::red));
+    ruler.set_stretches({{40, 0x808080, "Jan"}});
+    EXPECT_EQ(widget(ruler).width(), 40);
+    const QImage named = widget(ruler).grab().toImage();
+    ruler.set_stretches({{40, 0x808080, ""}});
+    EXPECT_NE(widget(ruler).grab().toImage(), named);
 }
 
 TEST_F(Views, a_page_is_shown_and_its_links_are_followed) {

@@ -162,6 +162,33 @@ TEST_F(Vv_file_test, a_write_that_fails_is_answered_as_done_and_tells_why) {
     EXPECT_FALSE(VV_file("").set(small));
 }
 
+TEST_F(Vv_file_test, what_reading_has_kept_is_written_behind_what_a_save_declares) {
+    class Changed_record : public TESK::Data_record {
+    public:
+        Changed_record() : Data_record("primary") {}
+        void expect_structure(bool for_write) override {
+            Data_record::expect_structure(for_write);
+            if (!for_write) {
+                expect_string("old_title", title, 255);
+                expect_string("older_title", title, 255);
+            }
+            expect_string("title", title, 255);
+            expect_float32_array_with_units_label("depths", "m", depths, 0, 1, false);
+        }
+        TESK::Ustring title;
+        float depths[2] = {};
+    };
+    Changed_record changed;
+    const std::string name =
+        folder.write("file.txt", "b=1\n[other]\nc=\n[unused]\n[primary]\nold_title=x\na= 1 \n"
+                                 "[depths]\n1=2\n[other]\n=d\n");
+    ASSERT_TRUE(VV_file(name.c_str(), true).get(changed));
+    changed.redeclare_for_write();
+    EXPECT_EQ(save(changed), "[primary]\r\ntitle=x\r\nold_title=x\r\nb=1\r\na= 1 \r\n"
+                             "[depths]\r\nunits=m\r\n0=0.0000000000\r\n1=2.0000000000\r\n"
+                             "[other]\r\nc=\r\n=d\r\n");
+}
+
 TEST_F(Vv_file_test, every_sample_comes_back_equal) {
     for (const char* sample :
          {"irrigation_study.tvp", "base.tvn", "version3.sim", "version3_unix_ends.sim"}) {

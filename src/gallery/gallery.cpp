@@ -1,5 +1,7 @@
 // Draws a gallery of all controls in their states into a folder, one picture a window: gallery FOLDER
 #include "desktop_qt/qt_desktop.h"
+#include "editing/auto_calendar.h"
+#include "editing/auto_month_label.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/combo_box.h"
@@ -19,8 +21,6 @@
 #include <iostream>
 
 namespace {
-
-constexpr Colour focus_colour = 0xdcffff;
 
 // Folders with something in them, so that the pictures are the same everywhere.
 class Sample_folders : public Folder_source {
@@ -251,6 +251,31 @@ void draw_lists(Gallery& gallery) {
     gallery.picture(form, 900, 620, "lists");
 }
 
+void draw_calendar(Gallery& gallery) {
+    struct Sample {
+        std::int32_t date_num;
+        bool relative;
+        const char* picture;
+    };
+    for (const Sample& sample : {Sample{2024060, false, "calendar"},
+                                 {1, true, "calendar_relative"},
+                                 {0, false, "calendar_no_date"}}) {
+        TESK::Date date(sample.date_num);
+        TAutoCalendar_form form;
+        form.bind_to(&date, "YYYY/Mmm/DD", sample.relative, nullptr);
+        gallery.picture(form, 0, 0, sample.picture);
+    }
+}
+
+void draw_year(Gallery& gallery) {
+    TForm form("year", "Dates and the year");
+    TESK::Date date(2024060);
+    form.add<TAutoDateButton>("date").bind_to(&date, "Mmm-DD", false, nullptr);
+    form.add<TAutoMonthLabel>("leap");
+    form.add<TAutoMonthLabel>("non_leap").set_non_leap(true);
+    gallery.picture(form, 0, 0, "year");
+}
+
 void draw_pages(Gallery& gallery, const std::string& page) {
     TForm form("pages", "Month and page", Layout::row);
     auto& month = form.add<TGroupBox>("month", "Month");
@@ -356,6 +381,8 @@ void draw_all(Gallery& gallery, const std::string& page) {
     draw_controls(gallery);
     draw_lights(gallery);
     draw_lists(gallery);
+    draw_calendar(gallery);
+    draw_year(gallery);
     draw_pages(gallery, page);
     draw_workspace(gallery, 1024, 700, "workspace_1024");
     draw_workspace(gallery, 1600, 900, "workspace_1600");

@@ -1,0 +1,212 @@
+// Operations on many scenarios, each beside the bare cost of the files that it reads and writes: generating
+// 10,000 scenarios from a template, and resetting 1,000.
+#include "app/carbon_sequestration_count.h"
+#include "app/scenario_generator.h"
+#include "app/scenario_reset.h"
+#include "model/tilverra_scenario.h"
+#include "platform/files.h"
+#include "records/vv_file.h"
+#include "support/inputs.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <sys/resource.h>
+
+namespace {
+
+constexpr int generated = 10'000;
+constexpr int reset = 1'000;
+constexpr int event_count = 10;
+
+std::string folder() {
+    return input_name("operations");
+}
+
+std::string template_name() {
+    return folder() + "\\study\\Scenarios\\base.tvn";
+}
+
+std::string numbered(const std::string& below, int number) {
+    char name[16];
+    std::snprintf(name, sizeof name, "%05d.tvn", number);
+    return folder() + below + name;
+}
+
+bool write(const std::string& name, const std::string& text = "") {
+    return platform::write_file(name, text, platform::Durability::quick).ok();
+}
+
+// A scenario with every key and ten events.
+std::string scenario_text() {
+    Tilverra_scenario scenario;
+    scenario.description = "Winter wheat, deficit irrigation";
+    for (int layer = 1; layer <= soil_layers; ++layer) {
+        scenario.H2O[layer] = 0.2F + static_cast<float>(layer) / 97;
+        scenario.NO3[layer] = 12 / static_cast<float>(layer);
+    }
+    for (int i = 0; i < event_count; ++i) {
+        auto* event = new Common_event("245154" + std::to_string(i) + ".0000000000 (default)");
+        event->operation_filename.set("Database\\Management\\furrow.op");
+        event->period->repeat_event = i % 2 == 0;
+        scenario.events.append(event);
+    }
+    TESK::VV_file(template_name().c_str()).set(scenario);
+    return platform::read_file(template_name()).contents;
+}
+
+// A project whose database has 10, 10, 10, 5 and 2 files of the five kinds.
+void make_project() {
+    platform::remove_tree(folder());
+    platform::make_folders(folder() + "\\study\\Scenarios");
+    write(folder() + "\\study.tvp");
+    struct Kind {
+        const char* name;
+        const char* extension;
+        int count;
+    };
+    for (const Kind& kind : {Kind{"Soil", "sil", 10}, Kind{"Weather", "XEB", 10}, Kind{"Rotation", "rot", 10},
+                             Kind{"recalibration", "rcl", 5}, Kind{"water_table", "wtb", 2}}) {
+        const std::string files = folder() + "\\study\\Database\\" + kind.name;
+        platform::make_folders(files);
+        for (int i = 0; i < kind.count; ++i)
+            write(files + "\\" + kind.name + std::to_string(i) + "." + kind.extension);
+    }
+}
+
+// The files that the operations are measured beside, and begin with, are made anew each time.
+void make_targets(const std::string& below, int count, const std::string& text) {
+    platform::remove_tree(folder() + below);
+    platform::make_folders(folder() + below);
+    for (int i = 1; i <= count && !text.empty(); ++i)
+        write(numbered(below, i), text);
+}
+
+double peak_megabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+void generate(benchmark::State& state) {
+    make_project();
+    scenario_text();
+    Tilverra_project_editor_parameters project("model.exe");
+    project.template_scenario.set("Scenarios\\base.tvn");
+    Tilverra_project_directory directory(TESK::File_name((folder() + "\\study.tvp").c_str()), 0);
+    std::ostringstream trace;
+    double peak_after_a_tenth = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        make_targets("\\study\\Generated_scenarios", 0, "");
+        int count = 0;
+        state.ResumeTiming();
+        generate_scenarios(project, directory, false, trace, [&](const std::string&) {
+            if (++count == generated / 10)
+                peak_after_a_tenth = peak_megabytes();
+            return true;
+        });
+        if (count != generated)
+            state.SkipWithError("wrong number of scenarios");
+    }
+    state.counters["growth_MB"] = peak_megabytes() - peak_after_a_tenth;
+}
+BENCHMARK(generate)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The same bytes into as many new files.
+void write_as_many(benchmark::State& state) {
+    make_project();
+    const std::string text = scenario_text();
+    for (auto _ : state) {
+        state.PauseTiming();
+        make_targets("\\written", 0, "");
+        state.ResumeTiming();
+        for (int i = 1; i <= generated; ++i)
+            write(numbered("\\written\\", i), text);
+    }
+}
+BENCHMARK(write_as_many)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The same without what makes a file appear whole or not at all.
+void write_as_many_by_streams(benchmark::State& state) {
+    make_project();
+    const std::string text = scenario_text();
+    for (auto _ : state) {
+        state.PauseTiming();
+        make_targets("\\written", 0, "");
+        state.ResumeTiming();
+        for (int i = 1; i <= generated; ++i) {
+            char name[16];
+            std::snprintf(name, sizeof name, "%05d.tvn", i);
+            std::ofstream(input_path("operations/written/") + name, std::ios::binary) << text;
+        }
+    }
+}
+BENCHMARK(write_as_many_by_streams)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void read_20000(benchmark::State& state) {
+    make_project();
+    scenario_text();
+    for (auto _ : state)
+        for (int i = 0; i < 2 * generated; ++i) {
+            Tilverra_scenario scenario;
+            TESK::VV_file(template_name().c_str()).get(scenario);
+        }
+}
+BENCHMARK(read_20000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void reset_1000(benchmark::State& state) {
+    make_project();
+    const std::string text = scenario_text();
+    make_targets("\\reset", reset, text);
+    Ticked_reset_boxes ticked;
+    ticked.set();
+    const TESK::File_name source(template_name().c_str());
+    for (auto _ : state)
+        for (int i = 1; i <= reset; ++i)
+            if (!reset_scenario(source, TESK::File_name(numbered("\\reset\\", i).c_str()), ticked))
+                state.SkipWithError("cannot reset");
+}
+BENCHMARK(reset_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Two reads and a write for each of as many.
+void read_twice_and_write_1000(benchmark::State& state) {
+    make_project();
+    const std::string text = scenario_text();
+    make_targets("\\reset", reset, text);
+    for (auto _ : state)
+        for (int i = 1; i <= reset; ++i) {
+            const std::string name = numbered("\\reset\\", i);
+            Tilverra_scenario source;
+            TESK::VV_file(template_name().c_str()).get(source);
+            Tilverra_scenario target;
+            TESK::VV_file file(name.c_str());
+            file.set_durability(platform::Durability::quick);
+            file.get(target);
+            file.set(target);
+        }
+}
+BENCHMARK(read_twice_and_write_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The longest way to a count: the number of animals wraps, and no number of plots is left out.
+void count_at_worst(benchmark::State& state) {
+    Carbon_sequestration_optimization_parameters parameters;
+    parameters.max_stocking_rate = 32767;
+    parameters.step_stocking_rate = 1;
+    parameters.max_plots = 32767;
+    parameters.max_duration = 32767;
+    parameters.max_recovery_days = 32767;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(count_carbon_sequestration_scenarios(parameters));
+}
+BENCHMARK(count_at_worst)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    platform::remove_tree(folder());
+}

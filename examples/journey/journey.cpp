@@ -1,0 +1,234 @@
+// Shows the program where there is no display. It runs the program itself, on Qt's offscreen platform, acts
+// on its controls as a user would, prints what was started and what came of it, and leaves a picture of each
+// page.
+//
+//     journey pages FOLDER PROGRAM PROJECT [TYPE]   opens a project and takes the pictures
+//     journey work FOLDER PROGRAM PROJECT           works on the example project, too
+#include "app/entry.h"
+#include "desktop_qt/qt_desktop.h"
+#include "editing/bound_control.h"
+#include "main/host_functions.h"
+#include "platform/files.h"
+#include "toolkit/button.h"
+#include "toolkit/check_box.h"
+#include "toolkit/edit.h"
+#include "toolkit/file_list_box.h"
+#include "toolkit/page_control.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QThread>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <algorithm>
+#include <iostream>
+
+namespace {
+
+// The desktop of the journey: the window is drawn, and what a user would be asked is answered and printed.
+class Journey_desktop : public Qt_desktop {
+public:
+    Journey_desktop(QString folder, bool works)
+        : Qt_desktop(host_functions()), folder_(std::move(folder)), works_(works) {}
+
+    void run(TForm& main_form) override {
+        form_ = &main_form;
+        main_form.show();
+        QApplication::processEvents();
+        if (works_)
+            work();
+        take_pages(main_form, "");
+        main_form.close();
+    }
+
+    Modal_result message_box(const Message& message) override {
+        Modal_result answer = Modal_result::ok;
+        if (message.buttons == Button_set::yes_no || message.buttons == Button_set::yes_no_cancel)
+            answer = Modal_result::yes;
+        if (message.buttons == Button_set::abort_retry_ignore)
+            answer = Modal_result::abort;
+        std::cout << "  asked: " << (message.title.empty() ? "" : message.title + ": ") << message.text
+                  << '\n';
+        return answer;
+    }
+    bool run_file_dialog(TFileDialog& dialog) override {
+        std::cout << "  asked for a file: " << dialog.title << '\n';
+        return false;
+    }
+    void minimise() override {}
+    void restore() override {}
+
+private:
+    template <class Control>
+    Control& control(const char* name) {
+        TControl* const found = form_->find(name);
+        if (found == nullptr)
+            throw std::runtime_error(std::string("there is no control ") + name);
+        found->bring_to_front();
+        return static_cast<Control&>(*found);
+    }
+    void step(const char* what) {
+        std::cout << what << '\n';
+        QApplication::processEvents();
+    }
+    void press(const char* name) {
+        if (!control<TControl>(name).click())
+            std::cout << "  " << name << " cannot be pressed now\n";
+        QApplication::processEvents();
+        print_commands();
+    }
+
+    // What the commands page holds that was not printed yet.
+    void print_commands() {
+        const std::string history = static_cast<TMemo*>(form_->find("command_history_memo"))->text();
+        for (std::size_t start = printed_; start < history.size();) {
+            const std::size_t end = std::min(history.find('\n', start), history.size());
+            std::cout << "  started: " << history.substr(start, end - start) << '\n';
+            start = end + 1;
+        }
+        printed_ = history.size();
+    }
+
+    // The project's folder, by the folder that its scenarios are listed from.
+    std::string scenarios_folder() {
+        return record_text(
+            static_cast<TFileListBox*>(form_->find("created_scenarios_filelistbox"))->folder());
+    }
+    // Waits a while for a file, which another program writes.
+    void await(const std::string& file) {
+        constexpr int longest = 100;
+        for (int i = 0; i < longest && !platform::is_file(file); ++i)
+            QThread::msleep(100);
+        std::cout << "  came of it: " << (platform::is_file(file) ? "" : "no ") << screen_text(file) << '\n';
+    }
+
+    void check(const char* list, const std::vector<std::string>& lines) {
+        auto& box = control<TListBox>(list);
+        for (const std::string& line : lines)
+            if (!box.check(box.index_of(line)))
+                std::cout << "  there is no line " << line << '\n';
+    }
+    void select(const std::string& scenario) {
+        auto& box = control<TListBox>("created_scenarios_filelistbox");
+        box.select(box.index_of(scenario));
+    }
+
+    void work() {
+        auto& list = control<TListBox>("created_scenarios_filelistbox");
+        if (list.count() < 3)
+            throw std::runtime_error("the example project has too few scenarios");
+        const std::string first = list.line(0).text;
+        const std::string second = list.line(1).text;
+        const std::string third = list.line(2).text;
+
+        step("New scenario, as a copy of the first");
+        select(first);
+        control<TCheckBox>("checkbox_copy_active_scenario").check();
+        control<TEdit>("edit_new_scenario_name").select_all();
+        control<TEdit>("edit_new_scenario_name").type_text("my own");
+        press("scenario_create_button");
+
+        step("Run it, and view its output");
+        press("relist_scenarios_button");
+        select("my own.tvn");
+        press("senerios_run_button");
+        await(scenarios_folder() + "\\my own\\Output\\season.xeb");
+        press("view_output_button");
+
+        step("A batch of three");
+        check("created_scenarios_filelistbox", {first, second, third});
+        press("senerios_run_button");
+        for (const std::string& name : {first, second, third})
+            await(scenarios_folder() + '\\' + record_text(name.substr(0, name.rfind('.'))) +
+                  "\\Output\\season.xeb");
+
+        step("Compare my own scenario with another");
+        select("my own.tvn");
+        check("created_scenarios_filelistbox", {second});
+        press("button_compare_project_scenarios");
+
+        step("Give two scenarios the soil water of my own one");
+        check("created_scenarios_filelistbox", {second, third});
+        control<TCheckBox>("reset_soil_profile_checkbox").check();
+        press("reset_scenario_button");
+        control<TCheckBox>("reset_soil_profile_checkbox").check(false);
+        press("scenerios_select_none_button");
+
+        step("All combinations of the project's parameter files");
+        press("combinatorial_scenario_generation_button");
+        auto& generated = control<TListBox>("generated_scenarios_filelistbox");
+        std::cout << "  came of it: " << generated.count() << " scenarios\n";
+        control<TListBox>("created_scenarios_filelistbox");
+        select("my own.tvn");
+    }
+
+    // A picture of each page below a control that can come to the front, pages within pages too.
+    void take_pages(TControl& within, const QString& prefix) {
+        bool any = false;
+        within.walk([&](TControl& inner) {
+            if (inner.kind() != Control_kind::page_control || !inner.visible() || page_above(inner, within))
+                return true;
+            any = true;
+            for (TControl* page : inner.children()) {
+                if (!page->visible() || !page->enabled())
+                    continue;
+                static_cast<TPageControl&>(inner).set_active_page(static_cast<TTabSheet&>(*page));
+                take_pages(*page,
+                           prefix + (prefix.isEmpty() ? "" : ", ") + QString::fromStdString(page->text()));
+            }
+            if (!inner.children().empty())
+                restore_first(static_cast<TPageControl&>(inner));
+            return true;
+        });
+        if (!any)
+            take(prefix);
+    }
+    static void restore_first(TPageControl& pages) {
+        for (TControl* page : pages.children()) {
+            if (page->visible()) {
+                pages.set_active_page(static_cast<TTabSheet&>(*page));
+                return;
+            }
+        }
+    }
+    // Whether another page control stands between the two.
+    static bool page_above(const TControl& control, const TControl& within) {
+        for (const TControl* above = control.parent(); above != nullptr && above != &within;
+             above = above->parent())
+            if (above->kind() == Control_kind::page_control)
+                return true;
+        return false;
+    }
+
+    void take(QString name) {
+        constexpr int longest_name = 80;
+        QApplication::processEvents();
+        for (QChar& c : name)
+            c = c.isLetterOrNumber() ? c.toLower() : QChar('_');
+        const QString file = folder_ + "/" + name.left(longest_name) + ".png";
+        auto& window = static_cast<View*>(form_->view())->widget();
+        std::cout << (window.grab().save(file) ? "picture: " : "cannot write ") << file.toStdString() << '\n';
+    }
+
+    QString folder_;
+    bool works_;
+    TForm* form_ = nullptr;
+    std::size_t printed_ = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 5 || (std::string(argv[1]) != "pages" && std::string(argv[1]) != "work")) {
+        std::cerr << "journey pages|work FOLDER PROGRAM PROJECT [TYPE]\n";
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::cout << std::unitbuf;
+    const QApplication application(argc, argv);
+    const bool works = std::string(argv[1]) == "work";
+    QDir().mkpath(argv[2]);
+    Program_services services;
+    services.make_desktop = [&] { return std::make_unique<Journey_desktop>(argv[2], works); };
+    return run_program({argv + 3, argv + argc}, services, std::cerr);
+}

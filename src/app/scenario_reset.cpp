@@ -1,0 +1,51 @@
+#include "app/scenario_reset.h"
+
+#include "model/tilverra_scenario.h"
+#include "records/vv_file.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+namespace {
+
+bool is_copied(std::string_view section, const Ticked_reset_boxes& ticked) {
+    for (std::size_t box = 0; box < reset_boxes.size(); ++box) {
+        const auto& names = reset_boxes[box].sections;
+        if (ticked[box] && std::any_of(names.begin(), names.end(),
+                                       [&](const char* name) { return name != nullptr && section == name; }))
+            return true;
+    }
+    return false;
+}
+
+// Moves the sections of the ticked boxes to the end of the target's list. Their entries go on pointing into
+// the source.
+void move_sections(Tilverra_scenario& source, Tilverra_scenario& target, const Ticked_reset_boxes& ticked) {
+    while (!source.sections.is_empty()) {
+        std::unique_ptr<TESK::VV_section> section(
+            static_cast<TESK::VV_section*>(source.sections.pop_first()));
+        if (!section->encountered || !is_copied(section->label, ticked))
+            continue;
+        if (TESK::Item* old = target.sections.find_exact(section->label))
+            target.sections.remove(old);
+        target.sections.append(section.release());
+    }
+}
+
+} // namespace
+
+bool reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
+                    const Ticked_reset_boxes& ticked) {
+    Tilverra_scenario source;
+    TESK::VV_file(source_file.c_str(), true).get(source);
+
+    Tilverra_scenario target;
+    TESK::VV_file file(target_file.c_str(), true);
+    if (!file.get(target) && file.exists())
+        return false;
+    target.redeclare_for_write();
+    move_sections(source, target, ticked);
+    file.set_durability(platform::Durability::quick);
+    return file.set(target) && file.get_last_write().ok();
+}

@@ -1,0 +1,51 @@
+#include "app/scenario_runs.h"
+
+#include "model/tilverra_scenario.h"
+#include "records/vv_file.h"
+#include "trees/scenario_directory.h"
+#include "trees/suite_directory.h"
+
+namespace {
+
+constexpr int maximised = 3;
+constexpr int minimised = 6;
+
+std::string quoted(const std::string& text) {
+    return '"' + text + '"';
+}
+
+} // namespace
+
+bool run_scenario(Project_workspace& workspace, const std::string& scenario_file, bool common_format,
+                  bool wait) {
+    const Tilverra_project_editor_parameters& project = workspace.project_parameters;
+    const std::string option = common_format ? ' ' + quoted(project.report_format) + ' ' : "";
+    workspace.host.run_on_file(project.cropping_system_model, option, scenario_file, wait,
+                               project.run_minimized ? minimised : maximised);
+    return !workspace.host.was_cancelled();
+}
+
+std::string outputs_of_scenario(const Project_workspace& workspace, const std::string& scenario_file) {
+    workspace.enter_project_folder();
+    if (scenario_file.empty() || scenario_file.starts_with('<'))
+        return {};
+    TESK::File_name file(scenario_file.c_str());
+    file.qualify();
+    const Tilverra_scenario_directory folder(file);
+    workspace.enter_project_folder();
+    if (!folder.has_output())
+        return {};
+    return quoted(scenario_file) + ' ' + quoted(folder.output_directory) + ' ' + quoted(folder.CPF);
+}
+
+bool view_output(Project_workspace& workspace) {
+    const std::string& active = workspace.project_parameters.active_scenario;
+    const std::string outputs = outputs_of_scenario(workspace, active);
+    if (outputs.empty())
+        return false;
+    Tilverra_scenario scenario;
+    TESK::VV_file(active.c_str()).get(scenario);
+    workspace.host.run_with_file(suite_directory->get_tilverra_directory().get_output_manager_advanced_exe(),
+                                 scenario.model_options->report_format, outputs);
+    return true;
+}

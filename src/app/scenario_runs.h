@@ -1,0 +1,19 @@
+// Running the model on scenarios, and viewing what it wrote.
+#pragma once
+
+#include "app/project_workspace.h"
+
+#include <string>
+
+// Runs the project's model on a scenario. `common_format`: the report format of the project instead of the
+// scenario's own. False when the user gave up the save that goes before.
+bool run_scenario(Project_workspace& workspace, const std::string& scenario_file, bool common_format,
+                  bool wait);
+
+// The outputs of a scenario for the output manager: the scenario, its output folder and its folder of crop
+// production functions, each in quotes. Nothing when the scenario has no output. Needs a project directory,
+// whose folder is the current one afterwards.
+std::string outputs_of_scenario(const Project_workspace& workspace, const std::string& scenario_file);
+
+// Shows the output of the active scenario by the report format that its record names. False when it has none.
+bool view_output(Project_workspace& workspace);

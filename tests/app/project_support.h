@@ -1,0 +1,90 @@
+// A project with a few scenarios in an installed suite, opened in the form as the program opens it: for tests
+// that drive the form as a user would.
+#pragma once
+
+#include "app/tilverra_project_form.h"
+#include "editing/record_folders.h"
+#include "model/simulation_paths.h"
+#include "platform/current_directory.h"
+#include "support/launcher_record.h"
+#include "support/temporary_drives.h"
+#include "support/temporary_user.h"
+#include "toolkit/headless_desktop.h"
+#include "trees/suite_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+class Project_test : public testing::Test {
+protected:
+    Project_test() {
+        drives.write("Suite/Tilverra/project_editor.exe");
+        drives.write("Suite/Tilverra/tilverra_5.exe");
+        platform::change_directory("C:\\Suite\\Tilverra");
+        suite_directory = new TVS::Suite_Directory(program);
+        copy_data("irrigation_study.tvp", "projects/study.tvp");
+        for (const char* scenario : {"base", "dry", "wet"})
+            copy_data("base.tvn", std::string("projects/study/Scenarios/") + scenario + ".tvn");
+        current_folder_source = &folders;
+        record = std::make_unique<Tilverra_project_editor_parameters>("C:\\Suite\\Tilverra\\tilverra_5.exe");
+    }
+    ~Project_test() override {
+        current_folder_source = nullptr;
+        delete suite_directory;
+        suite_directory = nullptr;
+    }
+
+    void open(const std::string& file = "C:\\projects\\study.tvp",
+              Tilverra_project_type type = Tilverra_project_type::tilverra) {
+        name = file;
+        form.bind(*record, type, parameter_form);
+        Tparameter_file_form::Editor editor;
+        editor.form = &form;
+        editor.parameters = record.get();
+        editor.panel = &form.top_page_control();
+        editor.file_name = &name;
+        editor.file_given = true;
+        ASSERT_TRUE(parameter_form.bind_to(editor));
+        parameter_form.arrange_controls();
+        parameter_form.show();
+    }
+
+    void copy_data(const char* data, const std::string& path) const {
+        const std::filesystem::path target = drives.host(path);
+        std::filesystem::create_directories(target.parent_path());
+        std::filesystem::copy_file(std::string(TEST_DATA) + "/" + data, target,
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    bool there(const std::string& path) const { return std::filesystem::exists(drives.host(path)); }
+    static bool press(TControl& control) {
+        control.bring_to_front();
+        return control.click();
+    }
+    // The commands started since this was last asked.
+    std::string started() {
+        std::string commands;
+        std::swap(commands, launcher.started);
+        return commands;
+    }
+    TFileCheckListBox& created() { return form.scenarios.created_scenarios_filelistbox; }
+    std::string lines(const TListBox& list) const {
+        std::string text;
+        for (int i = 0; i < list.count(); ++i)
+            text += list.line(i).text + (list.checked(i) ? "*;" : ";");
+        return text;
+    }
+    static Key key(Key_code code) { return Key{code, "", false, false}; }
+
+    Temporary_user user;
+    Temporary_drives drives;
+    Launcher_record launcher;
+    Record_folders folders;
+    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    TESK::File_name program{"C:\\Suite\\Tilverra\\project_editor.exe"};
+    std::unique_ptr<Tilverra_project_editor_parameters> record;
+    TVP_filename name{"noname"};
+    TTilverra_project_form form;
+    Tparameter_file_form parameter_form{program};
+};

@@ -1,0 +1,219 @@
+#include "app/scenario_generator.h"
+
+#include "model/tilverra_scenario.h"
+#include "records/vv_file.h"
+#include "support/temporary_drives.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <sstream>
+#include <stdexcept>
+
+namespace {
+
+class Scenario_generator_test : public testing::Test {
+protected:
+    Scenario_generator_test() {
+        drives.write("p.tvp");
+        drives.write("temporary/.keep");
+        drives.write("p/Scenarios/base.tvn", "[scenario]\ndescription=Base\n[parameter_filenames]\n"
+                                             "soil=Database\\Soil\\own.sil\n[H2O]\n1=0.5\n");
+        project.template_scenario.set("Scenarios\\base.tvn");
+    }
+
+    std::uint32_t generate(bool count_only = false) {
+        Tilverra_project_directory directory(TESK::File_name("C:\\p.tvp"), 0);
+        trace.str("");
+        listed.clear();
+        return generate_scenarios(project, directory, count_only, trace, [this](const std::string& name) {
+            EXPECT_FALSE(std::filesystem::exists(drives.host("p/Generated_scenarios/" + name)));
+            listed.push_back(name);
+            return on_listed(listed.size());
+        });
+    }
+    std::unique_ptr<Tilverra_scenario> generated(const std::string& number) {
+        auto scenario = std::make_unique<Tilverra_scenario>();
+        EXPECT_TRUE(TESK::VV_file(("C:\\p\\Generated_scenarios\\" + number + ".tvn").c_str()).get(*scenario))
+            << number;
+        return scenario;
+    }
+    // The entries of a folder below c:, each with a blank.
+    std::string entries(const std::string& path) const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(drives.host(path)))
+            names.insert(entry.path().filename());
+        std::string text;
+        for (const std::string& name : names)
+            text += name + ' ';
+        return text;
+    }
+    void write_overlays() {
+        drives.write("p/Database/initialization/1 water/dry.TVS_init", "[H2O]\n1=0.1\n");
+        drives.write("p/Database/initialization/1 water/wet.tvs_INIT", "[H2O]\n2=0.4\n");
+        drives.write("p/Database/initialization/1 water/readme.txt");
+        drives.write("p/Database/initialization/2 salt/fresh.TVS_init", "[salt]\n1=1\n");
+        drives.write("p/Database/initialization/2 salt/salty.TVS_init", "[salt]\n2=9\n[H2O]\n3=0.3\n");
+    }
+    void expect_nothing_left_over() const {
+        EXPECT_EQ(entries("temporary"), ".keep ");
+        EXPECT_EQ(entries("p"), "Database Generated_scenarios Scenarios ");
+    }
+
+    Temporary_drives drives;
+    Environment_guard temporary{"TMPDIR", drives.host("temporary")};
+    Tilverra_project_editor_parameters project{"model.exe"};
+    std::ostringstream trace;
+    std::vector<std::string> listed;
+    std::function<bool(std::size_t count)> on_listed = [](std::size_t) { return true; };
+};
+
+TEST_F(Scenario_generator_test, an_empty_database_gives_one_scenario_with_the_templates_own_files) {
+    EXPECT_EQ(generate(), 1U);
+    EXPECT_EQ(entries("p/Generated_scenarios"), "00001.tvn ");
+    EXPECT_EQ(listed, std::vector<std::string>{"00001.tvn"});
+    const auto scenario = generated("00001");
+    EXPECT_EQ(scenario->description, "Base");
+    EXPECT_EQ(scenario->soil, "Database\\Soil\\own.sil");
+    EXPECT_EQ(scenario->rotation, "<Usually specified (unless always fallow)>");
+    EXPECT_EQ(trace.str(), "");
+    EXPECT_EQ(platform::current_directory(), "C:\\p");
+}
+
+TEST_F(Scenario_generator_test, relative_names_count_from_the_projects_folder) {
+    // The file is no file of the soil dimension, but it is there.
+    drives.write("p/Database/Soil/sub/deep.sil");
+    drives.write("p/Scenarios/base.tvn", "[parameter_filenames]\nsoil=Database\\Soil\\sub\\deep.sil\n");
+    drives.write("Scenarios/base.tvn", "[scenario]\ndescription=Wrong\n");
+    EXPECT_EQ(generate(), 1U);
+    EXPECT_EQ(generated("00001")->description, " deep.sil");
+}
+
+TEST_F(Scenario_generator_test, combinations_come_in_the_order_of_the_loops_each_from_the_template_afresh) {
+    for (const char* file : {"Soil/clay.sil", "Soil/Sand.SIL", "Soil/notes.txt", "Weather/north.XEB",
+                             "Rotation/wheat.rot", "Rotation/barley.rot", "recalibration/none.txt"})
+        drives.write(std::string("p/Database/") + file);
+    drives.write("p/Generated_scenarios/00004.tvn", "[scenario]\ndescription=old\n");
+    drives.write("p/Generated_scenarios/00005.tvn", "old");
+    std::filesystem::remove(drives.host("p/Generated_scenarios/00004.tvn"));
+
+    EXPECT_EQ(generate(), 4U);
+    const char* expected[] = {"Base clay.sil north.XEB barley.rot", "Base clay.sil north.XEB wheat.rot",
+                              "Base Sand.SIL north.XEB barley.rot", "Base Sand.SIL north.XEB wheat.rot"};
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(generated("0000" + std::to_string(i + 1))->description, expected[i]);
+    const auto scenario = generated("00003");
+    EXPECT_EQ(scenario->soil, "C:\\p\\Database\\Soil\\Sand.SIL");
+    EXPECT_EQ(scenario->weather_database, "C:\\p\\Database\\Weather\\north.XEB");
+    EXPECT_EQ(scenario->rotation, "C:\\p\\Database\\Rotation\\barley.rot");
+    EXPECT_EQ(scenario->water_table, "<Optional (Currently not_selected)>");
+    EXPECT_EQ(scenario->H2O[1], 0.5F);
+    EXPECT_EQ(drives.read("p/Generated_scenarios/00005.tvn"), "old");
+}
+
+TEST_F(Scenario_generator_test, overlays_of_each_folder_lie_over_each_other_and_over_nothing_else) {
+    write_overlays();
+    drives.write("p/Database/Soil/clay.sil");
+    EXPECT_EQ(generate(), 4U);
+    struct Case {
+        const char* description;
+        float water[3];
+        float salt[2];
+    };
+    const Case cases[] = {
+        {"Base clay.sil dry.TVS_init fresh.TVS_init", {0.1F, 0, 0}, {1, 0}},
+        {"Base clay.sil dry.TVS_init salty.TVS_init", {0.1F, 0, 0.3F}, {0, 9}},
+        {"Base clay.sil wet.tvs_INIT fresh.TVS_init", {0.5F, 0.4F, 0}, {1, 0}},
+        {"Base clay.sil wet.tvs_INIT salty.TVS_init", {0.5F, 0.4F, 0.3F}, {0, 9}},
+    };
+    std::string lines;
+    for (int i = 0; i < 4; ++i) {
+        const auto scenario = generated("0000" + std::to_string(i + 1));
+        EXPECT_EQ(scenario->description, cases[i].description);
+        for (int layer = 1; layer <= 3; ++layer)
+            EXPECT_EQ(scenario->H2O[layer], cases[i].water[layer - 1]) << i;
+        for (int layer = 1; layer <= 2; ++layer)
+            EXPECT_EQ(scenario->salt[layer], cases[i].salt[layer - 1]) << i;
+        lines += std::string(cases[i].description) + '\n';
+    }
+    EXPECT_EQ(trace.str(), lines);
+    expect_nothing_left_over();
+
+    // One folder without an overlay leaves nothing to combine.
+    drives.write("p/Database/initialization/3/readme.txt");
+    EXPECT_EQ(generate(true), 0U);
+}
+
+TEST_F(Scenario_generator_test, a_file_of_the_users_in_the_place_of_the_working_file_stays) {
+    write_overlays();
+    drives.write("p/base_clay", "precious");
+    const std::string long_name(120, 'n');
+    for (const std::string& file :
+         {std::string("Soil/clay.sil"), "Weather/" + long_name + ".XEB", "Rotation/" + long_name + ".rot",
+          "recalibration/" + long_name + ".rcl"}) {
+        drives.write("p/Database/" + file);
+        std::filesystem::remove_all(drives.host("p/Generated_scenarios"));
+        EXPECT_EQ(generate(), 4U) << file;
+        EXPECT_EQ(generated("00001")->salt[1], 1) << file;
+        EXPECT_EQ(generated("00001")->H2O[1], 0.1F) << file;
+    }
+    EXPECT_EQ(drives.read("p/base_clay"), "precious");
+    EXPECT_EQ(entries("p"), "Database Generated_scenarios Scenarios base_clay ");
+}
+
+TEST_F(Scenario_generator_test, a_listener_stops_it_before_the_next_file_and_leaves_nothing_over) {
+    write_overlays();
+    on_listed = [](std::size_t count) { return count < 3; };
+    EXPECT_EQ(generate(), 3U);
+    EXPECT_EQ(entries("p/Generated_scenarios"), "00001.tvn 00002.tvn ");
+    expect_nothing_left_over();
+
+    std::filesystem::remove_all(drives.host("p/Generated_scenarios"));
+    on_listed = [](std::size_t count) { return count < 2 ? true : throw std::runtime_error("gone"); };
+    EXPECT_THROW(generate(), std::runtime_error);
+    expect_nothing_left_over();
+
+    std::filesystem::remove_all(drives.host("p/Generated_scenarios"));
+    std::filesystem::remove_all(drives.host("p/Database/initialization"));
+    on_listed = [](std::size_t) { return false; };
+    EXPECT_EQ(generate(), 1U);
+    EXPECT_FALSE(std::filesystem::exists(drives.host("p/Generated_scenarios/00001.tvn")));
+}
+
+TEST_F(Scenario_generator_test, counting_makes_nothing) {
+    write_overlays();
+    EXPECT_EQ(generate(true), 4U);
+    std::filesystem::remove_all(drives.host("p/Database"));
+    EXPECT_EQ(generate(true), 1U);
+    EXPECT_EQ(entries("p"), "Scenarios ");
+    EXPECT_EQ(trace.str(), "");
+}
+
+TEST_F(Scenario_generator_test, what_cannot_be_written_is_passed_over_and_so_is_what_would_be_made_from_it) {
+    write_overlays();
+    drives.write("p/Generated_scenarios", "a file");
+    EXPECT_EQ(generate(), 4U);
+    expect_nothing_left_over();
+
+    // Without a base there is nothing to lay an overlay over.
+    std::filesystem::remove(drives.host("p/Generated_scenarios"));
+    platform::File_faults faults;
+    faults.fail(platform::Write_step::write, ENOSPC);
+    on_listed = [&](std::size_t count) {
+        if (count == 1)
+            faults.clear();
+        return true;
+    };
+    EXPECT_EQ(generate(), 4U);
+    EXPECT_EQ(entries("p/Generated_scenarios"), "");
+    expect_nothing_left_over();
+}
+
+TEST_F(Scenario_generator_test, a_template_that_is_not_there_is_one_of_defaults) {
+    project.template_scenario.set("Scenarios\\gone.tvn");
+    EXPECT_EQ(generate(), 1U);
+    EXPECT_EQ(generated("00001")->description, "");
+    EXPECT_EQ(generated("00001")->soil, "<Required (This must be selected)>");
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "app/scenario_reset.h"
+
+#include "model/tilverra_scenario.h"
+#include "records/vv_file.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+class Scenario_reset_test : public testing::Test {
+protected:
+    // Resets a file of the text from another, with the boxes of the captions ticked. Gives what it holds
+    // then.
+    std::string reset(const std::string& source, const std::string& target,
+                      const std::vector<std::string>& captions) {
+        folder.write("source.tvn", source);
+        folder.write("target.tvn", target);
+        EXPECT_TRUE(reset_files(captions));
+        return folder.read("target.tvn");
+    }
+    bool reset_files(const std::vector<std::string>& captions) {
+        Ticked_reset_boxes ticked;
+        for (std::size_t box = 0; box < reset_boxes.size(); ++box)
+            ticked[box] =
+                std::find(captions.begin(), captions.end(), reset_boxes[box].caption) != captions.end();
+        EXPECT_EQ(ticked.count(), captions.size());
+        return reset_scenario(TESK::File_name(folder.name("source.tvn").c_str()),
+                              TESK::File_name(folder.name("target.tvn").c_str()), ticked);
+    }
+    // What a save of the text holds that keeps all that the record does not know.
+    std::string plainly_saved(const std::string& text) {
+        const std::string name = folder.write("plain.tvn", text);
+        Tilverra_scenario scenario;
+        EXPECT_TRUE(TESK::VV_file(name.c_str()).get(scenario));
+        scenario.set_preserve_unexpected(true);
+        EXPECT_TRUE(TESK::VV_file(name.c_str()).set(scenario));
+        return folder.read("plain.tvn");
+    }
+    static std::string sample(const std::string& name) {
+        std::ifstream in(std::string(TEST_DATA "/") + name, std::ios::binary);
+        return (std::ostringstream() << in.rdbuf()).str();
+    }
+    // The headers of a file, run together.
+    static std::string headers(const std::string& text) {
+        std::istringstream lines(text);
+        std::string result;
+        for (std::string line; std::getline(lines, line);)
+            if (line.starts_with('['))
+                result += line.substr(0, line.find(']') + 1);
+        return result;
+    }
+    // The lines of a section.
+    static std::string section(const std::string& text, const std::string& name) {
+        const std::size_t start = text.find("[" + name + "]\r\n");
+        return start == std::string::npos
+                   ? ""
+                   : (text + "[").substr(start, (text + "[").find("\r\n[", start) - start);
+    }
+
+    Temporary_folder folder;
+};
+
+TEST_F(Scenario_reset_test,
+       a_target_of_which_nothing_is_replaced_is_saved_with_all_that_other_programs_left) {
+    for (const std::string& text :
+         {sample("base.tvn"), sample("version3.sim"),
+          std::string(
+              "stray\nevent_count=1\nevent:count=2\n[other]\nb=1\na= x \n[event:1]\nID=one\nunknown=1\n"
+              "[event:2]\nID=two\nperiod_repetitions=3\nnote=kept\n[event:3]\nID=none\n[H2O]\n1=0.5\n99="
+              "1\n")})
+        for (const char* caption : {"Crop prod. f.", "(NYI) Weather ", "Submodels"})
+            EXPECT_EQ(reset("[crop_production_function]\nx=1\n[weather]\nx=1\n[STATSGO]\nmuid=A\n", text,
+                            {caption}),
+                      plainly_saved(text))
+                << caption;
+}
+
+TEST_F(Scenario_reset_test, spellings_of_old_files_stay_where_they_stood_and_only_there) {
+    const std::string events =
+        "[scenario]\nevent:count=2\n[event:1]\nID=one\nsync=after_flowering\noffset=5\n"
+        "[event:2]\nID=two\nevent_synchronization=actual_date\n";
+    const std::string text = reset("", events, {});
+    EXPECT_NE(section(text, "event:1").find("\r\nsync=after_flowering\r\noffset=5"), std::string::npos)
+        << text;
+    for (const char* key : {"\r\nsync=", "\r\noffset=", "\r\nphen_sync=", "\r\nend_", "\r\nbegin_"})
+        EXPECT_EQ(section(text, "event:2").find(key), std::string::npos) << key;
+    // Nothing of this comes out of step with repeated resets.
+    EXPECT_EQ(reset("", text, {}), text);
+}
+
+TEST_F(Scenario_reset_test, sections_of_ticked_boxes_replace_the_targets_and_move_to_its_end) {
+    const std::string source =
+        "[salt]\nsource=1\n2=5\n[unknown]\nu=1\n[H2O]\nsource=1\n3=0.25\n[CO2]\nsource=1\n"
+        "[statsgo]\nsource=1\n[simulation]\nsource=1\n";
+    const std::string target = "[H2O]\ntarget=1\n1=0.75\n[other]\no=1\n[salt]\n1=1\n";
+    const std::string before = headers(plainly_saved(target));
+    const auto without = [&](std::string text, const std::vector<std::string>& names) {
+        for (const std::string& name : names)
+            if (const std::size_t place = text.find("[" + name + "]"); place != std::string::npos)
+                text.erase(place, name.size() + 2);
+        return text;
+    };
+
+    const std::string water = reset(source, target, {"Soil water"});
+    EXPECT_EQ(headers(water), without(before, {"H2O", "salt"}) + "[H2O][salt]");
+    EXPECT_EQ(section(water, "H2O"), section(plainly_saved(source), "H2O"));
+    EXPECT_EQ(section(water, "salt"), section(plainly_saved(source), "salt"));
+    EXPECT_EQ(section(water, "CO2"), section(plainly_saved(target), "CO2"));
+
+    // Also a section that the record does not know, and one that the target does not have.
+    const std::string several = reset(source, "", {"Submodels", "CO2", "Soil nitrogen"});
+    EXPECT_EQ(headers(several),
+              without(headers(plainly_saved("")), {"simulation", "CO2"}) + "[simulation][CO2][statsgo]");
+}
+
+TEST_F(Scenario_reset_test, a_section_that_does_not_stand_in_the_source_leaves_the_targets) {
+    std::vector<std::string> all;
+    for (const Reset_box& box : reset_boxes)
+        all.emplace_back(box.caption);
+    const std::string target = sample("base.tvn");
+    EXPECT_EQ(reset("[scenario]\n[h2o]\n1=9\n[Output]\nx=1\n", target, all), plainly_saved(target));
+    // An old file tells its residue elsewhere: it has no such section.
+    EXPECT_EQ(reset("[initialize]\nsurface_residue=0.25\n", target, all), plainly_saved(target));
+    std::filesystem::remove(folder.path("source.tvn"));
+    EXPECT_TRUE(reset_files(all));
+    EXPECT_EQ(folder.read("target.tvn"), plainly_saved(target));
+}
+
+TEST_F(Scenario_reset_test, a_target_that_cannot_be_read_is_left_alone_and_a_missing_one_made) {
+    folder.write("source.tvn", "[H2O]\n1=0.5\n");
+    EXPECT_TRUE(reset_files({"Soil water"}));
+    EXPECT_TRUE(folder.read("target.tvn").starts_with("[scenario]\r\n"));
+    EXPECT_NE(folder.read("target.tvn")
+                  .rfind("[H2O]\r\nrecalibrate_date=0 (Date omitted)\r\nunits=m H2O/m soil\r\n1=0.5"),
+              std::string::npos);
+
+    folder.write("target.tvn", "");
+    std::filesystem::resize_file(folder.path("target.tvn"), TESK::VV_file::largest_file + 1);
+    EXPECT_FALSE(reset_files({"Soil water"}));
+    EXPECT_EQ(std::filesystem::file_size(folder.path("target.tvn")), TESK::VV_file::largest_file + 1);
+}
+
+} // namespace

@@ -1,0 +1,66 @@
+#include "model/tally_tables.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+namespace {
+
+constexpr const char* not_talliable = "<This variable is not talliable>";
+
+template <std::size_t count>
+std::size_t row_of(const std::array<Tally_row, count>& rows, const std::string& label) {
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](const Tally_row& r) { return r.label == label; });
+    EXPECT_NE(row, rows.end()) << label;
+    return static_cast<std::size_t>(row - rows.begin());
+}
+
+TEST(Tally_tables_test, dates_and_what_is_never_reported_cannot_be_tallied) {
+    struct Case {
+        const char* label;
+        bool is_talliable;
+    };
+    const Case growing_season[] = {
+        {"Planting date", false},
+        {"Bud break date", false},
+        {"Crop", false},
+        {"Biomass consumed_by animals", true},
+        {"Total (above ground) biomass production", true},
+        {"RUSLE cover factor", true},
+        {"Avg. water stress flowering", true},
+        {"Nitrogen uptake", true},
+        {"Canopy_assimilation", true},
+    };
+    for (const Case& c : growing_season)
+        EXPECT_STREQ(get_growing_season_tally_line(row_of(growing_season_tally_rows, c.label)),
+                     c.is_talliable ? c.label : not_talliable);
+    const Case annual[] = {
+        {"Year", true},
+        {"Biomass grazed", true},
+        {"Residue (all) surface current", true},
+        {"Crops of the year", false},
+    };
+    for (const Case& c : annual)
+        EXPECT_STREQ(get_annual_tally_line(row_of(annual_tally_rows, c.label)),
+                     c.is_talliable ? c.label : not_talliable);
+}
+
+TEST(Tally_tables_test, no_two_rows_are_of_one_variable) {
+    std::set<std::uint32_t> codes;
+    const auto check = [&](const auto& rows) {
+        std::set<std::string> labels;
+        for (const Tally_row& row : rows) {
+            ASSERT_NE(row.label, nullptr);
+            ASSERT_NE(row.format, nullptr) << row.label;
+            EXPECT_TRUE(labels.insert(row.label).second) << row.label;
+            EXPECT_TRUE(row.code == 0 || codes.insert(row.code).second) << row.label;
+        }
+    };
+    check(growing_season_tally_rows);
+    check(annual_tally_rows);
+}
+
+} // namespace

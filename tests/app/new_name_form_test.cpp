@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(New_name_form, enter_takes_the_name) {
+TEST(New_name_form, enter_takes_the_name_and_escape_cancels) {
     Headless_desktop desktop([](const std::string& fault) { ADD_FAILURE() << fault; });
     Tnew_name_form_check_used form;
     TESK::Ustring name("base");

@@ -132,6 +132,10 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     editor.file_given = count >= 1;
     editor.other_masks = "*.TVS_project";
     editor.file_selector = &forms.recent_file_selector_form;
+    const TESK::Smart_directory_name& help =
+        program_directory->documentation.get_directory(TESK::Documentation_topic::help);
+    if (help.exists())
+        editor.help_folder = help;
     editor.user_settings_file = &application_data_directory;
     if (phrases.head() != nullptr)
         editor.phrases = &phrases;

@@ -875,6 +875,8 @@ void Tparameter_file_form::radiogroup_translation_target_languageClick() {
 void Tparameter_file_form::translate() {
     bool changed = false;
     translate_windows(*this, translation_target_language, phrases, changed);
+    if (!changed && parameter_form != nullptr)
+        translate_windows(*parameter_form, translation_target_language, phrases, changed);
     timer_translation.set_enabled(changed);
 }
 

@@ -7,6 +7,7 @@
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 #include "toolkit/headless_desktop.h"
+#include "translation/translation_files.h"
 
 #include <gtest/gtest.h>
 
@@ -574,6 +575,134 @@ TEST_F(Parameter_file_form, without_a_folder_of_the_program_no_documentation_cou
     bare.set_web_documentation(nullptr, nullptr);
     EXPECT_FALSE(bare.documentation_buttons[0]->visible());
     EXPECT_EQ(bare.documentation_label_installed.text(), "No documentation found");
+}
+
+TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_the_file) {
+    TESK::Translations_phrases phrases;
+    for (const char* text : {"Save as", "Of the editor", "Beside the panel"}) {
+        auto* phrase = new TESK::Translation(text);
+        phrase->translations.append(new TESK::Translation::Translated("en", text));
+        phrase->translations.append(
+            new TESK::Translation::Translated("fr", (text + std::string("!")).c_str()));
+        phrase->translations.append(
+            new TESK::Translation::Translated("pt", (text + std::string("?")).c_str()));
+        phrases.append(phrase);
+    }
+    TForm concrete("concrete");
+    auto& inside = concrete.add<TPanel>("inside");
+    TLabel& hosted = inside.add<TLabel>("hosted", "Of the editor");
+    TLabel& beside = concrete.add<TLabel>("beside", "Beside the panel");
+    name = "C:\\work\\study.tvp";
+    Tparameter_file_form::Editor editor;
+    editor.form = &concrete;
+    editor.parameters = &record;
+    editor.panel = &inside;
+    editor.file_name = &name;
+    editor.file_given = true;
+    editor.user_settings_file = &settings_folder;
+    editor.phrases = &phrases;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    TRadioGroup& languages = form.radiogroup_translation_target_language;
+    languages.bring_to_front();
+    EXPECT_TRUE(languages.select(2));
+    desktop.advance(299);
+    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
+              "Save asOf the editorBeside the panel");
+    desktop.advance(1200);
+    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
+              "Save as!Of the editor!Beside the panel!");
+    EXPECT_EQ(form.get_settings().language, "fr");
+    EXPECT_TRUE(languages.select(10));
+    form.edit_translation_other.focus();
+    EXPECT_TRUE(form.edit_translation_other.type_text("pt"));
+    desktop.advance(1500);
+    EXPECT_EQ(form.save_as_button.text(), "Save as?");
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+
+    Tparameter_file_form again{program};
+    ASSERT_TRUE(again.bind_to(editor));
+    EXPECT_EQ(again.radiogroup_translation_target_language.item_index(), 10);
+    EXPECT_EQ(again.edit_translation_other.text(), "pt");
+    desktop.advance(1500);
+    EXPECT_EQ(again.save_as_button.text(), "Save as?");
+    again.show();
+    again.radiogroup_translation_target_language.bring_to_front();
+    EXPECT_TRUE(again.radiogroup_translation_target_language.select(0));
+    EXPECT_EQ(again.get_settings().language, "");
+}
+
+TEST_F(Parameter_file_form, the_advanced_mode_belongs_to_the_user_and_the_file) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    EXPECT_TRUE(form.checkbox_advanced_mode.click());
+    EXPECT_TRUE(form.get_settings().advanced);
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    for (const char* file : {"C:\\work\\study.tvp", "C:\\work\\other.tvp"}) {
+        Tparameter_file_form again{program};
+        name = file;
+        Tparameter_file_form::Editor editor;
+        editor.parameters = &record;
+        editor.file_name = &name;
+        editor.file_given = true;
+        editor.user_settings_file = &settings_folder;
+        ASSERT_TRUE(again.bind_to(editor));
+        EXPECT_EQ(again.checkbox_advanced_mode.checked(), std::string(file) == "C:\\work\\study.tvp");
+    }
+}
+
+// An editor that puts the record in order when it shows it, as the project's does.
+class Tidying_panel : public TPanel {
+public:
+    explicit Tidying_panel(Tilverra_project_editor_parameters& record) : TPanel("tidying"), record_(record) {}
+    void Update() override { record_.cropping_system_model = "tidied"; }
+
+private:
+    Tilverra_project_editor_parameters& record_;
+};
+
+TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_change) {
+    Tidying_panel tidying(record);
+    name = "C:\\work\\study.tvp";
+    Tparameter_file_form::Editor editor;
+    editor.form = &tidying;
+    editor.parameters = &record;
+    editor.panel = &tidying;
+    editor.file_name = &name;
+    editor.file_given = true;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    EXPECT_EQ(record.cropping_system_model, "tidied");
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_TRUE(form.close()); // asks nothing
+}
+
+TEST_F(Parameter_file_form, a_frame_that_closes_stays_open_while_the_wanted_save_fails) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    form.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.memo_notes.type_text("noted"));
+    describe("typed last, and not left"); // the question comes after it has reached the record
+    const std::string question = "Save the changes to C:\\work\\study.tvp?";
+    const std::string before = saved("work/study.tvp");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_FALSE(form.close());
+        EXPECT_TRUE(form.visible());
+        EXPECT_EQ(saved("work/study.tvp"), before);
+    }
+    std::filesystem::create_directory(drives.host("work/study/notes.txt")); // now only the notes fail
+    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_FALSE(form.close());
+    EXPECT_TRUE(has_line("work/study.tvp", "description=typed last, and not left"));
+    std::filesystem::remove(drives.host("work/study/notes.txt"));
+    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    EXPECT_TRUE(form.close());
+    EXPECT_EQ(saved("work/study/notes.txt"), "noted");
 }
 
 } // namespace

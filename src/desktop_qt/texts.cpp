@@ -289,7 +289,9 @@ private:
         if (shown == wanted) {
             return;
         }
-        if (!acting()) {
+        // A text that only grows is not laid out anew.
+        const bool grows = control().read_only() && !shown.isEmpty() && wanted.startsWith(shown);
+        if (!acting() && !grows) {
             widget().setPlainText(wanted);
             return;
         }

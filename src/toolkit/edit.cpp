@@ -177,6 +177,8 @@ int TMemo::line_count() const {
 
 void TMemo::append_line(const std::string& line) {
     const bool needs_break = !text().empty() && text().back() != '\n';
-    set_text(text() + (needs_break ? "\n" : "") + line + "\n");
+    set_modified(false);
+    // Only what comes in is looked through: a long text of many lines would otherwise be so for each of them.
+    TControl::set_text(text() + (needs_break ? "\n" : "") + without_line_breaks(line) + "\n");
     set_caret(utf8::length(text()));
 }

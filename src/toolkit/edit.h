@@ -50,8 +50,9 @@ protected:
     bool press(const Key& key) override;
     virtual void do_change();
 
-private:
     std::string without_line_breaks(const std::string& text) const;
+
+private:
     std::string admitted(const std::string& text) const;
     bool begin_edit();
     void replace(int start, int removed, const std::string& inserted);

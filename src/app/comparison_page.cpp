@@ -8,5 +8,5 @@ Comparison_page::Comparison_page(TPageControl& pages)
       comparison_output_generation_filebar(
           tabsheet_scenario_comparison.add<TAutoSimDatabaseDropdownFileEditBar>(
               "comparison_output_generation_filebar")),
-      comparison_button_view_output(
-          add_button(tabsheet_scenario_comparison, "comparison_button_view_output", "View output")) {}
+      comparison_button_view_output(add_button(tabsheet_scenario_comparison, "comparison_button_view_output",
+                                               "View output", "Show the checked comparisons.")) {}

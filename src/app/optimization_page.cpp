@@ -54,8 +54,8 @@ Optimization_page::Optimization_page(TPageControl& pages)
           output.set_read_only(true);
           return output;
       }()),
-      opt_C_seq_view_results(
-          add_button(*carbon_seq_scenario_count_output.parent(), "opt_C_seq_view_results", "View results")),
+      opt_C_seq_view_results(add_button(*carbon_seq_scenario_count_output.parent(), "opt_C_seq_view_results",
+                                        "View results", "Show what the last run of the optimization found.")),
       optimization_run_button(
           add_button(tabsheet_optimization, "optimization_run_button", "Run optimization")) {
     Place narrow = carbon_seq_scenario_count_output.place();

@@ -14,7 +14,8 @@ Options_page::Options_page(TPageControl& pages)
                                                                         "Combinations of parameter files")),
       combinatorial_scenario_generation_button(
           add_button(add_row(panel_combinatorial_generation, "panel_generation_buttons"),
-                     "combinatorial_scenario_generation_button", "Combinatorial scenario generation")),
+                     "combinatorial_scenario_generation_button", "Combinatorial scenario generation",
+                     "Make a scenario of each combination of the parameter files, from the template.")),
       combinatorial_scenario_generation_help_button(
           add_button(*combinatorial_scenario_generation_button.parent(),
                      "combinatorial_scenario_generation_help_button", "Help")),

@@ -20,9 +20,11 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
       scenerios_select_none_button(
           add_button(*scenerios_select_all_button.parent(), "scenerios_select_none_button", "Deselect all")),
       relist_scenarios_button(add_button(*scenerios_select_all_button.parent(), "relist_scenarios_button",
-                                         "Relist any added scenarios")),
-      explore_scenarios_button(
-          add_button(*scenerios_select_all_button.parent(), "explore_scenarios_button", "Explore scenarios")),
+                                         "Relist any added scenarios",
+                                         "Read the folders of scenarios again.")),
+      explore_scenarios_button(add_button(*scenerios_select_all_button.parent(), "explore_scenarios_button",
+                                          "Explore scenarios",
+                                          "Show the folder of the page in front in the suite's explorer.")),
       edit_run_pagecontrol(fill(right.add<TPageControl>("edit_run_pagecontrol"))),
       scenario_edit_tabsheet(edit_run_pagecontrol.add<TTabSheet>("scenario_edit_tabsheet", "Edit")),
       scenario_run_tabsheet(edit_run_pagecontrol.add<TTabSheet>("scenario_run_tabsheet", "Run")),
@@ -35,21 +37,28 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
       edit_new_scenario_name(fill(scenario_create_button.parent()->add<TEdit>("edit_new_scenario_name"))),
       checkbox_copy_active_scenario(scenario_edit_tabsheet.add<TCheckBox>(
           "checkbox_copy_active_scenario", "The new scenario is a copy of the active scenario")),
-      scenario_open_active_button(
-          add_button(scenario_edit_tabsheet, "scenario_open_active_button", "Open active scenario")),
+      scenario_open_active_button(add_button(scenario_edit_tabsheet, "scenario_open_active_button",
+                                             "Open active scenario", "Edit the active scenario.")),
       scenario_open_other(
-          add_button(scenario_edit_tabsheet, "scenario_open_other", "Open another project scenario")),
+          add_button(scenario_edit_tabsheet, "scenario_open_other", "Open another project scenario",
+                     "Select a scenario of any project, make it the active one and edit it where it is.")),
       scenario_open_SIM(
-          add_button(scenario_edit_tabsheet, "scenario_open_SIM", "Import version 3 (.SIM) file")),
-      scenario_delete_button(
-          add_button(scenario_edit_tabsheet, "scenario_delete_button", "Delete scenario(s)")),
-      parameter_database_button(
-          add_button(scenario_edit_tabsheet, "parameter_database_button", "Parameter database manager")),
+          add_button(scenario_edit_tabsheet, "scenario_open_SIM", "Import version 3 (.SIM) file",
+                     "Make scenarios of files of version 3. A scenario of the same name is replaced.")),
+      scenario_delete_button(add_button(
+          scenario_edit_tabsheet, "scenario_delete_button", "Delete scenario(s)",
+          "Delete the checked scenarios with their outputs or, without check marks, the file of the "
+          "active scenario alone.")),
+      parameter_database_button(add_button(scenario_edit_tabsheet, "parameter_database_button",
+                                           "Parameter database manager",
+                                           "Show the parameter files of the suite or of this project.")),
       button_launch_TVS_suite(add_button(scenario_edit_tabsheet, "button_launch_TVS_suite", "Suite launcher",
                                          "Start the launcher of the suite.")),
       senerios_run_button(
-          add_button(scenario_run_tabsheet, "senerios_run_button", "Run active/checked scenarios")),
-      view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output")),
+          add_button(scenario_run_tabsheet, "senerios_run_button", "Run active/checked scenarios",
+                     "Run the checked scenarios or, without check marks, the active scenario.")),
+      view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output",
+                                    "Show what the last run of the active scenario wrote.")),
       format_groupbox(scenario_run_tabsheet.add<TRadioGroup>(
           "format_groupbox", "Report format",
           std::vector<std::string>{"specified in each scenario", "specified below for all runs"})),
@@ -73,10 +82,13 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
                             "Copy selected options and parameters from the active scenario to the selected "
                             "scenarios.");
       }()),
-      button_compare_project_scenarios(add_button(
-          scenario_analysis_tabsheet, "button_compare_project_scenarios", "Compare project scenarios")),
+      button_compare_project_scenarios(
+          add_button(scenario_analysis_tabsheet, "button_compare_project_scenarios",
+                     "Compare project scenarios", "Compare each checked scenario with the active scenario.")),
       button_compare_other_scenario(add_button(scenario_analysis_tabsheet, "button_compare_other_scenario",
-                                               "Compare to another scenario")),
+                                               "Compare to another scenario",
+                                               "Select a scenario of any project to compare with the active "
+                                               "scenario.")),
       sim_run_progressbar(scenarios_tabsheet.add<TProgressBar>("sim_run_progressbar")) {
     created_scenarios_filelistbox.set_mask("*.tvn");
     generated_scenarios_filelistbox.set_mask("*.tvn");

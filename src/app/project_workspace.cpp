@@ -23,7 +23,10 @@ bool Project_workspace::ensure_project_directory() {
 }
 
 bool Project_workspace::need_project_directory() {
-    return ensure_project_directory() || (host.save() && ensure_project_directory());
+    if (!ensure_project_directory() && !(host.save() && ensure_project_directory()))
+        return false;
+    enter_project_folder();
+    return true;
 }
 
 bool Project_workspace::enter_project_folder() const {
@@ -40,6 +43,10 @@ bool Project_workspace::is_template_project() const {
     return TESK::File_name(host.project_file().c_str()).get_name(true) == ".TVS_project";
 }
 
+bool Project_workspace::coverage_exists() const {
+    return platform::is_file(project_parameters.GIS_parameters.coverage_PAT_filename);
+}
+
 bool Project_workspace::active_scenario_exists() const {
     return platform::is_file(project_parameters.active_scenario);
 }
@@ -49,7 +56,7 @@ Project_workspace::Run_choice Project_workspace::choose_run(bool on_optimization
         is_template_project() ? project_parameters.template_scenario : project_parameters.active_scenario;
     scenario.qualify();
     Run_choice choice;
-    choice.template_ok = scenario.exists();
+    choice.template_ok = platform::is_file(scenario); // an empty name is that of a folder
     if (suite_directory == nullptr)
         return choice;
     if (on_optimization_page) {

@@ -24,7 +24,8 @@ public:
     // Brings project_directory in step with the project's file, and makes the folder. False, with no
     // directory, as long as the project has not been saved.
     bool ensure_project_directory();
-    // The same for what cannot do without: saves an unsaved project first. False when it still has no folder.
+    // The same for what cannot do without: saves an unsaved project first, and makes the folder the current
+    // one. False when there still is no directory.
     bool need_project_directory();
     // Makes the project's folder the current one, for the relative names of the record. False without one.
     bool enter_project_folder() const;
@@ -35,7 +36,7 @@ public:
     // Whether the project's file has no name but its extension: it is the one in which templates are kept.
     bool is_template_project() const;
     bool is_GIS() const { return requested_project_type == Tilverra_project_type::gis; }
-    bool coverage_exists() const { return project_parameters.GIS_parameters.coverage_PAT_filename.exists(); }
+    bool coverage_exists() const;
     bool active_scenario_exists() const;
 
     // The program that the form's run button starts on a page, and its caption; both empty for none.

@@ -52,6 +52,7 @@ TTilverra_project_form::~TTilverra_project_form() = default;
 
 void TTilverra_project_form::wire_scenarios() {
     scenarios.scenario_create_button.on_click = [this] { scenario_create_button_onclick(); };
+    scenarios.edit_new_scenario_name.input_filter = scenario_name_characters;
     scenarios.edit_new_scenario_name.on_key = [this](const Key& key) {
         if (key.code != Key_code::enter)
             return false;
@@ -85,6 +86,7 @@ void TTilverra_project_form::wire_scenarios() {
         scenarios.active_scenario_editbar.Update();
         show_hide_run_button();
     };
+    active.on_after_change = active.on_exit;
 }
 
 void TTilverra_project_form::wire_pages() {
@@ -112,6 +114,11 @@ void TTilverra_project_form::wire_pages() {
         combinatorial_scenario_generation_help_buttonClick();
     };
     optimization.opt_C_seq_view_results.on_click = [this] { opt_C_seq_view_results_buttonClick(); };
+    // A run leaves its tables while the project is open.
+    GIS.GIS_output_tabsheet.on_show = [this] {
+        GIS.GIS_tally_shellistview.Update();
+        GIS.GIS_aggregation_shellistview.Update();
+    };
     GIS.STATSGO_tabsheet.on_show = [this] { STATSGO_tabsheetShow(); };
     GIS.GIS_coverage_filebar.OnChange = [this] { GIS_coverage_filebar_onchange(); };
     GIS.GIS_coverage_filebar.on_after_change = [this] { GIS_coverage_filebar_onchange(); };
@@ -130,10 +137,7 @@ void TTilverra_project_form::wire_lists() {
     for (TFileCheckListBox* list :
          {&scenarios.created_scenarios_filelistbox, &scenarios.generated_scenarios_filelistbox}) {
         list->on_change = [this] { created_scenarios_listbox_onchange(); };
-        list->on_check = [this](int) {
-            if (current_scenarios_listbox->checked_count() > 0)
-                scenarios.senerios_run_button.set_enabled(true);
-        };
+        list->on_check = [this](int) { checks_changed(); };
         list->on_double_click = [this] { scenario_open_active_button_onclick(); };
         list->on_key = [this](const Key& key) {
             if (key.code != Key_code::del)
@@ -337,11 +341,11 @@ void TTilverra_project_form::Update() {
     workspace_->ensure_project_directory();
     set_comparison_database();
     workspace_->enter_project_folder();
-    set_lists_to_project();
     update_bound_controls();
     carbon_seq_update_scenarios_count();
     reload_PAT_attributes();
     workspace_->enter_project_folder();
+    set_lists_to_project();
     in_update = false;
     show_hide();
     list_changed();
@@ -489,6 +493,14 @@ void TTilverra_project_form::list_changed() {
     show_hide_scenario_buttons();
     if (current_scenarios_listbox->count() == 0)
         show_hide_run_button();
+}
+
+// Checked lines can be run whatever the active scenario is.
+void TTilverra_project_form::checks_changed() {
+    if (current_scenarios_listbox->checked_count() == 0)
+        return;
+    show_hide_scenario_buttons();
+    scenarios.senerios_run_button.set_enabled(true);
 }
 
 void TTilverra_project_form::show_hide_run_buttons() {

@@ -113,6 +113,7 @@ private:
     void set_comparison_database();
     void set_current_list();
     void list_changed();
+    void checks_changed();
 
     void show_template_page();
     void show_hide_pages();

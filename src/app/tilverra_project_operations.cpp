@@ -48,12 +48,12 @@ void TTilverra_project_form::scenario_create_button_onclick() {
     if (!has_project())
         return;
     TEdit& name = scenarios.edit_new_scenario_name;
-    if (name.text().empty()) {
+    const std::string new_name = new_scenario_name(record_text(name.text()));
+    if (new_name.empty()) {
         show_message("To create a new scenario, first enter the new scenario name");
         return;
     }
-    if (!create_scenario(*workspace_, record_text(name.text()),
-                         scenarios.checkbox_copy_active_scenario.checked()))
+    if (!create_scenario(*workspace_, new_name, scenarios.checkbox_copy_active_scenario.checked()))
         return;
     scenarios.created_scenarios_filelistbox.add_line(
         screen_text(project_parameters->active_scenario.get_name(true)));
@@ -66,7 +66,6 @@ void TTilverra_project_form::scenario_create_button_onclick() {
 void TTilverra_project_form::scenario_open_active_button_onclick() {
     if (!has_project() || !save() || !workspace_->need_project_directory())
         return;
-    workspace_->enter_project_folder();
     run_with_file(suite_directory->get_tilverra_directory().get_scenario_editor_exe(),
                   project_parameters->active_scenario, "");
 }
@@ -106,7 +105,6 @@ void TTilverra_project_form::scenario_delete_button_onclick() {
     TFileCheckListBox& list = *current_scenarios_listbox;
     if (!workspace_->need_project_directory())
         return;
-    workspace_->enter_project_folder();
     int deleted = 0;
     {
         const Busy_pointer busy;
@@ -129,8 +127,7 @@ void TTilverra_project_form::scenario_delete_button_onclick() {
 
 void TTilverra_project_form::senerios_select_all_button_onclick() {
     current_scenarios_listbox->set_all_checked(true);
-    if (current_scenarios_listbox->count() > 0)
-        scenarios.senerios_run_button.set_enabled(true);
+    checks_changed();
 }
 
 void TTilverra_project_form::scenerios_select_none_button_onclick() {
@@ -140,7 +137,6 @@ void TTilverra_project_form::scenerios_select_none_button_onclick() {
 void TTilverra_project_form::relist_scenarios_button_onclick() {
     if (!has_project() || !workspace_->need_project_directory())
         return;
-    workspace_->enter_project_folder();
     const auto relist = [](TFileCheckListBox& list, const std::string& folder) {
         const std::string name = screen_text(folder);
         if (list.folder() == name)
@@ -237,13 +233,7 @@ void TTilverra_project_form::senerios_run_button_onclick() {
     }
     begin_progress();
     int checked = 0;
-    bool goes_on = true;
-    if (current_scenarios_listbox->count() > 0) {
-        goes_on = workspace_->need_project_directory();
-        workspace_->enter_project_folder();
-        goes_on = goes_on && run_checked(batch, checked);
-    }
-    if (goes_on && checked == 0)
+    if (workspace_->need_project_directory() && run_checked(batch, checked) && checked == 0)
         run_scenario(*workspace_, project_parameters->active_scenario, common_format(), false);
     scenarios.sim_run_progressbar.set_visible(false);
     if (batch && current_desktop != nullptr)
@@ -258,7 +248,7 @@ void TTilverra_project_form::view_output_button_onclick() {
 }
 
 void TTilverra_project_form::opt_C_seq_view_results_buttonClick() {
-    if (has_project())
+    if (has_project() && workspace_->need_project_directory())
         run_with_file(suite_directory->get_tilverra_directory().get_carbon_sequestration_viewer_exe(),
                       project_file(), "");
 }
@@ -276,7 +266,6 @@ void TTilverra_project_form::reset_scenario_button_onclick() {
     TFileCheckListBox& list = *current_scenarios_listbox;
     if (!has_project() || list.count() == 0 || !workspace_->need_project_directory())
         return;
-    workspace_->enter_project_folder();
     TESK::Smart_file_name source;
     source = std::string(project_parameters->active_scenario);
     source.qualify();
@@ -313,10 +302,7 @@ bool TTilverra_project_form::ask_for_output_of_active() {
 // True when a comparison ran; the flag comes back false when none can run.
 bool TTilverra_project_form::compare_with(const std::string& other, bool& active_has_output) {
     active_has_output = ask_for_output_of_active();
-    if (!active_has_output || compare_scenarios(*workspace_, other) != Comparison_outcome::compared)
-        return false;
-    list_comparisons_again();
-    return true;
+    return active_has_output && compare_scenarios(*workspace_, other) == Comparison_outcome::compared;
 }
 
 void TTilverra_project_form::list_comparisons_again() {
@@ -329,7 +315,6 @@ void TTilverra_project_form::list_comparisons_again() {
 bool TTilverra_project_form::active_scenario_is_there() {
     if (!workspace_->need_project_directory())
         return false;
-    workspace_->enter_project_folder();
     if (workspace_->active_scenario_exists())
         return true;
     message_box("The active scenario has not been selected or does not exist", "Active scenario not found",
@@ -342,24 +327,27 @@ void TTilverra_project_form::button_compare_project_scenariosClick() {
         return;
     TFileCheckListBox& list = *current_scenarios_listbox;
     begin_progress();
+    last_save_ = Save_outcome::saved; // what was given up before does not count here
+    bool goes_on = true;
     bool active_has_output = true;
     int compared = 0;
-    for (int i = 0; i < list.count(); ++i) {
+    for (int i = 0; goes_on && i < list.count(); ++i) {
         if (list.checked(i) && active_has_output) {
             list.set_item_index(i);
             compared += compare_with(scenario_of_line(i), active_has_output) ? 1 : 0;
-            list.set_checked(i, false);
             if (was_cancelled())
                 break;
+            list.set_checked(i, false);
         }
         scenarios.sim_run_progressbar.step();
-        if (!process_messages())
-            break;
+        goes_on = process_messages();
     }
-    if (compared == 0)
+    if (compared > 0)
+        list_comparisons_again();
+    if (compared == 0 && goes_on && !was_cancelled())
         message_box("To compare scenarios, you must select scenarios to compare (click check boxes)",
                     "No scenarios selected to compare", Button_set::ok_cancel);
-    else
+    else if (compared > 0)
         project_pagecontrol.set_active_page(comparisons.tabsheet_scenario_comparison);
     scenarios.sim_run_progressbar.set_visible(false);
 }
@@ -368,7 +356,8 @@ void TTilverra_project_form::button_compare_other_scenarioClick() {
     if (!has_project() || !active_scenario_is_there() || !TVN_filedialog.execute())
         return;
     bool active_has_output = true;
-    compare_with(record_text(TVN_filedialog.file_name), active_has_output);
+    if (compare_with(record_text(TVN_filedialog.file_name), active_has_output))
+        list_comparisons_again();
     project_pagecontrol.set_active_page(comparisons.tabsheet_scenario_comparison);
 }
 
@@ -381,7 +370,8 @@ void TTilverra_project_form::comparison_button_view_outputClick() {
     if (!has_project() || !workspace_->need_project_directory())
         return;
     const TCheckListBox& list = comparisons.comparisons_checklistbox;
-    for (int i = 0; i < list.count(); ++i)
+    last_save_ = Save_outcome::saved;
+    for (int i = 0; i < list.count() && !was_cancelled(); ++i)
         if (list.checked(i))
             view_comparison(*workspace_, record_text(list.line(i).text));
 }
@@ -391,7 +381,6 @@ void TTilverra_project_form::comparison_button_view_outputClick() {
 void TTilverra_project_form::combinatorial_scenario_generation_buttonClick() {
     if (!has_project() || !workspace_->need_project_directory())
         return;
-    workspace_->enter_project_folder();
     scenarios.tabsheet_generated_scenarios.set_visible(true);
     scenarios.pagecontrol_scenarios.set_active_page(scenarios.tabsheet_generated_scenarios);
     project_pagecontrol.set_active_page(scenarios.scenarios_tabsheet);

@@ -1,0 +1,260 @@
+#include "project_support.h"
+
+#include <functional>
+
+namespace {
+
+constexpr const char* delete_question =
+    "Delete the selected files completely ([No] will move file to recycle bin)";
+constexpr const char* no_name = "To create a new scenario, first enter the new scenario name";
+constexpr const char* nothing_compared =
+    "To compare scenarios, you must select scenarios to compare (click check boxes)";
+
+class Hazards : public Project_test {
+protected:
+    TFileCheckListBox& generated() { return form.scenarios.generated_scenarios_filelistbox; }
+    void open_with(const char* active) {
+        open();
+        record->active_scenario = active;
+        form.Update();
+    }
+};
+
+TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_is_typed) {
+    struct Case {
+        const char* typed;
+        const char* made; // null for the message that a name is wanted
+    };
+    const Case cases[] = {
+        {"wheat 1.5", "wheat 1.5.tvn"},
+        {"..\\ma\"i*ze", "..maize.tvn"},
+        {"C:\\x/y", "Cxy.tvn"},
+        {"\xD0\xBF 7", " 7.tvn"},
+        {"\xD0\xBF", nullptr},
+        {"..", nullptr},
+        {" . ", nullptr},
+    };
+    open();
+    TEdit& name_edit = form.scenarios.edit_new_scenario_name;
+    for (const char* active : {"Scenarios\\base.tvn", "<Currently not selected>", "", "Scenarios\\base"}) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(std::string(active) + " and " + c.typed);
+            record->active_scenario = active;
+            name_edit.bring_to_front();
+            name_edit.set_text("");
+            EXPECT_TRUE(name_edit.type_text(c.typed));
+            if (c.made == nullptr)
+                desktop.expect_message("", no_name);
+            EXPECT_TRUE(press(form.scenarios.scenario_create_button));
+            EXPECT_EQ(record->active_scenario,
+                      c.made == nullptr ? active : std::string("C:\\projects\\study\\Scenarios\\") + c.made);
+        }
+    }
+    EXPECT_EQ(new_scenario_name("..\\..\\evil"), "evil");
+    EXPECT_EQ(new_scenario_name("x\\.."), "");
+}
+
+TEST_F(Hazards, deleting_a_scenario_whose_name_is_of_points_takes_no_folder_with_it) {
+    for (const char* file : {"..tvn", "...tvn", ". .tvn", " .tvn", ".tvn"})
+        drives.write(std::string("projects/study/Scenarios/") + file, "x");
+    drives.write("projects/study/Scenarios/dry/Output/season.xeb", "x");
+    open();
+    for (int i = 0; i < created().count() && created().line(i).text != "base.tvn"; ++i)
+        created().set_checked(i, true);
+    EXPECT_EQ(created().checked_count(), 5);
+    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+    EXPECT_TRUE(there("projects/study/Scenarios/dry/Output/season.xeb"));
+}
+
+TEST_F(Hazards, without_an_active_scenario_nothing_is_made_and_what_needs_one_says_so) {
+    for (const char* active : {"<Currently not selected>", ""}) {
+        SCOPED_TRACE(active);
+        open_with(active);
+        EXPECT_FALSE(form.scenarios.senerios_run_button.usable());
+        EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::cross);
+        form.active_scenario_editbar_set_to_scenarios_dir();
+        desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+        EXPECT_TRUE(press(form.scenarios.view_output_button));
+        desktop.expect_message("Active scenario not found",
+                               "The active scenario has not been selected or does not exist");
+        EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+        desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+        EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+        EXPECT_EQ(record->active_scenario, active);
+        EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+        EXPECT_FALSE(there("projects/study/Output") || there("projects/study/Scenarios/Output"));
+    }
+    // What is checked runs all the same.
+    EXPECT_TRUE(press(form.scenarios.scenerios_select_all_button));
+    form.scenarios.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.senerios_run_button.usable());
+}
+
+TEST_F(Hazards, a_generated_scenario_is_run_by_its_check_mark) {
+    copy_data("base.tvn", "projects/study/Generated_scenarios/00001.tvn");
+    open();
+    form.scenarios.pagecontrol_scenarios.select_page(form.scenarios.tabsheet_generated_scenarios);
+    EXPECT_TRUE(generated().select(0));
+    EXPECT_TRUE(generated().check(0));
+    form.scenarios.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_NE(started().find("\"C:\\projects\\study\\Generated_scenarios\\00001.tvn\""), std::string::npos);
+}
+
+TEST_F(Hazards, the_delete_key_in_an_empty_list_asks_and_deletes_nothing) {
+    std::filesystem::remove_all(drives.host("projects/study/Scenarios"));
+    drives.write("projects/study/Scenarios/gone/Output/season.xeb", "x");
+    open_with("Scenarios\\gone.tvn");
+    EXPECT_EQ(created().count(), 0);
+    created().focus();
+    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    EXPECT_TRUE(created().key(key(Key_code::del)));
+    EXPECT_TRUE(there("projects/study/Scenarios/gone/Output/season.xeb"));
+}
+
+TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_the_current_folder) {
+    struct Case {
+        const char* what;
+        std::function<void()> operation;
+    };
+    const Case cases[] = {
+        {"create",
+         [this] {
+             form.scenarios.edit_new_scenario_name.set_text("first");
+             form.scenario_create_button_onclick();
+         }},
+        {"open", [this] { form.scenario_open_active_button_onclick(); }},
+        {"open other",
+         [this] {
+             desktop.expect_file_dialog("Simulation scenario", {"C:\\projects\\study\\Scenarios\\dry.tvn"});
+             form.scenario_open_other_onclick();
+         }},
+        {"import",
+         [this] {
+             copy_data("version3.sim", "old/maize.sim");
+             desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
+                                        {"C:\\old\\maize.sim"});
+             form.scenario_open_SIM_onclick();
+         }},
+        {"delete",
+         [this] {
+             desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+             form.scenario_delete_button_onclick();
+         }},
+        {"explore", [this] { form.explore_scenarios_buttonClick(); }},
+        {"relist", [this] { form.relist_scenarios_button_onclick(); }},
+        {"cursor", [this] { form.created_scenarios_listbox_onchange(); }},
+        {"run", [this] { form.senerios_run_button_onclick(); }},
+        {"view output",
+         [this] {
+             desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+             form.view_output_button_onclick();
+         }},
+        {"compare",
+         [this] {
+             desktop.expect_message("Active scenario not found",
+                                    "The active scenario has not been selected or does not exist");
+             form.button_compare_project_scenariosClick();
+         }},
+        {"view comparison", [this] { form.comparison_button_view_outputClick(); }},
+        {"project database", [this] { form.open_project_database(); }},
+        {"view results", [this] { form.opt_C_seq_view_results_buttonClick(); }},
+        {"reset", [this] { form.reset_scenario_button_onclick(); }},
+    };
+    std::filesystem::create_directories(drives.host("elsewhere"));
+    std::string file;
+    int number = 0;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        platform::change_directory("C:\\elsewhere");
+        file = "C:\\projects\\fresh" + std::to_string(++number) + ".tvp";
+        open(file);
+        record->active_scenario = "Scenarios\\default.tvn";
+        started();
+        c.operation();
+        EXPECT_TRUE(std::filesystem::is_empty(drives.host("elsewhere")));
+        EXPECT_EQ(started().find("\"\""), std::string::npos);
+    }
+}
+
+TEST_F(Hazards, where_the_folder_of_scenarios_cannot_be_made_nothing_is_lost_and_nothing_is_made) {
+    std::filesystem::remove_all(drives.host("projects/study"));
+    drives.write("projects/study", "not a folder");
+    open_with("Scenarios\\base.tvn");
+    form.scenarios.edit_new_scenario_name.set_text("first");
+    form.scenarios.checkbox_copy_active_scenario.set_checked(true);
+    form.scenario_create_button_onclick();
+    form.relist_scenarios_button_onclick();
+    form.explore_scenarios_buttonClick();
+    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    form.scenario_delete_button_onclick();
+    form.senerios_run_button_onclick();
+    EXPECT_EQ(drives.read("projects/study"), "not a folder");
+    EXPECT_FALSE(there("projects/Scenarios"));
+}
+
+TEST_F(Hazards, a_damaged_polygon_table_gives_the_attributes_that_can_be_read) {
+    copy_data("fields.dbf", "projects/study/whole.dbf");
+    const std::string whole = drives.read("projects/study/whole.dbf");
+    open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
+    const auto attributes_of = [this](const std::string& contents) {
+        drives.write("projects/study/fields.dbf", contents);
+        record->GIS_parameters.coverage_PAT_filename = "fields.dbf";
+        form.GIS_coverage_filebar_onchange();
+        EXPECT_TRUE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
+        return form.GIS.GIS_soil_combo.items().size();
+    };
+    const std::size_t all = attributes_of(whole);
+    EXPECT_GT(all, 1u);
+    EXPECT_EQ(attributes_of(whole.substr(0, 64)), 1u);
+    for (const std::size_t length : {0u, 1u, 31u, 33u})
+        EXPECT_EQ(attributes_of(whole.substr(0, length)), 0u);
+    EXPECT_LE(attributes_of(std::string(100, '\xFF')), 2u);
+    EXPECT_EQ(attributes_of(whole), all);
+}
+
+TEST_F(Hazards, tables_that_a_run_left_meanwhile_are_seen_when_their_page_is_shown) {
+    drives.write("projects/study/GIS/first.dbf");
+    open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
+    EXPECT_EQ(lines(form.GIS.GIS_tally_shellistview), "first.dbf;");
+    drives.write("projects/study/GIS/second.dbf");
+    form.GIS.GIS_tally_shellistview.bring_to_front();
+    EXPECT_EQ(lines(form.GIS.GIS_tally_shellistview), "first.dbf;second.dbf;");
+}
+
+TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_not_for_an_earlier_save) {
+    for (const char* scenario : {"base", "wet"})
+        drives.write(std::string("projects/study/Scenarios/") + scenario + "/Output/season.xeb", "x");
+    open_with("Scenarios\\base.tvn");
+    form.senerios_select_all_button_onclick();
+    desktop.closing = true;
+    form.button_compare_project_scenariosClick();
+    EXPECT_EQ(started(), "");
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
+    EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
+    desktop.closing = false;
+
+    std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_read);
+    const auto expect_failure = [this] {
+        desktop.expect_message(
+            "Unable to save",
+            "Unable to save to parameter file (check that the file is not marked as read only)",
+            Modal_result::abort);
+    };
+    expect_failure();
+    form.scenario_open_active_button_onclick();
+    expect_failure(); // once, at the first of them that has something to compare
+    form.button_compare_project_scenariosClick();
+    EXPECT_EQ(started(), "");
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn*;");
+    std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_all);
+    form.button_compare_project_scenariosClick();
+    EXPECT_NE(started().find("base vs wet"), std::string::npos);
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+    desktop.expect_message("No scenarios selected to compare", nothing_compared);
+    form.button_compare_project_scenariosClick();
+}
+
+} // namespace

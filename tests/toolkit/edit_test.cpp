@@ -90,6 +90,10 @@ TEST(Edit, takes_a_line_break_as_a_blank_and_a_memo_as_one_kind_of_break) {
     EXPECT_EQ(memo.line_count(), 3);
     memo.append_line("d");
     EXPECT_EQ(memo.text(), "a\nb\nc\nd\n");
+    memo.append_line("e\r\nf");
+    EXPECT_EQ(memo.text(), "a\nb\nc\nd\ne\nf\n");
+    EXPECT_EQ(memo.caret(), 12);
+    EXPECT_FALSE(memo.modified());
 }
 
 TEST(Edit, erases_and_moves_by_keys) {

@@ -122,6 +122,12 @@ TEST_F(Workspace, the_tally_lists_bind_the_words_of_the_line_chosen) {
     EXPECT_TRUE(lists.prob_5.check(0));
     EXPECT_EQ(record->growing_season_tally.statistics[7] & 0x200U, 0x200U);
     EXPECT_EQ(record->growing_season_tally.prob5[7] & 1U, 1U);
+    auto& annual = form.tallies.annual;
+    annual.variables.bring_to_front();
+    EXPECT_TRUE(annual.variables.select(41));
+    EXPECT_TRUE(annual.prob_10.check(1));
+    EXPECT_EQ(record->annual_tally.prob10[41] & 2U, 2U);
+    EXPECT_EQ(lists.variables.line(7).text, "<This variable is not talliable>");
 }
 
 TEST_F(Workspace, saving_under_another_name_moves_the_lists_to_the_new_project) {

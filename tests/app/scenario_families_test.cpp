@@ -1,187 +1,122 @@
 #include "project_support.h"
 
-#include <algorithm>
-
 namespace {
 
-std::string section(const std::string& name, const std::string& entries) {
-    return '[' + name + "]\r\n" + entries;
-}
-
-// A text without the sections of these names, and those sections alone.
-std::string part_of(const std::string& text, const std::vector<std::string>& names, bool those) {
-    std::string result;
-    for (std::size_t start = text.find('['); start < text.size();) {
-        std::size_t end = text.find("\n[", start);
-        end = end == std::string::npos ? text.size() : end + 1;
-        const std::string name = text.substr(start + 1, text.find(']', start) - start - 1);
-        if ((std::find(names.begin(), names.end(), name) != names.end()) == those)
-            result += text.substr(start, end - start);
-        start = end;
-    }
-    return result;
-}
+constexpr std::size_t soil_water_box = 3;
 
 class Reset : public Project_test {
 protected:
-    void tick(std::initializer_list<std::size_t> boxes) {
-        for (std::size_t box : boxes) {
-            form.scenarios.reset_checkboxes[box]->bring_to_front();
-            form.scenarios.reset_checkboxes[box]->check();
-        }
+    // Opens the project with one scenario active, and the box of the soil water ticked.
+    void open_with_active(const char* file) {
+        open();
+        record->active_scenario = file;
+        form.Update();
+        form.scenarios.reset_checkboxes[soil_water_box]->bring_to_front();
+        EXPECT_TRUE(form.scenarios.reset_checkboxes[soil_water_box]->check());
     }
-    void reset() {
-        form.senerios_select_all_button_onclick();
-        EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
+    void write_scenario(const std::string& path, const std::string& text) const {
+        drives.write("projects/study/" + path + ".tvn", text);
     }
-    std::string scenario(const std::string& scenario_name) const {
-        return drives.read("projects/study/Scenarios/" + scenario_name + ".tvn");
+    std::string scenario(const std::string& path) const {
+        return drives.read("projects/study/" + path + ".tvn");
     }
-    void write_scenario(const std::string& scenario_name, const std::string& text) const {
-        drives.write("projects/study/Scenarios/" + scenario_name + ".tvn", text);
+    bool is_reset(const std::string& path) const {
+        return scenario(path).find("from the source=1\r\n") != std::string::npos;
     }
 };
 
-constexpr std::size_t soil_water_box = 3;
-constexpr std::size_t crop_box = 12;
+TEST_F(Reset, the_checked_scenarios_are_written_but_for_the_active_one) {
+    const std::string source = "[H2O]\nfrom the source=1\n[salt]\n1=5\n";
+    write_scenario("Scenarios/base", source);
+    write_scenario("Scenarios/wet", "[H2O]\n1=0.5\n");
+    open_with_active("Scenarios\\base.tvn");
+    created().bring_to_front();
+    for (const char* line : {"base.tvn", "dry.tvn"})
+        EXPECT_TRUE(created().check(created().index_of(line)));
+    EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
 
-TEST_F(Reset, sections_move_to_the_end_and_all_else_stays_as_a_save_writes_it) {
-    const std::string source = "C:\\projects\\study\\Scenarios\\base.tvn";
-    write_scenario("dry", drives.read("projects/study/Scenarios/base.tvn") +
-                              section("mine", "kept=1\r\nkept too\r\n") + section("H2O", "stray=7\r\n"));
-    open();
-    record->active_scenario = "Scenarios\\base.tvn";
-    form.Update();
-    reset(); // nothing ticked: the files are only rewritten
-    const std::string rewritten = scenario("dry");
-    EXPECT_NE(rewritten.find("[mine]\r\nkept=1\r\n"), std::string::npos);
-    EXPECT_NE(rewritten.find("stray=7\r\n"), std::string::npos);
-    EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
+    EXPECT_EQ(scenario("Scenarios/base"), source);
+    EXPECT_TRUE(is_reset("Scenarios/dry"));
+    EXPECT_EQ(scenario("Scenarios/wet"), "[H2O]\n1=0.5\n");
+    EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn;");
+    EXPECT_EQ(record->active_scenario, "Scenarios\\base.tvn");
+    EXPECT_EQ(form.scenarios.sim_run_progressbar.position(), 3);
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
-
-    const std::string base_before = scenario("base");
-    std::string changed = base_before;
-    changed.insert(changed.find("[H2O]\r\n") + 7, "from the source=1\r\n");
-    write_scenario("base", changed);
-    tick({soil_water_box, crop_box});
-    reset();
-    const std::string result = scenario("dry");
-    const std::vector<std::string> copied = {"H2O"}; // the source has no section "salt"
-    EXPECT_EQ(part_of(result, copied, false), part_of(rewritten, copied, false));
-    EXPECT_EQ(result.find("[H2O]"), part_of(result, copied, false).size());
-    EXPECT_NE(part_of(result, {"H2O"}, true).find("from the source=1\r\n"), std::string::npos);
-    EXPECT_EQ(result.find("stray=7"), std::string::npos);
-    EXPECT_EQ(scenario("base"), changed); // the active scenario is not written
+    EXPECT_EQ(desktop.messages_processed(), 0);
+    EXPECT_EQ(started(), "");
+    EXPECT_FALSE(there("projects/study/Scenarios/dry"));
 }
 
-TEST_F(Reset, an_unreadable_target_stays_and_generated_scenarios_lie_in_their_own_folder) {
-    std::filesystem::remove(drives.host("projects/study/Scenarios/dry.tvn"));
-    std::filesystem::create_directory(drives.host("projects/study/Scenarios/dry.tvn"));
-    copy_data("base.tvn", "projects/study/Generated_scenarios/00001.tvn");
-    write_scenario("base", section("H2O", "x=1\r\n"));
-    open();
-    record->active_scenario = "Scenarios\\base.tvn";
-    form.Update();
-    tick({soil_water_box});
+TEST_F(Reset, generated_scenarios_lie_in_their_own_folder_and_the_actives_name_is_passed_over_there_too) {
+    write_scenario("Scenarios/00002", "[H2O]\nfrom the source=1\n");
+    for (const char* number : {"00001", "00002"})
+        write_scenario(std::string("Generated_scenarios/") + number, "[H2O]\n1=0.5\n");
+    write_scenario("Scenarios/00001", "[H2O]\n1=0.5\n");
+    open_with_active("Scenarios\\00002.tvn");
     EXPECT_TRUE(
         form.scenarios.pagecontrol_scenarios.select_page(form.scenarios.tabsheet_generated_scenarios));
     form.senerios_select_all_button_onclick();
     EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
-    EXPECT_NE(drives.read("projects/study/Generated_scenarios/00001.tvn").find("x=1\r\n"), std::string::npos);
-    EXPECT_TRUE(std::filesystem::is_directory(drives.host("projects/study/Scenarios/dry.tvn")));
+    EXPECT_TRUE(is_reset("Generated_scenarios/00001"));
+    EXPECT_EQ(scenario("Generated_scenarios/00002"), "[H2O]\n1=0.5\n");
+    EXPECT_EQ(scenario("Scenarios/00001"), "[H2O]\n1=0.5\n");
 }
 
 class Generation : public Project_test {
 protected:
-    static constexpr const char* title = "Scenarios have been generated";
-    static constexpr const char* told =
-        "The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]";
-
-    void open_with_template() {
+    Generation() {
+        for (const char* file : {"clay.sil", "loam.sil"})
+            drives.write(std::string("projects/study/Database/Soil/") + file);
+        drives.write("projects/study/Generated_scenarios/00009.tvn");
+    }
+    void generate() {
         open();
         record->template_scenario = "Scenarios\\base.tvn";
         form.Update();
+        desktop.expect_message(
+            "Scenarios have been generated",
+            "The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]");
+        EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
+        EXPECT_TRUE(desktop.script_done());
+        EXPECT_EQ(form.scenarios.pagecontrol_scenarios.active_page(),
+                  &form.scenarios.tabsheet_generated_scenarios);
+        EXPECT_EQ(form.project_pagecontrol.active_page(), &form.scenarios.scenarios_tabsheet);
     }
-    void database(const std::string& path, const std::string& text = "") const {
-        drives.write("projects/study/Database/" + path, text);
-    }
-    std::string generated(const std::string& number) const {
-        return drives.read("projects/study/Generated_scenarios/" + number + ".tvn");
-    }
-    static std::string value(const std::string& text, const std::string& key) {
-        const std::size_t start = text.find("\n" + key + "=") + key.size() + 2;
-        return text.substr(start, text.find('\r', start) - start);
-    }
-    // What lies directly in the project's folder.
-    std::string project_folder() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(drives.host("projects/study")))
-            names.push_back(entry.path().filename());
-        std::sort(names.begin(), names.end());
-        std::string text;
-        for (const std::string& one : names)
-            text += one + ";";
-        return text;
-    }
+    TFileCheckListBox& generated() { return form.scenarios.generated_scenarios_filelistbox; }
 };
 
-TEST_F(Generation, an_empty_database_gives_one_scenario_with_the_templates_own_files) {
-    open_with_template();
-    desktop.expect_message(title, told);
-    EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
-    EXPECT_EQ(lines(form.scenarios.generated_scenarios_filelistbox), "00001.tvn;");
-    EXPECT_EQ(form.scenarios.pagecontrol_scenarios.active_page(),
-              &form.scenarios.tabsheet_generated_scenarios);
-    EXPECT_EQ(form.project_pagecontrol.active_page(), &form.scenarios.scenarios_tabsheet);
-    const std::string base = drives.read("projects/study/Scenarios/base.tvn");
-    for (const char* key : {"soil", "weather_database", "rotation", "description"})
-        EXPECT_EQ(value(generated("00001"), key), value(base, key)) << key;
+TEST_F(Generation, the_list_grows_while_it_works_and_is_listed_anew_afterwards) {
+    std::vector<std::string> seen;
+    desktop.on_process_messages = [&] { seen.push_back(lines(generated())); };
+    generate();
+    EXPECT_EQ(seen, (std::vector<std::string>{"00009.tvn;00001.tvn;", "00009.tvn;00001.tvn;00002.tvn;"}));
+    EXPECT_EQ(lines(generated()), "00001.tvn;00002.tvn;00009.tvn;");
 }
 
-TEST_F(Generation, the_last_kind_of_file_varies_fastest_and_tells_its_name) {
-    for (const char* path : {"Soil/clay.sil", "Soil/loam.SIL", "Weather/east.XEB", "Rotation/wheat.rot",
-                             "Rotation/fallow.rot", "Rotation/readme.txt"})
-        database(path);
-    drives.write("projects/study/Generated_scenarios/00002.tvn", "old");
-    drives.write("projects/study/Generated_scenarios/00009.tvn", "old");
-    open_with_template();
-    desktop.expect_message(title, told);
-    EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
-    const std::string description = value(drives.read("projects/study/Scenarios/base.tvn"), "description");
-    struct Case {
-        const char* number;
-        const char* soil;
-        const char* rotation;
-    };
-    const Case cases[] = {{"00001", "clay.sil", "fallow.rot"},
-                          {"00002", "clay.sil", "wheat.rot"},
-                          {"00003", "loam.SIL", "fallow.rot"},
-                          {"00004", "loam.SIL", "wheat.rot"}};
-    for (const Case& c : cases) {
-        const std::string text = generated(c.number);
-        EXPECT_EQ(value(text, "soil"), std::string("C:\\projects\\study\\Database\\Soil\\") + c.soil);
-        EXPECT_EQ(value(text, "rotation"),
-                  std::string("C:\\projects\\study\\Database\\Rotation\\") + c.rotation);
-        EXPECT_EQ(value(text, "description"), description + " " + c.soil + " east.XEB " + c.rotation);
-    }
-    EXPECT_EQ(lines(form.scenarios.generated_scenarios_filelistbox),
-              "00001.tvn;00002.tvn;00003.tvn;00004.tvn;00009.tvn;");
-    EXPECT_EQ(generated("00009"), "old");
-}
-
-TEST_F(Generation, a_user_who_closes_the_window_stops_it_and_no_working_file_is_left) {
-    for (int i = 0; i < 20; ++i)
-        database("Soil/" + std::to_string(i) + ".sil");
-    database("initialization/x/a.TVS_init", "[H2O]\r\n");
-    database("initialization/y/b.TVS_init", "[H2O]\r\n");
-    open_with_template();
-    std::filesystem::create_directory(drives.host("projects/study/Generated_scenarios"));
-    const std::string before = project_folder();
+TEST_F(Generation, a_user_who_closes_the_window_stops_it) {
     desktop.closing = true;
-    desktop.expect_message(title, told);
-    EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
-    EXPECT_EQ(project_folder(), before);
-    EXPECT_EQ(form.scenarios.generated_scenarios_filelistbox.count(), 0);
+    generate();
+    EXPECT_EQ(lines(generated()), "00009.tvn;");
+}
+
+TEST_F(Project_test, the_number_of_scenarios_of_an_optimization_follows_the_bar_that_is_left) {
+    open();
+    Optimization_page& page = form.optimization;
+    const auto shown = [&] { return page.carbon_seq_scenario_count_output.text(); };
+    record->carbon_sequestration.max_plots = 1;
+    record->carbon_sequestration.min_stocking_rate = 100;
+    record->carbon_sequestration.max_stocking_rate = 500;
+    record->carbon_sequestration.step_stocking_rate = 100;
+    form.Update();
+    EXPECT_EQ(shown(), "5");
+    EXPECT_TRUE(press(form.options.show_optimization_model_button));
+    TAutoInt16Edit& step = page.opt_C_seq_step_herdsize_editbar.edit_field;
+    step.bring_to_front();
+    step.select_all();
+    EXPECT_TRUE(step.type_text("200"));
+    EXPECT_EQ(shown(), "5");
+    parameter_form.leave_focus();
+    EXPECT_EQ(shown(), "3");
 }
 
 } // namespace

@@ -3,7 +3,9 @@
 // page.
 //
 //     journey pages FOLDER PROGRAM PROJECT [TYPE]   opens a project and takes the pictures
-//     journey work FOLDER PROGRAM PROJECT           works on the example project, too
+//     journey work FOLDER PROGRAM PROJECT           works on the example project, too: on its scenarios
+//     first,
+//                                                   then over its map, with pictures in FOLDER/GIS
 #include "app/entry.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/bound_control.h"
@@ -28,16 +30,22 @@ namespace {
 // The desktop of the journey: the window is drawn, and what a user would be asked is answered and printed.
 class Journey_desktop : public Qt_desktop {
 public:
-    Journey_desktop(QString folder, bool works)
-        : Qt_desktop(host_functions()), folder_(std::move(folder)), works_(works) {}
+    enum class Work { none, scenarios, map };
+
+    // An empty folder takes no pictures.
+    Journey_desktop(QString folder, Work work)
+        : Qt_desktop(host_functions()), folder_(std::move(folder)), work_(work) {}
 
     void run(TForm& main_form) override {
         form_ = &main_form;
         main_form.show();
         QApplication::processEvents();
-        if (works_)
-            work();
-        take_pages(main_form, "");
+        if (work_ == Work::scenarios)
+            work_on_scenarios();
+        if (work_ == Work::map)
+            work_on_map();
+        if (!folder_.isEmpty())
+            take_pages(main_form, "");
         main_form.close();
     }
 
@@ -89,10 +97,14 @@ private:
         printed_ = history.size();
     }
 
-    // The project's folder, by the folder that its scenarios are listed from.
     std::string scenarios_folder() {
         return record_text(
             static_cast<TFileListBox*>(form_->find("created_scenarios_filelistbox"))->folder());
+    }
+    // The project's folder, by the folder that its scenarios are listed from.
+    std::string project_folder() {
+        const std::string folder = scenarios_folder();
+        return folder.substr(0, folder.rfind('\\'));
     }
     // Waits a while for a file, which another program writes.
     void await(const std::string& file) {
@@ -100,6 +112,15 @@ private:
         for (int i = 0; i < longest && !platform::is_file(file); ++i)
             QThread::msleep(100);
         std::cout << "  came of it: " << (platform::is_file(file) ? "" : "no ") << screen_text(file) << '\n';
+    }
+
+    // The section of a scenario's file.
+    std::string soil_water(const std::string& scenario) {
+        constexpr std::size_t largest = std::size_t{1} << 20;
+        const std::string file = scenarios_folder() + '\\' + record_text(scenario);
+        const std::string text = platform::read_file(file, largest).contents;
+        const std::size_t start = text.find("[H2O]");
+        return start == std::string::npos ? "" : text.substr(start, text.find("\n[", start) - start);
     }
 
     void check(const char* list, const std::vector<std::string>& lines) {
@@ -113,7 +134,7 @@ private:
         box.select(box.index_of(scenario));
     }
 
-    void work() {
+    void work_on_scenarios() {
         auto& list = control<TListBox>("created_scenarios_filelistbox");
         if (list.count() < 3)
             throw std::runtime_error("the example project has too few scenarios");
@@ -153,6 +174,10 @@ private:
         press("reset_scenario_button");
         control<TCheckBox>("reset_soil_profile_checkbox").check(false);
         press("scenerios_select_none_button");
+        for (const std::string& name : {second, third})
+            std::cout << "  came of it: " << name << " has "
+                      << (soil_water(name) == soil_water("my own.tvn") ? "the same" : "another")
+                      << " soil water\n";
 
         step("All combinations of the project's parameter files");
         press("combinatorial_scenario_generation_button");
@@ -160,6 +185,32 @@ private:
         std::cout << "  came of it: " << generated.count() << " scenarios\n";
         control<TListBox>("created_scenarios_filelistbox");
         select("my own.tvn");
+
+        step("The means of the yields are to be tallied");
+        choose_tallies();
+
+        step("An optimization of grazing");
+        press("show_optimization_model_button");
+        std::cout << "  to be run: " << control<TEdit>("carbon_seq_scenario_count_output").text()
+                  << " scenarios\n";
+        press("run_button");
+        await(project_folder() + "\\Carbon_sequestration_optimization\\optimization.xeb");
+        press("opt_C_seq_view_results");
+    }
+
+    void choose_tallies() {
+        for (const char* list : {"GIS_GS_variable_listbox", "GIS_annl_variable_listbox"}) {
+            auto& variables = control<TListBox>(list);
+            variables.select(variables.index_of("Yield"));
+        }
+        control<TCheckListBox>("GIS_GS_stats_bitcheckbox").check(2);
+    }
+
+    void work_on_map() {
+        step("The project once more, as one of type GIS: a run over its map");
+        press("run_button");
+        await(project_folder() + "\\GIS\\GIS_scenarios.dbf");
+        await(project_folder() + "\\GIS\\aggregation\\soils.dbf");
     }
 
     // A picture of each page below a control that can come to the front, pages within pages too.
@@ -172,7 +223,7 @@ private:
             for (TControl* page : inner.children()) {
                 if (!page->visible() || !page->enabled())
                     continue;
-                static_cast<TPageControl&>(inner).set_active_page(static_cast<TTabSheet&>(*page));
+                static_cast<TPageControl&>(inner).select_page(static_cast<TTabSheet&>(*page));
                 take_pages(*page,
                            prefix + (prefix.isEmpty() ? "" : ", ") + QString::fromStdString(page->text()));
             }
@@ -186,7 +237,7 @@ private:
     static void restore_first(TPageControl& pages) {
         for (TControl* page : pages.children()) {
             if (page->visible()) {
-                pages.set_active_page(static_cast<TTabSheet&>(*page));
+                pages.select_page(static_cast<TTabSheet&>(*page));
                 return;
             }
         }
@@ -201,7 +252,7 @@ private:
     }
 
     void take(QString name) {
-        constexpr int longest_name = 80;
+        constexpr int longest_name = 150;
         QApplication::processEvents();
         for (QChar& c : name)
             c = c.isLetterOrNumber() ? c.toLower() : QChar('_');
@@ -211,10 +262,19 @@ private:
     }
 
     QString folder_;
-    bool works_;
+    Work work_;
     TForm* form_ = nullptr;
     std::size_t printed_ = 0;
 };
+
+// Opens the project in the program, until its window is closed.
+int open(const QString& folder, Journey_desktop::Work work, std::vector<std::string> arguments) {
+    if (!folder.isEmpty())
+        QDir().mkpath(folder);
+    Program_services services;
+    services.make_desktop = [&] { return std::make_unique<Journey_desktop>(folder, work); };
+    return run_program(arguments, services, std::cerr);
+}
 
 } // namespace
 
@@ -226,9 +286,15 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     std::cout << std::unitbuf;
     const QApplication application(argc, argv);
-    const bool works = std::string(argv[1]) == "work";
-    QDir().mkpath(argv[2]);
-    Program_services services;
-    services.make_desktop = [&] { return std::make_unique<Journey_desktop>(argv[2], works); };
-    return run_program({argv + 3, argv + argc}, services, std::cerr);
+    using Work = Journey_desktop::Work;
+    const QString folder = argv[2];
+    const std::vector<std::string> project{argv[3], argv[4]};
+    if (std::string(argv[1]) == "pages")
+        return open(folder, Work::none, {argv + 3, argv + argc});
+    const std::vector<std::string> map{argv[3], argv[4], "GIS"};
+    int failed = open(folder, Work::scenarios, project);
+    // What a run over the map left is shown when the project is opened the next time.
+    failed |= open("", Work::map, map);
+    failed |= open(folder + "/GIS", Work::none, map);
+    return failed;
 }

@@ -4,6 +4,9 @@
 //
 //     journey pages FOLDER PROGRAM PROJECT [TYPE]   opens a project and takes the pictures
 //     journey work FOLDER PROGRAM PROJECT           works on the example project, too
+//
+// The environment variable TVS_JOURNEY_LANGUAGE may name a language as the Translation page does ("Spanish"):
+// it is chosen there first.
 #include "app/entry.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/bound_control.h"
@@ -14,6 +17,7 @@
 #include "toolkit/edit.h"
 #include "toolkit/file_list_box.h"
 #include "toolkit/page_control.h"
+#include "toolkit/timer.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QThread>
@@ -21,6 +25,7 @@
 #include <QtWidgets/QWidget>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -37,6 +42,8 @@ public:
         QApplication::processEvents();
         if (works_)
             work();
+        if (const char* language = std::getenv("TVS_JOURNEY_LANGUAGE"))
+            choose_language(language);
         take_pages(main_form, "");
         main_form.close();
     }
@@ -57,6 +64,10 @@ public:
     }
     void minimise() override {}
     void restore() override {}
+    void start_timer(TTimer& timer) override {
+        last_timer_ = &timer;
+        Qt_desktop::start_timer(timer);
+    }
 
 private:
     template <class Control>
@@ -162,6 +173,21 @@ private:
         select("my own.tvn");
     }
 
+    void choose_language(const std::string& language) {
+        auto& choice = control<TRadioGroup>("radiogroup_translation_target_language");
+        const auto& items = choice.native_items();
+        last_timer_ = nullptr;
+        choice.select(static_cast<int>(std::find(items.begin(), items.end(), language) - items.begin()));
+        translation_timer_ = last_timer_;
+        if (translation_timer_ == nullptr)
+            std::cout << "  " << language << " cannot be chosen\n";
+    }
+    // All that the program would translate bit by bit in the next seconds.
+    void translate() const {
+        while (translation_timer_ != nullptr && translation_timer_->enabled())
+            translation_timer_->fire();
+    }
+
     // A picture of each page below a control that can come to the front, pages within pages too.
     void take_pages(TControl& within, const QString& prefix) {
         bool any = false;
@@ -173,8 +199,8 @@ private:
                 if (!page->visible() || !page->enabled())
                     continue;
                 static_cast<TPageControl&>(inner).set_active_page(static_cast<TTabSheet&>(*page));
-                take_pages(*page,
-                           prefix + (prefix.isEmpty() ? "" : ", ") + QString::fromStdString(page->text()));
+                take_pages(*page, prefix + (prefix.isEmpty() ? "" : ", ") +
+                                      QString::fromStdString(page->native_text()));
             }
             if (!inner.children().empty())
                 restore_first(static_cast<TPageControl&>(inner));
@@ -202,6 +228,7 @@ private:
 
     void take(QString name) {
         constexpr int longest_name = 80;
+        translate();
         QApplication::processEvents();
         for (QChar& c : name)
             c = c.isLetterOrNumber() ? c.toLower() : QChar('_');
@@ -214,6 +241,8 @@ private:
     bool works_;
     TForm* form_ = nullptr;
     std::size_t printed_ = 0;
+    TTimer* last_timer_ = nullptr;
+    TTimer* translation_timer_ = nullptr;
 };
 
 } // namespace

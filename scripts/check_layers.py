@@ -18,8 +18,12 @@ for folder in order:
     lists = top / "src" / folder / "CMakeLists.txt"
     if not lists.exists():
         continue
-    depends = re.findall(r"DEPENDS\s+([a-z_0-9 \n]+)", lists.read_text())
+    made = lists.read_text()
+    depends = re.findall(r"DEPENDS\s+([a-z_0-9 \n]+)", made)
+    linked = re.findall(r"target_link_libraries\(\w+ (?:PUBLIC|PRIVATE) ([a-z_0-9 \n]+)", made)
     direct = {name for group in depends for name in group.split()}
+    direct -= set(re.findall(r"add_library\((\w+)", made))  # a library that the folder makes beside its own
+    direct |= {name for group in linked for name in group.split()} & set(order)
     for name in sorted(direct - set(order)):
         faults.append(f"src/{folder}/CMakeLists.txt: {name} is no folder of this project")
     for name in sorted(direct & set(order)):

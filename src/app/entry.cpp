@@ -1,5 +1,7 @@
 #include "app/entry.h"
 
+#include "app/database_editor_form.h"
+#include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
 #include "editing/record_folders.h"
 #include "editing/window_translator.h"
@@ -66,10 +68,13 @@ private:
 
 // The forms, in the order in which they are made.
 struct Forms {
-    explicit Forms(const TESK::File_name& program) : parameter_file_form(program) {}
+    Forms(const TESK::File_name& program, File_transfer_client* file_transfer)
+        : parameter_file_form(program), database_editor_form(file_transfer) {}
 
     Tparameter_file_form parameter_file_form;
     TTilverra_project_form project_form;
+    Tnew_name_form_check_used new_name_form;
+    Tdatabase_editor_form database_editor_form;
     Trecent_file_selector_form recent_file_selector_form;
 };
 
@@ -106,7 +111,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     const Folder_source_scope folder_source_scope;
     TESK::Translations_phrases phrases;
     load_program_translations(phrases, *program_directory, *suite_directory);
-    Forms forms(program_file_name);
+    Forms forms(program_file_name, services.file_transfer);
 
     Tilverra_project_type_labeled project_type;
     TVP_filename project_file_name =
@@ -127,6 +132,10 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     editor.file_given = count >= 1;
     editor.other_masks = "*.TVS_project";
     editor.file_selector = &forms.recent_file_selector_form;
+    const TESK::Smart_directory_name& help =
+        program_directory->documentation.get_directory(TESK::Documentation_topic::help);
+    if (help.exists())
+        editor.help_folder = help;
     editor.user_settings_file = &application_data_directory;
     if (phrases.head() != nullptr)
         editor.phrases = &phrases;

@@ -2,6 +2,7 @@
 // end.
 #pragma once
 
+#include "app/file_transfer_client.h"
 #include "toolkit/desktop.h"
 
 #include <functional>
@@ -14,6 +15,8 @@
 struct Program_services {
     // Makes the desktop that the screens appear on; without it they appear on the one in use.
     std::function<std::unique_ptr<Desktop>()> make_desktop;
+    // Null for none; then nothing is downloaded.
+    File_transfer_client* file_transfer = nullptr;
 };
 
 // Runs the program from its start to its end. The arguments are as the host gives them: the program's own

@@ -36,9 +36,17 @@ bool is_well_formed(const std::string& text) {
     return true;
 }
 
-std::string without_carriage_returns(std::string text) {
-    std::erase(text, '\r');
-    return text;
+// Whatever ends a line in the file: a carriage return, a line feed or both.
+std::string without_carriage_returns(const std::string& text) {
+    std::string lines;
+    lines.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r')
+            lines += text[i];
+        else if (i + 1 == text.size() || text[i + 1] != '\n')
+            lines += '\n';
+    }
+    return lines;
 }
 
 std::string with_line_ends(const std::string& text) {

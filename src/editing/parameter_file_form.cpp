@@ -90,6 +90,11 @@ TESK::Smart_file_name named(const TESK::Common_parameters_directory& folder,
     return file;
 }
 
+// Whether a file of that name is possible as far as can be told without writing it.
+bool can_be_written(const std::string& name) {
+    return !name.ends_with('\\') && !platform::is_folder(name) && !platform::is_read_only(name);
+}
+
 std::string quoted(const char* text) {
     return '"' + std::string(text) + "\" ";
 }
@@ -236,6 +241,7 @@ void Tparameter_file_form::wire() {
     button_edit_details_HTML.on_click = [this] { button_edit_details_HTMLClick(); };
     button_edit_details_text.on_click = [this] { button_edit_details_textClick(); };
     details_edit_memo.on_exit = [this] { leave_details_text(); };
+    tabsheet_details.on_show = [this] { load_details_text(); };
     tabsheet_edit_details.on_show = [this] { load_details_text(); };
     tabsheet_notes.on_show = [this] { load_companions(); };
     tabsheet_status.on_show = [this] { load_companions(); };
@@ -345,8 +351,13 @@ bool Tparameter_file_form::run_save_dialog() {
     if (name_is_chosen())
         parameter_file->get_path(folder, true);
     file_dialog.initial_folder = screen_text(folder);
-    if (file_dialog.execute() && !file_dialog.file_name.empty())
-        return true;
+    while (file_dialog.execute() && !file_dialog.file_name.empty()) {
+        // A character that names lack would be left out, and another file written.
+        if (typable_text(file_dialog.file_name) == file_dialog.file_name)
+            return true;
+        if (ask_after_failure() != Save_outcome::saved)
+            break;
+    }
     file_dialog.file_name = before;
     return false;
 }
@@ -484,9 +495,24 @@ void Tparameter_file_form::keep_geometry() {
 
 // The name to save under. False when there is none, and the user chose none.
 bool Tparameter_file_form::prepare_filename(std::string& name) {
-    if (file_dialog.file_name.empty() && !run_save_dialog())
+    const bool asks = file_dialog.file_name.empty();
+    if (asks && !run_save_dialog())
         return false;
     name = record_text(file_dialog.file_name);
+    if (!asks || may_replace(name))
+        return true;
+    file_dialog.file_name.clear();
+    return false;
+}
+
+// Whether nothing is lost when the name is written, or the user agrees to that. They are asked once.
+bool Tparameter_file_form::may_replace(const std::string& name) {
+    if (!platform::exists(name) || TESK::equal_ignoring_case(name, agreed_to_replace_))
+        return true;
+    if (message_box("Replace the existing file with this name:\n" + screen_text(name), "File already exists",
+                    Button_set::yes_no) != Modal_result::yes)
+        return false;
+    agreed_to_replace_ = name;
     return true;
 }
 
@@ -512,13 +538,10 @@ Save_outcome Tparameter_file_form::ask_after_failure() {
     }
 }
 
-// The file was there when it was opened but could not be read: what it holds is not on the screen. Once it
-// can be read, it is the user who says whether it is to be replaced.
-bool Tparameter_file_form::may_replace_unread(const std::string& name) {
-    if (!could_not_read_ || !TESK::equal_ignoring_case(name, *parameter_file) || !platform::exists(name))
-        return true;
-    return message_box("Replace the existing file with this name:\n" + screen_text(name),
-                       "File already exists", Button_set::yes_no) == Modal_result::yes;
+// Whether the file holds what never came to the screen: it could not be read when it was opened, or has only
+// come into being since.
+bool Tparameter_file_form::holds_unseen(const std::string& name) const {
+    return (could_not_read_ || is_new_file) && TESK::equal_ignoring_case(name, *parameter_file);
 }
 
 Save_outcome Tparameter_file_form::write_to(const std::string& name) {
@@ -532,9 +555,9 @@ Save_outcome Tparameter_file_form::write_to(const std::string& name) {
         const bool is_readable =
             !could_not_read_ || platform::read_file(*parameter_file, TESK::VV_file::largest_file).outcome !=
                                     platform::Read_outcome::unreadable;
-        if (is_readable && !may_replace_unread(name))
+        if (is_readable && holds_unseen(name) && !may_replace(name))
             return Save_outcome::aborted;
-        has_followed = has_followed || let_folder_follow(*parameter_file, name);
+        has_followed = has_followed || (can_be_written(name) && let_folder_follow(*parameter_file, name));
         if (has_followed && file.set(*parameters) && file.get_last_write().ok())
             return Save_outcome::saved;
         const Save_outcome answer = ask_after_failure();
@@ -560,6 +583,7 @@ Save_outcome Tparameter_file_form::save_under_chosen_name() {
     const bool moved = !TESK::equal_ignoring_case(name, *parameter_file);
     is_new_file = false;
     could_not_read_ = false;
+    agreed_to_replace_.clear();
     file_given = true;
     *parameter_file = name;
     saved_text_ = text_of_record();
@@ -584,10 +608,8 @@ Save_outcome Tparameter_file_form::save_as() {
         file_dialog.file_name = before;
         return Save_outcome::aborted;
     }
-    const std::string chosen = record_text(file_dialog.file_name);
-    const bool replaces = platform::exists(chosen);
-    const std::string question = "Replace the existing file with this name:\n" + file_dialog.file_name;
-    if (replaces && message_box(question, "File already exists", Button_set::yes_no) != Modal_result::yes) {
+    agreed_to_replace_.clear();
+    if (!may_replace(record_text(file_dialog.file_name))) {
         file_dialog.file_name = before;
         return Save_outcome::aborted;
     }
@@ -736,12 +758,13 @@ void Tparameter_file_form::set_web_documentation(const char* url_root, const cha
 }
 
 void Tparameter_file_form::update_documentation_buttons() {
+    const bool is_available = program_directory_.exists();
     bool any_installed = false;
     const bool is_connected = platform::shell().is_network_connected();
     for (std::size_t i = 0; i < std::size(documentation_pages); ++i) {
         const TESK::Documentation_topic topic = documentation_pages[i].topic;
         const TESK::Smart_file_name& page = program_directory_.documentation.get_page(topic);
-        const bool is_installed = page.exists();
+        const bool is_installed = is_available && page.exists();
         any_installed = any_installed || is_installed;
         documentation_buttons[i]->set_visible(is_installed);
         documentation_buttons[i]->set_hint(screen_text(page));
@@ -791,8 +814,11 @@ void Tparameter_file_form::show_run_button(const std::string& caption, const std
 
 bool Tparameter_file_form::run(const char* program, const char* options, const char* file, const char* extra,
                                bool wait, int show_state) {
-    if (save() == Save_outcome::aborted)
-        return false;
+    return save() != Save_outcome::aborted && start(program, options, file, extra, wait, show_state);
+}
+
+bool Tparameter_file_form::start(const char* program, const char* options, const char* file,
+                                 const char* extra, bool wait, int show_state) {
     command = quoted(program);
     if (options != nullptr)
         command += options;
@@ -810,7 +836,9 @@ bool Tparameter_file_form::run(const char* program, const char* options, const c
 
 bool Tparameter_file_form::run_on_file(const char* program, const char* options, const char* extra, bool wait,
                                        int show_state) {
-    return run(program, options, get_parameter_file_name().c_str(), extra, wait, show_state);
+    // The save may give the file its name.
+    return save() != Save_outcome::aborted &&
+           start(program, options, get_parameter_file_name().c_str(), extra, wait, show_state);
 }
 
 void Tparameter_file_form::button_windows_exploreClick() {
@@ -818,9 +846,11 @@ void Tparameter_file_form::button_windows_exploreClick() {
 }
 
 void Tparameter_file_form::button_app_exploreClick() {
+    if (!explorer_program.empty() && save() == Save_outcome::aborted)
+        return;
     const TESK::Common_parameters_directory folder = folder_of_record(false);
     if (explorer_program.empty() ||
-        !run(explorer_program.c_str(), nullptr, folder.c_str(), nullptr, false, show_normal))
+        !start(explorer_program.c_str(), nullptr, folder.c_str(), nullptr, false, show_normal))
         folder.explore(false);
 }
 
@@ -846,6 +876,8 @@ void Tparameter_file_form::radiogroup_translation_target_languageClick() {
 void Tparameter_file_form::translate() {
     bool changed = false;
     translate_windows(*this, translation_target_language, phrases, changed);
+    if (!changed && parameter_form != nullptr)
+        translate_windows(*parameter_form, translation_target_language, phrases, changed);
     timer_translation.set_enabled(changed);
 }
 

@@ -180,7 +180,8 @@ private:
     bool prepare_filename(std::string& name);
     Save_outcome save_under_chosen_name();
     Save_outcome write_to(const std::string& name);
-    bool may_replace_unread(const std::string& name);
+    bool may_replace(const std::string& name);
+    bool holds_unseen(const std::string& name) const;
     bool let_folder_follow(const std::string& old_name, const std::string& new_name);
     Save_outcome ask_after_failure();
     Save_outcome save_companions();
@@ -188,6 +189,9 @@ private:
                                 bool (TESK::Common_parameters_directory::*get)(TESK::Smart_file_name&, bool)
                                     const);
     std::string text_of_record();
+
+    bool start(const char* program, const char* options, const char* file, const char* extra, bool wait,
+               int show_state);
 
     void ok_button_onclick();
     void cancel_button_onclick();
@@ -221,7 +225,8 @@ private:
     TESK::User_settings settings;
     TControl* parameter_form_panel = nullptr;
     bool file_given = false;
-    bool could_not_read_ = false; // the file is there, and its contents are not in the record
+    bool could_not_read_ = false;   // the file is there, and its contents are not in the record
+    std::string agreed_to_replace_; // the name that the user lets the next save replace
     TESK::Ustring command;
     TESK::Ustring run_program;
     TESK::Ustring explorer_program;

@@ -105,11 +105,15 @@ void Trecent_file_selector_form::recent_shelllistview_onitemdblclick() {
         return;
     const std::string chosen = record_text(recent_shelllistview.path(index));
     TESK::Filtered_file_name& file_name = *file_name_;
+    const std::string before = file_name;
     file_name = chosen;
     if (file_name.has_ext("lnk")) {
         const std::optional<std::string> target = platform::shell().resolve_shortcut(chosen);
-        if (!target)
+        if (!target) {
+            // The shortcut itself must not be taken for the file by a later OK.
+            file_name = before;
             return;
+        }
         file_name = *target;
     }
     selected_fileeditbar.Update();

@@ -1,6 +1,7 @@
 // The program itself: the entry on a desktop that Qt draws.
 #include "app/entry.h"
 #include "desktop_qt/qt_desktop.h"
+#include "file_transfer_curl/curl_file_transfer.h"
 #include "main/host_functions.h"
 
 #include <QtWidgets/QApplication>
@@ -9,7 +10,9 @@
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
+    Curl_file_transfer file_transfer;
     Program_services services;
     services.make_desktop = [] { return std::make_unique<Qt_desktop>(host_functions()); };
+    services.file_transfer = &file_transfer;
     return run_program({argv, argv + argc}, services, std::cerr);
 }

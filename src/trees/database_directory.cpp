@@ -2,11 +2,11 @@
 
 namespace {
 
-// The folders that this program asks for. The suite's other programs keep "Biomatter", "Format", "H2O",
-// "NO3", "NH4" and "OM" beside them.
+// The folders that this program asks for. The suite's other programs keep "H2O", "NO3", "NH4" and "OM" beside
+// them.
 constexpr const char* folder_names[] = {
-    "Crop",     "Output",        "Soil",        "Weather",        "Management",
-    "Rotation", "recalibration", "water_table", "initialization", "STATSGO\\DOS\\arc\\data"};
+    "Crop",     "Output", "Soil",          "Weather",     "Management",     "Biomatter",
+    "Rotation", "Format", "recalibration", "water_table", "initialization", "STATSGO\\DOS\\arc\\data"};
 
 } // namespace
 

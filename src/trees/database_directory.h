@@ -21,6 +21,8 @@ public:
     const TESK::Smart_directory_name& get_management_directory(bool create) {
         return get(management, create);
     }
+    const TESK::Smart_directory_name& get_biomatter_directory(bool create) { return get(biomatter, create); }
+    const TESK::Smart_directory_name& get_format_directory(bool create) { return get(format, create); }
     const TESK::Smart_directory_name& get_rotation_directory(bool create) { return get(rotation, create); }
     const TESK::Smart_directory_name& get_recalibration_directory(bool create) {
         return get(recalibration, create);
@@ -41,7 +43,9 @@ private:
         soil,
         weather,
         management,
+        biomatter,
         rotation,
+        format,
         recalibration,
         water_table,
         initialization,

@@ -120,4 +120,16 @@ TEST_F(Entry_test, a_program_outside_a_suite_leaves_its_master_record_with_the_u
     EXPECT_TRUE(std::filesystem::exists(drives.host("config/bin/TVS_suite.ini")));
 }
 
+TEST_F(Entry_test, the_file_selector_offers_help_where_the_program_has_a_folder_of_it) {
+    for (const bool has_help : {false, true}) {
+        if (has_help)
+            drives.write("Suite/Tilverra/project_editor/help/index.html");
+        desktop.expect_modal("recent_file_selector_form", [&](TForm& form) {
+            EXPECT_EQ(form.find("help_button")->visible(), has_help);
+            form.close();
+        });
+        EXPECT_EQ(run({}), 1);
+    }
+}
+
 } // namespace

@@ -7,7 +7,7 @@
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 #include "toolkit/headless_desktop.h"
-#include "translation/translations_phrases.h"
+#include "translation/translation_files.h"
 
 #include <gtest/gtest.h>
 
@@ -228,6 +228,9 @@ TEST_F(Parameter_file_form, without_a_file_the_selector_asks_and_its_cancel_ends
     const auto frame = [](TForm& shown) { shown.close(); };
     desktop.expect_modal("recent_file_selector_form", frame);
     EXPECT_FALSE(bind("C:\\noname.tvp", false));
+    const auto escape = [](TForm& shown) { shown.offer_key(Key{Key_code::escape, "", false, false}); };
+    desktop.expect_modal("recent_file_selector_form", escape);
+    EXPECT_FALSE(bind("C:\\noname.tvp", false));
     EXPECT_FALSE(selector.cancel_button.visible());
     EXPECT_TRUE(selector.required_label.visible());
 
@@ -238,6 +241,7 @@ TEST_F(Parameter_file_form, without_a_file_the_selector_asks_and_its_cancel_ends
         EXPECT_EQ(lines, "marked.TVS_project;gone.tvp;study.tvp;");
         EXPECT_TRUE(selector.recent_shelllistview.double_click(1)); // its file is gone
         EXPECT_TRUE(shown.visible());
+        EXPECT_EQ(name, "C:\\noname.tvp");
         EXPECT_TRUE(selector.recent_shelllistview.double_click(2));
     });
     ASSERT_TRUE(bind("C:\\noname.tvp", false));
@@ -402,8 +406,7 @@ protected:
         for (const char* text : {"Save/Close", "Cancel", "Save as", "Advanced", "Run it"}) {
             auto* phrase = new TESK::Translation(text);
             const std::string in_brackets = std::string("[") + text + "]";
-            for (const char* language : {"es", "xx"})
-                phrase->translations.append(new TESK::Translation::Translated(language, in_brackets));
+            phrase->translations.append(new TESK::Translation::Translated("es", in_brackets));
             phrase->translations.append(new TESK::Translation::Translated("en", text));
             phrases.append(phrase);
         }
@@ -439,7 +442,7 @@ protected:
     TESK::Translations_phrases phrases;
 };
 
-TEST_F(Translated_form, is_translated_one_control_each_300_ms_and_again_when_it_is_opened_next) {
+TEST_F(Translated_form, is_translated_one_control_each_300_ms) {
     name = "C:\\work\\study.tvp";
     bind_with_phrases(form);
     EXPECT_TRUE(form.tabsheet_translation.visible());
@@ -456,14 +459,6 @@ TEST_F(Translated_form, is_translated_one_control_each_300_ms_and_again_when_it_
     form.show_run_button("Run it", "model.exe");
     desktop.advance(300);
     EXPECT_EQ(form.run_button.text(), "[Run it]") << "a text that comes later starts the passes anew";
-    EXPECT_EQ(form.get_settings().language, "es");
-    EXPECT_EQ(form.save(), Save_outcome::saved);
-
-    Tparameter_file_form next{program};
-    bind_with_phrases(next);
-    EXPECT_EQ(next.radiogroup_translation_target_language.item_index(), 3);
-    desktop.advance(3000);
-    EXPECT_EQ(translated(next), 4);
 }
 
 TEST_F(Translated_form, in_the_native_language_is_translated_no_further) {
@@ -480,24 +475,6 @@ TEST_F(Translated_form, in_the_native_language_is_translated_no_further) {
     choose(form, "English");
     desktop.advance(3000);
     EXPECT_EQ(translated(form), 0);
-}
-
-TEST_F(Translated_form, takes_the_code_of_another_language_as_it_is_typed) {
-    name = "C:\\work\\study.tvp";
-    bind_with_phrases(form);
-    choose(form, "(Other)");
-    desktop.advance(3000);
-    EXPECT_EQ(translated(form), 0);
-    ASSERT_TRUE(form.edit_translation_other.focus());
-    EXPECT_TRUE(form.edit_translation_other.type_text("xx"));
-    desktop.advance(3000);
-    EXPECT_EQ(translated(form), 4);
-    EXPECT_EQ(form.save(), Save_outcome::saved);
-
-    Tparameter_file_form next{program};
-    bind_with_phrases(next);
-    EXPECT_EQ(next.radiogroup_translation_target_language.item_index(), 10);
-    EXPECT_EQ(next.edit_translation_other.text(), "xx");
 }
 
 // A record that needs no folder.
@@ -522,6 +499,289 @@ TEST_F(Parameter_file_form, a_record_without_a_folder_needs_no_name_before_it_is
     EXPECT_TRUE(form.ok_button.click());
     EXPECT_FALSE(form.visible());
     EXPECT_TRUE(std::filesystem::exists(drives.host("work/x.DAT")));
+}
+
+TEST_F(Parameter_file_form, a_run_on_a_file_without_a_name_asks_for_one_and_passes_it) {
+    Loose_record loose;
+    Tparameter_file_form::Editor editor;
+    editor.parameters = &loose;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    desktop.expect_file_dialog("Save Loose record as", {});
+    EXPECT_FALSE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
+    EXPECT_EQ(launcher.started + form.get_command_line(), "");
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\x.DAT"});
+    EXPECT_TRUE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
+    EXPECT_EQ(launcher.started, "\"p.exe\"  \"C:\\work\\x.DAT\"  [1]\n");
+}
+
+TEST_F(Parameter_file_form, the_explorer_of_the_suite_is_started_on_the_folder_or_else_the_host_shows_it) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    form.set_explorer_program(TESK::File_name("C:\\Suite\\TVS_explorer.exe"));
+    EXPECT_TRUE(form.button_app_explore.click());
+    EXPECT_EQ(launcher.started, "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\work\\study\"  [1]\n");
+    launcher.started.clear();
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.button_app_explore.click());
+        EXPECT_EQ(launcher.started, "");
+    }
+    launcher.result = platform::result_file_not_found;
+    EXPECT_TRUE(form.button_app_explore.click());
+    const std::string host = "explorer /n,/e,\"C:\\work\\study\" [1]\n";
+    EXPECT_EQ(launcher.started, "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\work\\study\"  [1]\n" + host);
+    launcher.started.clear();
+    EXPECT_TRUE(form.button_windows_explore.click());
+    EXPECT_EQ(launcher.started, host);
+}
+
+TEST_F(Parameter_file_form, a_name_that_cannot_be_written_gets_no_copy_of_the_folder) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/notes.txt", "of another");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken"});
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\taken", Modal_result::yes);
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/notes.txt"), "of another");
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
+    EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
+}
+
+TEST_F(Parameter_file_form, a_folder_that_follows_replaces_what_has_its_names_and_keeps_the_rest) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/NOTES.TXT", "of another");
+    drives.write("work/taken/Scenarios/kept.tvn", "kept");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
+    EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
+    EXPECT_EQ(form.memo_notes.text(), "of the study");
+}
+
+TEST_F(Parameter_file_form, a_file_that_has_come_into_being_since_is_not_written_over_unasked) {
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\late.tvp";
+    ASSERT_TRUE(bind("C:\\work\\late.tvp"));
+    drives.write("work/late.tvp", "[other]\r\nkey=1\r\n");
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(saved("work/late.tvp"), "[other]\r\nkey=1\r\n");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+        desktop.expect_message("File already exists", question, Modal_result::yes);
+        desktop.expect_message("Unable to save", unable, Modal_result::retry); // asks no second time
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
+    desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_TRUE(has_line("work/late.tvp", "[project]"));
+    EXPECT_EQ(form.save(), Save_outcome::saved); // it is this form's own by now
+}
+
+TEST_F(Parameter_file_form, a_file_chosen_during_a_save_is_replaced_only_with_consent) {
+    drives.write("work/mine.DAT", "mine");
+    Loose_record loose;
+    Tparameter_file_form::Editor editor;
+    editor.parameters = &loose;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\mine.DAT";
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    EXPECT_EQ(saved("work/mine.DAT"), "mine");
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_NE(saved("work/mine.DAT"), "mine");
+}
+
+TEST_F(Parameter_file_form, a_name_that_the_suite_cannot_write_down_is_not_turned_into_another) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xD0\x96x.tvp"});
+    desktop.expect_message("Unable to save", unable, Modal_result::retry);
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xE2\x82\xACx.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_FALSE(std::filesystem::exists(drives.host("work/x.tvp")));
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\\x80x.tvp");
+    EXPECT_TRUE(has_line("work/\xE2\x82\xACx.tvp", "[project]"));
+}
+
+TEST_F(Parameter_file_form, a_companion_that_cannot_be_read_is_neither_edited_nor_written_over) {
+    std::filesystem::create_directory(drives.host("work/study/notes.txt"));
+    const std::string huge(std::size_t{17} << 20, 'x');
+    drives.write("work/study/details.htm", huge);
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    for (TMemo* memo : {&form.memo_notes, &form.details_edit_memo, &form.status_memo}) {
+        memo->bring_to_front();
+        EXPECT_TRUE(memo->read_only());
+        EXPECT_FALSE(memo->type_text("x"));
+    }
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_EQ(saved("work/study/details.htm").size(), huge.size());
+}
+
+TEST_F(Parameter_file_form,
+       companions_that_other_programs_change_are_shown_anew_unless_they_are_being_edited) {
+    drives.write("work/study/notes.txt", "one\rtwo\r\nthree\n");
+    drives.write("work/study/details.htm", "old");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    EXPECT_EQ(form.memo_notes.text(), "one\ntwo\nthree\n");
+    form.details_edit_memo.bring_to_front();
+    EXPECT_EQ(form.details_edit_memo.text(), "old");
+    form.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.memo_notes.type_text("zero\n"));
+    drives.write("work/study/details.htm", "new");
+    form.tabsheet_details.bring_to_front();
+    EXPECT_EQ(form.details_edit_memo.text(), "new");
+    drives.write("work/study/notes.txt", "elsewhere");
+    form.memo_notes.bring_to_front();
+    EXPECT_EQ(form.memo_notes.text(), "zero\none\ntwo\nthree\n");
+}
+
+TEST_F(Parameter_file_form, without_a_folder_of_the_program_no_documentation_counts_as_installed) {
+    drives.write("work/help.htm", "");
+    Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
+    bare.set_web_documentation(nullptr, nullptr);
+    EXPECT_FALSE(bare.documentation_buttons[0]->visible());
+    EXPECT_EQ(bare.documentation_label_installed.text(), "No documentation found");
+}
+
+TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_the_file) {
+    TESK::Translations_phrases phrases;
+    for (const char* text : {"Save as", "Of the editor", "Beside the panel"}) {
+        auto* phrase = new TESK::Translation(text);
+        phrase->translations.append(new TESK::Translation::Translated("en", text));
+        phrase->translations.append(
+            new TESK::Translation::Translated("fr", (text + std::string("!")).c_str()));
+        phrase->translations.append(
+            new TESK::Translation::Translated("pt", (text + std::string("?")).c_str()));
+        phrases.append(phrase);
+    }
+    TForm concrete("concrete");
+    auto& inside = concrete.add<TPanel>("inside");
+    TLabel& hosted = inside.add<TLabel>("hosted", "Of the editor");
+    TLabel& beside = concrete.add<TLabel>("beside", "Beside the panel");
+    name = "C:\\work\\study.tvp";
+    Tparameter_file_form::Editor editor;
+    editor.form = &concrete;
+    editor.parameters = &record;
+    editor.panel = &inside;
+    editor.file_name = &name;
+    editor.file_given = true;
+    editor.user_settings_file = &settings_folder;
+    editor.phrases = &phrases;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    TRadioGroup& languages = form.radiogroup_translation_target_language;
+    languages.bring_to_front();
+    EXPECT_TRUE(languages.select(2));
+    desktop.advance(299);
+    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
+              "Save asOf the editorBeside the panel");
+    desktop.advance(1200);
+    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
+              "Save as!Of the editor!Beside the panel!");
+    EXPECT_EQ(form.get_settings().language, "fr");
+    EXPECT_TRUE(languages.select(10));
+    form.edit_translation_other.focus();
+    EXPECT_TRUE(form.edit_translation_other.type_text("pt"));
+    desktop.advance(1500);
+    EXPECT_EQ(form.save_as_button.text(), "Save as?");
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+
+    Tparameter_file_form again{program};
+    ASSERT_TRUE(again.bind_to(editor));
+    EXPECT_EQ(again.radiogroup_translation_target_language.item_index(), 10);
+    EXPECT_EQ(again.edit_translation_other.text(), "pt");
+    desktop.advance(1500);
+    EXPECT_EQ(again.save_as_button.text(), "Save as?");
+    again.show();
+    again.radiogroup_translation_target_language.bring_to_front();
+    EXPECT_TRUE(again.radiogroup_translation_target_language.select(0));
+    EXPECT_EQ(again.get_settings().language, "");
+}
+
+TEST_F(Parameter_file_form, the_advanced_mode_belongs_to_the_user_and_the_file) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    EXPECT_TRUE(form.checkbox_advanced_mode.click());
+    EXPECT_TRUE(form.get_settings().advanced);
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    for (const char* file : {"C:\\work\\study.tvp", "C:\\work\\other.tvp"}) {
+        Tparameter_file_form again{program};
+        name = file;
+        Tparameter_file_form::Editor editor;
+        editor.parameters = &record;
+        editor.file_name = &name;
+        editor.file_given = true;
+        editor.user_settings_file = &settings_folder;
+        ASSERT_TRUE(again.bind_to(editor));
+        EXPECT_EQ(again.checkbox_advanced_mode.checked(), std::string(file) == "C:\\work\\study.tvp");
+    }
+}
+
+// An editor that puts the record in order when it shows it, as the project's does.
+class Tidying_panel : public TPanel {
+public:
+    explicit Tidying_panel(Tilverra_project_editor_parameters& record) : TPanel("tidying"), record_(record) {}
+    void Update() override { record_.cropping_system_model = "tidied"; }
+
+private:
+    Tilverra_project_editor_parameters& record_;
+};
+
+TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_change) {
+    Tidying_panel tidying(record);
+    name = "C:\\work\\study.tvp";
+    Tparameter_file_form::Editor editor;
+    editor.form = &tidying;
+    editor.parameters = &record;
+    editor.panel = &tidying;
+    editor.file_name = &name;
+    editor.file_given = true;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    EXPECT_EQ(record.cropping_system_model, "tidied");
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_TRUE(form.close()); // asks nothing
+}
+
+TEST_F(Parameter_file_form, a_frame_that_closes_stays_open_while_the_wanted_save_fails) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    form.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.memo_notes.type_text("noted"));
+    describe("typed last, and not left"); // the question comes after it has reached the record
+    const std::string question = "Save the changes to C:\\work\\study.tvp?";
+    const std::string before = saved("work/study.tvp");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_FALSE(form.close());
+        EXPECT_TRUE(form.visible());
+        EXPECT_EQ(saved("work/study.tvp"), before);
+    }
+    std::filesystem::create_directory(drives.host("work/study/notes.txt")); // now only the notes fail
+    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_FALSE(form.close());
+    EXPECT_TRUE(has_line("work/study.tvp", "description=typed last, and not left"));
+    std::filesystem::remove(drives.host("work/study/notes.txt"));
+    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    EXPECT_TRUE(form.close());
+    EXPECT_EQ(saved("work/study/notes.txt"), "noted");
 }
 
 } // namespace

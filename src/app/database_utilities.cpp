@@ -1,0 +1,55 @@
+#include "app/database_utilities.h"
+
+#include "platform/process.h"
+#include "trees/program_directory.h"
+#include "trees/suite_directory.h"
+
+namespace {
+
+constexpr int normal_window = 1;
+
+// A folder of a database is made by itself only when it is asked for the first time, which the lists of files
+// have done before.
+bool enter(const TESK::Smart_directory_name& folder) {
+    return folder.create() && folder.set_as_current();
+}
+
+} // namespace
+
+Database_file_names& database_file_names() {
+    static Database_file_names names;
+    return names;
+}
+
+void run_utility(const std::string& program, const std::string& option, const std::string& file, bool wait) {
+    const std::string command = program + " \"" + file + "\" " + option;
+    if (wait)
+        platform::launcher().create_and_wait(command, normal_window);
+    else
+        platform::launcher().execute(command, normal_window);
+}
+
+void create_crop(Database_directory& database, const std::string& name, const std::string& option) {
+    if (enter(database.get_crop_directory(true))) {
+        TESK::Filtered_file_name& crop = database_file_names().CRP_filename;
+        crop.set_name(name.c_str());
+        run_utility(suite_directory->get_tilverra_directory().get_crop_editor_exe(), option, crop, false);
+    }
+    database.set_as_current();
+}
+
+void import_soils(Database_directory& database) {
+    const TESK::Smart_directory_name& folder = database.get_soil_directory(true);
+    if (enter(folder))
+        run_utility(suite_directory->get_tilverra_directory().get_soil_convertor_exe(), "", folder, true);
+    database.set_as_current();
+}
+
+void generate_managements(Database_directory& database) {
+    const TESK::Smart_directory_name& folder = database.get_management_directory(true);
+    if (!folder.create())
+        return;
+    TESK::File_name generator = program_directory->program_file;
+    generator.set_name("management_generator");
+    run_utility(generator, "", folder, false);
+}

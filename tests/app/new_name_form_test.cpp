@@ -1,0 +1,28 @@
+#include "app/new_name_form.h"
+
+#include "toolkit/headless_desktop.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(New_name_form, enter_takes_the_name_and_escape_cancels) {
+    Headless_desktop desktop([](const std::string& fault) { ADD_FAILURE() << fault; });
+    Tnew_name_form_check_used form;
+    TESK::Ustring name("base");
+    form.new_scenario_name_edit.bind_to(&name, nullptr);
+    desktop.expect_modal("new_name_form_check_used", [&](TForm&) {
+        EXPECT_TRUE(form.new_scenario_name_edit.focus());
+        form.new_scenario_name_edit.select_all();
+        form.new_scenario_name_edit.type_text("rainfed");
+        form.new_scenario_name_edit.key({Key_code::enter, ""});
+    });
+    EXPECT_EQ(form.show_modal(), Modal_result::ok);
+    EXPECT_EQ(name, "rainfed");
+    desktop.expect_modal("new_name_form_check_used", [&](TForm&) {
+        form.new_scenario_name_edit.key({Key_code::escape, ""});
+    });
+    EXPECT_EQ(form.show_modal(), Modal_result::cancel);
+}
+
+} // namespace

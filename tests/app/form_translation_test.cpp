@@ -1,5 +1,8 @@
 #include "project_support.h"
 
+#include "app/database_editor_form.h"
+#include "app/file_manager_form.h"
+#include "app/new_name_form.h"
 #include "editing/auto_calendar.h"
 #include "toolkit/check_box.h"
 #include "translation/translation_files.h"
@@ -87,6 +90,12 @@ TEST_F(Form_translation, reaches_every_caption_and_hint_of_the_dialogs) {
     calendar.bind_to(&date, nullptr, true, nullptr);
     expect_all_told(calendar);
     expect_told(calendar.hint());
+    Tnew_name_form_check_used new_name;
+    expect_all_told(new_name);
+    Tdatabase_editor_form databases(nullptr);
+    expect_all_told(databases);
+    TFile_manager_form manager{TVN_filename("noname")};
+    expect_all_told(manager);
 }
 
 } // namespace

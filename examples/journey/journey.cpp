@@ -4,8 +4,10 @@
 //
 //     journey pages FOLDER PROGRAM PROJECT [TYPE]   opens a project and takes the pictures
 //     journey work FOLDER PROGRAM PROJECT           works on the example project, too: on its scenarios
-//     first,
-//                                                   then over its map, with pictures in FOLDER/GIS
+//                                                   first, then over its map, with pictures in FOLDER/GIS
+//
+// The environment variable TVS_JOURNEY_LANGUAGE may name a language as the Translation page does ("Spanish"):
+// it is chosen there first.
 #include "app/entry.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/bound_control.h"
@@ -16,6 +18,7 @@
 #include "toolkit/edit.h"
 #include "toolkit/file_list_box.h"
 #include "toolkit/page_control.h"
+#include "toolkit/timer.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QThread>
@@ -23,6 +26,7 @@
 #include <QtWidgets/QWidget>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -44,6 +48,8 @@ public:
             work_on_scenarios();
         if (work_ == Work::map)
             work_on_map();
+        if (const char* language = std::getenv("TVS_JOURNEY_LANGUAGE"))
+            choose_language(language);
         if (!folder_.isEmpty())
             take_pages(main_form, "");
         main_form.close();
@@ -65,6 +71,10 @@ public:
     }
     void minimise() override {}
     void restore() override {}
+    void start_timer(TTimer& timer) override {
+        last_timer_ = &timer;
+        Qt_desktop::start_timer(timer);
+    }
 
 private:
     template <class Control>
@@ -213,6 +223,21 @@ private:
         await(project_folder() + "\\GIS\\aggregation\\soils.dbf");
     }
 
+    void choose_language(const std::string& language) {
+        auto& choice = control<TRadioGroup>("radiogroup_translation_target_language");
+        const auto& items = choice.native_items();
+        last_timer_ = nullptr;
+        choice.select(static_cast<int>(std::find(items.begin(), items.end(), language) - items.begin()));
+        translation_timer_ = last_timer_;
+        if (translation_timer_ == nullptr)
+            std::cout << "  " << language << " cannot be chosen\n";
+    }
+    // All that the program would translate bit by bit in the next seconds.
+    void translate() const {
+        while (translation_timer_ != nullptr && translation_timer_->enabled())
+            translation_timer_->fire();
+    }
+
     // A picture of each page below a control that can come to the front, pages within pages too.
     void take_pages(TControl& within, const QString& prefix) {
         bool any = false;
@@ -224,8 +249,8 @@ private:
                 if (!page->visible() || !page->enabled())
                     continue;
                 static_cast<TPageControl&>(inner).select_page(static_cast<TTabSheet&>(*page));
-                take_pages(*page,
-                           prefix + (prefix.isEmpty() ? "" : ", ") + QString::fromStdString(page->text()));
+                take_pages(*page, prefix + (prefix.isEmpty() ? "" : ", ") +
+                                      QString::fromStdString(page->native_text()));
             }
             if (!inner.children().empty())
                 restore_first(static_cast<TPageControl&>(inner));
@@ -253,6 +278,7 @@ private:
 
     void take(QString name) {
         constexpr int longest_name = 150;
+        translate();
         QApplication::processEvents();
         for (QChar& c : name)
             c = c.isLetterOrNumber() ? c.toLower() : QChar('_');
@@ -265,6 +291,8 @@ private:
     Work work_;
     TForm* form_ = nullptr;
     std::size_t printed_ = 0;
+    TTimer* last_timer_ = nullptr;
+    TTimer* translation_timer_ = nullptr;
 };
 
 // Opens the project in the program, until its window is closed.

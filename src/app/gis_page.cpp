@@ -116,7 +116,7 @@ GIS_page::GIS_page(TPageControl& pages)
     wide.span = 2;
     MUID_found_note.set_place(wide);
     GIS_scenarios_checklistbox.set_mask("*.tvn");
-    GIS_omit_years_edit.set_Description_label("Years of equilibration that are left out");
+    GIS_omit_years_edit.set_Description_label("Equilibration years to omit");
     // Neither does anything in the suite as it stands.
     for (TButton* button : {&GIS_view_holding_capacity_button, &GIS_perform_prob_distribution}) {
         button->set_enabled(false);

@@ -26,7 +26,7 @@ Options_page::Options_page(TPageControl& pages)
           "show_optimization_model_button", "Optimization models")),
       statsgo_groupbox(data_sources_tabsheet.add<TGroupBox>("statsgo_groupbox", "STATSGO", Layout::row)),
       STATSGO_directory_edit([this]() -> TEdit& {
-          statsgo_groupbox.add<TLabel>("label_STATSGO_directory", "Directory of the soil data")
+          statsgo_groupbox.add<TLabel>("label_STATSGO_directory", "Soil data directory")
               .set_names_next(true);
           return fill(statsgo_groupbox.add<TEdit>("STATSGO_directory_edit"));
       }()) {

@@ -3,9 +3,8 @@
 Scenarios_page::Scenarios_page(TPageControl& pages)
     : scenarios_tabsheet(pages.add<TTabSheet>("scenarios_tabsheet", "Simulation scenarios")),
       active_scenario_editbar(scenarios_tabsheet.add<TAutoFileEditBar>("active_scenario_editbar")),
-      left(fill(fill(scenarios_tabsheet.add<TPanel>("panel_halves", Layout::row)).add<TPanel>("panel_left"),
-                3)),
-      right(fill(left.parent()->add<TPanel>("panel_right"), 1)),
+      left(fill(fill(scenarios_tabsheet.add<TPanel>("panel_halves", Layout::row)).add<TPanel>("panel_left"))),
+      right(left.parent()->add<TPanel>("panel_right")),
       pagecontrol_scenarios(fill(left.add<TPageControl>("pagecontrol_scenarios"))),
       tabsheet_created_scenarios(pagecontrol_scenarios.add<TTabSheet>("tabsheet_created_scenarios",
                                                                       "Scenarios created for this project")),

@@ -19,7 +19,7 @@ Tally_page::Lists::Lists(TTabSheet& page, const std::string& prefix)
       statistics(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "stats_bitcheckbox"))),
       prob_10(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "prob_10_bitcheckbox"))),
       prob_5(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "prob_5_bitcheckbox"))) {
-    statistics.set_hint("The statistics of the variable");
+    statistics.set_hint("Statistics of the variable");
     prob_10.set_hint("Probabilities, in steps of 10%");
     prob_5.set_hint("Probabilities, in steps of 5%");
     add_note(page, ("label_" + prefix + "note").c_str(),

@@ -5,6 +5,7 @@
 #include "toolkit/label.h"
 #include "toolkit/page_control.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QGroupBox>
@@ -132,11 +133,31 @@ protected:
     void settle() override {}
 };
 
+// Qt's scroll area asks for the size that its contents had at first; this one follows them, as a translation
+// makes texts longer.
+class Sheet : public QScrollArea {
+public:
+    explicit Sheet(QWidget* parent) : QScrollArea(parent) {}
+
+    QSize sizeHint() const override {
+        const int line = fontMetrics().height();
+        return widget()->sizeHint().boundedTo({36 * line, 24 * line});
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
 // A page scrolls where the window is too small for it. Whether it is visible, and its caption, are its tab's.
-class Sheet_view : public View_of<TTabSheet, QScrollArea> {
+class Sheet_view : public View_of<TTabSheet, Sheet> {
 public:
     Sheet_view(View_context& context, TControl& control, QWidget* parent)
-        : View_of(context, control, *new QScrollArea(parent)) {
+        : View_of(context, control, *new Sheet(parent)) {
         widget().setFrameShape(QFrame::NoFrame);
         widget().setWidgetResizable(true);
         widget().setFocusPolicy(Qt::NoFocus);

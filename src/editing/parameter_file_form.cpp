@@ -863,6 +863,7 @@ void Tparameter_file_form::radiogroup_translation_target_languageClick() {
     if (index <= 0) {
         translation_target_language = native_language_;
         settings.language = "";
+        timer_translation.set_enabled(false);
         return;
     }
     translation_target_language =
@@ -881,6 +882,6 @@ void Tparameter_file_form::translate() {
 }
 
 void Tparameter_file_form::translate_new_texts() {
-    if (phrases != nullptr && !translation_target_language.empty())
+    if (phrases != nullptr && !settings.language.empty())
         timer_translation.set_enabled(true);
 }

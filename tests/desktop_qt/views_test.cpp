@@ -349,6 +349,20 @@ TEST_F(Views, a_tree_reads_the_folders_that_are_opened) {
     EXPECT_EQ(view.topLevelItemCount(), 2);
 }
 
+TEST_F(Views, pages_get_the_width_that_longer_texts_need) {
+    auto& row = form_.add<TPanel>("row", Layout::row);
+    row.set_place({.stretch = 1});
+    row.add<TListBox>("list").set_place({.stretch = 1});
+    auto& button = row.add<TPageControl>("pages").add<TTabSheet>("page", "Page").add<TButton>("go", "Go");
+    form_.set_bounds({0, 0, 700, 300});
+    show(form_);
+    button.translate_text("A translation that is longer than the text of the program");
+    QApplication::processEvents();
+    const QWidget& page = *widget(button).parentWidget()->parentWidget();
+    EXPECT_LE(widget(button).width(), page.width());
+    EXPECT_GE(widget(button).width(), widget(button).sizeHint().width());
+}
+
 TEST_F(Views, pages_are_chosen_and_hidden_by_their_tabs) {
     auto& pages = form_.add<TPageControl>("pages");
     auto& first = pages.add<TTabSheet>("first", "First");

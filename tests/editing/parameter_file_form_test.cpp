@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -396,6 +397,84 @@ TEST_F(Parameter_file_form, each_file_has_its_window_and_a_position_of_0_is_stor
     ASSERT_TRUE(third.bind_to(editor));
     EXPECT_EQ(third.bounds().left, 0);
     EXPECT_NE(third.bounds().width, 640);
+}
+
+// The frame with a language to choose: each text in brackets is a translation.
+class Translated_form : public Parameter_file_form {
+protected:
+    Translated_form() {
+        for (const char* text : {"Save/Close", "Cancel", "Save as", "Advanced", "Run it"}) {
+            auto* phrase = new TESK::Translation(text);
+            const std::string in_brackets = std::string("[") + text + "]";
+            phrase->translations.append(new TESK::Translation::Translated("es", in_brackets));
+            phrase->translations.append(new TESK::Translation::Translated("en", text));
+            phrases.append(phrase);
+        }
+    }
+    void bind_with_phrases(Tparameter_file_form& frame) {
+        Tparameter_file_form::Editor editor;
+        editor.parameters = &record;
+        editor.file_name = &name;
+        editor.file_given = true;
+        editor.user_settings_file = &settings_folder;
+        editor.phrases = &phrases;
+        ASSERT_TRUE(frame.bind_to(editor));
+        frame.show();
+    }
+    static void choose(Tparameter_file_form& frame, const std::string& language) {
+        TRadioGroup& choice = frame.radiogroup_translation_target_language;
+        const auto& items = choice.native_items();
+        choice.bring_to_front();
+        EXPECT_TRUE(
+            choice.select(static_cast<int>(std::find(items.begin(), items.end(), language) - items.begin())));
+    }
+    static int translated(const Tparameter_file_form& frame) {
+        int count = 0;
+        for (const TControl* control :
+             {static_cast<const TControl*>(&frame.ok_button), static_cast<const TControl*>(&frame.run_button),
+              static_cast<const TControl*>(&frame.cancel_button),
+              static_cast<const TControl*>(&frame.save_as_button),
+              static_cast<const TControl*>(&frame.checkbox_advanced_mode)})
+            count += control->text().starts_with('[') ? 1 : 0;
+        return count;
+    }
+
+    TESK::Translations_phrases phrases;
+};
+
+TEST_F(Translated_form, is_translated_one_control_each_300_ms) {
+    name = "C:\\work\\study.tvp";
+    bind_with_phrases(form);
+    EXPECT_TRUE(form.tabsheet_translation.visible());
+    desktop.advance(3000);
+    EXPECT_EQ(translated(form), 0);
+
+    choose(form, "Spanish");
+    EXPECT_EQ(translated(form), 0);
+    for (int passes = 1; passes <= 4; ++passes) {
+        desktop.advance(300);
+        EXPECT_EQ(translated(form), passes);
+    }
+    desktop.advance(3000);
+    form.show_run_button("Run it", "model.exe");
+    desktop.advance(300);
+    EXPECT_EQ(form.run_button.text(), "[Run it]") << "a text that comes later starts the passes anew";
+}
+
+TEST_F(Translated_form, in_the_native_language_is_translated_no_further) {
+    name = "C:\\work\\study.tvp";
+    bind_with_phrases(form);
+    choose(form, "Spanish");
+    desktop.advance(600);
+    choose(form, "(native)");
+    form.show_run_button("Run it", "model.exe");
+    desktop.advance(3000);
+    EXPECT_EQ(translated(form), 2);
+    EXPECT_EQ(form.run_button.text(), "Run it");
+    EXPECT_EQ(form.get_settings().language, "");
+    choose(form, "English");
+    desktop.advance(3000);
+    EXPECT_EQ(translated(form), 0);
 }
 
 // A record that needs no folder.

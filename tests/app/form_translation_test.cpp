@@ -1,0 +1,101 @@
+#include "project_support.h"
+
+#include "app/database_editor_form.h"
+#include "app/file_manager_form.h"
+#include "app/new_name_form.h"
+#include "editing/auto_calendar.h"
+#include "toolkit/check_box.h"
+#include "translation/translation_files.h"
+
+#include <set>
+
+namespace {
+
+// Signs, names, and units that are the same in every language.
+const std::set<std::string> kept = {"",      "X", "?",   "...", "\xE2\x9C\x93", "%",      "ha",
+                                    "kg/ha", "m", "CO2", "FAQ", "GIS",          "STATSGO"};
+
+bool is_caption(const TControl& control) {
+    switch (control.kind()) {
+    case Control_kind::label:
+    case Control_kind::button:
+    case Control_kind::speed_button:
+    case Control_kind::check_box:
+    case Control_kind::radio_group:
+    case Control_kind::group_box:
+    case Control_kind::tab_sheet: return !control.text_is_data();
+    default: return false;
+    }
+}
+
+class Form_translation : public Project_test, public testing::WithParamInterface<Tilverra_project_type> {
+protected:
+    Form_translation() {
+        const TESK::Directory_name folder(platform::name_from_host_path(EXAMPLES "/translations"));
+        TESK::load_translations(phrases, {folder}, {folder});
+    }
+
+    void expect_told(const std::string& text) {
+        if (kept.contains(text) || !checked.insert(text).second)
+            return;
+        for (const char* language : {"es", "ru"})
+            EXPECT_NE(phrases.find_translation(text, language), nullptr) << language << ": " << text;
+    }
+
+    // The program's texts as they stand on the form now.
+    void expect_all_told(TControl& shown) {
+        shown.walk([&](TControl& control) {
+            if (is_caption(control))
+                expect_told(control.native_text());
+            if (control.kind() == Control_kind::radio_group && !control.text_is_data())
+                for (const std::string& item : static_cast<TRadioGroup&>(control).native_items())
+                    expect_told(item);
+            const bool names_file = control.hint().find(":\\") != std::string::npos;
+            if (!names_file)
+                expect_told(control.native_hint());
+            return true;
+        });
+    }
+
+    TESK::Translations_phrases phrases;
+    std::set<std::string> checked;
+};
+
+TEST_P(Form_translation, reaches_every_caption_and_hint_of_the_project_in_its_states) {
+    copy_data("fields.dbf", "projects/study/fields.dbf");
+    for (const char* file : {"C:\\projects\\study.tvp", "C:\\projects\\study\\.TVS_project"}) {
+        open(file, GetParam());
+        expect_all_told(parameter_form);
+        for (const char* chosen : {"<None>", "gone", "C:\\projects\\study\\Scenarios\\dry.tvn"}) {
+            record->template_scenario.assign(chosen);
+            record->active_scenario.assign(chosen);
+            record->GIS_parameters.coverage_PAT_filename = "C:\\projects\\study\\fields.dbf";
+            form.Update();
+            expect_all_told(parameter_form);
+            form.optimization.tabsheet_optimization.bring_to_front();
+            expect_all_told(parameter_form);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of_type, Form_translation,
+                         testing::Values(Tilverra_project_type::tilverra, Tilverra_project_type::gis,
+                                         Tilverra_project_type::watershed, Tilverra_project_type::grazing));
+
+TEST_F(Form_translation, reaches_every_caption_and_hint_of_the_dialogs) {
+    Trecent_file_selector_form selector;
+    expect_all_told(selector);
+    TESK::Date date(2024060);
+    TAutoCalendar_form calendar;
+    calendar.bind_to(&date, nullptr, true, nullptr);
+    expect_all_told(calendar);
+    expect_told(calendar.hint());
+    Tnew_name_form_check_used new_name;
+    expect_all_told(new_name);
+    Tdatabase_editor_form databases(nullptr);
+    expect_all_told(databases);
+    TFile_manager_form manager{TVN_filename("noname")};
+    expect_all_told(manager);
+}
+
+} // namespace

@@ -2,13 +2,10 @@
 
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <gtest/gtest.h>
 #include <string>
-#include <strings.h>
-#include <vector>
 
 using TESK::Date;
 using TESK::is_leap_year;
@@ -105,26 +102,15 @@ TEST(Date, steps_by_many_days_as_day_by_day) {
 
 TEST(Date, steps_at_the_edges_of_years_and_of_the_number) {
     // The recurring year goes on to year 1, and year 1 back to a recurring year of 366 days. In a negative
-    // year the number goes up, so the day of year down.
-    const Numbers number_next_previous[] = {{1999365, 2000001, 1999364},
-                                            {2000365, 2000366, 2000364},
-                                            {2000366, 2001001, 2000365},
-                                            {2000001, 2000002, 1999365},
-                                            {2001001, 2001002, 2000366},
-                                            {2000000, 2000001, 1999999},
-                                            {365, 1001, 364},
-                                            {366, 1001, 365},
-                                            {1001, 1002, 366},
-                                            {1, 2, -1365},
-                                            {0, 1, -1},
-                                            {-1365, 1, -1366},
-                                            {-100005, -100004, -100006},
-                                            {-100365, -99001, -100366},
-                                            {-100001, -100000, -101365},
-                                            {-100000, -99999, -100001},
-                                            {-99999, -98001, -100000},
-                                            {INT32_MIN, 15206001, INT32_MAX}};
-    for (const auto& [number, next, previous] : number_next_previous) {
+    // year the number goes up, so the day of year down. Each number with the next and the previous one.
+    const Numbers cases[] = {
+        {1999365, 2000001, 1999364}, {2000365, 2000366, 2000364},      {365, 1001, 364},
+        {2000366, 2001001, 2000365}, {2000001, 2000002, 1999365},      {366, 1001, 365},
+        {2001001, 2001002, 2000366}, {2000000, 2000001, 1999999},      {1001, 1002, 366},
+        {-100005, -100004, -100006}, {-100365, -99001, -100366},       {1, 2, -1365},
+        {-100001, -100000, -101365}, {-100000, -99999, -100001},       {0, 1, -1},
+        {-99999, -98001, -100000},   {INT32_MIN, 15206001, INT32_MAX}, {-1365, 1, -1366}};
+    for (const auto& [number, next, previous] : cases) {
         EXPECT_EQ(Date(number).inc(), next) << number;
         EXPECT_EQ(Date(number).dec(), previous) << number;
     }
@@ -170,20 +156,16 @@ TEST(Date, steps_by_months_and_years_with_their_oddities) {
 }
 
 TEST(Date, two_rules_say_which_years_are_leap_years) {
-    const struct {
-        int year;
-        bool by_month_arithmetic;
-        bool by_date;
-    } cases[] = {{1500, false, true},  {1580, true, true}, {1600, true, true},   {1700, false, false},
-                 {1900, false, false}, {2000, true, true}, {2023, false, false}, {0, true, true},
-                 {-4, true, true},     {-100, false, true}};
-    for (const auto& expected : cases) {
-        const auto year = static_cast<std::int16_t>(expected.year);
+    const std::tuple<std::int16_t, bool, bool> cases[] = {
+        {1500, false, true},  {1580, true, true}, {1600, true, true},   {1700, false, false},
+        {1900, false, false}, {2000, true, true}, {2023, false, false}, {0, true, true},
+        {-4, true, true},     {-100, false, true}};
+    for (const auto& [year, by_month_arithmetic, by_date] : cases) {
         const Date date(year, std::uint16_t{60});
-        EXPECT_EQ(is_leap_year(year), expected.by_month_arithmetic) << year;
-        EXPECT_EQ(date.is_leap(), expected.by_date) << year;
-        EXPECT_EQ(date.get_days_in_this_year(), expected.by_month_arithmetic ? 366 : 365);
-        EXPECT_EQ(date.get_day_of_month(), expected.by_month_arithmetic ? 29 : 1) << year;
+        EXPECT_EQ(is_leap_year(year), by_month_arithmetic) << year;
+        EXPECT_EQ(date.is_leap(), by_date) << year;
+        EXPECT_EQ(date.get_days_in_this_year(), by_month_arithmetic ? 366 : 365);
+        EXPECT_EQ(date.get_day_of_month(), by_month_arithmetic ? 29 : 1) << year;
     }
 }
 
@@ -243,8 +225,6 @@ TEST(Date, copy_takes_the_number_and_assignment_the_format_too) {
 }
 
 TEST(Date, today_is_the_day_of_the_local_calendar) {
-    const char* before = std::getenv("TZ");
-    const std::string zone = before == nullptr ? "" : before;
     for (const int hours_east : {14, -12}) {
         setenv("TZ", hours_east > 0 ? "AAA-14" : "BBB+12", 1);
         tzset();
@@ -257,125 +237,46 @@ TEST(Date, today_is_the_day_of_the_local_calendar) {
         EXPECT_GE(today.date_num, earliest);
         EXPECT_LE(today.date_num, local_day());
     }
-    before == nullptr ? unsetenv("TZ") : setenv("TZ", zone.c_str(), 1);
+    unsetenv("TZ");
     tzset();
 }
 
 TEST(Date, text_has_the_fields_of_the_ordering_in_the_styles) {
-    const struct {
-        std::uint16_t ordering;
+    const std::pair<std::uint16_t, const char*> orderings[] = {
+        {0, ""},           {1, "2000"},       {12, "2000/161"},  {19, "6/9"},
+        {26, "9/6"},       {33, "161/2000"},  {83, "2000/6/9"},  {90, "2000/9/6"},
+        {139, "6/2000/9"}, {153, "6/9/2000"}, {202, "9/2000/6"}, {209, "9/6/2000"}};
+    for (const auto& [ordering, expected] : orderings)
+        EXPECT_EQ(text_of(Date(2000161, ordering)), expected);
+    struct {
+        Date date; // not copied, which would lose its format
         const char* expected;
-    } orderings[] = {{0, ""},           {1, "2000"},       {12, "2000/161"},  {19, "6/9"},
-                     {26, "9/6"},       {33, "161/2000"},  {83, "2000/6/9"},  {90, "2000/9/6"},
-                     {139, "6/2000/9"}, {153, "6/9/2000"}, {202, "9/2000/6"}, {209, "9/6/2000"}};
-    for (const auto& c : orderings)
-        EXPECT_EQ(text_of(Date(2000161, c.ordering)), c.expected);
-    const struct {
-        Date date;
-        const char* expected;
-    } cases[] = {{Date(2000161, 83, 136, 0), "20000609"},
-                 {Date(2000161, 83, 144, '-'), "2000- 6- 9"},
-                 {Date(2000161, 83, 40), "2000/Jun/09"},
-                 {Date(2000005, 33, 136), "005/2000"},
-                 {Date(2000005, 33, 144), "  5/2000"},
-                 {Date(2000005, 12, 132), "2000/5"},
-                 {Date(2000065, 153, 68, ','), "March 5, 2000"},
-                 {Date(2000065, 19, 68, ','), "March 5"},
-                 {Date(2000065, 209, 36, ' '), "5 Mar 2000"},
-                 {Date(1998160, 83, 133), "98/6/9"},
-                 {Date(1998160, 83, 134), "'98/6/9"},
-                 {Date(2005161, 1, 129), "05"},
-                 {Date(161), "0000/6/9"},
-                 {Date(-5005, 83, 136), "-005/01/05"},
-                 {Date(-105005, 83, 133), "-5/1/5"},
-                 {Date(0), "Date omitted"},
-                 {Date(0, 0, std::uint16_t{0}), "Date omitted"},
-                 {Date(2000999, 83, 68), "2000/December/152"},
-                 {Date(2000005, 83, 132, '/', true), "2000/1/5(005)"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(text_of(c.date), c.expected);
-}
-
-namespace {
-
-// What the C library reads from the text by a format made from the ordering.
-std::int32_t read_by_sscanf(const std::string& text, unsigned ordering, unsigned styles, char separator) {
-    const bool comma = separator == ',' || text.find(',') != std::string::npos;
-    const std::string plain(separator == 0 ? 0 : 1, separator);
-    const std::string between[] = {"", comma ? " " : plain, comma ? ", " : plain};
-    const bool named = (styles & 128) == 0;
-    constexpr int unread = -1'000'000;
-    int values[5] = {0, unread};
-    char word[64] = "";
-    std::string format;
-    std::vector<void*> targets;
-    int place = 0;
-    for (int shift = 6; shift >= 0; shift -= 3) {
-        const unsigned field = ordering >> shift & 7;
-        if (field == 0)
-            continue;
-        format += between[place++];
-        if (field == 2 && named)
-            format += styles & 32 ? "%3s" : "%s";
-        else if (field == 1)
-            format += styles & 1 ? "%2d" : "%4d";
-        else
-            format += !(styles & 8) ? "%d" : field == 4 ? "%3d" : "%2d";
-        targets.push_back(field == 2 && named ? static_cast<void*>(word) : &values[field]);
-    }
-    targets.resize(3);
-    std::sscanf(text.c_str(), format.c_str(), targets[0], targets[1], targets[2]);
-    std::tm name{};
-    for (; named && name.tm_mon < 12; ++name.tm_mon) {
-        char text_of_month[20];
-        std::strftime(text_of_month, sizeof text_of_month, styles & 32 ? "%b" : "%B", &name);
-        if (strcasecmp(word, text_of_month) == 0)
-            values[2] = name.tm_mon + 1;
-    }
-    if (values[1] == unread)
-        values[1] = 0;
-    else if ((styles & 1) != 0)
-        values[1] += 1900;
-    Date date(0);
-    if (ordering == 12 || ordering == 33)
-        date.set_YD(static_cast<std::int16_t>(values[1]), static_cast<std::uint16_t>(values[4]));
-    else if (ordering != 1)
-        date.set_YMD(static_cast<std::int16_t>(values[1]), static_cast<std::uint8_t>(values[2]),
-                     static_cast<std::uint8_t>(values[3]));
-    return date.date_num;
-}
-
-} // namespace
-
-TEST(Date, reads_what_formatted_input_reads_under_every_ordering_style_and_separator) {
-    std::vector<std::string> texts = {"",           " ",       "x",           "2000",         "2000/",
-                                      "/6/9",       "2000/6",  "-5/-6/-7",    "+1 +2 +3",     "  9 6",
-                                      "20000609",   "2 0 0 0", "99999/99/99", "6,9,2000",     "sep/5/6",
-                                      "5 MAR 2000", "-",       "12\t11\n10",  "March 5,2000", "5 sepT 1"};
-    for (const unsigned ordering : {1u, 12u, 19u, 26u, 33u, 83u, 90u, 139u, 153u, 202u, 209u}) {
-        for (const unsigned styles : {36u, 40u, 48u, 68u, 72u, 132u, 133u, 136u, 137u, 144u}) {
-            for (const char separator : {'/', '-', '.', ' ', ',', '\0'}) {
-                const auto with = [&](auto start) {
-                    return Date(start, static_cast<std::uint16_t>(ordering),
-                                static_cast<std::uint16_t>(styles), separator);
-                };
-                std::vector<std::string> own = texts;
-                for (const std::int32_t number : {1998161, 1901005, 1999365, -45100, 250})
-                    own.push_back(text_of(with(number)));
-                for (const std::string& text : own) {
-                    if (ordering == 12 && text.find_first_not_of("0123456789") == std::string::npos)
-                        continue; // the number itself
-                    ASSERT_EQ(with(text.c_str()).date_num, read_by_sscanf(text, ordering, styles, separator))
-                        << '"' << text << "\" " << ordering << ' ' << styles << ' ' << separator;
-                }
-            }
-        }
-    }
+    } const cases[] = {{Date(2000161, 83, 136, 0), "20000609"},
+                       {Date(2000161, 83, 144, '-'), "2000- 6- 9"},
+                       {Date(2000161, 83, 40), "2000/Jun/09"},
+                       {Date(2000005, 33, 136), "005/2000"},
+                       {Date(2000005, 33, 144), "  5/2000"},
+                       {Date(2000005, 12, 132), "2000/5"},
+                       {Date(2000065, 153, 68, ','), "March 5, 2000"},
+                       {Date(2000065, 19, 68, ','), "March 5"},
+                       {Date(2000065, 209, 36, ' '), "5 Mar 2000"},
+                       {Date(1998160, 83, 133), "98/6/9"},
+                       {Date(1998160, 83, 134), "'98/6/9"},
+                       {Date(2005161, 1, 129), "05"},
+                       {Date(161), "0000/6/9"},
+                       {Date(-5005, 83, 136), "-005/01/05"},
+                       {Date(-105005, 83, 133), "-5/1/5"},
+                       {Date(0), "Date omitted"},
+                       {Date(0, 0, std::uint16_t{0}), "Date omitted"},
+                       {Date(2000999, 83, 68), "2000/December/152"},
+                       {Date(2000005, 83, 132, '/', true), "2000/1/5(005)"}};
+    for (const auto& [date, expected] : cases)
+        EXPECT_EQ(text_of(date), expected);
 }
 
 TEST(Date, reads_back_its_own_texts_and_takes_hostile_ones_quietly) {
     for (const char* mask : {"YYYY/MM/DD", "YYYYMMDD", "DD-MM-YYYY", "MM/DD/YY", "D/Mmm/YYYY", "YYYY/Mmm/DD",
-                             "YYYY/DDD", "DDD/YYYY"}) {
+                             "YYYY/DDD", "DDD/YYYY", "D-M/YYYY", "D Mmm YYYY"}) {
         for (const std::int32_t number : {1950001, 1960060, 1999365, 1996366}) {
             Date date(number);
             date.set_format(mask);
@@ -383,28 +284,40 @@ TEST(Date, reads_back_its_own_texts_and_takes_hostile_ones_quietly) {
         }
     }
     const std::string digits(100'000, '9');
-    const struct {
-        const char* text;
-        std::uint16_t ordering, styles;
-        char separator;
-        std::int32_t expected;
-    } cases[] = {{nullptr, 83, 132, '/', 0},
-                 {"2000161", 0, 0, '/', 0},
-                 {"2000161", 12, 132, '/', 2000161},
-                 {"98161", 12, 133, '/', 98161},
-                 {"2000.161", 12, 132, '.', 2000161},
-                 {"98/6/9", 83, 133, '/', 1998160},
-                 {"'98/6/9", 83, 134, '/', 1098160},
-                 {"98/6/9", 83, 134, '/', 1098160},
-                 {"bad", 83, 133, '/', 0},
-                 {"6/9", 19, 133, '/', 161},
-                 {"march 5, 2000", 153, 68, '/', 2000065},
-                 {"1998", 1, 132, '/', 0},
-                 {"2000/March/5", 83, 68, '/', 2000000},
-                 {"4297000001", 12, 132, '/', 2032705},
-                 {digits.c_str(), 83, 136, 0, 9999464},
-                 {digits.c_str(), 33, 132, '/', 65535}};
-    for (const auto& c : cases)
-        EXPECT_EQ(Date(c.text, c.ordering, c.styles, c.separator).date_num, c.expected)
-            << std::string(c.text == nullptr ? "null" : c.text).substr(0, 20);
+    const std::tuple<const char*, std::uint16_t, std::uint16_t, char, std::int32_t> cases[] = {
+        {"20000609", 83, 136, 0, 2000161},
+        {"2000/6", 83, 132, '/', 2000152},
+        {"-5/-6/-7", 83, 132, '/', -5614},
+        {"+1 +2 +3", 83, 132, ' ', 1034},
+        {"5 MAR 2000", 209, 36, ' ', 2000065},
+        {"5 sepT 1", 209, 36, ' ', 249},
+        {"12\t11\n10", 209, 132, ' ', 10316},
+        {"March 5,2000", 153, 68, ',', 2000065},
+        {"6,9,2000", 153, 132, ',', 152},
+        {"  9 6", 26, 144, ' ', 161},
+        {"99999/99/99", 83, 136, '/', 9999000},
+        {"2 0 0 0", 83, 136, 0, 2000},
+        {"005/2000", 33, 136, '/', 2000005},
+        {"6/2000/9", 139, 132, '/', 2000161},
+        {"9/2000/6", 202, 132, '/', 2000161},
+        {"2000/9/6", 90, 137, '/', 1920000},
+        {nullptr, 83, 132, '/', 0},
+        {"2000161", 0, 0, '/', 0},
+        {"2000161", 12, 132, '/', 2000161},
+        {"98161", 12, 133, '/', 98161},
+        {"2000.161", 12, 132, '.', 2000161},
+        {"98/6/9", 83, 133, '/', 1998160},
+        {"'98/6/9", 83, 134, '/', 1098160},
+        {"98/6/9", 83, 134, '/', 1098160},
+        {"bad", 83, 133, '/', 0},
+        {"6/9", 19, 133, '/', 161},
+        {"march 5, 2000", 153, 68, '/', 2000065},
+        {"1998", 1, 132, '/', 0},
+        {"2000/March/5", 83, 68, '/', 2000000},
+        {"4297000001", 12, 132, '/', 2032705},
+        {digits.c_str(), 83, 136, 0, 9999464},
+        {digits.c_str(), 33, 132, '/', 65535}};
+    for (const auto& [text, ordering, styles, separator, expected] : cases)
+        EXPECT_EQ(Date(text, ordering, styles, separator).date_num, expected)
+            << std::string(text == nullptr ? "null" : text).substr(0, 20);
 }

@@ -100,38 +100,30 @@ TEST(Time, adds_seconds_and_gives_the_days_that_passed) {
 }
 
 TEST(Time, text_follows_style_and_separator_and_reads_back) {
-    const struct {
-        std::uint32_t seconds;
-        std::uint8_t ordering, style;
-        char separator;
-        const char* expected;
-    } cases[] = {{3661, 1, 0, ':', "1:01:01"}, {3661, 1, 2, ':', "01:01:01"}, {3661, 1, 6, '.', "01.01.01"},
-                 {3661, 1, 3, ':', "1:01:01"}, {86399, 1, 2, 0, "235959"},    {90061, 1, 0, ':', "1:01:01"},
-                 {3661, 3, 0, ':', "1:01:01"}, {3661, 0, 2, ':', ""}};
-    for (const auto& c : cases) {
-        Time time(0, 0, c.seconds);
-        time.ordering = c.ordering;
-        time.style = c.style;
-        time.separator = c.separator;
+    const std::tuple<std::uint32_t, std::uint8_t, std::uint8_t, char, const char*> cases[] = {
+        {3661, 1, 0, ':', "1:01:01"}, {3661, 1, 2, ':', "01:01:01"}, {3661, 1, 6, '.', "01.01.01"},
+        {3661, 1, 3, ':', "1:01:01"}, {86399, 1, 2, 0, "235959"},    {90061, 1, 0, ':', "1:01:01"},
+        {3661, 3, 0, ':', "1:01:01"}, {3661, 0, 2, ':', ""}};
+    for (const auto& [seconds, ordering, style, separator, expected] : cases) {
+        Time time(0, 0, seconds);
+        time.ordering = ordering;
+        time.style = style;
+        time.separator = separator;
         std::string text = "old";
-        EXPECT_EQ(time.text_str(text), c.expected);
-        if (c.ordering == 1) {
-            EXPECT_EQ(time.set_c_str(text.c_str()), c.seconds % 86400) << text;
+        EXPECT_EQ(time.text_str(text), expected);
+        if (ordering == 1) {
+            EXPECT_EQ(time.set_c_str(text.c_str()), seconds % 86400) << text;
         }
     }
 }
 
 TEST(Time, reads_the_fields_of_its_ordering) {
-    const struct {
-        const char* text;
-        std::uint8_t ordering;
-        std::uint32_t expected;
-    } cases[] = {{"1:02:03", 1, 3723}, {"1:02:03", 2, 3720}, {"2:03", 3, 123},
-                 {"5", 4, 18000},      {"5", 5, 300},        {"5", 6, 5},
-                 {"1:x", 1, 3600},     {nullptr, 1, 0},      {"1:02:03", 0, 0}};
-    for (const auto& c : cases) {
+    const std::tuple<const char*, std::uint8_t, std::uint32_t> cases[] = {
+        {"1:02:03", 1, 3723}, {"1:02:03", 2, 3720}, {"2:03", 3, 123}, {"5", 4, 18000},  {"5", 5, 300},
+        {"5", 6, 5},          {"1:x", 1, 3600},     {nullptr, 1, 0},  {"1:02:03", 0, 0}};
+    for (const auto& [text, ordering, expected] : cases) {
         Time time(9, 9, 9);
-        time.ordering = c.ordering;
-        EXPECT_EQ(time.set_c_str(c.text), c.expected) << c.ordering;
+        time.ordering = ordering;
+        EXPECT_EQ(time.set_c_str(text), expected) << ordering;
     }
 }

@@ -11,16 +11,13 @@ namespace {
 using Association_lists = List_test;
 
 TEST_F(Association_lists, keys_are_compared_without_case_unless_one_side_counts_it) {
-    const struct {
-        Key a, b;
-        int order;
-        int order_by_case;
-    } cases[] = {{"a", "A", 0, 1}, {"B", "a", 1, -1}, {"a", "ab", -1, -1}, {"\xC9", "\xE9", 0, -1},
-                 {"x", "x", 0, 0}, {{}, "x", -1, -1}, {"x", {}, -1, -1},   {{}, {}, -1, -1}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Test_item(c.a).compare(Test_item(c.b)), c.order);
-        EXPECT_EQ(Test_item(c.a, true).compare(Test_item(c.b)), c.order_by_case);
-        EXPECT_EQ(Test_item(c.a).compare(Test_item(c.b, true)), c.order_by_case);
+    const std::tuple<Key, Key, int, int> cases[] = {
+        {"a", "A", 0, 1}, {"B", "a", 1, -1}, {"a", "ab", -1, -1}, {"\xC9", "\xE9", 0, -1},
+        {"x", "x", 0, 0}, {{}, "x", -1, -1}, {"x", {}, -1, -1},   {{}, {}, -1, -1}};
+    for (const auto& [a, b, order, order_by_case] : cases) {
+        EXPECT_EQ(Test_item(a).compare(Test_item(b)), order);
+        EXPECT_EQ(Test_item(a, true).compare(Test_item(b)), order_by_case);
+        EXPECT_EQ(Test_item(a).compare(Test_item(b, true)), order_by_case);
     }
     EXPECT_EQ(Test_item("x").compare(Alias("x", "x")), -1); // no Association
     std::string label = "what was there";
@@ -66,24 +63,6 @@ TYPED_TEST(Every_association_list, unique_keys_refuse_an_equal_key_and_leave_the
     list.transfer_all_from(from, Item_filter::all);
     EXPECT_EQ(forwards(list), "Yxy-X-zu");
     EXPECT_TRUE(from.is_empty()); // what was refused is gone
-}
-
-TEST_F(Association_lists, an_alias_leads_one_step_and_only_where_the_key_itself_is_missing) {
-    Alias_association_list list;
-    for (const auto& [actual, alias] :
-         {std::pair{"n", "old"}, {"o", "old"}, {"none", "lost"}, {"old", "older"}})
-        list.add_alias(actual, alias);
-    fill(list, "onN");
-    EXPECT_EQ(list.find("old", true), list.get_at(1));
-    EXPECT_EQ(list.find("OLD", false), list.get_at(1));
-    for (const char* key : {"OLD", "lost", "older"})
-        EXPECT_EQ(list.find(key, true), nullptr) << key;
-    list.append(new Test_item("old"));
-    EXPECT_EQ(list.find("old", true), list.get_at(3));
-    list.delete_aliases();
-    list.remove_at(3);
-    EXPECT_EQ(list.find("old", true), nullptr);
-    EXPECT_EQ(list.find("old", false), nullptr);
 }
 
 TEST_F(Association_lists, keys_that_differ_behind_a_null_byte_are_different) {

@@ -78,19 +78,15 @@ TEST_F(file_writer, refuses_what_is_no_writable_file) {
     chmod(drives.host("file").c_str(), 0444);
     fs::create_directory(drives.host("folder"));
     mkfifo(drives.host("pipe").c_str(), 0600);
-    const struct {
-        const char* name;
-        Write_error error;
-    } cases[] = {
+    const std::tuple<const char*, Write_error> cases[] = {
         {"file", Write_error::read_only},  {"folder", Write_error::not_a_file},
         {"pipe", Write_error::not_a_file}, {"none\\x", Write_error::absent},
         {"file\\x", Write_error::absent},  {"new\\", Write_error::bad_name},
-        {"a:b", Write_error::bad_name},    {"", Write_error::bad_name},
-    };
-    for (const auto& c : cases) {
-        const Write_result result = write_file(c.name, "x", Durability::quick);
-        EXPECT_EQ(result.error, c.error) << c.name;
-        EXPECT_FALSE(result.reason.empty()) << c.name;
+        {"a:b", Write_error::bad_name},    {"", Write_error::bad_name}};
+    for (const auto& [name, error] : cases) {
+        const Write_result result = write_file(name, "x", Durability::quick);
+        EXPECT_EQ(result.error, error) << name;
+        EXPECT_FALSE(result.reason.empty()) << name;
     }
     EXPECT_EQ(write_file(std::string(300, 'n'), "x", Durability::quick).error, Write_error::bad_name);
     EXPECT_EQ(drives.read("file"), "old text");
@@ -98,29 +94,23 @@ TEST_F(file_writer, refuses_what_is_no_writable_file) {
 }
 
 TEST_F(file_writer, a_fault_at_any_step_leaves_the_old_file_and_nothing_beside_it) {
-    const struct {
-        Write_step step;
-        int number;
-        std::size_t after_bytes;
-        Write_error error;
-    } cases[] = {
+    const std::tuple<Write_step, int, std::size_t, Write_error> cases[] = {
         {Write_step::create, ENOSPC, 0, Write_error::no_space},
         {Write_step::write, ENOSPC, 0, Write_error::no_space},
         {Write_step::write, EDQUOT, 3, Write_error::no_space},
         {Write_step::flush, EIO, 0, Write_error::device_fault},
         {Write_step::set_permissions, EIO, 0, Write_error::device_fault},
         {Write_step::rename, EIO, 0, Write_error::device_fault},
-        {Write_step::rename, 9999, 0, Write_error::other},
-    };
-    for (const auto& c : cases) {
+        {Write_step::rename, 9999, 0, Write_error::other}};
+    for (const auto& [step, number, after_bytes, error] : cases) {
         File_faults faults;
-        faults.fail(c.step, c.number, c.after_bytes);
+        faults.fail(step, number, after_bytes);
         const Write_result result = write_file("file", "new text", Durability::durable);
-        EXPECT_EQ(result.error, c.error);
+        EXPECT_EQ(result.error, error);
         EXPECT_FALSE(result.reason.empty());
         EXPECT_EQ(drives.read("file"), "old text");
-        if (c.step != Write_step::set_permissions) {
-            EXPECT_EQ(write_file("other", "new text", Durability::durable).error, c.error);
+        if (step != Write_step::set_permissions) {
+            EXPECT_EQ(write_file("other", "new text", Durability::durable).error, error);
             EXPECT_FALSE(exists("other"));
         }
         EXPECT_EQ(entries_in(drives.host()), 1);
@@ -160,11 +150,7 @@ TEST_F(file_writer, a_file_that_cannot_be_replaced_is_written_in_place) {
 
 TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their_copy) {
     fs::create_hard_link(drives.host("file"), drives.host("twin"));
-    const struct {
-        Write_step step;
-        std::size_t after_bytes;
-        const char* contents;
-    } cases[] = {
+    const std::tuple<Write_step, std::size_t, const char*> cases[] = {
         {Write_step::copy_aside, 0, "new"},
         {Write_step::copy_aside, 3, "new"},
         {Write_step::write_in_place, 0, "new"},
@@ -172,12 +158,11 @@ TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their
         {Write_step::write_in_place, 2, "longer than the old text"},
         {Write_step::write_in_place, 18, "longer than the old text"},
         {Write_step::flush, 0, "new"},
-        {Write_step::flush, 0, "longer than the old text"},
-    };
-    for (const auto& c : cases) {
+        {Write_step::flush, 0, "longer than the old text"}};
+    for (const auto& [step, after_bytes, contents] : cases) {
         File_faults faults;
-        faults.fail(c.step, ENOSPC, c.after_bytes);
-        EXPECT_EQ(write_file("file", c.contents, Durability::durable).error, Write_error::no_space);
+        faults.fail(step, ENOSPC, after_bytes);
+        EXPECT_EQ(write_file("file", contents, Durability::durable).error, Write_error::no_space);
         EXPECT_EQ(drives.read("twin"), "old text");
         EXPECT_EQ(entries_in(rescue_folder()), 0);
     }

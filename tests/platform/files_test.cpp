@@ -55,13 +55,7 @@ TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
     make_zoo(drives);
     using Kind = Entry_kind;
     using Outcome = Read_outcome;
-    const struct {
-        const char* name;
-        Entry_kind kind;
-        bool link;
-        Read_outcome outcome;
-        const char* contents;
-    } cases[] = {
+    const std::tuple<const char*, Entry_kind, bool, Read_outcome, const char*> cases[] = {
         {"file", Kind::file, false, Outcome::read, "text"},
         {"FILE", Kind::file, false, Outcome::read, "text"},
         {"file\\", Kind::absent, false, Outcome::absent, ""},
@@ -76,15 +70,14 @@ TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
         {"circle", Kind::absent, true, Outcome::absent, ""},
         {"none", Kind::absent, false, Outcome::absent, ""},
         {"file\\x", Kind::absent, false, Outcome::absent, ""},
-        {"q:\\file", Kind::absent, false, Outcome::absent, ""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(entry_kind(c.name), c.kind) << c.name;
-        EXPECT_EQ(exists(c.name), c.kind != Kind::absent) << c.name;
-        EXPECT_EQ(is_link(c.name), c.link) << c.name;
-        const Read_result result = read_file(c.name);
-        EXPECT_EQ(result.outcome, c.outcome) << c.name;
-        EXPECT_EQ(result.contents, c.contents) << c.name;
+        {"q:\\file", Kind::absent, false, Outcome::absent, ""}};
+    for (const auto& [name, kind, link, outcome, contents] : cases) {
+        EXPECT_EQ(entry_kind(name), kind) << name;
+        EXPECT_EQ(exists(name), kind != Kind::absent) << name;
+        EXPECT_EQ(is_link(name), link) << name;
+        const Read_result result = read_file(name);
+        EXPECT_EQ(result.outcome, outcome) << name;
+        EXPECT_EQ(result.contents, contents) << name;
     }
     EXPECT_EQ(read_file("file", 4).contents, "text");
     EXPECT_EQ(read_file("file", 3).outcome, Outcome::too_large);
@@ -101,24 +94,20 @@ TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
 TEST(files, the_time_of_a_file_is_packed_in_local_time) {
     Temporary_drives drives;
     drives.write("file");
-    const struct {
-        const char* time;
-        unsigned packed; // the date above the time
-    } cases[] = {
-        {"2024-03-05 13:58:59", 0x5865'6F5D},
-        {"1960-01-01 12:00:00", 0x0021'0000},
-        {"2200-01-01 12:00:00", 0xFF9F'BF7D},
-    };
-    for (const auto& c : cases) {
+    // the date above the time (unsigned packed;)
+    const std::tuple<const char*, unsigned> cases[] = {{"2024-03-05 13:58:59", 0x5865'6F5D},
+                                                       {"1960-01-01 12:00:00", 0x0021'0000},
+                                                       {"2200-01-01 12:00:00", 0xFF9F'BF7D}};
+    for (const auto& [text, expected] : cases) {
         std::tm time{};
-        strptime(c.time, "%Y-%m-%d %H:%M:%S", &time);
+        strptime(text, "%Y-%m-%d %H:%M:%S", &time);
         time.tm_isdst = -1;
         const timespec changed{mktime(&time), 0};
         const timespec times[2] = {changed, changed};
         utimensat(AT_FDCWD, drives.host("file").c_str(), times, 0);
         const auto packed = file_time("file");
         ASSERT_TRUE(packed);
-        EXPECT_EQ(static_cast<unsigned>(packed->date) << 16 | packed->time, c.packed);
+        EXPECT_EQ(static_cast<unsigned>(packed->date) << 16 | packed->time, expected);
     }
     EXPECT_FALSE(file_time("none"));
     EXPECT_FALSE(file_time("c:\\"));

@@ -16,10 +16,8 @@ namespace fs = std::filesystem;
 TEST(host_names, a_name_is_placed_on_its_drive) {
     Temporary_drives drives;
     drives.write("Simulation/Projects/maize.tvp");
-    struct {
-        std::string name;
-        const char* path; // below c:
-    } cases[] = {
+    // below c: (const char* path;)
+    const std::tuple<std::string, const char*> cases[] = {
         {"C:\\Simulation\\Projects\\maize.tvp", "Simulation/Projects/maize.tvp"},
         {"c:/Simulation/Projects\\\\maize.tvp", "Simulation/Projects/maize.tvp"},
         {"c:\\SIMULATION\\projects\\MAIZE.TVP", "Simulation/Projects/maize.tvp"},
@@ -30,10 +28,9 @@ TEST(host_names, a_name_is_placed_on_its_drive) {
         {"C:\\", ""},
         {"c:\\a\\.\\b\\..\\c\\", "a/c"},
         {"c:\\..\\..\\a", "a"},
-        {"..\\..\\etc", "etc"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(host_path(c.name), drives.host(c.path)) << c.name;
+        {"..\\..\\etc", "etc"}};
+    for (const auto& [name, path] : cases)
+        EXPECT_EQ(host_path(name), drives.host(path)) << name;
     EXPECT_EQ(host_path("z:\\no\\such"), "/no/such");
 
     const std::string nowhere[] = {"",
@@ -143,10 +140,7 @@ TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
     fs::create_directory(drives.host("a:b"));
     drives.add_drive('d', drives.host("link"));
     Drives_guard with_d(drives.drives_folder());
-    const struct {
-        std::string path;
-        const char* name;
-    } cases[] = {
+    const std::tuple<std::string, const char*> cases[] = {
         {drives.host(), "C:\\"},
         {drives.host("none/x"), "C:\\none\\x"},
         {drives.host("link/maize.tvp"), "D:\\maize.tvp"},
@@ -157,10 +151,9 @@ TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
         {drives.host("a\\b"), ""},
         {"/", "Z:\\"},
         {"/etc/../..", "Z:\\"},
-        {"", ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(name_from_host_path(c.path), c.name) << c.path;
+        {"", ""}};
+    for (const auto& [path, name] : cases)
+        EXPECT_EQ(name_from_host_path(path), name) << path;
     EXPECT_TRUE(exists("C:\\a:b"));
 
     change_directory("c:\\link");

@@ -26,17 +26,15 @@ TEST(listing, tells_every_entry_that_a_name_can_reach_with_its_attributes) {
         for (const Folder_entry& entry : list_folder("F", "*.*", asked))
             found[entry.name] = {entry.attributes, entry.is_link};
         const int file = attribute_archive;
-        const std::map<std::string, std::pair<int, bool>> expected = {
-            {"a", {file, false}},
-            {"A", {file, false}},
-            {".point", {file, false}},
-            {"locked", {file | locked, false}},
-            {"M\xFCller", {file, false}},
-            {".~saving-mine", {file, false}},
-            {"sub", {attribute_directory, false}},
-            {"to sub", {attribute_directory, true}},
-            {"to nowhere", {file, true}},
-        };
+        const std::map<std::string, std::pair<int, bool>> expected = {{"a", {file, false}},
+                                                                      {"A", {file, false}},
+                                                                      {".point", {file, false}},
+                                                                      {"locked", {file | locked, false}},
+                                                                      {"M\xFCller", {file, false}},
+                                                                      {".~saving-mine", {file, false}},
+                                                                      {"sub", {attribute_directory, false}},
+                                                                      {"to sub", {attribute_directory, true}},
+                                                                      {"to nowhere", {file, true}}};
         EXPECT_EQ(found, expected);
     }
     EXPECT_EQ(list_folder("f", "*LL*").size(), 1U);
@@ -45,11 +43,7 @@ TEST(listing, tells_every_entry_that_a_name_can_reach_with_its_attributes) {
 }
 
 TEST(listing, masks_match_as_on_the_desktop) {
-    const struct {
-        const char* mask;
-        const char* name;
-        bool matches;
-    } cases[] = {
+    const std::tuple<const char*, const char*, bool> cases[] = {
         {"*.*", "name", true},      {"*.*", ".TVS_project", true},
         {"*", "a.b", true},         {"*.tvn", "a.TVN", true},
         {"*.tvn", "a.tvn2", false}, {"*.tvn", "tvn", false},
@@ -57,9 +51,8 @@ TEST(listing, masks_match_as_on_the_desktop) {
         {"name.*", "NAME", true},   {"name.*", "name.x", true},
         {"name.*", "names", false}, {"*a*b*", "xxaxxbxx", true},
         {"*a*b*c", "abab", false},  {"", "a", false},
-        {"\xC4*", "\xE4x", true},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(matches_mask(c.name, c.mask), c.matches) << c.mask << " " << c.name;
+        {"\xC4*", "\xE4x", true}};
+    for (const auto& [mask, name, matches] : cases)
+        EXPECT_EQ(matches_mask(name, mask), matches) << mask << " " << name;
     EXPECT_FALSE(matches_mask(std::string(100'000, 'a'), "*a*a*a*a*a*a*b"));
 }

@@ -106,27 +106,22 @@ TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
     write_script("Suite/lost.exe", "");
     drives.write("Suite/lost.exe", "#!/no/such/interpreter\n");
     fs::permissions(drives.host("Suite/data.exe"), fs::perms::owner_all);
-    struct {
-        const char* command_line;
-        int result;
-    } cases[] = {
-        {"", result_file_not_found},
-        {"\"\" x", result_file_not_found},
-        {"\"C:\\Suite\\absent.exe\" x", result_file_not_found},
-        {"no_such_tool", result_file_not_found},
-        {"C:\\Suite", result_file_not_found},
-        {"\"C:\\Nowhere\\absent.exe\"", result_path_not_found},
-        {"q:\\absent.exe", result_path_not_found},
-        {"\"C:\\Suite\\locked.exe\"", result_access_denied},
-        {"\"C:\\Suite\\data.exe\"", result_bad_format},
-        {"\"C:\\Suite\\lost.exe\"", result_bad_format},
-        {"\"C:\\Suite\\windows.exe\"", result_bad_format},
-        {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
-        {"notepad.exe \"C:\\notes.txt\"", result_file_not_found},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(launcher().execute(c.command_line, normal), c.result) << c.command_line;
-        EXPECT_EQ(launcher().create_and_wait(c.command_line, normal), std::nullopt) << c.command_line;
+    const std::tuple<const char*, int> cases[] = {{"", result_file_not_found},
+                                                  {"\"\" x", result_file_not_found},
+                                                  {"\"C:\\Suite\\absent.exe\" x", result_file_not_found},
+                                                  {"no_such_tool", result_file_not_found},
+                                                  {"C:\\Suite", result_file_not_found},
+                                                  {"\"C:\\Nowhere\\absent.exe\"", result_path_not_found},
+                                                  {"q:\\absent.exe", result_path_not_found},
+                                                  {"\"C:\\Suite\\locked.exe\"", result_access_denied},
+                                                  {"\"C:\\Suite\\data.exe\"", result_bad_format},
+                                                  {"\"C:\\Suite\\lost.exe\"", result_bad_format},
+                                                  {"\"C:\\Suite\\windows.exe\"", result_bad_format},
+                                                  {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
+                                                  {"notepad.exe \"C:\\notes.txt\"", result_file_not_found}};
+    for (const auto& [command_line, result] : cases) {
+        EXPECT_EQ(launcher().execute(command_line, normal), result) << command_line;
+        EXPECT_EQ(launcher().create_and_wait(command_line, normal), std::nullopt) << command_line;
     }
 }
 
@@ -139,19 +134,15 @@ TEST_F(Process, the_program_is_found_by_its_name) {
     user.add_tool("tool");
     set_program_file(drives.host("Beside/project_editor.exe"));
     ASSERT_TRUE(change_directory("C:\\Elsewhere"));
-    struct {
-        const char* command_line;
-        const char* record;
-    } cases[] = {
+    const char* cases[][2] = {
         {"c:\\My tools\\run.exe 1", "[tools\\run.exe]\n[1]\n"}, // the shorter one is there
         {"\"c:\\My tools\\run\" 2", "[2]\n"},
         {"..\\my a", "[a]\n"},
         {"sibling.exe 3", "[3]\n"},
-        {"LOCAL 4", "[4]\n"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(launcher().create_and_wait(c.command_line, normal), 0) << c.command_line;
-        EXPECT_EQ(take_record(), c.record) << c.command_line;
+        {"LOCAL 4", "[4]\n"}};
+    for (const auto& [command_line, record] : cases) {
+        EXPECT_EQ(launcher().create_and_wait(command_line, normal), 0) << command_line;
+        EXPECT_EQ(take_record(), record) << command_line;
     }
     fs::remove(drives.host("My.exe"));
     EXPECT_EQ(launcher().create_and_wait("c:\\My tools\\run.exe 1", normal), 0);
@@ -192,20 +183,16 @@ TEST_F(Process, a_windows_program_runs_in_the_prefix_whose_drives_are_in_use) {
 TEST_F(Process, explorer_is_the_file_manager_of_the_host) {
     user.add_tool("xdg-open");
     drives.write("My project/Scenarios/a.tvn");
-    struct {
-        const char* command_line;
-        std::string opened;
-    } cases[] = {
+    const std::tuple<const char*, std::string> cases[] = {
         {"explorer /n,/e,C:\\My project\"", drives.host("My project")},
         {"explorer /n,/e,\"C:\\my project\\scenarios\"", drives.host("My project/Scenarios")},
         {"explorer /n,/e,/select,\"C:\\My project\\Scenarios\\a.tvn\"", drives.host("My project/Scenarios")},
         {"C:\\WINDOWS\\Explorer.EXE \"C:\\My project\\\"", drives.host("My project")},
         {"\"explorer.exe\"", drives.host()},
-        {"explorer \"http://example.org/help\\manual.htm\"", "http://example.org/help/manual.htm"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(launcher().execute(c.command_line, normal), result_started) << c.command_line;
-        EXPECT_EQ(user.record_of_tool("xdg-open"), "[" + c.opened + "]\n") << c.command_line;
+        {"explorer \"http://example.org/help\\manual.htm\"", "http://example.org/help/manual.htm"}};
+    for (const auto& [command_line, opened] : cases) {
+        EXPECT_EQ(launcher().execute(command_line, normal), result_started) << command_line;
+        EXPECT_EQ(user.record_of_tool("xdg-open"), "[" + opened + "]\n") << command_line;
     }
     EXPECT_EQ(launcher().execute("explorer /n,/e,C:\\Gone\"", normal), result_file_not_found);
     user.unset("DISPLAY");

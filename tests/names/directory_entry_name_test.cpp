@@ -26,35 +26,29 @@ std::string path_of(const Directory_entry_name& name, bool strip_separator) {
 } // namespace
 
 TEST(Directory_entry_name, a_text_is_split_into_its_parts) {
-    const struct {
-        const char* text;
-        const char* path;
-        const char* path_no_drive; // "kept" where there is none
-        const char* name;
-        const char* extension;
-        std::size_t drive_pos;
-        std::size_t path_pos;
-    } cases[] = {
-        {"C:\\dir\\name.ext", "C:\\dir\\", "\\dir\\", "name", ".ext", 0, 2},
-        {"name", "", "kept", "name", "", npos, npos},
-        {"", "", "kept", "", "", npos, npos},
-        {"a/b.c", "a/", "a/", "b", ".c", npos, 0},
-        {"C:name.x", "C:", "kept", "name", ".x", 0, npos},
-        {".tvp", "", "kept", ".tvp", "", npos, npos},
-        {"C:\\x\\.TVS_project", "C:\\x\\", "\\x\\", "", ".TVS_project", 0, 2},
-        {"C:\\a.b\\c", "C:\\a.b\\", "\\a.b\\", "c", ".b\\c", 0, 2}, // the last point counts, wherever it is
-        {"x\\y:z", "x\\y:", "x\\y:", "z", "", 0, 0},
-    };
-    for (const auto& c : cases) {
-        const File_name name(c.text);
+    // "kept" where there is no path (const char *text, *path, *path_no_drive, *name, *extension;)
+    const std::tuple<const char*, const char*, const char*, const char*, const char*, std::size_t,
+                     std::size_t>
+        cases[] = {{"C:\\dir\\name.ext", "C:\\dir\\", "\\dir\\", "name", ".ext", 0, 2},
+                   {"name", "", "kept", "name", "", npos, npos},
+                   {"", "", "kept", "", "", npos, npos},
+                   {"a/b.c", "a/", "a/", "b", ".c", npos, 0},
+                   {"C:name.x", "C:", "kept", "name", ".x", 0, npos},
+                   {".tvp", "", "kept", ".tvp", "", npos, npos},
+                   {"C:\\x\\.TVS_project", "C:\\x\\", "\\x\\", "", ".TVS_project", 0, 2},
+                   // The last point counts, wherever it is.
+                   {"C:\\a.b\\c", "C:\\a.b\\", "\\a.b\\", "c", ".b\\c", 0, 2},
+                   {"x\\y:z", "x\\y:", "x\\y:", "z", "", 0, 0}};
+    for (const auto& [text, path, path_no_drive, name, extension, drive_pos, path_pos] : cases) {
+        const File_name whole(text);
         std::string out = "kept";
-        EXPECT_EQ(path_of(name, false), c.path) << c.text;
-        EXPECT_EQ(name.get_path_no_drive(out), c.path_no_drive) << c.text;
-        EXPECT_EQ(name.get_name(false), c.name) << c.text;
-        EXPECT_EQ(name.get_ext(), c.extension) << c.text;
-        EXPECT_EQ(name.drive_pos, c.drive_pos) << c.text;
-        EXPECT_EQ(name.path_pos, c.path_pos) << c.text;
-        EXPECT_EQ(name, c.text);
+        EXPECT_EQ(path_of(whole, false), path) << text;
+        EXPECT_EQ(whole.get_path_no_drive(out), path_no_drive) << text;
+        EXPECT_EQ(whole.get_name(false), name) << text;
+        EXPECT_EQ(whole.get_ext(), extension) << text;
+        EXPECT_EQ(whole.drive_pos, drive_pos) << text;
+        EXPECT_EQ(whole.path_pos, path_pos) << text;
+        EXPECT_EQ(whole, text);
     }
     EXPECT_EQ(path_of(File_name("C:\\x\\y"), true), "C:\\x");
     EXPECT_EQ(path_of(File_name("C:/x/y"), true), "C:/x/");
@@ -62,26 +56,23 @@ TEST(Directory_entry_name, a_text_is_split_into_its_parts) {
 
 TEST(Directory_entry_name, each_part_can_be_replaced) {
     const struct {
-        const char* text;
+        const char *text, *result;
         void (*change)(File_name& name);
-        const char* result;
-    } cases[] = {
-        {"a.b", [](File_name& n) { n.set_ext(""); }, "a"},
-        {"C:\\x\\a.b", [](File_name& n) { n.set_ext("txt"); }, "C:\\x\\a.txt"},
-        {"a", [](File_name& n) { n.set_ext(".txt"); }, "a.txt"},
-        {"a.b", [](File_name& n) { n.set_ext(nullptr); }, "a.*"},
-        {"C:\\a.b\\c", [](File_name& n) { n.set_ext(".x"); }, "C:\\a.x"},
-        {"<None>", [](File_name& n) { n.set_ext("crp"); }, "<None>"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_drive("D"); }, "D:\\x\\y.z"},
-        {"x\\y.z", [](File_name& n) { n.set_drive("D:"); }, "D:x\\y.z"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_drive(""); }, "\\x\\y.z"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_name("new"); }, "C:\\x\\new.z"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_name_ext("new"); }, "C:\\x\\new"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_path(Directory_name("D:\\")); }, "D:\\y.z"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set_path(Directory_name("")); }, "y.z"},
-        {"C:\\x\\y.z", [](File_name& n) { n.set(n.get_name(true).c_str()); }, "y.z"},
-        {"x", [](File_name& n) { n.compose("C:", "\\a\\", "b", nullptr); }, "C:\\a\\b"},
-    };
+    } cases[] = {{"a.b", "a", [](File_name& n) { n.set_ext(""); }},
+                 {"C:\\x\\a.b", "C:\\x\\a.txt", [](File_name& n) { n.set_ext("txt"); }},
+                 {"a", "a.txt", [](File_name& n) { n.set_ext(".txt"); }},
+                 {"a.b", "a.*", [](File_name& n) { n.set_ext(nullptr); }},
+                 {"C:\\a.b\\c", "C:\\a.x", [](File_name& n) { n.set_ext(".x"); }},
+                 {"<None>", "<None>", [](File_name& n) { n.set_ext("crp"); }},
+                 {"C:\\x\\y.z", "D:\\x\\y.z", [](File_name& n) { n.set_drive("D"); }},
+                 {"x\\y.z", "D:x\\y.z", [](File_name& n) { n.set_drive("D:"); }},
+                 {"C:\\x\\y.z", "\\x\\y.z", [](File_name& n) { n.set_drive(""); }},
+                 {"C:\\x\\y.z", "C:\\x\\new.z", [](File_name& n) { n.set_name("new"); }},
+                 {"C:\\x\\y.z", "C:\\x\\new", [](File_name& n) { n.set_name_ext("new"); }},
+                 {"C:\\x\\y.z", "D:\\y.z", [](File_name& n) { n.set_path(Directory_name("D:\\")); }},
+                 {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set_path(Directory_name("")); }},
+                 {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set(n.get_name(true).c_str()); }},
+                 {"x", "C:\\a\\b", [](File_name& n) { n.compose("C:", "\\a\\", "b", nullptr); }}};
     for (const auto& c : cases) {
         File_name name(c.text);
         c.change(name);
@@ -183,25 +174,21 @@ TEST(Directory_entry_name, qualifying_starts_from_the_current_directory_and_keep
     const Temporary_drives drives;
     fs::create_directories(drives.host("a/b"));
     ASSERT_TRUE(platform::change_directory("C:\\a\\b"));
-    const struct {
-        const char* text;
-        const char* result;
-    } cases[] = {
-        {"x", "C:\\a\\b\\x"},
-        {"..\\x", "C:\\a\\x"},
-        {"..\\..\\..\\x", "C:\\\\x"}, // the root ends in a separator, which is not looked at
-        {"../", "C:\\a\\"},
-        {"../x", "C:\\a\\b\\../x"},
-        {"..", "C:\\a\\b\\.."},
-        {".\\x", "C:\\a\\b\\.\\x"},
-        {"\\x", "\\x"},
-        {"d:x", "d:x"},
-        {"<default>", "<default>"},
-    };
-    for (const auto& c : cases) {
-        File_name name(c.text);
-        EXPECT_EQ(name.qualify(), *c.text != '<');
-        EXPECT_EQ(name, c.result);
+    // The root ends in a separator, which is not looked at.
+    const char* cases[][2] = {{"x", "C:\\a\\b\\x"},
+                              {"..\\x", "C:\\a\\x"},
+                              {"..\\..\\..\\x", "C:\\\\x"},
+                              {"../", "C:\\a\\"},
+                              {"../x", "C:\\a\\b\\../x"},
+                              {"..", "C:\\a\\b\\.."},
+                              {".\\x", "C:\\a\\b\\.\\x"},
+                              {"\\x", "\\x"},
+                              {"d:x", "d:x"},
+                              {"<default>", "<default>"}};
+    for (const auto& [text, result] : cases) {
+        File_name name(text);
+        EXPECT_EQ(name.qualify(), *text != '<');
+        EXPECT_EQ(name, result);
         EXPECT_EQ(Directory_name(), "C:\\a\\b");
     }
 }
@@ -210,28 +197,23 @@ TEST(Directory_entry_name, a_name_is_made_relative_to_a_folder) {
     const Temporary_drives drives;
     fs::create_directories(drives.host("p/q"));
     ASSERT_TRUE(platform::change_directory("C:\\p\\q"));
-    const struct {
-        const char* text;
-        const char* base;
-        const char* result;
-    } cases[] = {
-        {"C:\\p\\q\\f.t", "C:\\p", "q\\f.t"},
-        {"C:\\P\\q\\f.t", "c:\\p\\", "q\\f.t"},
-        {"C:\\p\\q\\f.t", "C:\\p\\r", "..\\q\\f.t"},
-        {"C:\\p\\f.t", "C:\\p\\q", "..\\f.t"},
-        {"C:\\x\\y\\z.t", "C:\\p\\q", "..\\..\\x\\y\\z.t"},
-        {"C:\\abc\\x", "C:\\a", "bc\\x"}, // components do not count
-        {"C:\\p\\q", "C:\\p\\q", ""},
-        {"D:\\p\\f.t", "C:\\p", "D:\\p\\f.t"},
-        {"c:\\x\\f.t", "C:\\p", "c:\\x\\f.t"}, // case counts in the drive
-        {"f.t", "C:\\p", "q\\f.t"},            // a relative name is taken from the current directory
-        {"f.t", "C:\\r", "..\\p\\q\\f.t"},
-        {"..\\f.t", "C:\\p\\q", "..\\f.t"},
-        {"<None>", "C:\\p", "<None>"},
-    };
-    for (const auto& c : cases) {
-        File_name name(c.text);
-        name.make_relative_to(Directory_name(c.base));
-        EXPECT_EQ(name, c.result) << c.text << " in " << c.base;
+    // Components do not count; case counts in the drive; a relative name is taken from the current directory.
+    const char* cases[][3] = {{"C:\\p\\q\\f.t", "C:\\p", "q\\f.t"},
+                              {"C:\\P\\q\\f.t", "c:\\p\\", "q\\f.t"},
+                              {"C:\\p\\q\\f.t", "C:\\p\\r", "..\\q\\f.t"},
+                              {"C:\\p\\f.t", "C:\\p\\q", "..\\f.t"},
+                              {"C:\\x\\y\\z.t", "C:\\p\\q", "..\\..\\x\\y\\z.t"},
+                              {"C:\\abc\\x", "C:\\a", "bc\\x"},
+                              {"C:\\p\\q", "C:\\p\\q", ""},
+                              {"D:\\p\\f.t", "C:\\p", "D:\\p\\f.t"},
+                              {"c:\\x\\f.t", "C:\\p", "c:\\x\\f.t"},
+                              {"f.t", "C:\\p", "q\\f.t"},
+                              {"f.t", "C:\\r", "..\\p\\q\\f.t"},
+                              {"..\\f.t", "C:\\p\\q", "..\\f.t"},
+                              {"<None>", "C:\\p", "<None>"}};
+    for (const auto& [text, base, result] : cases) {
+        File_name name(text);
+        name.make_relative_to(Directory_name(base));
+        EXPECT_EQ(name, result) << text << " in " << base;
     }
 }

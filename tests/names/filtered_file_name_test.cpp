@@ -11,24 +11,18 @@ TEST(Filtered_file_name, a_name_of_no_file_gets_the_extension) {
     const Temporary_drives drives;
     drives.write("wheat.old");
     drives.write("help.htm");
-    const struct {
-        const char* name;
-        const char* extension;
-        const char* result;
-    } cases[] = {
-        {"wheat", "crp", "wheat.crp"},
-        {"barley.old", "crp", "barley.crp"},
-        {"C:\\wheat.OLD", "crp", "C:\\wheat.OLD"}, // it is there
-        {"help.htm#topic", "crp", "help.htm#topic"},
-        {"", "crp", ""},
-        {nullptr, "crp", ""},
-        {"<Currently not selected>", "crp", "<Currently not selected>"},
-        {"barley.x", nullptr, "barley.x"},
-        {"barley", nullptr, "barley"},
-        {"barley.x", "", "barley"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Filtered_file_name(c.name, c.extension), c.result) << (c.name ? c.name : "null");
+    const char* cases[][3] = {{"wheat", "crp", "wheat.crp"},
+                              {"barley.old", "crp", "barley.crp"},
+                              {"C:\\wheat.OLD", "crp", "C:\\wheat.OLD"},
+                              {"help.htm#topic", "crp", "help.htm#topic"},
+                              {"", "crp", ""},
+                              {nullptr, "crp", ""},
+                              {"<Currently not selected>", "crp", "<Currently not selected>"},
+                              {"barley.x", nullptr, "barley.x"},
+                              {"barley", nullptr, "barley"},
+                              {"barley.x", "", "barley"}};
+    for (const auto& [name, extension, result] : cases)
+        EXPECT_EQ(Filtered_file_name(name, extension), result) << (name ? name : "null");
     EXPECT_EQ(OP_filename(), "noname.op");
     EXPECT_EQ(TVN_filename("x.tvp"), "x.tvn");
 }

@@ -89,14 +89,7 @@ TEST_F(Smart_names, a_name_with_an_anchor_is_that_of_the_file_before_it) {
 }
 
 TEST_F(Smart_names, a_file_is_opened_by_the_command_of_its_type) {
-    const struct {
-        const char* name;
-        std::optional<std::string> command;
-        int start_result;
-        const char* asked;
-        const char* started;
-        int result;
-    } cases[] = {
+    const std::tuple<const char*, std::optional<std::string>, int, const char*, const char*, int> cases[] = {
         {"C:\\a b.htm", "viewer -x \"%1\" -z", 33, ".htm show\n", "viewer -x \"C:\\a b.htm [5]\n", 0},
         {"a.htm#top", "viewer", 2, ".htm show\n", "viewer \"a.htm#top\" [5]\n", 2},
         {"a.htm", "viewer", 32, ".htm show\n", "viewer \"a.htm\" [5]\n", 0},
@@ -105,16 +98,15 @@ TEST_F(Smart_names, a_file_is_opened_by_the_command_of_its_type) {
         {"a.q", std::nullopt, 33, ".q show\n", "explorer \"a.q\" [5]\n", 0},
         {"a", "viewer", 0, " show\n", "viewer \"a\" [5]\nexplorer \"a\" [5]\n", 0},
         {"a.12345678901234567890", std::nullopt, 5, ".123456789012345678 show\n",
-         "explorer \"a.12345678901234567890\" [5]\n", 5},
-    };
-    for (const auto& c : cases) {
+         "explorer \"a.12345678901234567890\" [5]\n", 5}};
+    for (const auto& [name, command, start_result, asked, started, result] : cases) {
         Shell_record shell;
         Launcher_record launcher;
-        shell.command = c.command;
-        launcher.result = c.start_result;
-        EXPECT_EQ(Smart_file_name(c.name).open_with_verb("show"), c.result) << c.name;
-        EXPECT_EQ(shell.asked, c.asked);
-        EXPECT_EQ(launcher.started, c.started);
+        shell.command = command;
+        launcher.result = start_result;
+        EXPECT_EQ(Smart_file_name(name).open_with_verb("show"), result) << name;
+        EXPECT_EQ(shell.asked, asked);
+        EXPECT_EQ(launcher.started, started);
     }
 }
 
@@ -204,10 +196,9 @@ TEST_F(Smart_names, files_and_folders_are_listed_with_every_flag) {
         {{"C:\\p", true, false, true, list_directories}, "v1.2 v1.2\\deep "},
         {{"C:\\p", false, false, true, 0}, ""},
         {{"C:\\absent", true}, ""},
-        {{"", true}, ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(listed(c.request), c.texts) << c.texts;
+        {{"", true}, ""}};
+    for (const auto& [request, texts] : cases)
+        EXPECT_EQ(listed(request), texts) << texts;
     EXPECT_EQ(platform::current_directory(), "C:\\");
 
     Association_list list(true);
@@ -221,47 +212,30 @@ TEST_F(Smart_names, files_and_folders_are_listed_with_every_flag) {
     EXPECT_TRUE(dynamic_cast<Directory_name&>(*list.get_at(4)).show_extension);
 }
 
-TEST_F(Smart_names, searches_enter_a_linked_folder_once) {
-    drives.write("p/a/x");
-    drives.write("out/z");
-    link("..", "p/a/up");
-    link(".", "p/here");
-    link("../out", "p/link");
-    link("../out", "p/link2");
-    link("nowhere", "p/lost");
-    EXPECT_EQ(listed({"C:\\p", true}), "a\\x link\\z lost ");
-    Smart_file_name found;
-    EXPECT_FALSE(Smart_directory_name("C:\\p").find_file("absent", found));
-    EXPECT_TRUE(Smart_directory_name("C:\\p").find_file("Z", found));
-    EXPECT_EQ(found, "C:\\p\\link\\z");
-}
-
-TEST_F(Smart_names, a_file_is_found_below_a_folder) {
-    for (const char* path : {"p/q/Wheat.CRP", "p/r/wheat.crp", "p/.git/hidden.crp", "p/z.x/plain"})
+TEST_F(Smart_names, searches_enter_a_linked_folder_once_and_none_that_begins_with_a_point) {
+    for (const char* path :
+         {"p/a/x", "out/z", "q/q/Wheat.CRP", "q/r/wheat.crp", "q/.git/hidden.crp", "q/z.x/plain"})
         drives.write(path);
-    const Smart_directory_name folder("C:\\p");
+    for (const auto& [target, path] : {std::pair("..", "p/a/up"),
+                                       {".", "p/here"},
+                                       {"../out", "p/link"},
+                                       {"../out", "p/link2"},
+                                       {"nowhere", "p/lost"}})
+        link(target, path);
+    EXPECT_EQ(listed({"C:\\p", true}), "a\\x link\\z lost ");
     Smart_file_name found("old");
-    for (const char* absent : {"q", "hidden.crp", ""})
-        EXPECT_FALSE(folder.find_file(absent, found)) << absent;
+    for (const auto& [folder, name] :
+         {std::pair("C:\\p", "absent"), {"C:\\q", "q"}, {"C:\\q", "hidden.crp"}, {"C:\\q", ""}})
+        EXPECT_FALSE(Smart_directory_name(folder).find_file(name, found)) << name;
     EXPECT_EQ(found, "old");
-    for (const auto& [name, place] :
-         {std::pair("WHEAT.crp", "C:\\p\\q\\Wheat.CRP"), std::pair("plain", "C:\\p\\z.x\\plain"),
-          std::pair(".GIT", "C:\\p\\.git")}) {
-        EXPECT_TRUE(folder.find_file(name, found));
+    const char* cases[][3] = {{"C:\\p", "Z", "C:\\p\\link\\z"},
+                              {"C:\\q", "WHEAT.crp", "C:\\q\\q\\Wheat.CRP"},
+                              {"C:\\q", "plain", "C:\\q\\z.x\\plain"},
+                              {"C:\\q", ".GIT", "C:\\q\\.git"}};
+    for (const auto& [folder, name, place] : cases) {
+        EXPECT_TRUE(Smart_directory_name(folder).find_file(name, found));
         EXPECT_EQ(found, place);
     }
-}
-
-TEST_F(Smart_names, a_tree_is_removed) {
-    for (const char* path : {"top/p/a.txt", "top/p/q/r/c.txt", "top/p/z.txt", "top/z.txt", "z.txt"})
-        drives.write(path);
-    std::string failures;
-    EXPECT_TRUE(Smart_directory_name("C:\\top\\p").remove_tree(failures, false));
-    EXPECT_EQ(failures, "");
-    EXPECT_FALSE(is_there("top/p"));
-    // Files that have the name of one in the tree stay.
-    EXPECT_TRUE(is_there("top/z.txt") && is_there("z.txt"));
-    EXPECT_EQ(platform::current_directory(), "C:\\");
 }
 
 TEST_F(Smart_names, what_cannot_be_deleted_is_told) {
@@ -280,30 +254,25 @@ TEST_F(Smart_names, what_cannot_be_deleted_is_told) {
     EXPECT_TRUE(is_there("top/p/.git/e.txt"));
 }
 
-TEST_F(Smart_names, folders_can_stay_when_their_files_go) {
-    drives.write("p/a.txt");
-    drives.write("p/q/r/b.txt");
-    drives.write("out/c.txt");
-    link("../out", "p/link");
+TEST_F(Smart_names, a_tree_is_removed_with_its_links_or_its_files_alone) {
+    for (const char* path : {"z.txt", "out/c.txt", "top/z.txt", "top/p/z.txt", "top/p/q/r/b.txt"})
+        drives.write(path);
+    link("../../out", "top/p/link");
+    link("../..", "top/p/q/up");
+    link("../../out/c.txt", "top/p/file");
     std::string failures;
-    EXPECT_TRUE(Smart_directory_name("C:\\p").remove_tree(failures, true));
-    EXPECT_TRUE(is_there("p/q/r") && is_there("p/link") && is_there("out/c.txt"));
-    EXPECT_FALSE(is_there("p/a.txt") || is_there("p/q/r/b.txt"));
-}
-
-TEST_F(Smart_names, removing_never_follows_a_link) {
-    drives.write("out/c.txt");
-    drives.write("p/q/b.txt");
-    link("../out", "p/link");
-    link("../..", "p/q/up");
-    link("../out/c.txt", "p/file");
-    std::string failures;
-    EXPECT_TRUE(Smart_directory_name("C:\\p").remove_tree(failures, false));
-    EXPECT_FALSE(is_there("p"));
+    EXPECT_TRUE(Smart_directory_name("C:\\top\\p").remove_tree(failures, true));
+    EXPECT_TRUE(is_there("top/p/q/r") && is_there("top/p/link"));
+    EXPECT_FALSE(is_there("top/p/z.txt") || is_there("top/p/q/r/b.txt") || is_there("top/p/file"));
+    EXPECT_TRUE(Smart_directory_name("C:\\top\\p").remove_tree(failures, false));
+    EXPECT_FALSE(is_there("top/p"));
+    EXPECT_EQ(platform::current_directory(), "C:\\");
     link("out", "p");
     EXPECT_TRUE(Smart_directory_name("C:\\p").remove_tree(failures, false));
     EXPECT_FALSE(is_there("p"));
-    EXPECT_TRUE(is_there("out/c.txt"));
+    EXPECT_EQ(failures, "");
+    // What the links led to stays, and so do files elsewhere that have the name of one in the tree.
+    EXPECT_TRUE(is_there("out/c.txt") && is_there("top/z.txt") && is_there("z.txt"));
 }
 
 TEST_F(Smart_names, what_is_no_folder_or_holds_a_drive_is_not_removed) {

@@ -17,16 +17,13 @@ using namespace unit_tables;
 constexpr std::uint16_t date_unit = 0x1001;
 constexpr std::uint16_t time_unit = 0x1000;
 
-const Unit* find_plain(std::uint32_t code) {
-    const auto rows = plain_units();
+const Unit* find_row(std::span<const Unit> rows, std::uint32_t code) {
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const Unit& u) { return u.code == code; });
     return row == rows.end() ? nullptr : &*row;
 }
 
-const Unit* find_english(std::uint16_t code) {
-    const auto rows = english_units().subspan(1);
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Unit& u) { return u.code == code; });
-    return row == rows.end() ? nullptr : &*row;
+const Unit* find_plain(std::uint32_t code) {
+    return find_row(plain_units(), code);
 }
 
 // Whether the code is one of those that the table of plain units is asked for first.
@@ -115,14 +112,13 @@ std::optional<std::uint16_t> parse_metric(std::string_view text) {
     return static_cast<std::uint16_t>(best->row << 8 | best->exponent | sign);
 }
 
-// "30 minute": a number of seconds, minutes or hours. The last word found in the text counts.
+// "30 minute", "10 sec": a number of seconds, minutes or hours. The last word found in the text counts.
 std::optional<std::uint16_t> parse_time_step(std::string_view text) {
     struct Step {
         std::string_view word;
         std::uint16_t unit;
     };
-    constexpr Step steps[] = {{"second", 0x1300}, {"sec", 0x1300},  {"minute", 0x1400},
-                              {"min", 0x1400},    {"hour", 0x1500}, {"hr", 0x1500}};
+    constexpr Step steps[] = {{"sec", 0x1300}, {"min", 0x1400}, {"hour", 0x1500}, {"hr", 0x1500}};
     std::optional<std::uint16_t> found;
     std::size_t found_at = 0;
     for (const Step& step : steps) {
@@ -172,7 +168,8 @@ bool Units_clad::unit_labels(std::uint16_t unit, std::string& description, std::
     if (may_be_plain(unit) && append_row(find_plain(unit), description, abbreviation))
         return true;
     if ((unit & english_bit) != 0)
-        return append_row(find_english(unit & ~reciprocal_bit), description, abbreviation);
+        return append_row(find_row(english_units().subspan(1), unit & ~reciprocal_bit), description,
+                          abbreviation);
     return append_metric(unit, description, abbreviation);
 }
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -113,10 +112,8 @@ private:
     }
 
     void copy_link(const std::string& from, const std::string& to) {
-        char text[PATH_MAX];
-        const ssize_t length = readlink(from.c_str(), text, sizeof text);
-        note(length < 0 ? write_result_from_errno(errno)
-                        : replace_by_link(to, std::string(text, static_cast<std::size_t>(length))));
+        const auto text = link_text(from);
+        note(text ? replace_by_link(to, *text) : write_result_from_errno(errno));
     }
 
     void note(const Write_result& result) {

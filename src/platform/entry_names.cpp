@@ -5,10 +5,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <map>
+#include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <unordered_map>
 #include <utility>
 
@@ -201,6 +205,21 @@ std::string join_host_path(const std::string& folder, std::string_view entry) {
     if (path.empty() || path.back() != '/')
         path += '/';
     return path.append(entry);
+}
+
+std::optional<std::string> link_text(const std::string& path) {
+    char text[PATH_MAX];
+    const ssize_t length = readlink(path.c_str(), text, sizeof text);
+    return length < 0 ? std::nullopt : std::optional<std::string>({text, static_cast<std::size_t>(length)});
+}
+
+std::string linked_path(const std::string& folder, const std::string& text) {
+    return text.starts_with('/') ? text : join_host_path(folder, text);
+}
+
+std::string real_path(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
+    return real ? real.get() : "";
 }
 
 bool is_unfinished_save(std::string_view entry) {

@@ -24,6 +24,13 @@ std::string host_folder_of(const std::string& path);
 std::string host_entry_of(const std::string& path);
 std::string join_host_path(const std::string& folder, std::string_view entry);
 
+// The text of a symbolic link; nothing, with the reason in errno, where there is no link.
+std::optional<std::string> link_text(const std::string& path);
+// The path that the text of a link in the folder means.
+std::string linked_path(const std::string& folder, const std::string& text);
+// The path without symbolic links; "" where nothing is there.
+std::string real_path(const std::string& path);
+
 // The beginning of the name of a file that is being written beside the one that it will replace.
 constexpr std::string_view unfinished_save_prefix = ".~saving-";
 constexpr std::size_t unfinished_save_digits = 12; // hexadecimal, in lower case, behind the prefix

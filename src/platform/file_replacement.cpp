@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
@@ -74,13 +73,10 @@ int write_all(Write_step step, const Host_handle& file, const Content& content) 
 std::optional<std::string> link_target(std::string path) {
     constexpr int longest_chain = 40;
     for (int i = 0; i < longest_chain; ++i) {
-        char target[PATH_MAX];
-        const ssize_t length = readlink(path.c_str(), target, sizeof target);
-        if (length < 0)
+        const auto text = link_text(path);
+        if (!text)
             return path;
-        const std::string_view text(target, static_cast<std::size_t>(length));
-        path = !text.empty() && text.front() == '/' ? std::string(text)
-                                                    : join_host_path(host_folder_of(path), text);
+        path = linked_path(host_folder_of(path), *text);
     }
     return std::nullopt;
 }

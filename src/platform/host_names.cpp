@@ -9,7 +9,6 @@
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -31,11 +30,6 @@ struct Drives {
     std::string folder; // empty for the default drives
     std::vector<Drive> drives;
 };
-
-std::string real_path(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
-    return real ? real.get() : "";
-}
 
 bool is_separator(char c) {
     return c == '\\' || c == '/';
@@ -86,14 +80,8 @@ std::optional<Drive> linked_drive(const std::string& folder, char letter) {
     Drive drive{letter, "", real_path(link)};
     if (drive.real_root.empty())
         return std::nullopt;
-    char target[PATH_MAX];
-    const ssize_t length = readlink(link.c_str(), target, sizeof target);
-    if (length <= 0)
-        drive.root = link;
-    else if (target[0] == '/')
-        drive.root = normal_host_path({target, static_cast<std::size_t>(length)});
-    else
-        drive.root = normal_host_path(join_host_path(folder, {target, static_cast<std::size_t>(length)}));
+    const auto target = link_text(link);
+    drive.root = target ? normal_host_path(linked_path(folder, *target)) : link;
     return drive;
 }
 

@@ -11,7 +11,6 @@
 #include "platform/host_tools.h"
 
 #include <algorithm>
-#include <climits>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -90,14 +89,12 @@ std::string& program_folder() {
     return folder;
 }
 
-// By the name with which this program was started, as far as set_program_file() was told, else by its real
-// one.
 std::string real_program_path() {
-    char path[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-    return {path, length > 0 ? static_cast<std::size_t>(length) : 0};
+    return link_text("/proc/self/exe").value_or("");
 }
 
+// By the name with which this program was started, as far as set_program_file() was told, else by its real
+// one.
 const std::string& known_program_folder() {
     if (program_folder().empty())
         program_folder() = folder_part(name_from_host_path(real_program_path()));

@@ -5,7 +5,6 @@
 #include "platform/user_folders.h"
 
 #include <algorithm>
-#include <climits>
 #include <ctime>
 #include <fcntl.h>
 #include <string_view>
@@ -131,12 +130,8 @@ std::vector<std::string> recent_shortcuts() {
 }
 
 std::string target_of_link(const std::string& path) {
-    char target[PATH_MAX];
-    const ssize_t length = readlink(path.c_str(), target, sizeof target);
-    if (length <= 0)
-        return "";
-    const std::string text(target, static_cast<std::size_t>(length));
-    return text.front() == '/' ? text : join_host_path(host_folder_of(path), text);
+    const auto text = link_text(path);
+    return text ? linked_path(host_folder_of(path), *text) : "";
 }
 
 } // namespace platform

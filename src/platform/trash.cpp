@@ -9,7 +9,6 @@
 #include <climits>
 #include <ctime>
 #include <fcntl.h>
-#include <filesystem>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -30,11 +29,6 @@ struct Trash {
 std::optional<struct stat> state_of(const std::string& path) {
     struct stat state {};
     return lstat(path.c_str(), &state) == 0 ? std::optional(state) : std::nullopt;
-}
-
-std::string real_path(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::canonical(path, error).string();
 }
 
 // Makes the folder where it is missing. False when it then is a link, or belongs to somebody else.

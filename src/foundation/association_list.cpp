@@ -133,8 +133,8 @@ Item* Alias_association_list::find_exact(std::string_view key) const {
 }
 
 void Alias_association_list::add_alias(const char* actual, const char* alias) {
-    const auto* added = new Alias(actual, alias);
-    aliases_.append(const_cast<Alias*>(added));
+    auto* added = new Alias(actual, alias);
+    aliases_.append(added);
     alias_index_.try_emplace(added->get_alias(), added);
 }
 
@@ -168,12 +168,9 @@ Item* Alias_association_list::find_here(std::string_view key) const {
 }
 
 const Alias* Alias_association_list::find_alias_ignoring_case(const char* key) const {
-    const auto place = const_cast<Association_list&>(aliases_).iterator();
-    for (const Item* item = place->first(); item != nullptr; item = place->next()) {
-        const auto* alias = static_cast<const Alias*>(item);
-        if (equal_ignoring_case(alias->get_alias(), key))
-            return alias;
-    }
+    for (const Alias& alias : Items_of<const Alias>(aliases_))
+        if (equal_ignoring_case(alias.get_alias(), key))
+            return &alias;
     return nullptr;
 }
 

@@ -104,7 +104,7 @@ std::optional<std::string> code_page_from_utf8(std::string_view text) {
 }
 
 bool is_code_page_hole(unsigned char byte) {
-    return byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+    return byte >= 0x80 && byte <= 0x9F && c1_characters[byte - 0x80U] == byte;
 }
 
 char fold_case(char letter) {

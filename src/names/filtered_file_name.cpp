@@ -58,14 +58,14 @@ std::string& Filtered_file_name::get_default_filter(std::string& out) const {
 std::string& Filtered_file_name::get_dialog_filter(std::string& out) const {
     out.clear();
     std::string label;
-    for (std::uint32_t i = 0; const Item* type = file_types.get_at(i); ++i)
-        out += type->label_to(label);
+    for (const Item& type : Items_of<const Item>(file_types))
+        out += type.label_to(label);
     return out;
 }
 
 void Filtered_file_name::copy_file_types(const Filtered_file_name& source) {
-    for (std::uint32_t i = 0; const Item* type = source.file_types.get_at(i); ++i)
-        file_types.append(new File_type_description(static_cast<const File_type_description&>(*type)));
+    for (const auto& type : Items_of<const File_type_description>(source.file_types))
+        file_types.append(new File_type_description(type));
 }
 
 std::string& Filtered_file_name::get_default(const Ustring File_type_description::*field,

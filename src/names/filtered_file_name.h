@@ -24,8 +24,8 @@ public:
 
 class Filtered_file_name : public Smart_file_name {
 public:
-    // A name of a file that is not there gets the extension; an empty one stays empty, and so does one that
-    // begins with "<" stay as it is. Without an `extension` (null) it is that of the name. With a
+    // A name of a file that is not there gets the extension; an empty one, and one that begins with "<", stay
+    // as they are. Without an `extension` (null) it is that of the name. With a
     // `description` or a `filter` the name has a file type, whose filter is by default "*." and the extension
     // and whose description is empty by default.
     explicit Filtered_file_name(const char* name, const char* extension = nullptr,

@@ -61,7 +61,7 @@ public:
     //   when that is not null, and behind the folders entered on the way.
     // - with_extension: whether files keep their extension.
     // - items_show_full_path, items_show_extension: what the items will show; folders always show their
-    // extension.
+    //   extension.
     // - kind: list_files or list_directories. Folders that begin with a point are left out.
     // - extension: when it is not null, only files with that extension are taken.
     void list_entries(Container& out, bool recurse, bool qualified, bool with_extension,

@@ -10,9 +10,8 @@ namespace platform {
 struct Program_start {
     std::string path;                   // of the file, absolute
     std::vector<std::string> arguments; // behind the program itself
-    std::vector<std::string>
-        settings;                // "NAME=value" in the child's environment, beside those of this process
-    bool keeps_terminal = false; // may read the terminal from which this process was started
+    std::vector<std::string> settings;  // "NAME=value", beside the environment of this process
+    bool keeps_terminal = false;        // may read the terminal from which this process was started
 };
 
 // Starts a program that is no child of this process afterwards and is in a session of its own. Gives

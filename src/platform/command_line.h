@@ -13,8 +13,7 @@ namespace platform {
 // - Blanks and tabs separate arguments, outside double quotes. "" is an empty argument.
 // - Inside quotes, two quotes are one that counts as text. A quote that is never closed reaches to the end.
 // - A backslash is text, but for those in front of a quote: two of them are one backslash, and one that is
-// left over
-//   makes the quote text. (So a folder in quotes should not end in a backslash.)
+//   left over makes the quote text. (So a folder in quotes should not end in a backslash.)
 std::vector<std::string> split_arguments(std::string_view text);
 
 // One way to read a command line. Both are parts of the command line itself.

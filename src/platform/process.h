@@ -2,29 +2,24 @@
 //
 // Which program:
 // - The program part of a command line is what command_readings() says, the first that is a file. Where it
-// has no
-//   extension, it is tried with ".exe" first.
+//   has no extension, it is tried with ".exe" first.
 // - A name with a folder or a drive is that file. A bare name is looked for in the folder of this program,
-// among the
-//   host's tools (the absolute folders of PATH) and in the current directory.
+//   among the host's tools (the absolute folders of PATH) and in the current directory.
 // - "explorer" and "notepad", in any case, with or without ".exe" and a folder, are the host's file manager
-// and text
-//   editor. Of the file manager's switches "/n,", "/e," and "/root," have no effect, and with "/select," the
-//   folder is shown that holds the name.
+//   and text editor. Of the file manager's switches "/n,", "/e," and "/root," have no effect, and with
+//   "/select," the folder is shown that holds the name.
 //
 // How it starts is decided by what the file is:
 // - A Windows program is started by "wine", in the prefix whose "dosdevices" are the drives in use. Where
-// they are
-//   not, or without wine, it is refused.
+//   they are not, or without wine, it is refused.
 // - Anything else is started directly, as a native program or a script.
 //
 // What it gets:
 // - A program of the suite gets its arguments as they stand, since it has the same names and drives. A host
-// tool gets
-//   host paths in place of names.
+//   tool gets host paths in place of names.
 // - Its directory is this program's current one, its standard input is empty (a text editor that the user
-// chose by
-//   $VISUAL keeps the terminal), and it gets no other open file of this program. No shell is involved.
+//   chose by $VISUAL keeps the terminal), and it gets no other open file of this program. No shell is
+//   involved.
 // - A show state (1 normal, 3 maximised, 6 minimised) is a wish for which the host has no use.
 #pragma once
 

@@ -68,8 +68,7 @@ public:
 
     // Rebuilds ordering and style from a mask of H, M and S with "." or ":" between. The separator stays as
     // it was when the mask has none. What belongs to a date in the mask is passed over, save that an "M"
-    // behind a
-    // "." counts as minutes. A null mask changes nothing.
+    // behind a "." counts as minutes. A null mask changes nothing.
     void set_format(const char* mask);
 };
 

@@ -22,7 +22,6 @@ namespace {
 
 constexpr int exit_done = 0;
 constexpr int exit_no_file = 1;
-constexpr int normal_window = 1;
 constexpr const char* suite_name = "TVS_suite";
 
 // The version of the master simulation record.
@@ -146,7 +145,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     current_desktop->run(forms.parameter_file_form);
 
     if (project_type == Tilverra_project_type::tilverra)
-        platform::launcher().execute(suite_directory->get_suite_exe(), normal_window);
+        platform::launcher().execute(suite_directory->get_suite_exe(), platform::normal_window);
     // The master record is written at every normal end.
     simulation_paths->save();
     return exit_done;

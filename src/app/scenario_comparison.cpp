@@ -2,12 +2,11 @@
 
 #include "app/scenario_runs.h"
 #include "foundation/lists.h"
+#include "platform/process.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
 
 namespace {
-
-constexpr int normal_window = 1;
 
 std::string quoted(const std::string& text) {
     return '"' + text + '"';
@@ -61,7 +60,7 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
             continue;
         workspace.host.run(suite_directory->get_XEB_directory().get_compare_exe(),
                            quoted(result.folder.*output), active.folder.*output, other.folder.*output, true,
-                           normal_window);
+                           platform::normal_window);
         if (workspace.host.was_cancelled())
             break;
     }

@@ -7,6 +7,7 @@
 #include "app/scenario_runs.h"
 #include "app/tilverra_project_form.h"
 #include "platform/files.h"
+#include "platform/process.h"
 #include "toolkit/desktop.h"
 #include "trees/suite_directory.h"
 
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr int normal_window = 1;
 constexpr const char* no_outputs_title = "Active scenario has no outputs to compare";
 
 // Lets what changed be painted. False once the user closes the program.
@@ -424,5 +424,5 @@ void TTilverra_project_form::open_project_database() {
 
 void TTilverra_project_form::button_launch_TVS_suiteClick() {
     if (has_project())
-        run(suite_directory->get_suite_exe(), "", "", "", false, normal_window);
+        run(suite_directory->get_suite_exe(), "", "", "", false, platform::normal_window);
 }

@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr int normal_window = 1;
 constexpr const char* no_file = "<Currently not selected>";
 constexpr const char* unnamed_caption = "caption";
 constexpr Colour unknown_status_colour = 0xffaa1b;
@@ -149,7 +148,7 @@ void TAutoFileEditBar::edit_button_clicked() {
         file->open();
         return;
     }
-    platform::launcher().execute('"' + *edit_program + "\" \"" + *file + "\" ", normal_window);
+    platform::launcher().execute('"' + *edit_program + "\" \"" + *file + "\" ", platform::normal_window);
     after_change();
 }
 

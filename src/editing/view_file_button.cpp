@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr int normal_window = 1;
-
 template <class Copy, class Source>
 void keep_copy(std::optional<Copy>& copy, const Source* source) {
     copy.reset();
@@ -37,7 +35,7 @@ void TAutoViewFileButton::update_status_indicator() {
 
 void TAutoViewFileButton::do_click() {
     if (file && edit_program)
-        platform::launcher().execute(*edit_program + " \"" + *file + '"', normal_window);
+        platform::launcher().execute(*edit_program + " \"" + *file + '"', platform::normal_window);
     else if (file)
         file->open();
     TButton::do_click();

@@ -15,8 +15,6 @@ namespace TESK {
 
 namespace {
 
-constexpr int normal_window = 1;
-
 // The text from one position up to another, as far as there is one.
 std::string slice(const std::string& text, std::size_t begin, std::size_t end) {
     begin = std::min(begin, text.size());
@@ -113,7 +111,7 @@ bool Directory_entry_name::explore(bool select) const {
     if (select)
         command += "/select,";
     command.append("\"").append(*this).append("\"");
-    platform::launcher().execute(command, normal_window);
+    platform::launcher().execute(command, platform::normal_window);
     return true;
 }
 

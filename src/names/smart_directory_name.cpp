@@ -18,7 +18,6 @@ namespace TESK {
 
 namespace {
 
-constexpr int normal_window = 1;
 constexpr std::string_view unnamed = "noname";
 constexpr std::size_t longest_folder_name = 32767; // on any system of the suite
 
@@ -161,7 +160,7 @@ bool Smart_directory_name::set_as_current() const {
 
 int Smart_directory_name::open() const {
     // The lone quote is what the desktop is given.
-    platform::launcher().execute("explorer /n,/e," + *this + '"', normal_window);
+    platform::launcher().execute("explorer /n,/e," + *this + '"', platform::normal_window);
     return 1;
 }
 

@@ -12,8 +12,6 @@ namespace TESK {
 
 namespace {
 
-constexpr int normal_window = 1;
-constexpr int shown_window = 5;
 constexpr int highest_start_error = 31;
 constexpr int highest_shell_error = 32;
 constexpr std::size_t longest_extension = 19;
@@ -42,15 +40,15 @@ int Smart_file_name::open() const {
 }
 
 int Smart_file_name::edit() const {
-    return shell_accepts("edit", *this, shown_window);
+    return shell_accepts("edit", *this, platform::shown_window);
 }
 
 bool Smart_file_name::print() const {
-    return shell_accepts("print", *this, normal_window);
+    return shell_accepts("print", *this, platform::normal_window);
 }
 
 bool Smart_file_name::shell_open() const {
-    return shell_accepts("open", *this, shown_window);
+    return shell_accepts("open", *this, platform::shown_window);
 }
 
 int Smart_file_name::open_with_verb(const char* verb) const {
@@ -62,10 +60,10 @@ int Smart_file_name::open_with_verb(const char* verb) const {
     if (command) {
         if (command->find("firefox") != npos)
             return 1;
-        result = platform::launcher().execute(command_for(*command, *this), shown_window);
+        result = platform::launcher().execute(command_for(*command, *this), platform::shown_window);
     }
     if (result == 0)
-        result = platform::launcher().execute("explorer \"" + *this + '"', shown_window);
+        result = platform::launcher().execute("explorer \"" + *this + '"', platform::shown_window);
     return result > highest_start_error ? 0 : result;
 }
 

@@ -20,7 +20,7 @@
 // - Its directory is this program's current one, its standard input is empty (a text editor that the user
 //   chose by $VISUAL keeps the terminal), and it gets no other open file of this program. No shell is
 //   involved.
-// - A show state (1 normal, 3 maximised, 6 minimised) is a wish for which the host has no use.
+// - A show state (as below; 3 maximised, 6 minimised) is a wish for which the host has no use.
 #pragma once
 
 #include <optional>
@@ -37,6 +37,10 @@ constexpr int result_out_of_memory = 8;
 constexpr int result_bad_format = 11; // not a program, or one that this host cannot run
 constexpr int result_no_association = 31;
 constexpr int result_started = 33;
+
+// The show states that are asked for most.
+constexpr int normal_window = 1;
+constexpr int shown_window = 5; // at the size and place that it has
 
 class Process_launcher {
 public:

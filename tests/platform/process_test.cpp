@@ -14,8 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int normal = 1;
-
 struct Process : testing::Test {
     Temporary_user user;
     Temporary_drives drives;
@@ -42,13 +40,13 @@ TEST_F(Process, a_suite_program_gets_its_arguments_as_they_stand_and_is_waited_f
     write_recorder("My suite/Tilverra/tilverra_5.exe", 7);
     const auto exit_code = launcher().create_and_wait("\"C:\\my suite\\tilverra\\TILVERRA_5.EXE\"  \"C:\\P "
                                                       "1\\.TVS_project\" \"caf\xE9.tvn\" \"\" $HOME;`x`",
-                                                      normal);
+                                                      normal_window);
     EXPECT_EQ(exit_code, 7);
     EXPECT_EQ(take_record(), "[C:\\P 1\\.TVS_project]\n[caf\xE9.tvn]\n[]\n[$HOME;`x`]\n");
 
     write_script("killed.exe", "kill -9 $$\n");
-    EXPECT_EQ(launcher().create_and_wait("killed.exe", normal), 128 + SIGKILL);
-    EXPECT_EQ(launcher().create_and_wait("\"C:\\absent.exe\"", normal), std::nullopt);
+    EXPECT_EQ(launcher().create_and_wait("killed.exe", normal_window), 128 + SIGKILL);
+    EXPECT_EQ(launcher().create_and_wait("\"C:\\absent.exe\"", normal_window), std::nullopt);
 }
 
 TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
@@ -56,7 +54,7 @@ TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
     write_script("slow.exe",
                  "while [ ! -e go ]; do :; done\nread -r stat < /proc/self/stat\necho $stat > stat.part\n"
                  "/bin/mv stat.part stat\n");
-    EXPECT_EQ(launcher().execute("slow.exe", normal), result_started);
+    EXPECT_EQ(launcher().execute("slow.exe", normal_window), result_started);
     EXPECT_FALSE(has_children());
     drives.write("go");
     EXPECT_NE(Temporary_user::take_record(drives.host("stat")), "none");
@@ -66,7 +64,7 @@ TEST_F(Process, a_program_starts_in_the_current_directory_with_an_empty_input) {
     write_script("Project/look.exe", "{ pwd; echo \"$PWD\"; /bin/cat; } > seen\n");
     fs::create_directory_symlink("Project", drives.host("Link"));
     ASSERT_TRUE(change_directory("C:\\link"));
-    EXPECT_EQ(launcher().create_and_wait("look.exe", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("look.exe", normal_window), 0);
     const std::string directory = drives.host("Link") + "\n";
     EXPECT_EQ(drives.read("Project/seen"), directory + directory);
 }
@@ -82,9 +80,9 @@ TEST_F(Process, a_program_inherits_no_open_file_and_no_signal_setting) {
     const auto handler = std::signal(SIGPIPE, SIG_IGN);
 
     // A shell would change some of this.
-    EXPECT_EQ(launcher().create_and_wait("z:\\bin\\cp /proc/self/status status", normal), 0);
-    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/2", normal), 0);
-    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/77", normal), 1);
+    EXPECT_EQ(launcher().create_and_wait("z:\\bin\\cp /proc/self/status status", normal_window), 0);
+    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/2", normal_window), 0);
+    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/77", normal_window), 1);
 
     std::signal(SIGPIPE, handler);
     sigprocmask(SIG_SETMASK, &before, &blocked);
@@ -120,8 +118,8 @@ TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
                                                   {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
                                                   {"notepad.exe \"C:\\notes.txt\"", result_file_not_found}};
     for (const auto& [command_line, result] : cases) {
-        EXPECT_EQ(launcher().execute(command_line, normal), result) << command_line;
-        EXPECT_EQ(launcher().create_and_wait(command_line, normal), std::nullopt) << command_line;
+        EXPECT_EQ(launcher().execute(command_line, normal_window), result) << command_line;
+        EXPECT_EQ(launcher().create_and_wait(command_line, normal_window), std::nullopt) << command_line;
     }
 }
 
@@ -141,13 +139,13 @@ TEST_F(Process, the_program_is_found_by_its_name) {
         {"sibling.exe 3", "[3]\n"},
         {"LOCAL 4", "[4]\n"}};
     for (const auto& [command_line, record] : cases) {
-        EXPECT_EQ(launcher().create_and_wait(command_line, normal), 0) << command_line;
+        EXPECT_EQ(launcher().create_and_wait(command_line, normal_window), 0) << command_line;
         EXPECT_EQ(take_record(), record) << command_line;
     }
     fs::remove(drives.host("My.exe"));
-    EXPECT_EQ(launcher().create_and_wait("c:\\My tools\\run.exe 1", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("c:\\My tools\\run.exe 1", normal_window), 0);
     EXPECT_EQ(take_record(), "[1]\n");
-    EXPECT_EQ(launcher().create_and_wait("tool 5", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("tool 5", normal_window), 0);
     EXPECT_EQ(user.record_of_tool("tool"), "[5]\n");
     set_program_file("");
 }
@@ -157,7 +155,7 @@ TEST_F(Process, a_host_tool_gets_host_paths) {
     drives.write("Data/caf\xC3\xA9.txt");
     ASSERT_TRUE(change_directory("C:\\Data"));
     launcher().create_and_wait(
-        "tool -n \"C:\\DATA\\caf\xE9.txt\" CAF\xE9.TXT c:\\new.txt http://a.b\\c other", normal);
+        "tool -n \"C:\\DATA\\caf\xE9.txt\" CAF\xE9.TXT c:\\new.txt http://a.b\\c other", normal_window);
     const std::string file = "[" + drives.host("Data/caf\xC3\xA9.txt") + "]\n";
     EXPECT_EQ(user.record_of_tool("tool"),
               "[-n]\n" + file + file + "[" + drives.host("new.txt") + "]\n[http://a.b/c]\n[other]\n");
@@ -170,12 +168,12 @@ TEST_F(Process, a_windows_program_runs_in_the_prefix_whose_drives_are_in_use) {
     user.write("prefix/drive_c/Suite/skymill.exe", "MZ");
     const Drives_guard guard(user.home("prefix/dosdevices") + "/");
     ASSERT_TRUE(change_directory("C:\\"));
-    EXPECT_EQ(launcher().execute("C:\\suite\\skymill.exe", normal), result_bad_format);
+    EXPECT_EQ(launcher().execute("C:\\suite\\skymill.exe", normal_window), result_bad_format);
 
     user.write("tools/wine",
                "#!/bin/sh\nprintf '[%s]\\n' \"$WINEPREFIX\" \"$@\" > '" + user.home("record") + "'\n");
     fs::permissions(user.home("tools/wine"), fs::perms::owner_all);
-    EXPECT_EQ(launcher().create_and_wait("C:\\Suite\\skymill.exe \"C:\\caf\xE9 1.wtb\"", normal), 0);
+    EXPECT_EQ(launcher().create_and_wait("C:\\Suite\\skymill.exe \"C:\\caf\xE9 1.wtb\"", normal_window), 0);
     EXPECT_EQ(take_record(),
               "[" + user.home("prefix") + "]\n[C:\\Suite\\skymill.exe]\n[C:\\caf\xC3\xA9 1.wtb]\n");
 }
@@ -191,19 +189,19 @@ TEST_F(Process, explorer_is_the_file_manager_of_the_host) {
         {"\"explorer.exe\"", drives.host()},
         {"explorer \"http://example.org/help\\manual.htm\"", "http://example.org/help/manual.htm"}};
     for (const auto& [command_line, opened] : cases) {
-        EXPECT_EQ(launcher().execute(command_line, normal), result_started) << command_line;
+        EXPECT_EQ(launcher().execute(command_line, normal_window), result_started) << command_line;
         EXPECT_EQ(user.record_of_tool("xdg-open"), "[" + opened + "]\n") << command_line;
     }
-    EXPECT_EQ(launcher().execute("explorer /n,/e,C:\\Gone\"", normal), result_file_not_found);
+    EXPECT_EQ(launcher().execute("explorer /n,/e,C:\\Gone\"", normal_window), result_file_not_found);
     user.unset("DISPLAY");
-    EXPECT_EQ(launcher().execute("explorer C:\\", normal), result_file_not_found);
+    EXPECT_EQ(launcher().execute("explorer C:\\", normal_window), result_file_not_found);
 }
 
 TEST_F(Process, notepad_is_the_text_editor_of_the_host) {
     drives.write("details.htm");
     const std::string file = drives.host("details.htm");
     const auto edit = [&](const std::string& tool) {
-        EXPECT_EQ(launcher().execute("\"notepad.exe\"  \"C:\\details.htm\" ", normal), result_started);
+        EXPECT_EQ(launcher().execute("\"notepad.exe\"  \"C:\\details.htm\" ", normal_window), result_started);
         return user.record_of_tool(tool);
     };
     user.add_tool("xdg-open");

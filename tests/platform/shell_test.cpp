@@ -22,8 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int normal = 1;
-
 struct Desktop_shell : testing::Test {
     Temporary_user user;
     Temporary_drives drives;
@@ -72,7 +70,8 @@ TEST_F(Desktop_shell, a_verb_starts_the_tool_of_the_host) {
         user.add_tool(tool);
     for (const auto& [verb, name, tool, told, refused_with] : cases) {
         const bool starts = *tool != '\0';
-        EXPECT_EQ(shell().shell_execute(verb, name, normal), starts ? result_started : refused_with) << name;
+        EXPECT_EQ(shell().shell_execute(verb, name, normal_window), starts ? result_started : refused_with)
+            << name;
         if (starts) {
             EXPECT_EQ(user.record_of_tool(tool), "[" + told + "]\n") << name;
         }
@@ -90,7 +89,7 @@ TEST_F(Desktop_shell, a_registered_command_opens_the_file_when_it_is_executed) {
         std::string command = shell().registered_command(".htm", verb).value_or("");
         // All behind the name is lost, as it is for those who fill the command in.
         command.replace(command.find("%1"), std::string::npos, "C:\\my page.htm");
-        EXPECT_EQ(launcher().execute(command, normal), result_started);
+        EXPECT_EQ(launcher().execute(command, normal_window), result_started);
         EXPECT_EQ(user.record_of_tool(tool), "[" + drives.host("my page.htm") + "]\n");
     }
     EXPECT_EQ(shell().registered_command("", "open"), std::nullopt);

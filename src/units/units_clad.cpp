@@ -88,8 +88,6 @@ std::optional<std::uint16_t> parse_metric(std::string_view text) {
     std::optional<Metric_match> best;
     for (int row = 0; row < quantity_count; ++row) {
         const Quantity& quantity = quantities()[row];
-        if (*quantity.unit == 0)
-            continue;
         for (const bool abbreviated : {false, true}) {
             const std::string_view label = abbreviated ? quantity.abbreviation : quantity.unit;
             if (label.empty() || !text.ends_with(label))

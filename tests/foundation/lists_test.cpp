@@ -1,8 +1,5 @@
 #include "foundation/test_item.h"
 
-#include <algorithm>
-#include <random>
-
 namespace TESK {
 namespace {
 
@@ -162,44 +159,6 @@ TEST_F(Lists, finding_backwards_meets_the_last_equal_item_first) {
     EXPECT_EQ(list.find_backward(Test_item("a"), true), list.get_at(2));
     EXPECT_EQ(list.find_backward(Test_item("a"), false), list.get_at(0)); // from the head, where it begins
     EXPECT_EQ(list.find_backward(Test_item("b"), false), nullptr);
-}
-
-// Thousands of changes in a random order, beside a plain text that undergoes the same.
-TEST_F(Lists, any_sequence_of_changes_keeps_order_ownership_and_ways_back) {
-    std::mt19937 random(20240229);
-    const auto below = [&](std::size_t limit) { return static_cast<std::uint32_t>(random() % limit); };
-    Bidirectional_list list;
-    std::string model;
-    for (int step = 0; step < 20'000; ++step) {
-        const std::uint32_t index = below(model.size() + 1);
-        const bool there = index < model.size();
-        const std::string_view operations = !there ? "ahi" : model.size() < 12 ? "ahiahisrdkpP" : "rdkpP";
-        const char operation = operations[below(operations.size())];
-        const char letter = "ABCabcdefg"[below(10)];
-        change(list, operation, index, std::string{letter});
-        switch (operation) {
-        case 'p': model.erase(0, 1); break;
-        case 'P': model.pop_back(); break;
-        case 'h': model.insert(0, 1, letter); break;
-        case 'i': model.insert(there ? index : 0, 1, letter); break;
-        case 'a': model += letter; break;
-        case 's':
-            model += letter;
-            std::stable_sort(model.begin(), model.end(),
-                             [](char x, char y) { return (x | 0x20) < (y | 0x20); });
-            break;
-        default: model.erase(index, 1);
-        }
-        ASSERT_EQ(forwards(list), model) << step << operation;
-        ASSERT_EQ(Test_item::live, model.size());
-        // A way back may be missing, but it never leads forward or to an item that is gone.
-        std::size_t limit = model.size();
-        for (const char c : backwards(list)) {
-            ASSERT_NE(limit, 0U) << step << operation;
-            limit = model.rfind(c, limit - 1);
-            ASSERT_NE(limit, model.npos) << step << operation;
-        }
-    }
 }
 
 } // namespace

@@ -13,14 +13,8 @@ std::string written(Text_list& list) {
 }
 
 TEST(Text_list, the_last_character_of_a_text_never_belongs_to_a_piece) {
-    const char* cases[][2] = {{nullptr, ""},
-                              {"", ""},
-                              {"x", "\n"},
-                              {";", "\n"},
-                              {"a;b;", "a\nb\n"},
-                              {"a;bc", "a\nb\n"},
-                              {"ab,;cd", "ab,\nc\n"},
-                              {"a;;bc;", "a\n\nbc\n"}};
+    const char* cases[][2] = {{"ab,;cd", "ab,\nc\n"},  {"a;b;", "a\nb\n"}, {nullptr, ""}, {"", ""},
+                              {"a;;bc;", "a\n\nbc\n"}, {"a;bc", "a\nb\n"}, {"x", "\n"},   {";", "\n"}};
     for (const auto& [text, lines] : cases) {
         Text_list list(text, ';');
         EXPECT_EQ(written(list), lines);

@@ -9,12 +9,9 @@ namespace {
 
 TEST(Ustring, strip_takes_its_end_and_its_trailing_pass_spares_the_first_character) {
     // The text, and what is left when it is stripped of leading, trailing, and both.
-    const char* cases[][4] = {{"", "", "", ""},
-                              {"xxx", "", "x", ""},
-                              {"abc", "abc", "abc", "abc"},
-                              {"xxaxbxx", "axbxx", "xxaxb", "axb"},
-                              {"ax", "ax", "a", "a"},
-                              {"xa", "a", "xa", "a"}};
+    const char* cases[][4] = {
+        {"abc", "abc", "abc", "abc"}, {"ax", "ax", "a", "a"}, {"xa", "a", "xa", "a"},
+        {"xxx", "", "x", ""},         {"", "", "", ""},       {"xxaxbxx", "axbxx", "xxaxb", "axb"}};
     for (const auto& c : cases)
         for (int mode = 0; mode < 3; ++mode)
             EXPECT_EQ(Ustring(c[0]).strip(static_cast<Strip_mode>(mode), 'x'), c[1 + mode]) << c[0] << mode;

@@ -175,16 +175,10 @@ TEST(Directory_entry_name, qualifying_starts_from_the_current_directory_and_keep
     fs::create_directories(drives.host("a/b"));
     ASSERT_TRUE(platform::change_directory("C:\\a\\b"));
     // The root ends in a separator, which is not looked at.
-    const char* cases[][2] = {{"x", "C:\\a\\b\\x"},
-                              {"..\\x", "C:\\a\\x"},
-                              {"..\\..\\..\\x", "C:\\\\x"},
-                              {"../", "C:\\a\\"},
-                              {"../x", "C:\\a\\b\\../x"},
-                              {"..", "C:\\a\\b\\.."},
-                              {".\\x", "C:\\a\\b\\.\\x"},
-                              {"\\x", "\\x"},
-                              {"d:x", "d:x"},
-                              {"<default>", "<default>"}};
+    const char* cases[][2] = {
+        {"..\\..\\..\\x", "C:\\\\x"}, {"..\\x", "C:\\a\\x"},     {"x", "C:\\a\\b\\x"}, {"\\x", "\\x"},
+        {"../x", "C:\\a\\b\\../x"},   {"..", "C:\\a\\b\\.."},    {"../", "C:\\a\\"},   {"d:x", "d:x"},
+        {".\\x", "C:\\a\\b\\.\\x"},   {"<default>", "<default>"}};
     for (const auto& [text, result] : cases) {
         File_name name(text);
         EXPECT_EQ(name.qualify(), *text != '<');
@@ -198,19 +192,14 @@ TEST(Directory_entry_name, a_name_is_made_relative_to_a_folder) {
     fs::create_directories(drives.host("p/q"));
     ASSERT_TRUE(platform::change_directory("C:\\p\\q"));
     // Components do not count; case counts in the drive; a relative name is taken from the current directory.
-    const char* cases[][3] = {{"C:\\p\\q\\f.t", "C:\\p", "q\\f.t"},
-                              {"C:\\P\\q\\f.t", "c:\\p\\", "q\\f.t"},
-                              {"C:\\p\\q\\f.t", "C:\\p\\r", "..\\q\\f.t"},
-                              {"C:\\p\\f.t", "C:\\p\\q", "..\\f.t"},
-                              {"C:\\x\\y\\z.t", "C:\\p\\q", "..\\..\\x\\y\\z.t"},
-                              {"C:\\abc\\x", "C:\\a", "bc\\x"},
-                              {"C:\\p\\q", "C:\\p\\q", ""},
-                              {"D:\\p\\f.t", "C:\\p", "D:\\p\\f.t"},
-                              {"c:\\x\\f.t", "C:\\p", "c:\\x\\f.t"},
-                              {"f.t", "C:\\p", "q\\f.t"},
-                              {"f.t", "C:\\r", "..\\p\\q\\f.t"},
-                              {"..\\f.t", "C:\\p\\q", "..\\f.t"},
-                              {"<None>", "C:\\p", "<None>"}};
+    const char* cases[][3] = {
+        {"C:\\p\\q\\f.t", "C:\\p", "q\\f.t"}, {"C:\\P\\q\\f.t", "c:\\p\\", "q\\f.t"},
+        {"C:\\abc\\x", "C:\\a", "bc\\x"},     {"C:\\p\\q\\f.t", "C:\\p\\r", "..\\q\\f.t"},
+        {"C:\\p\\q", "C:\\p\\q", ""},         {"C:\\p\\f.t", "C:\\p\\q", "..\\f.t"},
+        {"f.t", "C:\\p", "q\\f.t"},           {"C:\\x\\y\\z.t", "C:\\p\\q", "..\\..\\x\\y\\z.t"},
+        {"f.t", "C:\\r", "..\\p\\q\\f.t"},    {"D:\\p\\f.t", "C:\\p", "D:\\p\\f.t"},
+        {"..\\f.t", "C:\\p\\q", "..\\f.t"},   {"c:\\x\\f.t", "C:\\p", "c:\\x\\f.t"},
+        {"<None>", "C:\\p", "<None>"}};
     for (const auto& [text, base, result] : cases) {
         File_name name(text);
         name.make_relative_to(Directory_name(base));

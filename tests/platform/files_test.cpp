@@ -15,44 +15,46 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// One of each: "file", "empty", "locked" (without write permission), "folder" (empty), "tree", "pipe", and
-// the links "to file", "to folder", "to nowhere" and "circle".
-void make_zoo(const Temporary_drives& drives) {
-    drives.write("file", "text");
-    drives.write("empty");
-    drives.write("locked", "old");
-    fs::permissions(drives.host("locked"), fs::perms(0444));
-    fs::create_directory(drives.host("folder"));
-    drives.write("tree/below/deep", "deep");
-    mkfifo(drives.host("pipe").c_str(), 0600);
-    fs::create_symlink("file", drives.host("to file"));
-    fs::create_symlink("tree", drives.host("to folder"));
-    fs::create_symlink("nowhere", drives.host("to nowhere"));
-    fs::create_symlink("circle", drives.host("circle"));
-}
+struct files : testing::Test {
+    Temporary_drives drives;
 
-// The paths below a folder of c: with what stands there.
-std::string picture(const Temporary_drives& drives, const std::string& folder) {
-    std::string result;
-    std::set<std::string> lines;
-    for (const auto& entry : fs::recursive_directory_iterator(drives.host(folder))) {
-        std::string line = fs::path(entry.path()).lexically_relative(drives.host(folder));
-        if (entry.is_symlink())
-            line += " -> " + fs::read_symlink(entry.path()).string();
-        else if (entry.is_regular_file())
-            line += " = " + drives.read(fs::path(entry.path()).lexically_relative(drives.host()));
-        lines.insert(line);
+    // One of each: "file", "empty", "locked" (without write permission), "folder" (empty), "tree", "pipe",
+    // and the links "to file", "to folder", "to nowhere" and "circle".
+    files() {
+        drives.write("file", "text");
+        drives.write("empty");
+        drives.write("locked", "old");
+        fs::permissions(drives.host("locked"), fs::perms(0444));
+        fs::create_directory(drives.host("folder"));
+        drives.write("tree/below/deep", "deep");
+        mkfifo(drives.host("pipe").c_str(), 0600);
+        fs::create_symlink("file", drives.host("to file"));
+        fs::create_symlink("tree", drives.host("to folder"));
+        fs::create_symlink("nowhere", drives.host("to nowhere"));
+        fs::create_symlink("circle", drives.host("circle"));
     }
-    for (const std::string& line : lines)
-        result += line + "\n";
-    return result;
-}
+
+    // The paths below a folder of c: with what stands there.
+    std::string picture(const std::string& folder) const {
+        std::string result;
+        std::set<std::string> lines;
+        for (const auto& entry : fs::recursive_directory_iterator(drives.host(folder))) {
+            std::string line = fs::path(entry.path()).lexically_relative(drives.host(folder));
+            if (entry.is_symlink())
+                line += " -> " + fs::read_symlink(entry.path()).string();
+            else if (entry.is_regular_file())
+                line += " = " + drives.read(fs::path(entry.path()).lexically_relative(drives.host()));
+            lines.insert(line);
+        }
+        for (const std::string& line : lines)
+            result += line + "\n";
+        return result;
+    }
+};
 
 } // namespace
 
-TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
-    Temporary_drives drives;
-    make_zoo(drives);
+TEST_F(files, each_kind_of_entry_is_told_and_read_or_refused) {
     using Kind = Entry_kind;
     using Outcome = Read_outcome;
     const std::tuple<const char*, Entry_kind, bool, Read_outcome, const char*> cases[] = {
@@ -91,8 +93,7 @@ TEST(files, each_kind_of_entry_is_told_and_read_or_refused) {
     EXPECT_EQ(attributes("none"), std::nullopt);
 }
 
-TEST(files, the_time_of_a_file_is_packed_in_local_time) {
-    Temporary_drives drives;
+TEST_F(files, the_time_of_a_file_is_packed_in_local_time) {
     drives.write("file");
     // the date above the time (unsigned packed;)
     const std::tuple<const char*, unsigned> cases[] = {{"2024-03-05 13:58:59", 0x5865'6F5D},
@@ -113,9 +114,7 @@ TEST(files, the_time_of_a_file_is_packed_in_local_time) {
     EXPECT_FALSE(file_time("c:\\"));
 }
 
-TEST(files, deleting_and_making_tell_what_came_of_it) {
-    Temporary_drives drives;
-    make_zoo(drives);
+TEST_F(files, deleting_and_making_tell_what_came_of_it) {
     EXPECT_EQ(delete_file("FILE"), Delete_outcome::deleted);
     EXPECT_EQ(delete_file("file"), Delete_outcome::absent);
     EXPECT_EQ(delete_file("to nowhere"), Delete_outcome::deleted);
@@ -140,9 +139,7 @@ TEST(files, deleting_and_making_tell_what_came_of_it) {
     EXPECT_FALSE(exists("folder"));
 }
 
-TEST(files, a_tree_is_removed_without_following_links_out_of_it) {
-    Temporary_drives drives;
-    make_zoo(drives);
+TEST_F(files, a_tree_is_removed_without_following_links_out_of_it) {
     drives.write("doomed/below/locked");
     fs::permissions(drives.host("doomed/below/locked"), fs::perms(0400));
     drives.write("doomed/..\\..\\tree");
@@ -160,9 +157,7 @@ TEST(files, a_tree_is_removed_without_following_links_out_of_it) {
     EXPECT_TRUE(exists("file"));
 }
 
-TEST(files, a_copied_file_is_whole_and_takes_the_place_of_the_old_one) {
-    Temporary_drives drives;
-    make_zoo(drives);
+TEST_F(files, a_copied_file_is_whole_and_takes_the_place_of_the_old_one) {
     const std::string large = std::string(3'000'000, 'x') + std::string(1, '\0') + "\r\n";
     drives.write("large", large);
     EXPECT_TRUE(copy_file("large", "COPY").ok());
@@ -187,8 +182,7 @@ TEST(files, a_copied_file_is_whole_and_takes_the_place_of_the_old_one) {
     EXPECT_FALSE(exists("new"));
 }
 
-TEST(files, a_tree_is_copied_with_its_links_and_merged_into_what_is_there) {
-    Temporary_drives drives;
+TEST_F(files, a_tree_is_copied_with_its_links_and_merged_into_what_is_there) {
     drives.write("from/Notes.txt", "new");
     drives.write("from/both", "small");
     drives.write("from/Both", "large");
@@ -200,13 +194,13 @@ TEST(files, a_tree_is_copied_with_its_links_and_merged_into_what_is_there) {
     const std::string head = "both = small\nempty\nlink -> sub/\xFF\nloop -> ..\n";
     const std::string tail = "sub\nsub/\xFF = bytes\n";
     EXPECT_TRUE(copy_tree("FROM", "to\\here").ok());
-    EXPECT_EQ(picture(drives, "to/here"), "Both = large\nNotes.txt = new\n" + head + tail);
+    EXPECT_EQ(picture("to/here"), "Both = large\nNotes.txt = new\n" + head + tail);
 
     drives.write("old/notes.TXT", "old");
     drives.write("old/zzz", "stays");
     drives.write("old/link", "a file");
     EXPECT_TRUE(copy_tree("from", "old").ok());
-    EXPECT_EQ(picture(drives, "old"), "Both = large\n" + head + "notes.TXT = new\n" + tail + "zzz = stays\n");
+    EXPECT_EQ(picture("old"), "Both = large\n" + head + "notes.TXT = new\n" + tail + "zzz = stays\n");
 
     fs::create_directory_symlink("from/sub", drives.host("inside"));
     for (const char* target : {"from", "from\\sub\\new\\deep", "inside\\new", "FROM\\x"})

@@ -13,8 +13,12 @@
 using namespace platform;
 namespace fs = std::filesystem;
 
-TEST(host_names, a_name_is_placed_on_its_drive) {
+struct host_names : testing::Test {
     Temporary_drives drives;
+};
+using current_directory_name = host_names;
+
+TEST_F(host_names, a_name_is_placed_on_its_drive) {
     drives.write("Simulation/Projects/maize.tvp");
     // below c: (const char* path;)
     const std::tuple<std::string, const char*> cases[] = {
@@ -44,8 +48,7 @@ TEST(host_names, a_name_is_placed_on_its_drive) {
         EXPECT_EQ(host_path(name), "") << name;
 }
 
-TEST(host_names, a_name_that_exists_in_several_cases_is_the_first_in_byte_order_unless_it_stands_so) {
-    Temporary_drives drives;
+TEST_F(host_names, a_name_that_exists_in_several_cases_is_the_first_in_byte_order_unless_it_stands_so) {
     for (const char* file : {"soil.SIL", "Soil.sil", "SOIL.sil"})
         drives.write(file);
     EXPECT_EQ(host_path("SOIL.SIL"), drives.host("SOIL.sil"));
@@ -54,8 +57,7 @@ TEST(host_names, a_name_that_exists_in_several_cases_is_the_first_in_byte_order_
     EXPECT_EQ(host_path("m\xFCller"), drives.host("M\xC3\x9CLLER"));
 }
 
-TEST(host_names, every_entry_has_one_name_and_the_name_leads_back_to_it) {
-    Temporary_drives drives;
+TEST_F(host_names, every_entry_has_one_name_and_the_name_leads_back_to_it) {
     const std::set<std::string> entries = {
         "plain.txt",
         "M\xC3\xBCller",         // in the code page
@@ -85,8 +87,7 @@ TEST(host_names, every_entry_has_one_name_and_the_name_leads_back_to_it) {
     EXPECT_EQ(name_from_host_path(drives.host("f/M\xC3\xBCller")), "C:\\f\\M\xFCller");
 }
 
-TEST(host_names, a_new_entry_is_utf8_unless_its_name_can_only_be_a_host_name) {
-    Temporary_drives drives;
+TEST_F(host_names, a_new_entry_is_utf8_unless_its_name_can_only_be_a_host_name) {
     EXPECT_EQ(host_path("M\xFCller"), drives.host("M\xC3\xBCller"));
     EXPECT_EQ(host_path("\xC3\xA4"), drives.host("\xC3\x83\xC2\xA4"));
     EXPECT_EQ(host_path("\xD0\x96_notes.txt"), drives.host("\xD0\x96_notes.txt"));
@@ -95,8 +96,7 @@ TEST(host_names, a_new_entry_is_utf8_unless_its_name_can_only_be_a_host_name) {
     EXPECT_EQ(host_path("\xD0\x8A"), drives.host("\xD0\x8A"));
 }
 
-TEST(host_names, lookups_without_case_follow_every_change_of_the_folder) {
-    Temporary_drives drives;
+TEST_F(host_names, lookups_without_case_follow_every_change_of_the_folder) {
     fs::create_directory(drives.host("f"));
     for (int i = 0; i < 300; ++i) {
         // The program's own change and somebody else's, in turn and as good as at the same time.
@@ -112,8 +112,7 @@ TEST(host_names, lookups_without_case_follow_every_change_of_the_folder) {
     }
 }
 
-TEST(host_names, a_listing_is_trusted_only_when_the_time_of_its_folder_proves_it) {
-    Temporary_drives drives;
+TEST_F(host_names, a_listing_is_trusted_only_when_the_time_of_its_folder_proves_it) {
     drives.write("f/known");
     const auto add_unseen = [&](const std::string& file) {
         const auto time = fs::last_write_time(drives.host("f"));
@@ -133,8 +132,7 @@ TEST(host_names, a_listing_is_trusted_only_when_the_time_of_its_folder_proves_it
     EXPECT_FALSE(exists("f\\LATE"));
 }
 
-TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
-    Temporary_drives drives;
+TEST_F(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
     drives.write("data/maize.tvp");
     fs::create_directory_symlink("data", drives.host("link"));
     fs::create_directory(drives.host("a:b"));
@@ -163,8 +161,7 @@ TEST(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root) {
     EXPECT_EQ(name_from_host_path(drives.host("shortcut/../x")), "C:\\deep\\x");
 }
 
-TEST(host_names, without_a_setting_the_drives_are_the_root_and_a_folder_of_the_user) {
-    Temporary_drives drives;
+TEST_F(host_names, without_a_setting_the_drives_are_the_root_and_a_folder_of_the_user) {
     {
         const Drives_guard defaults("");
         EXPECT_EQ(drives_folder(), "");
@@ -181,8 +178,7 @@ TEST(host_names, without_a_setting_the_drives_are_the_root_and_a_folder_of_the_u
     EXPECT_EQ(host_path("x"), "");
 }
 
-TEST(current_directory, keeps_the_name_by_which_it_was_set) {
-    Temporary_drives drives;
+TEST_F(current_directory_name, keeps_the_name_by_which_it_was_set) {
     fs::create_directories(drives.host("data/deep"));
     fs::create_directory_symlink("data/deep", drives.host("link"));
     ASSERT_TRUE(change_directory("C:\\LINK\\"));
@@ -204,8 +200,7 @@ TEST(current_directory, keeps_the_name_by_which_it_was_set) {
     EXPECT_EQ(full_name("c:x"), "c:\\x");
 }
 
-TEST(current_directory, begins_with_the_shells_path_when_that_is_right) {
-    Temporary_drives drives;
+TEST_F(current_directory_name, begins_with_the_shells_path_when_that_is_right) {
     fs::create_directories(drives.host("data"));
     fs::create_directory_symlink("data", drives.host("link"));
     fs::current_path(drives.host("data"));

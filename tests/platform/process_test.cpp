@@ -29,6 +29,12 @@ struct Process : testing::Test {
     }
     std::string take_record() const { return Temporary_user::take_record(user.home("record")); }
 
+    static std::optional<int> run(const std::string& command_line) {
+        return launcher().create_and_wait(command_line, normal_window);
+    }
+    static int start(const std::string& command_line) {
+        return launcher().execute(command_line, normal_window);
+    }
     static bool has_children() { return waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD; }
 
     void TearDown() override { EXPECT_FALSE(has_children()); }
@@ -38,15 +44,14 @@ struct Process : testing::Test {
 
 TEST_F(Process, a_suite_program_gets_its_arguments_as_they_stand_and_is_waited_for) {
     write_recorder("My suite/Tilverra/tilverra_5.exe", 7);
-    const auto exit_code = launcher().create_and_wait("\"C:\\my suite\\tilverra\\TILVERRA_5.EXE\"  \"C:\\P "
-                                                      "1\\.TVS_project\" \"caf\xE9.tvn\" \"\" $HOME;`x`",
-                                                      normal_window);
+    const auto exit_code = run("\"C:\\my suite\\tilverra\\TILVERRA_5.EXE\"  \"C:\\P "
+                               "1\\.TVS_project\" \"caf\xE9.tvn\" \"\" $HOME;`x`");
     EXPECT_EQ(exit_code, 7);
     EXPECT_EQ(take_record(), "[C:\\P 1\\.TVS_project]\n[caf\xE9.tvn]\n[]\n[$HOME;`x`]\n");
 
     write_script("killed.exe", "kill -9 $$\n");
-    EXPECT_EQ(launcher().create_and_wait("killed.exe", normal_window), 128 + SIGKILL);
-    EXPECT_EQ(launcher().create_and_wait("\"C:\\absent.exe\"", normal_window), std::nullopt);
+    EXPECT_EQ(run("killed.exe"), 128 + SIGKILL);
+    EXPECT_EQ(run("\"C:\\absent.exe\""), std::nullopt);
 }
 
 TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
@@ -54,7 +59,7 @@ TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
     write_script("slow.exe",
                  "while [ ! -e go ]; do :; done\nread -r stat < /proc/self/stat\necho $stat > stat.part\n"
                  "/bin/mv stat.part stat\n");
-    EXPECT_EQ(launcher().execute("slow.exe", normal_window), result_started);
+    EXPECT_EQ(start("slow.exe"), result_started);
     EXPECT_FALSE(has_children());
     drives.write("go");
     EXPECT_NE(Temporary_user::take_record(drives.host("stat")), "none");
@@ -64,7 +69,7 @@ TEST_F(Process, a_program_starts_in_the_current_directory_with_an_empty_input) {
     write_script("Project/look.exe", "{ pwd; echo \"$PWD\"; /bin/cat; } > seen\n");
     fs::create_directory_symlink("Project", drives.host("Link"));
     ASSERT_TRUE(change_directory("C:\\link"));
-    EXPECT_EQ(launcher().create_and_wait("look.exe", normal_window), 0);
+    EXPECT_EQ(run("look.exe"), 0);
     const std::string directory = drives.host("Link") + "\n";
     EXPECT_EQ(drives.read("Project/seen"), directory + directory);
 }
@@ -80,9 +85,9 @@ TEST_F(Process, a_program_inherits_no_open_file_and_no_signal_setting) {
     const auto handler = std::signal(SIGPIPE, SIG_IGN);
 
     // A shell would change some of this.
-    EXPECT_EQ(launcher().create_and_wait("z:\\bin\\cp /proc/self/status status", normal_window), 0);
-    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/2", normal_window), 0);
-    EXPECT_EQ(launcher().create_and_wait("z:\\usr\\bin\\test -e /proc/self/fd/77", normal_window), 1);
+    EXPECT_EQ(run("z:\\bin\\cp /proc/self/status status"), 0);
+    EXPECT_EQ(run("z:\\usr\\bin\\test -e /proc/self/fd/2"), 0);
+    EXPECT_EQ(run("z:\\usr\\bin\\test -e /proc/self/fd/77"), 1);
 
     std::signal(SIGPIPE, handler);
     sigprocmask(SIG_SETMASK, &before, &blocked);
@@ -118,8 +123,8 @@ TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
                                                   {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
                                                   {"notepad.exe \"C:\\notes.txt\"", result_file_not_found}};
     for (const auto& [command_line, result] : cases) {
-        EXPECT_EQ(launcher().execute(command_line, normal_window), result) << command_line;
-        EXPECT_EQ(launcher().create_and_wait(command_line, normal_window), std::nullopt) << command_line;
+        EXPECT_EQ(start(command_line), result) << command_line;
+        EXPECT_EQ(run(command_line), std::nullopt) << command_line;
     }
 }
 
@@ -139,13 +144,13 @@ TEST_F(Process, the_program_is_found_by_its_name) {
         {"sibling.exe 3", "[3]\n"},
         {"LOCAL 4", "[4]\n"}};
     for (const auto& [command_line, record] : cases) {
-        EXPECT_EQ(launcher().create_and_wait(command_line, normal_window), 0) << command_line;
+        EXPECT_EQ(run(command_line), 0) << command_line;
         EXPECT_EQ(take_record(), record) << command_line;
     }
     fs::remove(drives.host("My.exe"));
-    EXPECT_EQ(launcher().create_and_wait("c:\\My tools\\run.exe 1", normal_window), 0);
+    EXPECT_EQ(run("c:\\My tools\\run.exe 1"), 0);
     EXPECT_EQ(take_record(), "[1]\n");
-    EXPECT_EQ(launcher().create_and_wait("tool 5", normal_window), 0);
+    EXPECT_EQ(run("tool 5"), 0);
     EXPECT_EQ(user.record_of_tool("tool"), "[5]\n");
     set_program_file("");
 }
@@ -154,8 +159,7 @@ TEST_F(Process, a_host_tool_gets_host_paths) {
     user.add_tool("tool");
     drives.write("Data/caf\xC3\xA9.txt");
     ASSERT_TRUE(change_directory("C:\\Data"));
-    launcher().create_and_wait(
-        "tool -n \"C:\\DATA\\caf\xE9.txt\" CAF\xE9.TXT c:\\new.txt http://a.b\\c other", normal_window);
+    run("tool -n \"C:\\DATA\\caf\xE9.txt\" CAF\xE9.TXT c:\\new.txt http://a.b\\c other");
     const std::string file = "[" + drives.host("Data/caf\xC3\xA9.txt") + "]\n";
     EXPECT_EQ(user.record_of_tool("tool"),
               "[-n]\n" + file + file + "[" + drives.host("new.txt") + "]\n[http://a.b/c]\n[other]\n");
@@ -168,12 +172,12 @@ TEST_F(Process, a_windows_program_runs_in_the_prefix_whose_drives_are_in_use) {
     user.write("prefix/drive_c/Suite/skymill.exe", "MZ");
     const Drives_guard guard(user.home("prefix/dosdevices") + "/");
     ASSERT_TRUE(change_directory("C:\\"));
-    EXPECT_EQ(launcher().execute("C:\\suite\\skymill.exe", normal_window), result_bad_format);
+    EXPECT_EQ(start("C:\\suite\\skymill.exe"), result_bad_format);
 
     user.write("tools/wine",
                "#!/bin/sh\nprintf '[%s]\\n' \"$WINEPREFIX\" \"$@\" > '" + user.home("record") + "'\n");
     fs::permissions(user.home("tools/wine"), fs::perms::owner_all);
-    EXPECT_EQ(launcher().create_and_wait("C:\\Suite\\skymill.exe \"C:\\caf\xE9 1.wtb\"", normal_window), 0);
+    EXPECT_EQ(run("C:\\Suite\\skymill.exe \"C:\\caf\xE9 1.wtb\""), 0);
     EXPECT_EQ(take_record(),
               "[" + user.home("prefix") + "]\n[C:\\Suite\\skymill.exe]\n[C:\\caf\xC3\xA9 1.wtb]\n");
 }
@@ -189,19 +193,19 @@ TEST_F(Process, explorer_is_the_file_manager_of_the_host) {
         {"\"explorer.exe\"", drives.host()},
         {"explorer \"http://example.org/help\\manual.htm\"", "http://example.org/help/manual.htm"}};
     for (const auto& [command_line, opened] : cases) {
-        EXPECT_EQ(launcher().execute(command_line, normal_window), result_started) << command_line;
+        EXPECT_EQ(start(command_line), result_started) << command_line;
         EXPECT_EQ(user.record_of_tool("xdg-open"), "[" + opened + "]\n") << command_line;
     }
-    EXPECT_EQ(launcher().execute("explorer /n,/e,C:\\Gone\"", normal_window), result_file_not_found);
+    EXPECT_EQ(start("explorer /n,/e,C:\\Gone\""), result_file_not_found);
     user.unset("DISPLAY");
-    EXPECT_EQ(launcher().execute("explorer C:\\", normal_window), result_file_not_found);
+    EXPECT_EQ(start("explorer C:\\"), result_file_not_found);
 }
 
 TEST_F(Process, notepad_is_the_text_editor_of_the_host) {
     drives.write("details.htm");
     const std::string file = drives.host("details.htm");
     const auto edit = [&](const std::string& tool) {
-        EXPECT_EQ(launcher().execute("\"notepad.exe\"  \"C:\\details.htm\" ", normal_window), result_started);
+        EXPECT_EQ(start("\"notepad.exe\"  \"C:\\details.htm\" "), result_started);
         return user.record_of_tool(tool);
     };
     user.add_tool("xdg-open");

@@ -162,6 +162,28 @@ std::string resolve_components(std::string path, const std::vector<std::string_v
     return path;
 }
 
+std::string path_of_entry(std::string_view name) {
+    const std::string full = full_name(name);
+    const std::string* root = full.empty() || full.size() > PATH_MAX ? nullptr : drive_root(full[0]);
+    if (root == nullptr)
+        return "";
+    std::vector<std::string_view> components;
+    append_components(components, std::string_view(full).substr(2));
+    if (components.empty())
+        return *root;
+
+    // Nearly always everything is there as it stands, or all but the last component.
+    std::string folder = *root;
+    for (std::size_t i = 0; i + 1 < components.size(); ++i)
+        folder = join_host_path(folder, TESK::utf8_from_code_page(components[i]));
+    std::string path = join_host_path(folder, TESK::utf8_from_code_page(components.back()));
+    if (host_entry_exists(path))
+        return path;
+    if (host_entry_exists(folder))
+        return resolve_components(folder, {components.back()});
+    return resolve_components(*root, components);
+}
+
 } // namespace
 
 std::string full_name(std::string_view name) {
@@ -192,32 +214,6 @@ std::string full_name(std::string_view name) {
         result.append("\\").append(component);
     return components.empty() ? result + '\\' : result;
 }
-
-namespace {
-
-std::string path_of_entry(std::string_view name) {
-    const std::string full = full_name(name);
-    const std::string* root = full.empty() || full.size() > PATH_MAX ? nullptr : drive_root(full[0]);
-    if (root == nullptr)
-        return "";
-    std::vector<std::string_view> components;
-    append_components(components, std::string_view(full).substr(2));
-    if (components.empty())
-        return *root;
-
-    // Nearly always everything is there as it stands, or all but the last component.
-    std::string folder = *root;
-    for (std::size_t i = 0; i + 1 < components.size(); ++i)
-        folder = join_host_path(folder, TESK::utf8_from_code_page(components[i]));
-    std::string path = join_host_path(folder, TESK::utf8_from_code_page(components.back()));
-    if (host_entry_exists(path))
-        return path;
-    if (host_entry_exists(folder))
-        return resolve_components(folder, {components.back()});
-    return resolve_components(*root, components);
-}
-
-} // namespace
 
 std::string host_path(std::string_view name) {
     std::string path = path_of_entry(name);

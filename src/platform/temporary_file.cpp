@@ -5,23 +5,16 @@
 #include "platform/files.h"
 #include "platform/host_handle.h"
 #include "platform/host_names.h"
+#include "platform/user_folders.h"
 
 #include <cstdlib>
 #include <unistd.h>
 
 namespace platform {
 
-namespace {
-
-std::string host_temporary_folder() {
-    const char* setting = std::getenv("TMPDIR");
-    return setting != nullptr && setting[0] == '/' ? setting : "/tmp";
-}
-
-} // namespace
-
 std::string make_temporary_file() {
-    for (const std::string& folder : {host_temporary_folder(), host_path(current_directory())}) {
+    for (const std::string& folder :
+         {folder_from_environment("TMPDIR", "/tmp"), host_path(current_directory())}) {
         if (name_from_host_path(folder).empty())
             continue;
         std::string path = join_host_path(folder, "tilverra-XXXXXX");

@@ -15,21 +15,17 @@ std::string home_folder() {
     return user != nullptr && user->pw_dir != nullptr && *user->pw_dir == '/' ? user->pw_dir : "/";
 }
 
-namespace {
-
-std::string user_folder(const char* variable, const char* at_home) {
+std::string folder_from_environment(const char* variable, const std::string& otherwise) {
     const char* folder = std::getenv(variable);
-    return folder != nullptr && *folder == '/' ? folder : home_folder() + at_home;
+    return folder != nullptr && *folder == '/' ? folder : otherwise;
 }
 
-} // namespace
-
 std::string user_data_folder() {
-    return user_folder("XDG_DATA_HOME", "/.local/share");
+    return folder_from_environment("XDG_DATA_HOME", home_folder() + "/.local/share");
 }
 
 std::string user_config_folder() {
-    return user_folder("XDG_CONFIG_HOME", "/.config");
+    return folder_from_environment("XDG_CONFIG_HOME", home_folder() + "/.config");
 }
 
 bool make_host_folders(const std::string& path) {

@@ -8,6 +8,9 @@ namespace platform {
 // The user's home folder: of the environment, else of the user database; "/" when neither knows one.
 std::string home_folder();
 
+// The folder that the environment variable names by an absolute path; `otherwise` where it names none.
+std::string folder_from_environment(const char* variable, const std::string& otherwise);
+
 // The folder for the user's data: $XDG_DATA_HOME when that is an absolute path, else ".local/share" at home.
 std::string user_data_folder();
 

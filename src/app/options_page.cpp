@@ -26,8 +26,7 @@ Options_page::Options_page(TPageControl& pages)
           "show_optimization_model_button", "Optimization models")),
       statsgo_groupbox(data_sources_tabsheet.add<TGroupBox>("statsgo_groupbox", "STATSGO", Layout::row)),
       STATSGO_directory_edit([this]() -> TEdit& {
-          statsgo_groupbox.add<TLabel>("label_STATSGO_directory", "Soil data directory")
-              .set_names_next(true);
+          statsgo_groupbox.add<TLabel>("label_STATSGO_directory", "Soil data directory").set_names_next(true);
           return fill(statsgo_groupbox.add<TEdit>("STATSGO_directory_edit"));
       }()) {
     show_GIS_button.set_hint("Make this a project of runs over the polygons of a map.");

@@ -2,6 +2,7 @@
 #include "app/tilverra_project_form.h"
 
 #include "app/carbon_sequestration_count.h"
+#include "app/scenario_catalogue.h"
 #include "model/simulation_paths.h"
 #include "model/tally_tables.h"
 #include "platform/files.h"
@@ -493,6 +494,9 @@ void TTilverra_project_form::list_changed() {
     show_hide_scenario_buttons();
     if (current_scenarios_listbox->count() == 0)
         show_hide_run_button();
+    else if (has_project())
+        scenarios.senerios_run_button.set_enabled(workspace_->active_scenario_exists() ||
+                                                  current_scenarios_listbox->checked_count() > 0);
 }
 
 // Checked lines can be run whatever the active scenario is.

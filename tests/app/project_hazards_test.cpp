@@ -1,3 +1,4 @@
+#include "app/scenario_catalogue.h"
 #include "project_support.h"
 
 #include <functional>

@@ -8,8 +8,8 @@ Options_page::Options_page(TPageControl& pages)
       data_sources_tabsheet(
           options_pagecontrol.add<TTabSheet>("data_sources_tabsheet", "Additional data sources")),
       template_scenario_filebar(generation_tabsheet.add<TAutoFileEditBar>("template_scenario_filebar")),
-      label_template_scenario_notes(add_note(generation_tabsheet, "label_template_scenario_notes",
-                                             "A scenario to be used as a template to generate scenarios.")),
+      label_template_scenario_notes(
+          add_note(generation_tabsheet, "label_template_scenario_notes", usual_template_note)),
       panel_combinatorial_generation(generation_tabsheet.add<TGroupBox>("panel_combinatorial_generation",
                                                                         "Combinations of parameter files")),
       combinatorial_scenario_generation_button(

@@ -4,6 +4,10 @@
 #include "app/page_parts.h"
 #include "editing/file_edit_bar.h"
 
+// What stands below the template of a project, unless templates are all that the project is for.
+inline constexpr const char* usual_template_note =
+    "A scenario to be used as a template to generate scenarios.";
+
 struct Options_page {
     explicit Options_page(TPageControl& pages);
 

@@ -12,6 +12,7 @@ namespace {
 
 constexpr Colour note_green = 0x00ff00;
 constexpr Colour note_red = 0x0000ff;
+constexpr const char* usual_template_caption = "Template scenario";
 constexpr const char* optimization_help = "project\\optimization\\carbon_sequestration.htm";
 
 // What a note says of the scenario that is to serve as template: by its colour, and by a sign.
@@ -208,7 +209,7 @@ void TTilverra_project_form::bind_file_bars() {
     const TESK::File_name* format_editor = programs == nullptr ? nullptr : &programs->get_format_editor_exe();
     Tilverra_project_editor_parameters& record = *project_parameters;
     edits_with(scenarios.active_scenario_editbar, record.active_scenario, "Active scenario", scenario_editor);
-    edits_with(options.template_scenario_filebar, record.template_scenario, "Template scenario",
+    edits_with(options.template_scenario_filebar, record.template_scenario, usual_template_caption,
                scenario_editor);
     if (simulation_paths != nullptr)
         workspace_->master_database = std::make_unique<Database_directory>(*simulation_paths);
@@ -321,17 +322,17 @@ void TTilverra_project_form::reload_PAT_attributes() {
 
 void TTilverra_project_form::show_template_page() {
     const bool is_template = has_project() && workspace_->is_template_project();
-    if (!is_template) {
-        project_pagecontrol.set_active_page(scenarios.scenarios_tabsheet);
-        return;
-    }
-    project_pagecontrol.set_active_page(options.options_tabsheet);
-    scenarios.scenarios_tabsheet.set_visible(false);
-    options.template_scenario_filebar.focus();
-    options.template_scenario_filebar.panel_caption.set_text("Template scenario file (required)");
-    options.label_template_scenario_notes.set_text("A scenario to be used as a template to generate and/or "
-                                                   "run GIS, watershed, and optimization modules; "
-                                                   "must be selected");
+    options.template_scenario_filebar.panel_caption.set_text(is_template ? "Template scenario file (required)"
+                                                                         : usual_template_caption);
+    options.label_template_scenario_notes.set_text(
+        is_template ? "A scenario to be used as a template to generate and/or run GIS, watershed, and "
+                      "optimization modules; must be selected"
+                    : usual_template_note);
+    scenarios.scenarios_tabsheet.set_visible(!is_template);
+    project_pagecontrol.set_active_page(is_template ? options.options_tabsheet
+                                                    : scenarios.scenarios_tabsheet);
+    if (is_template)
+        options.template_scenario_filebar.focus();
 }
 
 void TTilverra_project_form::Update() {

@@ -38,8 +38,13 @@ TEST_F(Workspace, the_project_of_templates_has_no_scenarios_and_asks_for_a_templ
     EXPECT_FALSE(form.scenarios.scenarios_tabsheet.visible());
     EXPECT_EQ(form.project_pagecontrol.active_page(), &form.options.options_tabsheet);
     EXPECT_FALSE(form.options.panel_combinatorial_generation.visible());
-    EXPECT_EQ(form.options.template_scenario_filebar.panel_caption.text(),
-              "Template scenario file (required)");
+    TLabel& caption = form.options.template_scenario_filebar.panel_caption;
+    EXPECT_EQ(caption.text(), "Template scenario file (required)");
+    // Under an ordinary name it is an ordinary project.
+    desktop.expect_file_dialog("Save Tilverra project as", {"C:\\projects\\usual.tvp"});
+    EXPECT_TRUE(parameter_form.save_as_button.click());
+    EXPECT_TRUE(form.scenarios.scenarios_tabsheet.visible());
+    EXPECT_EQ(caption.text(), "Template scenario");
 }
 
 TEST_F(Workspace, a_new_project_touches_nothing_before_an_operation_saves_it) {

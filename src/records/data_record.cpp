@@ -45,6 +45,20 @@ void Data_record::expect_structure(bool) {
     make_primary_section_current();
 }
 
+void Data_record::declare_series() {
+    make_primary_section_current();
+    for (VV_enumerated_section& series : Items_of<VV_enumerated_section>(enumerated_sections))
+        series.setup_structure(*this, true);
+    make_primary_section_current();
+}
+
+std::string Data_record::text_of_sections() const {
+    std::string text;
+    for (const VV_section& section : all_sections())
+        section.append_text(text);
+    return text;
+}
+
 void Data_record::redeclare_for_write() {
     // Entries point into the units and the series.
     Alias_association_list read_sections;
@@ -58,9 +72,7 @@ void Data_record::redeclare_for_write() {
     delete_structure();
 
     expect_structure(true);
-    make_primary_section_current();
-    for (VV_enumerated_section& series : Items_of<VV_enumerated_section>(enumerated_sections))
-        series.setup_structure(*this, true);
+    declare_series();
     for (const VV_section& section : Items_of<VV_section>(read_sections))
         keep_undeclared(section);
     make_primary_section_current();
@@ -224,24 +236,27 @@ std::string Data_record::begin_array(const char* name, bool in_current_section) 
     return {};
 }
 
-void Data_record::expect_float32_array(const char* name, float* array, int first, int last,
-                                       bool in_current_section) {
+template <class Expect>
+void Data_record::expect_array(const char* name, int first, int last, bool in_current_section,
+                               Expect expect_element) {
     const std::string prefix = begin_array(name, in_current_section);
     for (int index = first; index <= last; ++index) {
         std::string key = prefix;
         append_integer(key, index);
-        expect_float32(key.c_str(), array[index]);
+        expect_element(key.c_str(), index);
     }
+}
+
+void Data_record::expect_float32_array(const char* name, float* array, int first, int last,
+                                       bool in_current_section) {
+    expect_array(name, first, last, in_current_section,
+                 [&](const char* key, int index) { expect_float32(key, array[index]); });
 }
 
 void Data_record::expect_uint32_array(const char* name, std::uint32_t* array, int first, int last,
                                       std::uint8_t radix, bool in_current_section) {
-    const std::string prefix = begin_array(name, in_current_section);
-    for (int index = first; index <= last; ++index) {
-        std::string key = prefix;
-        append_integer(key, index);
-        expect_uint32(key.c_str(), array[index], radix);
-    }
+    expect_array(name, first, last, in_current_section,
+                 [&](const char* key, int index) { expect_uint32(key, array[index], radix); });
 }
 
 void Data_record::expect_float32_array_with_units_code(const char* name, std::uint32_t units_code,

@@ -40,9 +40,13 @@ public:
     // is declared already stays as it is.
     virtual void expect_structure(bool for_write);
 
+    // Declares the elements of every series for writing. The primary section is current afterwards.
+    void declare_series();
+
     // Puts in place of the structure that a reading has kept the one that a save declares, with the elements
     // of every series. What the file held beyond it stays behind it, as it was read: entries that the record
-    // does not know, and those in spellings that are declared only for reading.
+    // does not know, and those in spellings that are declared only for reading. A record whose sections are
+    // exchanged before they are saved needs this; for any other, get_preserve_unexpected() is enough.
     void redeclare_for_write();
 
     // Whether a save keeps what the old file holds and the record does not declare.
@@ -123,10 +127,10 @@ public:
     void expect_float32_array_with_units_label(const char* name, const char* units_label, float* array,
                                                int first, int last, bool in_current_section);
 
-    static constexpr std::uint8_t usual_bool_form = 3; // "true" and "false"
-
     // The sections, in order.
     Items_of<VV_section> all_sections() const { return Items_of<VV_section>(sections); }
+    // What they are in a file.
+    std::string text_of_sections() const;
 
     // The full name of the file that the record was last read from or written to; empty for none.
     const std::string& get_loaded_from() const { return loaded_from_; }
@@ -150,6 +154,9 @@ private:
     // The section that an array of this name stands in becomes current. Returns what stands before the key of
     // an element.
     std::string begin_array(const char* name, bool in_current_section);
+    // Calls `expect_element` with the key of each element and its index.
+    template <class Expect>
+    void expect_array(const char* name, int first, int last, bool in_current_section, Expect expect_element);
 
     // The section with the name, an alias of it, or an element's section that now declares itself; or null.
     VV_section* find_section(std::string_view name);

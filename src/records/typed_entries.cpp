@@ -28,7 +28,6 @@ struct Bool_words {
 };
 constexpr Bool_words bool_words[] = {{"1", "0"},        {"t", "f"},        {"T", "F"},
                                      {"true", "false"}, {"True", "False"}, {"TRUE", "FALSE"}};
-constexpr std::uint8_t usual_bool_form = 3;
 
 void append_number(std::string& text, std::int64_t value, int radix, const Field_format* format) {
     std::string number;

@@ -39,6 +39,9 @@ enum class Entry_type : std::uint8_t {
     units = 18,
 };
 
+// The words of a boolean, unless a record says otherwise: "true" and "false".
+constexpr std::uint8_t usual_bool_form = 3;
+
 class VV_entry_item : public Association {};
 
 class VV_base_entry : public VV_entry_item {

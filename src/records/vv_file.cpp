@@ -5,7 +5,6 @@
 #include "records/data_record.h"
 #include "records/line_reader.h"
 #include "records/vv_section.h"
-#include "records/vv_text.h"
 
 namespace TESK {
 
@@ -100,9 +99,9 @@ bool VV_file::get(Data_record& record) {
 bool VV_file::write_record(Data_record& record) {
     if (!filename_ || filename_->empty())
         return false;
-    declare_series(record);
+    record.declare_series();
     if (!record.get_preserve_unexpected() || bring_back_unexpected(record)) {
-        last_write_ = platform::write_file(*filename_, text_of_sections(record), durability_);
+        last_write_ = platform::write_file(*filename_, record.text_of_sections(), durability_);
         if (last_write_.ok())
             record.set_loaded_from(platform::full_name(*filename_));
     }

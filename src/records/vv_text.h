@@ -19,9 +19,4 @@ private:
     std::string text_;
 };
 
-// Declares the elements of the record's series for writing; the primary section is current afterwards.
-void declare_series(Data_record& record);
-// The text of all sections as they stand.
-std::string text_of_sections(const Data_record& record);
-
 } // namespace TESK

@@ -284,16 +284,18 @@ bool dBase_data_source::skip_deleted(std::int32_t step) {
     return true;
 }
 
-bool dBase_data_source::goto_next(std::int32_t count) {
-    const std::int64_t number = std::int64_t{current_record_} + count;
+bool dBase_data_source::go(std::int64_t distance) {
+    const std::int64_t number = current_record_ + distance;
     const bool possible = number >= 0 && number <= std::numeric_limits<std::uint32_t>::max();
-    return goto_record(possible ? static_cast<std::uint32_t>(number) : 0) && skip_deleted(1);
+    return goto_record(possible ? static_cast<std::uint32_t>(number) : 0);
+}
+
+bool dBase_data_source::goto_next(std::int32_t count) {
+    return go(count) && skip_deleted(1);
 }
 
 bool dBase_data_source::goto_previous(std::int32_t count) {
-    const std::int64_t number = std::int64_t{current_record_} - count;
-    const bool possible = number >= 0 && number <= std::numeric_limits<std::uint32_t>::max();
-    return goto_record(possible ? static_cast<std::uint32_t>(number) : 0) && skip_deleted(-1);
+    return go(-std::int64_t{count}) && skip_deleted(-1);
 }
 
 bool dBase_data_source::goto_first() {
@@ -327,6 +329,23 @@ const dBase_data_source::Field_item* dBase_data_source::match(std::size_t place,
     return matches_[place].field;
 }
 
+template <class Use>
+bool dBase_data_source::for_matches(const Data_record& record, Use use) {
+    bool any = false;
+    std::size_t place = 0;
+    for (const VV_section& section : record.all_sections()) {
+        for (VV_base_entry& entry : section.all_entries()) {
+            const Field_item* field = match(place++, entry.key);
+            entry.encountered = field != nullptr;
+            if (field == nullptr)
+                continue;
+            use(entry, *field);
+            any = true;
+        }
+    }
+    return any;
+}
+
 bool dBase_data_source::get(Data_record& record) {
     record.preread();
     bool any_read = Data_source::get(record);
@@ -334,25 +353,17 @@ bool dBase_data_source::get(Data_record& record) {
         record.set_position(static_cast<std::int32_t>(current_record_));
         current_deleted_ = !row_.empty() && row_.front() == deleted_mark;
         Ustring text;
-        std::size_t place = 0;
-        for (const VV_section& section : record.all_sections()) {
-            for (VV_base_entry& entry : section.all_entries()) {
-                const Field_item* field = match(place++, entry.key);
-                entry.encountered = field != nullptr;
-                if (field == nullptr)
-                    continue;
-                const std::string_view column = get_field_text(*field);
-                // By pointers, since the compiler copies what it knows to be short in a way that is slow.
-                const char* end = column.data() + column.size();
-                while (end != column.data() && end[-1] == ' ')
-                    --end;
-                text.assign(column.data(), end);
-                if (field->type == 'D')
-                    text = date_from_column(text);
-                entry.set_value(text);
-                any_read = true;
-            }
-        }
+        any_read = for_matches(record, [&](VV_base_entry& entry, const Field_item& field) {
+            const std::string_view column = get_field_text(field);
+            // By pointers, since the compiler copies what it knows to be short in a way that is slow.
+            const char* end = column.data() + column.size();
+            while (end != column.data() && end[-1] == ' ')
+                --end;
+            text.assign(column.data(), end);
+            if (field.type == 'D')
+                text = date_from_column(text);
+            entry.set_value(text);
+        });
     }
     record.postread();
     return any_read;
@@ -443,22 +454,13 @@ bool dBase_data_source::write_record(Data_record& record) {
     }
     header_modified_ = true;
     row_.assign(header_.record_length, ' ');
-    bool any_stored = false;
-    std::size_t place = 0;
     std::string text;
-    for (const VV_section& section : record.all_sections()) {
-        for (VV_base_entry& entry : section.all_entries()) {
-            const Field_item* field = match(place++, entry.key);
-            entry.encountered = field != nullptr;
-            if (field == nullptr)
-                continue;
-            entry.get_value(text);
-            if (entry.type_code() == Entry_type::date)
-                text = date_to_column(text);
-            store_column(*field, text, is_numeric(entry.type_code()));
-            any_stored = true;
-        }
-    }
+    const bool any_stored = for_matches(record, [&](VV_base_entry& entry, const Field_item& field) {
+        entry.get_value(text);
+        if (entry.type_code() == Entry_type::date)
+            text = date_to_column(text);
+        store_column(field, text, is_numeric(entry.type_code()));
+    });
     placed_at_ = 0;
     position_at(current_record_);
     file_.write_bytes(row_.data(), row_.size());

@@ -140,6 +140,10 @@ private:
         const Field_item* field;
     };
     const Field_item* match(std::size_t place, const std::string& key);
+    // Marks each entry of the record whether a field has its name, and calls `use` with the two if so. True
+    // when there was any.
+    template <class Use>
+    bool for_matches(const Data_record& record, Use use);
 
     bool is_occupied();
     void read_header();
@@ -147,6 +151,7 @@ private:
     void visit_rows();
     bool read_row();
     void write_header();
+    bool go(std::int64_t distance);
     bool skip_deleted(std::int32_t step);
     void store_column(const Field_item& field, std::string_view text, bool at_right);
 

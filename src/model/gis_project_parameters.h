@@ -45,16 +45,11 @@ public:
     bool combine_similar_sequences = true;
     float max_evap_layer_thickness = 0.05F;
 
-    TESK::Valid_int16 valid_equilibriate_years{
-        equilibriate_years, "equilibriate_years", 0, {0, 5, 0, 10}, nullptr, nullptr};
-    TESK::Valid_int16 valid_max_capability_class{
-        max_capability_class, "max_capability_class", 4, {1, 8, 1, 8}, "class", "Soil capability class"};
-    TESK::Valid_float32 valid_max_evap_layer_thickness{max_evap_layer_thickness,
-                                                       0x2000,
-                                                       "max_evap_layer_thickness",
-                                                       2,
-                                                       0.05,
-                                                       {0, 1, 0, 3},
-                                                       "m",
-                                                       "Maximum evaporative layer thickness"};
+    TESK::Valid_int16 valid_equilibriate_years =
+        TESK::Valid_int16(equilibriate_years, "equilibriate_years", 0, {0, 5, 0, 10}, nullptr, nullptr);
+    TESK::Valid_int16 valid_max_capability_class = TESK::Valid_int16(
+        max_capability_class, "max_capability_class", 4, {1, 8, 1, 8}, "class", "Soil capability class");
+    TESK::Valid_float32 valid_max_evap_layer_thickness =
+        TESK::Valid_float32(max_evap_layer_thickness, 0x2000, "max_evap_layer_thickness", 2, 0.05,
+                            {0, 1, 0, 3}, "m", "Maximum evaporative layer thickness");
 };

@@ -115,4 +115,8 @@ public:
 
     bool optimize_total_grazed_biomass = false;
     bool optimize_carbon_sequestered = false;
+
+private:
+    void make_validation();
+    void expect_submodels(TESK::Data_record& record);
 };

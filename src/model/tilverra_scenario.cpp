@@ -7,9 +7,9 @@ namespace {
 constexpr Record_version scenario_version{4, 14, 4};
 
 // Unit codes of the quantities that stand by layers.
-constexpr std::uint32_t percent = 3;
-constexpr std::uint32_t kilogram_per_square_meter = 0x28800603;
-constexpr std::uint32_t kilogram_per_hectare = 0x2a820603;
+constexpr std::uint32_t percent_code = 3;
+constexpr std::uint32_t kilogram_per_square_meter_code = 0x28800603;
+constexpr std::uint32_t kilogram_per_hectare_code = 0x2a820603;
 
 constexpr std::uint16_t file_name_length = 128;
 
@@ -32,6 +32,16 @@ Tilverra_scenario::Tilverra_scenario() : Common_scenario(scenario_version) {}
 void Tilverra_scenario::expect_structure(bool for_write) {
     Common_scenario::expect_structure(for_write);
 
+    expect_files_and_crop();
+    model_options->expect_structure(*this);
+    expect_water();
+    expect_residue_and_manure();
+    expect_salt_and_nitrogen();
+    expect_organic_matter();
+    expect_site();
+}
+
+void Tilverra_scenario::expect_files_and_crop() {
     set_current_section("parameter_filenames");
     expect_int32("SOIL_ID", SOIL_ID);
     expect_int32("LOC_ID", LOC_ID);
@@ -53,13 +63,15 @@ void Tilverra_scenario::expect_structure(bool for_write) {
     expect_date("sowing_date", sowing_date);
     expect_file_name("crop", crop, file_name_length);
     expect_file_name("management", crop_management, file_name_length);
+}
 
-    model_options->expect_structure(*this);
-
+void Tilverra_scenario::expect_water() {
     set_current_section("H2O");
     expect_date("recalibrate_date", H2O_recalibrate_date);
     expect_float32_array_with_units_label("H2O", "m H2O/m soil", H2O.data(), 1, soil_layers, false);
+}
 
+void Tilverra_scenario::expect_residue_and_manure() {
     set_current_section("initial_residue");
     expect_bool("reset_residue", residue.reset_residue);
     expect_valid_float32(residue.valid_stubble_biomass);
@@ -70,7 +82,7 @@ void Tilverra_scenario::expect_structure(bool for_write) {
 
     set_current_section("incorporated_residue");
     sections.add_alias("initialize", "initial_residue");
-    expect_float32_array_with_units_code("incorporated_residue", kilogram_per_square_meter,
+    expect_float32_array_with_units_code("incorporated_residue", kilogram_per_square_meter_code,
                                          residue.incorporated_layers.data(), 1, soil_layers, false);
     expect_float32("water_hold", residue.water_hold);
     expect_valid_float32(residue.valid_N_conc);
@@ -85,7 +97,9 @@ void Tilverra_scenario::expect_structure(bool for_write) {
     expect_valid_float32(manure.valid_N_conc);
     expect_valid_int16(manure.valid_decomposition_time);
     expect_valid_int16(manure.valid_decomposition_time_50);
+}
 
+void Tilverra_scenario::expect_salt_and_nitrogen() {
     set_current_section("salt");
     expect_valid_float32(valid_water_table_salinity);
     expect_valid_float32(valid_ECe_to_TDS);
@@ -99,23 +113,27 @@ void Tilverra_scenario::expect_structure(bool for_write) {
     set_current_section("NO3");
     expect_float32("adjust_denitrify", adjust_denitrify);
     expect_date("recalibrate_date", NO3_recalibrate_date);
-    expect_float32_array_with_units_code("NO3", kilogram_per_hectare, NO3.data(), 1, soil_layers, false);
+    expect_float32_array_with_units_code("NO3", kilogram_per_hectare_code, NO3.data(), 1, soil_layers, false);
     expect_valid_float32(valid_water_table_NO3_N);
 
     set_current_section("NH4");
     expect_float32("adjust_nitrify", adjust_nitrify);
     expect_date("recalibrate_date", NH4_recalibrate_date);
-    expect_float32_array_with_units_code("NH4", kilogram_per_hectare, NH4.data(), 1, soil_layers, false);
+    expect_float32_array_with_units_code("NH4", kilogram_per_hectare_code, NH4.data(), 1, soil_layers, false);
     expect_valid_float32(valid_water_table_NH4_N);
+}
 
+void Tilverra_scenario::expect_organic_matter() {
     set_current_section("%OM");
     expect_date("recalibrate_date", OM_recalibrate_date);
-    expect_float32_array_with_units_code("%OM", percent, OM.data(), 1, soil_layers, false);
+    expect_float32_array_with_units_code("%OM", percent_code, OM.data(), 1, soil_layers, false);
     expect_bool("get_OM_from_soil_DS", get_OM_from_soil_DS);
 
     organic_matter.expect_structure(*this);
     decomposition.expect_structure(*this);
+}
 
+void Tilverra_scenario::expect_site() {
     set_current_section("topography");
     expect_float64("aspect", aspect);
 

@@ -219,4 +219,13 @@ public:
     std::array<float, 13> mean_peak_rainfall{}; // by month, from 1
 
     bool show_location_simulation_period_comment = false;
+
+private:
+    // The parts of the structure, in the order of the file.
+    void expect_files_and_crop();
+    void expect_water();
+    void expect_residue_and_manure();
+    void expect_salt_and_nitrogen();
+    void expect_organic_matter();
+    void expect_site();
 };

@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/profile.h"
+#include "trees/places.h"
 #include "trees/project_directory.h"
 
 namespace TESK {
@@ -118,8 +119,7 @@ void Common_parameters_directory::write_folder_icon() const {
     int icon_index = 0;
     if (!get_icon_filename(icon, icon_index).exists())
         return;
-    Smart_file_name file;
-    append_to("desktop.ini", file, false);
+    const Smart_file_name file = file_in(*this, "desktop.ini");
     platform::write_profile_string(file, ".ShellClassInfo", "IconFile", icon);
     platform::write_profile_string(file, ".ShellClassInfo", "IconIndex", std::to_string(icon_index));
     platform::set_folder_attributes(*this, folder_has_desktop_ini);

@@ -1,5 +1,7 @@
 #include "trees/database_directory.h"
 
+#include "trees/places.h"
+
 namespace {
 
 // The folders that this program asks for. The suite's other programs keep "H2O", "NO3", "NH4" and "OM" beside
@@ -10,16 +12,14 @@ constexpr const char* folder_names[] = {
 
 } // namespace
 
-Database_directory::Database_directory(const TESK::Directory_name& parent) : Smart_directory_name("") {
-    parent.append_to("Database", *this, false);
-}
+Database_directory::Database_directory(const TESK::Directory_name& parent)
+    : Smart_directory_name(folder_in(parent, "Database")) {}
 
 const TESK::Smart_directory_name& Database_directory::get(Member member, bool create_folder) {
     static_assert(std::size(folder_names) == member_count);
     auto& folder = members_[member];
     if (folder == nullptr) {
-        folder = std::make_unique<TESK::Smart_directory_name>("");
-        append_to(folder_names[member], *folder, false);
+        folder = std::make_unique<TESK::Smart_directory_name>(folder_in(*this, folder_names[member]));
         if (create_folder)
             folder->create();
     }

@@ -3,6 +3,7 @@
 #include "foundation/code_page_1252.h"
 #include "foundation/lists.h"
 #include "trees/common_parameters_directory.h"
+#include "trees/places.h"
 #include "trees/suite_directory.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ bool Adjunct_directory::find_file_by_stem(const char* stem, Smart_file_name& res
 const Smart_directory_name& Documentation_directory::get_directory(Documentation_topic topic) {
     auto& directory = directories_[index_of(topic)];
     if (!directory)
-        append_to(topic_names[index_of(topic)], directory.emplace(""), false);
+        directory = folder_in(*this, topic_names[index_of(topic)]);
     return *directory;
 }
 
@@ -68,11 +69,11 @@ Smart_file_name Documentation_directory::find_page(Documentation_topic topic) {
     Smart_file_name page;
     if (find_file_by_stem(name, page))
         return page;
-    get_directory(topic).append_to("index.html", page, false);
+    page = file_in(get_directory(topic), "index.html");
     if (!page.exists())
         page.set_ext("htm");
     if (!page.exists())
-        append_to((std::string(name) + ".htm").c_str(), page, false);
+        page = file_in(*this, (std::string(name) + ".htm").c_str());
     return page;
 }
 

@@ -11,21 +11,13 @@ Common_project_directory::Common_project_directory(const File_name& project_file
 }
 
 bool Common_project_directory::is_project_directory() const {
-    Smart_file_name marker;
-    append_to("project", marker, false);
-    return marker.exists();
+    return file_in(*this, "project").exists();
 }
 
 } // namespace TESK
 
 Common_simulation_project_directory::Common_simulation_project_directory(const TESK::File_name& project_file)
     : Common_project_directory(project_file) {}
-
-TESK::Smart_directory_name Common_simulation_project_directory::below(const char* name) const {
-    TESK::Smart_directory_name folder("");
-    append_to(name, folder, false);
-    return folder;
-}
 
 const TESK::Smart_directory_name&
 Common_simulation_project_directory::made(const TESK::Smart_directory_name& folder, bool create) {

@@ -4,6 +4,7 @@
 #include "model/labels.h"
 #include "trees/common_parameters_directory.h"
 #include "trees/database_directory.h"
+#include "trees/places.h"
 
 #include <memory>
 
@@ -36,15 +37,14 @@ public:
     virtual const char* get_operation_directory(const char* name, TESK::Smart_directory_name& result) const;
 
 protected:
-    // A folder in this one, which is made or not.
-    TESK::Smart_directory_name below(const char* name) const;
+    // The folder, which is made or not.
     static const TESK::Smart_directory_name& made(const TESK::Smart_directory_name& folder, bool create);
 
 public:
-    const TESK::Smart_directory_name Operations = below("Operations");
-    const TESK::Smart_directory_name Enterprises = below("Enterprises");
-    const TESK::Smart_directory_name Scenarios = below("Scenarios");
-    const TESK::Smart_directory_name Generated_scenarios = below("Generated_scenarios");
+    const TESK::Smart_directory_name Operations = folder_in(*this, "Operations");
+    const TESK::Smart_directory_name Enterprises = folder_in(*this, "Enterprises");
+    const TESK::Smart_directory_name Scenarios = folder_in(*this, "Scenarios");
+    const TESK::Smart_directory_name Generated_scenarios = folder_in(*this, "Generated_scenarios");
 };
 
 class Tilverra_project_directory : public Common_simulation_project_directory {
@@ -71,12 +71,12 @@ public:
     bool get_parameter_filename(TESK::Smart_file_name& result) const override;
 
     const std::uint8_t project_kind;
-    const TESK::Smart_directory_name GIS = below("GIS");
-    const TESK::Smart_directory_name aggregation = below("GIS\\aggregation");
-    const TESK::Smart_file_name selected_scenarios{TESK::File_name(below("selected_scenarios.dat"))};
+    const TESK::Smart_directory_name GIS = folder_in(*this, "GIS");
+    const TESK::Smart_directory_name aggregation = folder_in(*this, "GIS\\aggregation");
+    const TESK::Smart_file_name selected_scenarios = file_in(*this, "selected_scenarios.dat");
     const TESK::Smart_directory_name Carbon_sequestration_optimization =
-        below("Carbon_sequestration_optimization");
-    const TESK::Smart_directory_name scenario_comparison = below("scenario_comparison");
+        folder_in(*this, "Carbon_sequestration_optimization");
+    const TESK::Smart_directory_name scenario_comparison = folder_in(*this, "scenario_comparison");
 
 private:
     std::unique_ptr<Database_directory> database_;

@@ -15,9 +15,7 @@ bool holds_output(const TESK::Directory_name& folder) {
     return std::any_of(entries.begin(), entries.end(), [&](const platform::Folder_entry& entry) {
         if (entry.is_link || (entry.attributes & platform::attribute_directory) == 0)
             return true;
-        TESK::Directory_name below("");
-        folder.append_to(entry.name.c_str(), below, false);
-        return !entry.name.starts_with('.') && holds_output(below);
+        return !entry.name.starts_with('.') && holds_output(folder_in(folder, entry.name.c_str()));
     });
 }
 
@@ -28,7 +26,7 @@ Common_scenario_directory::Common_scenario_directory(const TESK::File_name& scen
                                   true) {
     get_path(parent_directory, true);
     parent_directory.set_as_current();
-    append_to("Output", output_directory, false);
+    output_directory = folder_in(*this, "Output");
     output_directory.create();
 }
 
@@ -42,26 +40,6 @@ bool Common_scenario_directory::clean_outputs() {
 
 bool Common_scenario_directory::has_output() const {
     return holds_output(output_directory);
-}
-
-TESK::Smart_directory_name Common_scenario_directory::in(const TESK::Directory_name& folder,
-                                                         const char* name) {
-    TESK::Smart_directory_name result("");
-    folder.append_to(name, result, false);
-    return result;
-}
-
-TESK::Smart_file_name Common_scenario_directory::file_in(const TESK::Directory_name& folder,
-                                                         const char* name) {
-    TESK::Smart_file_name result;
-    folder.append_to(name, result, false);
-    return result;
-}
-
-TESK::Filtered_file_name Common_scenario_directory::file_in(const TESK::Directory_name& folder,
-                                                            const char* name, const char* extension,
-                                                            const char* description, const char* filter) {
-    return TESK::Filtered_file_name(file_in(folder, name).c_str(), extension, description, filter);
 }
 
 bool Tilverra_scenario_directory::clean_outputs() {

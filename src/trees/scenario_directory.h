@@ -2,9 +2,9 @@
 // knows what these are called.
 #pragma once
 
-#include "names/filtered_file_name.h"
 #include "trees/common_parameters_directory.h"
 #include "trees/database_directory.h"
+#include "trees/places.h"
 
 // The folder of a scenario of any model. Making one makes the folder and its output folder, and moves the
 // process's current folder to parent_directory.
@@ -22,14 +22,6 @@ public:
 
     TESK::Smart_directory_name parent_directory{""}; // the folder that the scenario's folder stands in
     TESK::Smart_directory_name output_directory{""};
-
-protected:
-    // A folder in another one.
-    static TESK::Smart_directory_name in(const TESK::Directory_name& folder, const char* name);
-    static TESK::Smart_file_name file_in(const TESK::Directory_name& folder, const char* name);
-    static TESK::Filtered_file_name file_in(const TESK::Directory_name& folder, const char* name,
-                                            const char* extension, const char* description,
-                                            const char* filter);
 };
 
 class Tilverra_scenario_directory : public Common_scenario_directory {
@@ -42,11 +34,11 @@ public:
     const TESK::Filtered_file_name totals =
         file_in(output_directory, "totals.txt", "txt", "Tilverra output totals raw", "*.txt");
     Database_directory database{*this};
-    const TESK::Smart_directory_name CPF = in(*this, "CPF");
-    const TESK::Smart_directory_name CPF_water = in(CPF, "water");
-    const TESK::Smart_directory_name soil_output = in(output_directory, "Soil");
-    const TESK::Smart_directory_name watershed_output = in(output_directory, "watershed");
-    const TESK::Smart_directory_name channel_output = in(watershed_output, "channel");
+    const TESK::Smart_directory_name CPF = folder_in(*this, "CPF");
+    const TESK::Smart_directory_name CPF_water = folder_in(CPF, "water");
+    const TESK::Smart_directory_name soil_output = folder_in(output_directory, "Soil");
+    const TESK::Smart_directory_name watershed_output = folder_in(output_directory, "watershed");
+    const TESK::Smart_directory_name channel_output = folder_in(watershed_output, "channel");
     const TESK::Smart_file_name schedule = file_in(output_directory, "schedule.txt");
     const TESK::Smart_file_name daily_xls = file_in(output_directory, "daily.xls");
     const TESK::Smart_file_name season_xls = file_in(output_directory, "season.xls");

@@ -1,5 +1,7 @@
 #include "trees/suite_directory.h"
 
+#include "trees/places.h"
+
 #include <cstdlib>
 
 TVS::Suite_Directory* suite_directory = nullptr;
@@ -11,20 +13,19 @@ std::string suite_web_address() {
 
 namespace {
 
-// The folder of that name, made at the first call.
+// The folder, or the file, of that name in the parent, kept from the first call on.
 const TESK::Smart_directory_name& get_folder(std::unique_ptr<TESK::Smart_directory_name>& folder,
                                              const TESK::Directory_name& parent, const std::string& name) {
-    if (folder == nullptr) {
-        folder = std::make_unique<TESK::Smart_directory_name>("");
-        parent.append_to(name.c_str(), *folder, false);
-    }
+    if (folder == nullptr)
+        folder = std::make_unique<TESK::Smart_directory_name>(folder_in(parent, name.c_str()));
     return *folder;
 }
 
-TESK::Directory_name below(const TESK::Directory_name& folder, const char* name) {
-    TESK::Directory_name result("");
-    folder.append_to(name, result, false);
-    return result;
+const TESK::File_name& get_file(std::unique_ptr<TESK::File_name>& file, const TESK::Directory_name& parent,
+                                const char* name) {
+    if (file == nullptr)
+        file = std::make_unique<TESK::File_name>(file_in(parent, name));
+    return *file;
 }
 
 } // namespace
@@ -53,7 +54,7 @@ void Application_directory::reset() {
 const File_name& Application_directory::get_program(const char* name) {
     const auto [place, is_new] = programs_.try_emplace(name);
     if (is_new)
-        append_to(name, place->second, false);
+        place->second = file_in(*this, name);
     return place->second;
 }
 
@@ -81,7 +82,7 @@ namespace TVS {
 
 const TESK::File_name& Tilverra_Directory::get_model_exe() {
     if (model_exe_.empty()) {
-        append_to("tilverra_5.exe", model_exe_, false);
+        model_exe_ = file_in(*this, "tilverra_5.exe");
         if (!model_exe_.exists())
             model_exe_.set_name("tilverra_4");
     }
@@ -127,13 +128,13 @@ void Suite_Directory::reset() {
 
 Tilverra_Directory& Suite_Directory::get_tilverra_directory() {
     if (tilverra_directory_ == nullptr)
-        tilverra_directory_ = std::make_unique<Tilverra_Directory>(below(*this, "Tilverra"));
+        tilverra_directory_ = std::make_unique<Tilverra_Directory>(folder_in(*this, "Tilverra"));
     return *tilverra_directory_;
 }
 
 XEB::Application_directory& Suite_Directory::get_XEB_directory() {
     if (XEB_directory_ == nullptr)
-        XEB_directory_ = std::make_unique<XEB::Application_directory>(below(*this, "XEB"));
+        XEB_directory_ = std::make_unique<XEB::Application_directory>(folder_in(*this, "XEB"));
     return *XEB_directory_;
 }
 
@@ -143,24 +144,16 @@ Skymill_Directory& Suite_Directory::get_skymill_directory() {
     return *skymill_directory_;
 }
 
-const TESK::File_name& Suite_Directory::get_file(std::unique_ptr<TESK::File_name>& file, const char* name) {
-    if (file == nullptr) {
-        file = std::make_unique<TESK::File_name>();
-        append_to(name, *file, false);
-    }
-    return *file;
-}
-
 const TESK::File_name& Suite_Directory::get_skymill_exe() {
-    return get_file(skymill_exe_, "Skymill.exe");
+    return get_file(skymill_exe_, *this, "Skymill.exe");
 }
 
 const TESK::File_name& Suite_Directory::get_explorer_exe() {
-    return get_file(explorer_exe_, "TVS_explorer.exe");
+    return get_file(explorer_exe_, *this, "TVS_explorer.exe");
 }
 
 const TESK::File_name& Suite_Directory::get_suite_exe() {
-    return get_file(suite_exe_, "TVS_suite.exe");
+    return get_file(suite_exe_, *this, "TVS_suite.exe");
 }
 
 } // namespace TVS

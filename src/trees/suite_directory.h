@@ -143,7 +143,6 @@ public:
 
 private:
     bool find_suite_root(const TESK::Directory_entry_name& program);
-    const TESK::File_name& get_file(std::unique_ptr<TESK::File_name>& file, const char* name);
 
     std::unique_ptr<Tilverra_Directory> tilverra_directory_;
     std::unique_ptr<XEB::Application_directory> XEB_directory_;

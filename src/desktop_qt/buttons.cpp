@@ -147,10 +147,7 @@ protected:
 
 private:
     void show_items() {
-        QStringList items;
-        for (const std::string& item : control().items()) {
-            items.append(to_qt(item));
-        }
+        const QStringList items = to_qt(control().items());
         if (items == shown_) {
             return;
         }

@@ -182,10 +182,7 @@ public:
 
 protected:
     void show_state() override {
-        QStringList items;
-        for (const std::string& item : combo().items()) {
-            items.append(to_qt(item));
-        }
+        const QStringList items = to_qt(combo().items());
         if (items != shown_) {
             shown_ = items;
             box_.clear();

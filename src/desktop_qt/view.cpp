@@ -58,6 +58,14 @@ QString to_qt(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QStringList to_qt(const std::vector<std::string>& texts) {
+    QStringList list;
+    for (const std::string& text : texts) {
+        list.append(to_qt(text));
+    }
+    return list;
+}
+
 std::string from_qt(const QString& text) {
     return text.toStdString();
 }

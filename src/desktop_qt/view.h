@@ -6,6 +6,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <string>
 #include <utility>
@@ -32,6 +33,7 @@ QColor to_qt(Colour colour);
 // Black or white, whichever is easier to read on the background, in a light and in a dark theme.
 QColor readable_on(const QColor& background);
 QString to_qt(const std::string& text);
+QStringList to_qt(const std::vector<std::string>& texts);
 std::string from_qt(const QString& text);
 
 class View : public QObject, public Control_view {

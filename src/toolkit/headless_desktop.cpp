@@ -39,32 +39,21 @@ Headless_desktop::~Headless_desktop() {
     }
 }
 
-void Headless_desktop::expect_message(std::string title, std::string text, Modal_result answer) {
-    Step step;
-    step.met = message_in_words(title, text);
-    step.answer = answer;
-    script_.push_back(std::move(step));
+void Headless_desktop::expect_message(const std::string& title, const std::string& text,
+                                      Modal_result answer) {
+    script_.push_back({.met = message_in_words(title, text), .answer = answer});
 }
 
-void Headless_desktop::expect_file_dialog(std::string title, std::vector<std::string> chosen) {
-    Step step;
-    step.met = dialog_in_words(title);
-    step.files = std::move(chosen);
-    script_.push_back(std::move(step));
+void Headless_desktop::expect_file_dialog(const std::string& title, std::vector<std::string> chosen) {
+    script_.push_back({.met = dialog_in_words(title), .files = std::move(chosen)});
 }
 
-void Headless_desktop::expect_modal(std::string form_name, std::function<void(TForm&)> user) {
-    Step step;
-    step.met = form_in_words(form_name);
-    step.user = std::move(user);
-    script_.push_back(std::move(step));
+void Headless_desktop::expect_modal(const std::string& form_name, std::function<void(TForm&)> user) {
+    script_.push_back({.met = form_in_words(form_name), .user = std::move(user)});
 }
 
 void Headless_desktop::expect_menu(std::string item) {
-    Step step;
-    step.met = "menu";
-    step.item = std::move(item);
-    script_.push_back(std::move(step));
+    script_.push_back({.met = "menu", .item = std::move(item)});
 }
 
 // Takes the next step of the script if it is what was met. Otherwise the step stays.

@@ -17,11 +17,12 @@ public:
 
     // The script: what must be met next, in this order.
     // A message of exactly this title and text.
-    void expect_message(std::string title, std::string text, Modal_result answer = Modal_result::ok);
+    void expect_message(const std::string& title, const std::string& text,
+                        Modal_result answer = Modal_result::ok);
     // A file dialog of this title; choosing no file cancels it.
-    void expect_file_dialog(std::string title, std::vector<std::string> chosen);
+    void expect_file_dialog(const std::string& title, std::vector<std::string> chosen);
     // A form of this name run as a dialog; `user` works on it and must end it.
-    void expect_modal(std::string form_name, std::function<void(TForm&)> user);
+    void expect_modal(const std::string& form_name, std::function<void(TForm&)> user);
     // A menu that has this item, which is chosen; empty leaves the menu.
     void expect_menu(std::string item);
     bool script_done() const { return script_.empty(); }
@@ -66,9 +67,9 @@ private:
     struct Step {
         std::string met; // what the desktop meets, in plain words
         Modal_result answer = Modal_result::none;
-        std::vector<std::string> files;
-        std::function<void(TForm&)> user;
-        std::string item;
+        std::vector<std::string> files{};
+        std::function<void(TForm&)> user{};
+        std::string item{};
     };
     struct Armed_timer {
         TTimer* timer;

@@ -37,12 +37,6 @@ bool read(const TESK::File_name& file, TESK::Data_record& record, std::ostream& 
     return false;
 }
 
-TESK::File_name file_in(const TESK::Directory_name& folder, const char* name) {
-    TESK::File_name file(name);
-    file.set_path(folder);
-    return file;
-}
-
 void Record_text::add_line(const std::string& line) {
     const std::size_t start = text_.size();
     text_ += line;

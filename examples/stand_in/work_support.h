@@ -7,6 +7,7 @@
 #include "names/directory_name.h"
 #include "names/file_name.h"
 #include "records/data_record.h"
+#include "trees/places.h"
 #include "trees/project_directory.h"
 
 #include <cstdint>
@@ -22,9 +23,6 @@ int failed(const std::string& reason, std::ostream& out);
 // Reads a record file by its full name. False, with the reason said, when that cannot be.
 bool read(const TESK::File_name& file, TESK::Data_record& record, std::ostream& out,
           bool keep_structure = false);
-
-// The file of that name in the folder.
-TESK::File_name file_in(const TESK::Directory_name& folder, const char* name);
 
 // The text of a record file, put together line by line.
 class Record_text {

@@ -27,9 +27,8 @@ protected:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (View::eventFilter(watched, event)) {
+        if (View::eventFilter(watched, event))
             return true;
-        }
         if (event->type() == QEvent::KeyPress) {
             const int key = static_cast<QKeyEvent*>(event)->key();
             if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -148,18 +147,15 @@ protected:
 private:
     void show_items() {
         const QStringList items = to_qt(control().items());
-        if (items == shown_) {
+        if (items == shown_)
             return;
-        }
         const bool same_buttons = items.size() == shown_.size();
         shown_ = items;
         // Buttons that only change their words keep the keyboard's focus.
-        for (int index = 0; same_buttons && index < items.size(); ++index) {
+        for (int index = 0; same_buttons && index < items.size(); ++index)
             buttons_->button(index)->setText(items[index]);
-        }
-        if (same_buttons) {
+        if (same_buttons)
             return;
-        }
         qDeleteAll(buttons_->buttons());
         delete widget().layout();
         auto& grid = *new QGridLayout(&widget());

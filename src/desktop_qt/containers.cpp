@@ -37,9 +37,8 @@ void fill_box(View_context& context, TContainer& container, QWidget& widget, QBo
         layout.addWidget(&widget_of(context, *child, &widget), place.stretch,
                          alignment_of(place.align, !is_row));
         const int last = layout.count() - 1;
-        if (!asked && layout.itemAt(last)->expandingDirections().testFlag(along)) {
+        if (!asked && layout.itemAt(last)->expandingDirections().testFlag(along))
             layout.setStretch(last, 1);
-        }
     }
     layout.addItem(is_row ? new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum)
                           : new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));
@@ -124,11 +123,10 @@ protected:
         lay_out_inner(context(), control(), widget());
     }
     void show_change(const Change& change) override {
-        if (change.aspect == Aspect::text) {
+        if (change.aspect == Aspect::text)
             widget().setTitle(to_qt(control().text()));
-        } else {
+        else
             View::show_change(change);
-        }
     }
     void settle() override {}
 };
@@ -194,9 +192,8 @@ public:
         watch(*widget().tabBar());
         connect(&widget(), &QTabWidget::currentChanged, this, [this](int index) {
             act([&] {
-                if (index >= 0 && index < static_cast<int>(this->control().children().size())) {
+                if (index >= 0 && index < static_cast<int>(this->control().children().size()))
                     this->control().select_page(page(index));
-                }
             });
         });
     }
@@ -214,24 +211,21 @@ public:
 
 protected:
     void show_state() override {
-        while (widget().count() > 0) {
+        while (widget().count() > 0)
             widget().removeTab(0);
-        }
-        for (TControl* child : control().children()) {
+        for (TControl* child : control().children())
             widget().addTab(&widget_of(context(), *child, &widget()), QString());
-        }
         show_tabs();
         show_page();
     }
 
     void show_change(const Change& change) override {
-        if (change.aspect == Aspect::page) {
+        if (change.aspect == Aspect::page)
             show_page();
-        } else if (change.aspect == Aspect::focus) {
+        else if (change.aspect == Aspect::focus)
             widget().tabBar()->setFocus();
-        } else {
+        else
             View::show_change(change);
-        }
     }
     void settle() override { show_page(); }
 
@@ -240,19 +234,16 @@ private:
         return static_cast<TTabSheet&>(*control().children()[static_cast<std::size_t>(index)]);
     }
     void show_page() {
-        if (control().active_index() >= 0) {
+        if (control().active_index() >= 0)
             widget().setCurrentIndex(control().active_index());
-        }
     }
 };
 
 void Sheet_view::show_tab(const Change& change) {
-    if (change.aspect == Aspect::enabled) {
+    if (change.aspect == Aspect::enabled)
         widget().setEnabled(control().enabled());
-    }
-    if (control().parent() && control().parent()->view()) {
+    if (control().parent() && control().parent()->view())
         control().parent()->view()->changed({Aspect::state});
-    }
 }
 
 } // namespace
@@ -267,9 +258,8 @@ void lay_out(View_context& context, TContainer& container, QWidget& widget) {
         auto& layout = *new QBoxLayout(is_row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, &widget);
         fill_box(context, container, widget, layout);
     }
-    if (container.kind() == Control_kind::panel) {
+    if (container.kind() == Control_kind::panel)
         widget.layout()->setContentsMargins(0, 0, 0, 0);
-    }
     connect_labels(container);
 }
 

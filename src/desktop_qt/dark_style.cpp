@@ -6,9 +6,8 @@
 void Dark_style::use_where_needed() {
     const QColor window = QApplication::palette().color(QPalette::Window);
     const bool is_own_style = QApplication::style()->name().compare("fusion", Qt::CaseInsensitive) == 0;
-    if (is_own_style && window.lightness() < 128) {
+    if (is_own_style && window.lightness() < 128)
         QApplication::setStyle(new Dark_style("fusion"));
-    }
 }
 
 void Dark_style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -66,11 +66,9 @@ Modal_result Qt_desktop::message_box(const Message& message) {
     box.setStandardButtons(shown_buttons(message.buttons));
     const int pressed = box.exec();
     throw_kept();
-    for (const Button& button : buttons) {
-        if (button.shown == pressed) {
+    for (const Button& button : buttons)
+        if (button.shown == pressed)
             return button.result;
-        }
-    }
     return Modal_result::cancel;
 }
 
@@ -85,12 +83,10 @@ bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
     // The program asks itself before it replaces a file; drives are links, and names keep them.
     dialog.setOptions(QFileDialog::DontConfirmOverwrite | QFileDialog::DontResolveSymlinks);
     dialog.setNameFilters(name_filters(asked.filter));
-    if (asked.default_extension != "*") {
+    if (asked.default_extension != "*")
         dialog.setDefaultSuffix(to_qt(asked.default_extension));
-    }
-    if (!asked.initial_folder.empty()) {
+    if (!asked.initial_folder.empty())
         dialog.setDirectory(to_qt(host_path(asked.initial_folder)));
-    }
     if (!asked.file_name.empty()) {
         // A bare name is one in the folder just set.
         const bool is_bare = asked.file_name.find_first_of("\\/:") == std::string::npos;
@@ -100,9 +96,8 @@ bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
     throw_kept();
     if (accepted) {
         asked.files.clear();
-        for (const QString& path : dialog.selectedFiles()) {
+        for (const QString& path : dialog.selectedFiles())
             asked.files.push_back(program_name(from_qt(path)));
-        }
         asked.file_name = asked.files.front();
     }
     return accepted;

@@ -29,9 +29,8 @@ protected:
     }
     void show_change(const Change& change) override {
         View::show_change(change);
-        if (change.aspect == Aspect::colour) {
+        if (change.aspect == Aspect::colour)
             show_state();
-        }
     }
 };
 
@@ -105,9 +104,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        if (picture_.shape == Shape::none) {
+        if (picture_.shape == Shape::none)
             return;
-        }
         const QColor fill = to_qt(picture_.colour);
         const double side = std::min(width(), height()) - 2.0;
         const QRectF box((width() - side) / 2, (height() - side) / 2, side, side);
@@ -119,9 +117,8 @@ protected:
         painter.setPen(QPen(hollow ? fill : fill.darker(180), hollow ? side / 8 : side / 16));
         painter.setBrush(hollow ? QBrush() : QBrush(fill));
         painter.drawPath(path);
-        if (picture_.faceted) {
+        if (picture_.faceted)
             paint_facets(painter, path, box, fill);
-        }
         paint_mark(painter, box, hollow ? fill : QColor(Qt::black));
     }
 
@@ -135,10 +132,8 @@ private:
         const QPainterPath table = inward.map(path);
         painter.setBrush(fill.lighter(125));
         painter.drawPath(table);
-        for (int i = 0; i < path.elementCount() && i < table.elementCount() && path.elementCount() < 12;
-             ++i) {
+        for (int i = 0; i < path.elementCount() && i < table.elementCount() && path.elementCount() < 12; ++i)
             painter.drawLine(QPointF(path.elementAt(i)), QPointF(table.elementAt(i)));
-        }
     }
 
     void paint_mark(QPainter& painter, const QRectF& box, const QColor& ink) const {

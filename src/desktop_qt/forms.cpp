@@ -35,13 +35,11 @@ class Form_view : public View_of<TForm, Window> {
 public:
     Form_view(View_context& context, TControl& control, QWidget* parent)
         : View_of(context, control, *new Window(parent)) {
-        if (!this->control().modal()) {
+        if (!this->control().modal())
             widget().setWindowFlags(Qt::Window);
-        }
         widget().on_close = [this] {
-            if (observed()) {
+            if (observed())
                 this->context().close(this->control());
-            }
         };
         widget().on_moved = [this] { report_bounds(); };
     }
@@ -75,9 +73,8 @@ private:
     // window gets its size alone.
     void show_bounds() {
         const Bounds& bounds = control().bounds();
-        if (bounds.width <= 0 || bounds.height <= 0) {
+        if (bounds.width <= 0 || bounds.height <= 0)
             return;
-        }
         if (bounds.left == 0 && bounds.top == 0) {
             const QSize room = QGuiApplication::primaryScreen()->availableGeometry().size();
             widget().resize(QSize(bounds.width, bounds.height).boundedTo(room));

@@ -55,22 +55,18 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
 
     QVariant data(const QModelIndex& index, int role) const override {
-        if (!list_ || !index.isValid()) {
+        if (!list_ || !index.isValid())
             return {};
-        }
-        if (role == Qt::DisplayRole) {
+        if (role == Qt::DisplayRole)
             return to_qt(list_->line(index.row()).text);
-        }
-        if (role == Qt::CheckStateRole && list_->has_check_marks()) {
+        if (role == Qt::CheckStateRole && list_->has_check_marks())
             return list_->line(index.row()).checked ? Qt::Checked : Qt::Unchecked;
-        }
         return role == Qt::DecorationRole && !icon_.isNull() ? QVariant(icon_) : QVariant();
     }
 
     Qt::ItemFlags flags(const QModelIndex& index) const override {
-        if (!list_ || !list_->line(index.row()).enabled) {
+        if (!list_ || !list_->line(index.row()).enabled)
             return Qt::NoItemFlags;
-        }
         const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
         return list_->has_check_marks() ? flags | Qt::ItemIsUserCheckable : flags;
     }
@@ -79,9 +75,8 @@ private:
     void insert(int first, int last) {
         beginInsertRows({}, first, last);
         rows_ += last - first + 1;
-        if (widest_row_ >= first) {
+        if (widest_row_ >= first)
             widest_row_ += last - first + 1;
-        }
         measure(first, last);
         endInsertRows();
     }
@@ -89,11 +84,10 @@ private:
     void remove(int first, int last) {
         beginRemoveRows({}, first, last);
         rows_ -= last - first + 1;
-        if (widest_row_ > last) {
+        if (widest_row_ > last)
             widest_row_ -= last - first + 1;
-        } else if (widest_row_ >= first) {
+        else if (widest_row_ >= first)
             measure_all();
-        }
         endRemoveRows();
     }
 
@@ -160,11 +154,10 @@ public:
 protected:
     // Left alone, the list lays out and paints all its lines for a change of one.
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override {
-        if (first == last && !roles.isEmpty()) {
+        if (first == last && !roles.isEmpty())
             update(first);
-        } else {
+        else
             QListView::dataChanged(first, last, roles);
-        }
     }
 
     void mousePressEvent(QMouseEvent* event) override {
@@ -177,35 +170,31 @@ protected:
         const bool again = selectionMode() == SingleSelection && selectionModel()->isSelected(index);
         const int row = index.row();
         QListView::mousePressEvent(event);
-        if (again) {
+        if (again)
             on_click_again(row);
-        }
     }
 
     void mouseDoubleClickEvent(QMouseEvent* event) override {
-        if (check_box_at(*event).isValid()) {
+        if (check_box_at(*event).isValid())
             mousePressEvent(event);
-        } else {
+        else
             QListView::mouseDoubleClickEvent(event);
-        }
     }
 
     void keyPressEvent(QKeyEvent* event) override {
         const bool has_box = currentIndex().flags().testFlag(Qt::ItemIsUserCheckable);
-        if (event->key() == Qt::Key_Space && has_box) {
+        if (event->key() == Qt::Key_Space && has_box)
             on_toggle(currentIndex().row());
-        } else {
+        else
             QListView::keyPressEvent(event);
-        }
     }
 
 private:
     QModelIndex check_box_at(const QMouseEvent& event) const {
         const QPoint point = event.position().toPoint();
         const QModelIndex index = indexAt(point);
-        if (event.button() != Qt::LeftButton || !index.flags().testFlag(Qt::ItemIsUserCheckable)) {
+        if (event.button() != Qt::LeftButton || !index.flags().testFlag(Qt::ItemIsUserCheckable))
             return {};
-        }
         QStyleOptionViewItem option;
         initViewItemOption(&option);
         return delegate_->check_box(*this, index, option).contains(point) ? index : QModelIndex();
@@ -263,15 +252,13 @@ private:
     void report_selection() {
         const QModelIndexList indexes = widget().selectionModel()->selectedIndexes();
         if (!control().multi_select()) {
-            if (!indexes.isEmpty()) {
+            if (!indexes.isEmpty())
                 act([&] { control().select(indexes.first().row()); });
-            }
             return;
         }
         std::vector<int> rows;
-        for (const QModelIndex& index : indexes) {
+        for (const QModelIndex& index : indexes)
             rows.push_back(index.row());
-        }
         const int cursor = widget().currentIndex().row();
         std::stable_partition(rows.begin(), rows.end(), [cursor](int row) { return row != cursor; });
         act([&] { control().select_lines(rows); });
@@ -287,24 +274,21 @@ private:
 
     void show_selection() {
         const QModelIndex current = model_->index(control().item_index());
-        if (widget().currentIndex() != current) {
+        if (widget().currentIndex() != current)
             widget().selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-        }
         if (!control().multi_select()) {
             show_selected_alone(current);
             return;
         }
-        for (int row = 0; row < control().count(); ++row) {
+        for (int row = 0; row < control().count(); ++row)
             show_selected(row);
-        }
     }
 
     void show_selected_alone(const QModelIndex& index) {
         const QModelIndexList shown = widget().selectionModel()->selectedIndexes();
         const bool same = index.isValid() ? shown == QModelIndexList{index} : shown.isEmpty();
-        if (!same) {
+        if (!same)
             widget().selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
-        }
     }
 
     Line_model* model_;

@@ -17,9 +17,8 @@ public:
         : View_of(context, control, *new QTableWidget(weeks, weekdays, parent)) {
         QTableWidget& table = widget();
         QStringList names;
-        for (int weekday = 1; weekday <= weekdays; ++weekday) {
+        for (int weekday = 1; weekday <= weekdays; ++weekday)
             names.append(QLocale().standaloneDayName(weekday, QLocale::ShortFormat));
-        }
         table.setHorizontalHeaderLabels(names);
         table.verticalHeader()->hide();
         table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -60,11 +59,10 @@ protected:
 
     void settle() override {
         const int cell = control().day() + control().first_weekday() - 1;
-        if (control().day() > 0) {
+        if (control().day() > 0)
             widget().setCurrentCell(cell / weekdays, cell % weekdays);
-        } else {
+        else
             widget().setCurrentItem(nullptr);
-        }
     }
 
 private:

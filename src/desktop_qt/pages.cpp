@@ -17,9 +17,8 @@ public:
 
     QVariant loadResource(int type, const QUrl& name) override {
         const QFileInfo file(source().resolved(name).toLocalFile());
-        if (!file.isFile() || file.size() > largest_file) {
+        if (!file.isFile() || file.size() > largest_file)
             return QByteArray();
-        }
         const QVariant loaded = QTextBrowser::loadResource(type, name);
         return type == QTextDocument::HtmlResource ? decoded(loaded.toByteArray()) : loaded;
     }
@@ -29,9 +28,8 @@ private:
     static QVariant decoded(const QByteArray& bytes) {
         const bool tells = bytes.startsWith("\xFE\xFF") || bytes.startsWith("\xFF\xFE") ||
                            bytes.left(2048).toLower().contains("charset");
-        if (tells || QString::fromUtf8(bytes).toUtf8() == bytes) {
+        if (tells || QString::fromUtf8(bytes).toUtf8() == bytes)
             return bytes;
-        }
         return to_qt(TESK::utf8_from_code_page({bytes.data(), static_cast<std::size_t>(bytes.size())}));
     }
 };
@@ -52,13 +50,12 @@ protected:
             return;
         }
         const QUrl url = local_page(address);
-        if (!QFileInfo(url.toLocalFile()).isFile()) {
+        if (!QFileInfo(url.toLocalFile()).isFile())
             widget().clear();
-        } else if (url == widget().source()) {
+        else if (url == widget().source())
             widget().reload();
-        } else {
+        else
             widget().setSource(url);
-        }
     }
     void settle() override {}
 
@@ -67,9 +64,8 @@ private:
     QUrl local_page(const std::string& address) const {
         const QUrl whole = QUrl::fromLocalFile(to_qt(context().host_path(address)));
         const std::size_t mark = address.rfind('#');
-        if (mark == std::string::npos || QFileInfo::exists(whole.toLocalFile())) {
+        if (mark == std::string::npos || QFileInfo::exists(whole.toLocalFile()))
             return whole;
-        }
         QUrl page = QUrl::fromLocalFile(to_qt(context().host_path(address.substr(0, mark))));
         page.setFragment(to_qt(address.substr(mark + 1)));
         return page;

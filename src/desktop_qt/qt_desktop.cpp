@@ -58,9 +58,8 @@ Qt_desktop::Qt_desktop(Host_functions host) : host_(std::move(host)) {
 // Windows whose form is gone are deleted when Qt comes round to it; this is the last time. Forms may live on,
 // undrawn.
 Qt_desktop::~Qt_desktop() {
-    for (const QPointer<QWidget>& window : windows_) {
+    for (const QPointer<QWidget>& window : windows_)
         delete window;
-    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -83,9 +82,8 @@ void Qt_desktop::show(TForm& form) {
 
 void Qt_desktop::show_focus(TForm& form) {
     TControl* const focused = form.focused_control();
-    if (focused && focused->view()) {
+    if (focused && focused->view())
         focused->view()->changed({Aspect::focus});
-    }
 }
 
 void Qt_desktop::run_modal(TForm& form) {
@@ -101,24 +99,21 @@ void Qt_desktop::run_modal(TForm& form) {
 void Qt_desktop::run(TForm& main_form) {
     main_form_ = &main_form;
     main_form.show();
-    if (main_form.visible() && !kept_) {
+    if (main_form.visible() && !kept_)
         QApplication::exec();
-    }
     main_form_ = nullptr;
     throw_kept();
 }
 
 void Qt_desktop::hidden(TForm& form) {
-    if (&form == main_form_) {
+    if (&form == main_form_)
         QCoreApplication::exit();
-    }
 }
 
 int Qt_desktop::choose(const TPopupMenu& menu, int rise) {
     QMenu shown;
-    for (const Menu_item& item : menu.items) {
+    for (const Menu_item& item : menu.items)
         shown.addAction(to_qt(item.text))->setEnabled(item.enabled);
-    }
     const Usual_pointer usual;
     const int chosen =
         static_cast<int>(shown.actions().indexOf(shown.exec(QCursor::pos() - QPoint(0, rise))));
@@ -132,37 +127,31 @@ void Qt_desktop::run_action(const std::function<void()>& action) {
         action();
     } catch (...) {
         kept_ = std::current_exception();
-        if (dialogs_.empty()) {
+        if (dialogs_.empty())
             QCoreApplication::exit();
-        } else {
+        else
             dialogs_.back()->hide();
-        }
     }
-    if (--running_actions_ == 0) {
+    if (--running_actions_ == 0)
         close_waiting();
-    }
 }
 
 void Qt_desktop::throw_kept() {
-    if (kept_) {
+    if (kept_)
         std::rethrow_exception(std::exchange(kept_, nullptr));
-    }
 }
 
 void Qt_desktop::close(TForm& form) {
-    if (holds_input()) {
+    if (holds_input())
         waiting_to_close_.emplace_back(&window_of(form));
-    } else {
+    else
         run_action([&] { form.close(); });
-    }
 }
 
 void Qt_desktop::close_waiting() {
-    for (const QPointer<QWidget>& window : std::exchange(waiting_to_close_, {})) {
-        if (window) {
+    for (const QPointer<QWidget>& window : std::exchange(waiting_to_close_, {}))
+        if (window)
             window->close();
-        }
-    }
 }
 
 bool Qt_desktop::paint_pending() {
@@ -172,27 +161,22 @@ bool Qt_desktop::paint_pending() {
 }
 
 void Qt_desktop::set_busy(bool busy) {
-    if (busy) {
+    if (busy)
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    } else {
+    else
         QApplication::restoreOverrideCursor();
-    }
 }
 
 void Qt_desktop::minimise() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && qobject_cast<QDialog*>(window)) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && qobject_cast<QDialog*>(window))
             window->setWindowState(window->windowState() | Qt::WindowMinimized);
-        }
-    }
 }
 
 void Qt_desktop::restore() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isMinimized()) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isMinimized())
             window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-        }
-    }
 }
 
 void Qt_desktop::start_timer(TTimer& timer) {
@@ -216,9 +200,8 @@ void Qt_desktop::stop_timer(TTimer& timer) {
 }
 
 void Qt_desktop::open_web_address(const std::string& address) {
-    if (host_.open_web_address) {
+    if (host_.open_web_address)
         host_.open_web_address(address);
-    }
 }
 
 std::string Qt_desktop::host_path(const std::string& name) const {

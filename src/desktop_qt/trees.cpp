@@ -32,9 +32,8 @@ protected:
         add_folders(*widget().invisibleRootItem(), control().folder());
     }
     void show_change(const Change& change) override {
-        if (change.aspect != Aspect::cursor) {
+        if (change.aspect != Aspect::cursor)
             View::show_change(change);
-        }
     }
     void settle() override {}
 
@@ -50,9 +49,8 @@ private:
     }
 
     void open(QTreeWidgetItem& item) {
-        if (!observed() || item.childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator) {
+        if (!observed() || item.childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator)
             return;
-        }
         item.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
         add_folders(item, from_qt(item.data(0, path_role).toString()));
     }

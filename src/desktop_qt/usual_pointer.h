@@ -6,14 +6,12 @@
 class Usual_pointer {
 public:
     Usual_pointer() {
-        for (; QApplication::overrideCursor(); ++lifted_) {
+        for (; QApplication::overrideCursor(); ++lifted_)
             QApplication::restoreOverrideCursor();
-        }
     }
     ~Usual_pointer() {
-        for (; lifted_ > 0; --lifted_) {
+        for (; lifted_ > 0; --lifted_)
             QApplication::setOverrideCursor(Qt::WaitCursor);
-        }
     }
     Usual_pointer(const Usual_pointer&) = delete;
     Usual_pointer& operator=(const Usual_pointer&) = delete;

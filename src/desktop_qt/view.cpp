@@ -60,9 +60,8 @@ QString to_qt(const std::string& text) {
 
 QStringList to_qt(const std::vector<std::string>& texts) {
     QStringList list;
-    for (const std::string& text : texts) {
+    for (const std::string& text : texts)
         list.append(to_qt(text));
-    }
     return list;
 }
 
@@ -75,9 +74,8 @@ View::View(View_context& context, TControl& control, QWidget& widget)
     ++views_alive;
     widget.setObjectName(to_qt(control.name()));
     watch(widget);
-    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget)) {
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget))
         watch(*area->viewport());
-    }
 }
 
 View::~View() {
@@ -101,24 +99,20 @@ void View::control_gone(bool with_holder) {
 void View::show_all() {
     while_showing([this] {
         show_place();
-        if (!observed()->hint().empty()) {
+        if (!observed()->hint().empty())
             show_hint();
-        }
-        if (!observed()->enabled()) {
+        if (!observed()->enabled())
             widget_.setEnabled(false);
-        }
-        if (observed()->colour() != desktop_colour) {
+        if (observed()->colour() != desktop_colour)
             show_colour();
-        }
         show_state();
     });
     // A window is shown by the desktop, a page by its tab, the rest with what holds it.
     const bool shows_itself =
         observed()->kind() != Control_kind::form && observed()->kind() != Control_kind::tab_sheet;
     const bool holder_is_up = widget_.parentWidget() && widget_.parentWidget()->isVisible();
-    if (shows_itself && (holder_is_up || !observed()->visible())) {
+    if (shows_itself && (holder_is_up || !observed()->visible()))
         widget_.setVisible(observed()->visible());
-    }
 }
 
 void View::changed(const Change& change) {
@@ -133,9 +127,8 @@ void View::show_change(const Change& change) {
     case Aspect::enabled: widget_.setEnabled(observed()->enabled()); break;
     case Aspect::place: show_place(); break;
     case Aspect::focus:
-        if (!widget_.hasFocus() && !widget_.isAncestorOf(QApplication::focusWidget())) {
+        if (!widget_.hasFocus() && !widget_.isAncestorOf(QApplication::focusWidget()))
             widget_.setFocus();
-        }
         break;
     default: show_state(); break;
     }
@@ -156,9 +149,8 @@ void View::show_place() {
         const bool is_line = has_one_line(observed()->kind());
         widget_.setMaximumWidth(is_line && place.stretch == 0 ? widget_.minimumWidth() : QWIDGETSIZE_MAX);
     }
-    if (place.height > 0) {
+    if (place.height > 0)
         widget_.setMinimumHeight((place.height + 1) * metrics.height());
-    }
 }
 
 void View::show_colour() {
@@ -169,12 +161,10 @@ void View::show_colour() {
     }
     const QColor background = to_qt(observed()->colour());
     QPalette palette;
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
         palette.setColor(role, background);
-    }
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(role, readable_on(background));
-    }
     widget_.setPalette(palette);
     widget_.setAutoFillBackground(true);
 }
@@ -182,9 +172,8 @@ void View::show_colour() {
 void View::watch(QWidget& inner) {
     inner.installEventFilter(this);
     inner.setAcceptDrops(true);
-    if (&inner != &widget_) {
+    if (&inner != &widget_)
         inner.setProperty(watched_by, QVariant::fromValue<void*>(this));
-    }
 }
 
 // A key that an inner widget leaves comes by once more, on its way outward.
@@ -216,17 +205,14 @@ bool View::offer(const QKeyEvent& event) {
 
 bool View::take_files(QEvent& event) {
     auto& drop = static_cast<QDropEvent&>(event);
-    if (!observed() || !observed()->accepts_files() || !drop.mimeData()->hasUrls()) {
+    if (!observed() || !observed()->accepts_files() || !drop.mimeData()->hasUrls())
         return false;
-    }
     drop.acceptProposedAction();
     if (event.type() == QEvent::Drop) {
         std::vector<std::string> names;
-        for (const QUrl& url : drop.mimeData()->urls()) {
-            if (url.isLocalFile()) {
+        for (const QUrl& url : drop.mimeData()->urls())
+            if (url.isLocalFile())
                 names.push_back(context_.program_name(from_qt(url.toLocalFile())));
-            }
-        }
         act([&] { observed()->drop_files(names); });
     }
     return true;

@@ -71,9 +71,8 @@ protected:
     // something.
     template <class Action>
     void act(Action action) {
-        if (!observed() || showing_) {
+        if (!observed() || showing_)
             return;
-        }
         const bool outer = std::exchange(acting_, true);
         context_.run_action(action);
         while_showing([this] { settle(); });

@@ -25,9 +25,8 @@ constexpr Kind_of_view kinds[] = {
 
 View& make_view(View_context& context, TControl& control, QWidget* parent) {
     const Kind_of_view* kind = kinds;
-    while (kind->kind != control.kind()) {
+    while (kind->kind != control.kind())
         ++kind;
-    }
     View& view = kind->make(context, control, parent);
     view.show_all();
     return view;

@@ -28,15 +28,13 @@ public:
     std::vector<Folder_entry> files(const std::string& folder, const std::string&) override {
         std::vector<Folder_entry> found;
         for (const char* name : {"barley_1999.tvn", "irrigated maize.tvn", "no-till wheat after fallow.tvn",
-                                 "rotation (long name that does not fit into a narrow list box).tvn"}) {
+                                 "rotation (long name that does not fit into a narrow list box).tvn"})
             found.push_back({name, folder + "\\" + name});
-        }
         return found;
     }
     std::vector<Folder_entry> folders(const std::string& folder) override {
-        if (folder.size() > 30) {
+        if (folder.size() > 30)
             return {};
-        }
         return {{"Crop", folder + "\\Crop"}, {"Soil", folder + "\\Soil"}, {"Weather", folder + "\\Weather"}};
     }
 };
@@ -55,9 +53,8 @@ public:
     }
 
     void picture(TForm& form, int width, int height, const QString& name) {
-        if (width > 0) {
+        if (width > 0)
             form.set_bounds({0, 0, width, height});
-        }
         form.show();
         picture(static_cast<View*>(form.view())->widget(), name);
         form.close();
@@ -212,9 +209,8 @@ void draw_lights(Gallery& gallery) {
 void draw_lists(Gallery& gallery) {
     TForm form("lists", "Lists", Layout::grid, 3);
     std::vector<std::string> lines;
-    for (int i = 1; i <= 5000; ++i) {
+    for (int i = 1; i <= 5000; ++i)
         lines.push_back("scenario " + std::to_string(i));
-    }
     const auto column = [&](const char* caption) -> TGroupBox& {
         auto& group = form.add<TGroupBox>("group", caption);
         group.set_place({.stretch = 1});
@@ -307,12 +303,10 @@ void fill_scenarios(TTabSheet& sheet) {
     edit.add<TCheckBox>("copy", "Copy active scenario").set_checked(true);
     for (const char* caption : {"Open active scenario", "Open another project scenario",
                                 "Import version 3 (.SIM) file", "Delete scenario(s)", "Explore scenarios",
-                                "Relist any added scenarios", "Select all scenarios", "Deselect all"}) {
+                                "Relist any added scenarios", "Select all scenarios", "Deselect all"})
         edit.add<TButton>("button", caption);
-    }
-    for (const char* caption : {"Run", "Reset", "Analysis"}) {
+    for (const char* caption : {"Run", "Reset", "Analysis"})
         right.add<TTabSheet>("page", caption);
-    }
 }
 
 void draw_workspace(Gallery& gallery, int width, int height, const QString& name) {
@@ -324,9 +318,8 @@ void draw_workspace(Gallery& gallery, int width, int height, const QString& name
     auto& pages = form.add<TPageControl>("page_control_parameters_etc", true);
     pages.set_place({.stretch = 1});
     auto& parameters = pages.add<TTabSheet>("parameters", "Parameters");
-    for (const char* caption : {"Details", "Notes", "Help", "Commands", "Status", "Translation"}) {
+    for (const char* caption : {"Details", "Notes", "Help", "Commands", "Status", "Translation"})
         pages.add<TTabSheet>("page", caption);
-    }
     auto& project = parameters.add<TPageControl>("project_pagecontrol");
     fill_scenarios(project.add<TTabSheet>("scenarios_tabsheet", "Simulation scenarios", Layout::row));
     project.add<TTabSheet>("options", "Options");

@@ -6,17 +6,14 @@ TButton::TButton(std::string name, std::string text)
 }
 
 bool TButton::click() {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
     TForm* const holder = form();
-    if (holder && modal_result_ != Modal_result::none) {
+    if (holder && modal_result_ != Modal_result::none)
         holder->begin_modal_result(modal_result_);
-    }
     do_click();
-    if (holder) {
+    if (holder)
         holder->end_if_asked();
-    }
     return true;
 }
 
@@ -29,11 +26,9 @@ bool TSpeedButton::press(const Key& key) {
 }
 
 bool TSpinArrows::spin(bool upward) {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
-    if (on_spin) {
+    if (on_spin)
         on_spin(upward);
-    }
     return true;
 }

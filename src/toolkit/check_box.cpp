@@ -8,9 +8,8 @@ TCheckBox::TCheckBox(std::string name, std::string text)
 }
 
 bool TCheckBox::click() {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
     set_checked(!checked_);
     do_click();
     return true;
@@ -31,9 +30,8 @@ TRadioGroup::TRadioGroup(std::string name, std::string text, std::vector<std::st
 }
 
 void TRadioGroup::set_items(std::vector<std::string> items) {
-    if (items == native_items_) {
+    if (items == native_items_)
         return;
-    }
     native_items_ = std::move(items);
     items_ = native_items_;
     item_index_ = has_item(item_index_) ? item_index_ : -1;
@@ -47,9 +45,8 @@ void TRadioGroup::add_item(const std::string& item) {
 }
 
 void TRadioGroup::translate_items(const std::vector<std::string>& translations) {
-    if (translations.size() == items_.size()) {
+    if (translations.size() == items_.size())
         assign(items_, translations, Aspect::all_lines);
-    }
 }
 
 void TRadioGroup::set_item_index(int index) {
@@ -57,9 +54,8 @@ void TRadioGroup::set_item_index(int index) {
 }
 
 bool TRadioGroup::select(int index) {
-    if (!begin_action() || !has_item(index)) {
+    if (!begin_action() || !has_item(index))
         return false;
-    }
     if (index != item_index_) {
         set_item_index(index);
         do_click();

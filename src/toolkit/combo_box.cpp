@@ -27,9 +27,8 @@ void TComboBox::set_item_index(int index) {
 }
 
 bool TComboBox::select(int index) {
-    if (!begin_action() || !has_item(index)) {
+    if (!begin_action() || !has_item(index))
         return false;
-    }
     if (items_[static_cast<std::size_t>(index)] != text()) {
         set_item_index(index);
         do_change();

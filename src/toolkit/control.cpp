@@ -10,31 +10,27 @@ Control_view::Control_view(TControl& control) : observed_(&control) {
 }
 
 Control_view::~Control_view() {
-    if (observed_) {
+    if (observed_)
         observed_->view_ = nullptr;
-    }
 }
 
 bool Wording::show(const std::string& text) {
-    if (text == shown_) {
+    if (text == shown_)
         return false;
-    }
     shown_ = text;
     return true;
 }
 
 bool Wording::set(const std::string& text) {
-    if (native_ && *native_ == text) {
+    if (native_ && *native_ == text)
         return false;
-    }
     native_.reset();
     return show(text);
 }
 
 bool Wording::translate(const std::string& translation) {
-    if (!native_) {
+    if (!native_)
         native_ = shown_;
-    }
     return show(translation);
 }
 
@@ -45,24 +41,19 @@ TControl::~TControl() {
     release_views();
     leave_parent();
     // Children that live on, and those that die now, must not look for a parent that is half gone.
-    for (TControl* child : children_) {
+    for (TControl* child : children_)
         child->parent_ = nullptr;
-    }
     children_.clear();
-    while (!owned_.empty()) {
+    while (!owned_.empty())
         owned_.pop_back();
-    }
 }
 
 void TControl::host(TControl& control) {
-    if (control.parent_ == this) {
+    if (control.parent_ == this)
         return;
-    }
-    for (const TControl* above = this; above; above = above->parent_) {
-        if (above == &control) {
+    for (const TControl* above = this; above; above = above->parent_)
+        if (above == &control)
             return;
-        }
-    }
     control.release_views();
     control.leave_parent();
     control.parent_ = this;
@@ -81,12 +72,10 @@ void TControl::remove(TControl& control) {
 }
 
 void TControl::leave_parent() {
-    if (!parent_) {
+    if (!parent_)
         return;
-    }
-    if (TForm* holder = parent_->form()) {
+    if (TForm* holder = parent_->form())
         holder->forget_focus_in(*this);
-    }
     TControl* const left = parent_;
     left->children_.erase(std::find(left->children_.begin(), left->children_.end(), this));
     parent_ = nullptr;
@@ -95,9 +84,8 @@ void TControl::leave_parent() {
 }
 
 void TControl::release_views(bool with_holder) {
-    for (TControl* child : children_) {
+    for (TControl* child : children_)
         child->release_views(with_holder || view_);
-    }
     release_view(with_holder);
 }
 
@@ -110,9 +98,8 @@ void TControl::release_view(bool with_holder) {
 
 const TForm* TControl::form() const {
     const TControl* control = this;
-    while (control && control->kind_ != Control_kind::form) {
+    while (control && control->kind_ != Control_kind::form)
         control = control->parent_;
-    }
     return static_cast<const TForm*>(control);
 }
 
@@ -126,9 +113,8 @@ bool TControl::walk(const std::function<bool(TControl&)>& visit) {
 }
 
 TControl* TControl::find(const std::string& wanted) {
-    if (name_ == wanted) {
+    if (name_ == wanted)
         return this;
-    }
     TControl* found = nullptr;
     walk([&](TControl& control) {
         found = control.name_ == wanted ? &control : nullptr;
@@ -138,27 +124,23 @@ TControl* TControl::find(const std::string& wanted) {
 }
 
 void TControl::set_text(const std::string& text) {
-    if (text_.set(text)) {
+    if (text_.set(text))
         notify(Aspect::text);
-    }
 }
 
 void TControl::set_hint(const std::string& hint) {
-    if (hint_.set(hint)) {
+    if (hint_.set(hint))
         notify(Aspect::hint);
-    }
 }
 
 void TControl::translate_text(const std::string& translation) {
-    if (text_.translate(translation)) {
+    if (text_.translate(translation))
         notify(Aspect::text);
-    }
 }
 
 void TControl::translate_hint(const std::string& translation) {
-    if (hint_.translate(translation)) {
+    if (hint_.translate(translation))
         notify(Aspect::hint);
-    }
 }
 
 void TControl::set_colour(Colour colour) {
@@ -167,17 +149,15 @@ void TControl::set_colour(Colour colour) {
 
 void TControl::set_visible(bool visible) {
     if (assign(visible_, visible, Aspect::visible)) {
-        if (parent_) {
+        if (parent_)
             parent_->child_visibility_changed(*this);
-        }
         give_up_lost_focus();
     }
 }
 
 void TControl::set_enabled(bool enabled) {
-    if (assign(enabled_, enabled, Aspect::enabled)) {
+    if (assign(enabled_, enabled, Aspect::enabled))
         give_up_lost_focus();
-    }
 }
 
 void TControl::set_place(const Place& place) {
@@ -194,9 +174,8 @@ bool TControl::usable() const {
 bool TControl::usable_within_form() const {
     for (const TControl* control = this; control; control = control->parent_) {
         const bool seen = control->kind_ == Control_kind::form || control->visible_;
-        if (!seen || !control->enabled_ || (control->parent_ && !control->parent_->has_in_front(*control))) {
+        if (!seen || !control->enabled_ || (control->parent_ && !control->parent_->has_in_front(*control)))
             return false;
-        }
     }
     return true;
 }
@@ -207,14 +186,11 @@ bool TControl::focused() const {
 }
 
 TControl* TControl::first_to_focus() {
-    if (takes_focus_ && usable_within_form()) {
+    if (takes_focus_ && usable_within_form())
         return this;
-    }
-    for (TControl* child : children_) {
-        if (TControl* const found = child->first_to_focus()) {
+    for (TControl* child : children_)
+        if (TControl* const found = child->first_to_focus())
             return found;
-        }
-    }
     return nullptr;
 }
 
@@ -226,9 +202,8 @@ bool TControl::focus() {
 
 void TControl::give_up_lost_focus() {
     TForm* const holder = form();
-    if (holder && holder->focused_control() && !holder->focused_control()->usable_within_form()) {
+    if (holder && holder->focused_control() && !holder->focused_control()->usable_within_form())
         holder->move_focus(nullptr);
-    }
 }
 
 void TControl::bring_to_front() {
@@ -243,20 +218,17 @@ bool TControl::in_reach() const {
 }
 
 bool TControl::begin_action() {
-    if (!in_reach()) {
+    if (!in_reach())
         return false;
-    }
-    if (takes_focus_) {
+    if (takes_focus_)
         focus();
-    }
     // What the focus left may have hidden or disabled this control.
     return usable();
 }
 
 bool TControl::click() {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
     do_click();
     return true;
 }
@@ -266,17 +238,13 @@ bool TControl::offer_key(const Key& key) {
 }
 
 bool TControl::key(const Key& key) {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
-    if (offer_key(key) || press(key)) {
+    if (offer_key(key) || press(key))
         return true;
-    }
-    for (TControl* above = parent_; above; above = above->parent_) {
-        if (above->offer_key(key)) {
+    for (TControl* above = parent_; above; above = above->parent_)
+        if (above->offer_key(key))
             return true;
-        }
-    }
     return false;
 }
 
@@ -285,9 +253,8 @@ bool TControl::accepts_files() const {
 }
 
 bool TControl::drop_files(const std::vector<std::string>& names) {
-    if (!in_reach() || names.empty()) {
+    if (!in_reach() || names.empty())
         return false;
-    }
     if (on_drop_files) {
         on_drop_files(names);
         return true;
@@ -296,9 +263,8 @@ bool TControl::drop_files(const std::vector<std::string>& names) {
 }
 
 void TControl::notify(const Change& change) {
-    if (view_) {
+    if (view_)
         view_->changed(change);
-    }
 }
 
 bool TControl::press(const Key&) {
@@ -316,19 +282,16 @@ void TControl::child_visibility_changed(TControl&) {}
 void TControl::child_leaves(TControl&) {}
 
 void TControl::do_click() {
-    if (on_click) {
+    if (on_click)
         on_click();
-    }
 }
 
 void TControl::do_enter() {
-    if (on_enter) {
+    if (on_enter)
         on_enter();
-    }
 }
 
 void TControl::do_exit() {
-    if (on_exit) {
+    if (on_exit)
         on_exit();
-    }
 }

@@ -259,9 +259,8 @@ protected:
     // Sets a field and tells the view, when the value differs.
     template <class Value>
     bool assign(Value& field, const Value& value, Aspect aspect) {
-        if (field == value) {
+        if (field == value)
             return false;
-        }
         field = value;
         notify(aspect);
         return true;

@@ -65,14 +65,12 @@ private:
 class Busy_pointer {
 public:
     Busy_pointer() : desktop_(current_desktop) {
-        if (desktop_) {
+        if (desktop_)
             desktop_->set_busy(true);
-        }
     }
     ~Busy_pointer() {
-        if (desktop_) {
+        if (desktop_)
             desktop_->set_busy(false);
-        }
     }
     Busy_pointer(const Busy_pointer&) = delete;
     Busy_pointer& operator=(const Busy_pointer&) = delete;

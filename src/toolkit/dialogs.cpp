@@ -19,8 +19,7 @@ void TPopupMenu::popup(int rise) {
     if (chosen >= 0 && chosen < static_cast<int>(items.size())) {
         // A copy: the menu may be changed by what it starts.
         const Menu_item item = items[static_cast<std::size_t>(chosen)];
-        if (item.enabled && item.on_click) {
+        if (item.enabled && item.on_click)
             item.on_click();
-        }
     }
 }

@@ -14,9 +14,8 @@ std::string TCustomEdit::without_line_breaks(const std::string& text) const {
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
             continue;
-        }
         const bool is_break = text[i] == '\r' || text[i] == '\n';
         result += !is_break ? text[i] : multi_line_ ? '\n' : ' ';
     }
@@ -70,9 +69,8 @@ bool TCustomEdit::begin_edit() {
 }
 
 bool TCustomEdit::type_text(const std::string& text) {
-    if (!begin_edit()) {
+    if (!begin_edit())
         return false;
-    }
     replace(selection_start(), selection_length(), text);
     return true;
 }
@@ -85,25 +83,20 @@ void TCustomEdit::replace(int start, int removed, const std::string& inserted) {
 }
 
 bool TCustomEdit::edit_text(const std::string& edited, int caret) {
-    if (!begin_edit()) {
+    if (!begin_edit())
         return false;
-    }
     const std::string& old = text();
     const std::size_t shorter = std::min(old.size(), edited.size());
     std::size_t head = 0;
-    while (head < shorter && old[head] == edited[head]) {
+    while (head < shorter && old[head] == edited[head])
         ++head;
-    }
-    while (head > 0 && head < edited.size() && utf8::is_continuation(edited[head])) {
+    while (head > 0 && head < edited.size() && utf8::is_continuation(edited[head]))
         --head;
-    }
     std::size_t tail = 0;
-    while (tail < shorter - head && old[old.size() - 1 - tail] == edited[edited.size() - 1 - tail]) {
+    while (tail < shorter - head && old[old.size() - 1 - tail] == edited[edited.size() - 1 - tail])
         ++tail;
-    }
-    while (tail > 0 && utf8::is_continuation(edited[edited.size() - tail])) {
+    while (tail > 0 && utf8::is_continuation(edited[edited.size() - tail]))
         --tail;
-    }
     const std::string before = edited.substr(0, head);
     const std::string came = edited.substr(head, edited.size() - head - tail);
     const std::string stays = admitted(came);
@@ -120,15 +113,13 @@ void TCustomEdit::finish_edit(const std::string& edited, int caret) {
         modified_ = true;
     }
     set_caret(caret);
-    if (differs) {
+    if (differs)
         do_change();
-    }
 }
 
 bool TCustomEdit::select_text(int anchor, int caret) {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
     set_selection(anchor, caret);
     return true;
 }
@@ -152,21 +143,18 @@ bool TCustomEdit::press(const Key& key) {
 
 // Erases the selection, or the character `step` away from the caret.
 bool TCustomEdit::erase(int step) {
-    if (!begin_edit()) {
+    if (!begin_edit())
         return false;
-    }
-    if (selection_length() > 0) {
+    if (selection_length() > 0)
         replace(selection_start(), selection_length(), {});
-    } else if (caret_ + step >= 0) {
+    else if (caret_ + step >= 0)
         replace(caret_ + step, 1, {});
-    }
     return true;
 }
 
 void TCustomEdit::do_change() {
-    if (on_change) {
+    if (on_change)
         on_change();
-    }
 }
 
 int TMemo::line_count() const {

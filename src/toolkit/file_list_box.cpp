@@ -20,9 +20,8 @@ void TFileListBox::Update() {
     entries_ = source && !folder_.empty() ? source->files(folder_, mask_) : std::vector<Folder_entry>();
 
     std::unordered_map<std::string, int> before;
-    for (int index = count() - 1; index >= 0; --index) {
+    for (int index = count() - 1; index >= 0; --index)
         before[line(index).text] = index;
-    }
     bool same = count() == static_cast<int>(entries_.size());
     int cursor = -1;
     std::vector<Line> lines;
@@ -30,38 +29,32 @@ void TFileListBox::Update() {
     for (const Folder_entry& entry : entries_) {
         const auto known = before.find(entry.name);
         const int index = static_cast<int>(lines.size());
-        if (known != before.end() && known->second == item_index()) {
+        if (known != before.end() && known->second == item_index())
             cursor = index;
-        }
         same = same && line(index).text == entry.name;
         lines.push_back(known == before.end() ? Line{entry.name} : line(known->second));
     }
-    if (!same) {
+    if (!same)
         replace_lines(std::move(lines), cursor);
-    }
 }
 
 std::string TFileListBox::path(int index) const {
-    if (!has_line(index)) {
+    if (!has_line(index))
         return {};
-    }
     const std::string& name = line(index).text;
     const auto entry = std::find_if(entries_.begin(), entries_.end(),
                                     [&](const Folder_entry& known) { return known.name == name; });
-    if (entry != entries_.end()) {
+    if (entry != entries_.end())
         return entry->path;
-    }
     const bool open_end = !folder_.empty() && folder_.back() != '\\';
     return folder_ + (open_end ? "\\" : "") + name;
 }
 
 std::vector<std::string> TFileListBox::selected_paths() const {
     std::vector<std::string> paths;
-    for (int index = 0; index < count(); ++index) {
-        if (selected(index)) {
+    for (int index = 0; index < count(); ++index)
+        if (selected(index))
             paths.push_back(path(index));
-        }
-    }
     return paths;
 }
 
@@ -77,11 +70,9 @@ std::vector<Folder_entry> TShellTreeView::folders_of(const std::string& path) co
 }
 
 bool TShellTreeView::select(const std::string& path) {
-    if (!begin_action() || path.empty()) {
+    if (!begin_action() || path.empty())
         return false;
-    }
-    if (assign(selected_folder_, path, Aspect::cursor) && on_change) {
+    if (assign(selected_folder_, path, Aspect::cursor) && on_change)
         on_change();
-    }
     return true;
 }

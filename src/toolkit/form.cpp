@@ -8,9 +8,8 @@
 namespace {
 
 bool is_within(const TControl* control, const TControl* ancestor) {
-    while (control && control != ancestor) {
+    while (control && control != ancestor)
         control = control->parent();
-    }
     return control != nullptr;
 }
 
@@ -28,9 +27,8 @@ TForm::~TForm() {
 
 void TForm::show() {
     appear();
-    if (current_desktop) {
+    if (current_desktop)
         current_desktop->show(*this);
-    }
 }
 
 Modal_result TForm::show_modal() {
@@ -41,31 +39,26 @@ Modal_result TForm::show_modal() {
         form->modal_ = false;
     });
     appear();
-    if (current_desktop) {
+    if (current_desktop)
         current_desktop->run_modal(*this);
-    }
     return modal_result_ == Modal_result::none ? Modal_result::cancel : modal_result_;
 }
 
 void TForm::appear() {
-    if (visible()) {
+    if (visible())
         return;
-    }
     TControl::set_visible(true);
-    if (on_show) {
+    if (on_show)
         on_show();
-    }
-    if (!focused_) {
+    if (!focused_)
         focus_next();
-    }
 }
 
 void TForm::set_visible(bool visible) {
-    if (visible) {
+    if (visible)
         show();
-    } else {
+    else
         TControl::set_visible(false);
-    }
 }
 
 void TForm::set_modal_result(Modal_result result) {
@@ -74,9 +67,8 @@ void TForm::set_modal_result(Modal_result result) {
 }
 
 void TForm::end_if_asked() {
-    if (modal_ && modal_result_ != Modal_result::none && !close()) {
+    if (modal_ && modal_result_ != Modal_result::none && !close())
         modal_result_ = Modal_result::none;
-    }
 }
 
 void TForm::set_bounds(const Bounds& bounds) {
@@ -84,70 +76,57 @@ void TForm::set_bounds(const Bounds& bounds) {
 }
 
 bool TForm::close() {
-    if (!visible()) {
+    if (!visible())
         return true;
-    }
     TControl* const had_focus = focused_;
     move_focus(nullptr);
     if (on_close_query && !on_close_query()) {
-        if (had_focus && !focused_) {
+        if (had_focus && !focused_)
             had_focus->focus();
-        }
         return false;
     }
     TControl::set_visible(false);
-    if (on_close) {
+    if (on_close)
         on_close();
-    }
     return true;
 }
 
 bool TForm::move_focus(TControl* target) {
     TControl* const source = focused_;
-    if (source == target) {
+    if (source == target)
         return true;
-    }
     focused_ = target;
-    for (TControl* left = source; left && left != this && !is_within(target, left); left = left->parent()) {
+    for (TControl* left = source; left && left != this && !is_within(target, left); left = left->parent())
         left->do_exit();
-    }
     std::vector<TControl*> entered;
-    for (TControl* come = target; come && come != this && !is_within(source, come); come = come->parent()) {
+    for (TControl* come = target; come && come != this && !is_within(source, come); come = come->parent())
         entered.push_back(come);
-    }
-    for (auto come = entered.rbegin(); come != entered.rend() && focused_ == target; ++come) {
+    for (auto come = entered.rbegin(); come != entered.rend() && focused_ == target; ++come)
         (*come)->do_enter();
-    }
     // A handler on the way may have sent the focus elsewhere, or taken the ground from under it.
-    if (focused_ && !focused_->usable_within_form()) {
+    if (focused_ && !focused_->usable_within_form())
         focused_ = nullptr;
-    }
-    if (focused_) {
+    if (focused_)
         focused_->notify(Aspect::focus);
-    }
     return focused_ == target;
 }
 
 void TForm::forget_focus_in(const TControl& control) {
-    if (is_within(focused_, &control)) {
+    if (is_within(focused_, &control))
         focused_ = nullptr;
-    }
 }
 
 bool TForm::focus_next(bool backward) {
     std::vector<TControl*> stops;
     walk([&](TControl& control) {
-        if (control.takes_focus_ && control.usable_within_form()) {
+        if (control.takes_focus_ && control.usable_within_form())
             stops.push_back(&control);
-        }
         return true;
     });
-    if (stops.empty()) {
+    if (stops.empty())
         return false;
-    }
-    if (backward) {
+    if (backward)
         std::reverse(stops.begin(), stops.end());
-    }
     auto next = std::find(stops.begin(), stops.end(), focused_);
     next = next == stops.end() || next + 1 == stops.end() ? stops.begin() : next + 1;
     return move_focus(*next);
@@ -166,12 +145,10 @@ bool TForm::press_button(bool (*wanted)(const TButton&)) {
 }
 
 bool TForm::offer_key(const Key& key) {
-    if (TControl::offer_key(key)) {
+    if (TControl::offer_key(key))
         return true;
-    }
-    if (!in_reach()) {
+    if (!in_reach())
         return false;
-    }
     switch (key.code) {
     case Key_code::tab: return focus_next(key.shift);
     case Key_code::enter: return press_button([](const TButton& button) { return button.is_default(); });

@@ -34,9 +34,8 @@ Headless_desktop::Headless_desktop(std::function<void(const std::string& fault)>
     : on_fault_(std::move(on_fault)), scope_(*this) {}
 
 Headless_desktop::~Headless_desktop() {
-    for (const Step& step : script_) {
+    for (const Step& step : script_)
         on_fault_("expected, but never met: " + step.met);
-    }
 }
 
 void Headless_desktop::expect_message(const std::string& title, const std::string& text,
@@ -71,20 +70,17 @@ void Headless_desktop::run_modal(TForm& form) {
     Step step;
     if (take_step(form_in_words(form.name()), step)) {
         step.user(form);
-        if (form.visible()) {
+        if (form.visible())
             on_fault_("still open: " + step.met);
-        }
     }
 }
 
 void Headless_desktop::run(TForm& main_form) {
     main_form.show();
-    if (on_run && main_form.visible()) {
+    if (on_run && main_form.visible())
         on_run(main_form);
-    }
-    if (!main_form.close()) {
+    if (!main_form.close())
         on_fault_("does not close: " + main_form.name());
-    }
 }
 
 Modal_result Headless_desktop::message_box(const Message& message) {
@@ -97,9 +93,8 @@ Modal_result Headless_desktop::message_box(const Message& message) {
 bool Headless_desktop::run_file_dialog(TFileDialog& dialog) {
     dialogs_.push_back(dialog);
     Step step;
-    if (!take_step(dialog_in_words(dialog.title), step) || step.files.empty()) {
+    if (!take_step(dialog_in_words(dialog.title), step) || step.files.empty())
         return false;
-    }
     dialog.file_name = step.files.front();
     dialog.files = std::move(step.files);
     return true;
@@ -107,9 +102,8 @@ bool Headless_desktop::run_file_dialog(TFileDialog& dialog) {
 
 int Headless_desktop::choose(const TPopupMenu& menu, int) {
     Step step;
-    if (!take_step("menu", step) || step.item.empty()) {
+    if (!take_step("menu", step) || step.item.empty())
         return -1;
-    }
     const auto found = std::find_if(menu.items.begin(), menu.items.end(),
                                     [&](const Menu_item& item) { return item.text == step.item; });
     if (found == menu.items.end() || !found->enabled) {
@@ -121,9 +115,8 @@ int Headless_desktop::choose(const TPopupMenu& menu, int) {
 
 bool Headless_desktop::paint_pending() {
     ++messages_processed_;
-    if (on_process_messages) {
+    if (on_process_messages)
         on_process_messages();
-    }
     return !closing;
 }
 
@@ -146,9 +139,8 @@ void Headless_desktop::advance(int milliseconds) {
         const auto next =
             std::min_element(timers_.begin(), timers_.end(),
                              [](const Armed_timer& a, const Armed_timer& b) { return a.due < b.due; });
-        if (next == timers_.end() || next->due > end) {
+        if (next == timers_.end() || next->due > end)
             break;
-        }
         now_ = next->due;
         next->due += std::max(next->timer->interval(), 1);
         next->timer->fire();

@@ -21,9 +21,8 @@ int TListBox::index_of(const std::string& text) const {
 void TListBox::set_lines(const std::vector<std::string>& texts) {
     std::vector<Line> lines;
     lines.reserve(texts.size());
-    for (const std::string& text : texts) {
+    for (const std::string& text : texts)
         lines.push_back(Line{text});
-    }
     replace_lines(std::move(lines), -1);
 }
 
@@ -36,30 +35,26 @@ void TListBox::replace_lines(std::vector<Line> lines, int item_index) {
 void TListBox::insert_line(int index, const std::string& text) {
     index = std::clamp(index, 0, count());
     lines_.insert(lines_.begin() + index, Line{text});
-    if (item_index_ >= index) {
+    if (item_index_ >= index)
         ++item_index_;
-    }
     notify({Aspect::lines_inserted, index, 1});
 }
 
 void TListBox::remove_line(int index) {
-    if (!has_line(index)) {
+    if (!has_line(index))
         return;
-    }
     lines_.erase(lines_.begin() + index);
-    if (item_index_ == index) {
+    if (item_index_ == index)
         item_index_ = -1;
-    } else if (item_index_ > index) {
+    else if (item_index_ > index)
         --item_index_;
-    }
     notify({Aspect::lines_removed, index, 1});
 }
 
 template <class Value>
 void TListBox::set_in_line(int index, Value Line::*field, const Value& value) {
-    if (!has_line(index)) {
+    if (!has_line(index))
         return;
-    }
     Line& changed = lines_[static_cast<std::size_t>(index)];
     if (changed.*field != value) {
         changed.*field = value;
@@ -80,9 +75,8 @@ void TListBox::set_checked(int index, bool checked) {
 }
 
 void TListBox::set_all_checked(bool checked) {
-    for (int index = 0; index < count(); ++index) {
+    for (int index = 0; index < count(); ++index)
         set_checked(index, checked);
-    }
 }
 
 int TListBox::checked_count() const {
@@ -91,11 +85,10 @@ int TListBox::checked_count() const {
 }
 
 void TListBox::set_selected(int index, bool selected) {
-    if (multi_select_) {
+    if (multi_select_)
         set_in_line(index, &Line::selected, selected);
-    } else if (selected || index == item_index_) {
+    else if (selected || index == item_index_)
         set_item_index(selected ? index : -1);
-    }
 }
 
 void TListBox::set_item_index(int index) {
@@ -108,58 +101,48 @@ void TListBox::set_item_index(int index) {
 }
 
 void TListBox::show_line(int index) {
-    if (has_line(index)) {
+    if (has_line(index))
         notify({Aspect::line_on_view, index, 1});
-    }
 }
 
 void TListBox::select_only(const std::vector<int>& indexes) {
     std::vector<bool> wanted(lines_.size());
-    for (const int index : indexes) {
-        if (has_line(index)) {
+    for (const int index : indexes)
+        if (has_line(index))
             wanted[static_cast<std::size_t>(index)] = true;
-        }
-    }
-    for (int index = 0; index < count(); ++index) {
+    for (int index = 0; index < count(); ++index)
         set_in_line(index, &Line::selected, static_cast<bool>(wanted[static_cast<std::size_t>(index)]));
-    }
 }
 
 bool TListBox::select(int index) {
-    if (!begin_action() || !has_line(index) || !line(index).enabled) {
+    if (!begin_action() || !has_line(index) || !line(index).enabled)
         return false;
-    }
     const bool moves = index != item_index_;
-    if (multi_select_) {
+    if (multi_select_)
         select_only({index});
-    }
     set_item_index(index);
-    if (moves) {
+    if (moves)
         do_change();
-    }
     do_click();
     return true;
 }
 
 bool TListBox::select_lines(const std::vector<int>& indexes) {
-    if (!multi_select_ || !begin_action()) {
+    if (!multi_select_ || !begin_action())
         return false;
-    }
     select_only(indexes);
     const int last = indexes.empty() ? item_index_ : indexes.back();
     const bool moves = last != item_index_;
     set_item_index(last);
-    if (moves) {
+    if (moves)
         do_change();
-    }
     do_click();
     return true;
 }
 
 bool TListBox::check(int index, bool checked) {
-    if (!has_check_marks_ || !begin_action() || !has_line(index) || !line(index).enabled) {
+    if (!has_check_marks_ || !begin_action() || !has_line(index) || !line(index).enabled)
         return false;
-    }
     if (checked != line(index).checked) {
         set_checked(index, checked);
         do_check(index);
@@ -168,12 +151,10 @@ bool TListBox::check(int index, bool checked) {
 }
 
 bool TListBox::double_click(int index) {
-    if (!select(index)) {
+    if (!select(index))
         return false;
-    }
-    if (on_double_click) {
+    if (on_double_click)
         on_double_click();
-    }
     return true;
 }
 
@@ -189,13 +170,11 @@ bool TListBox::press(const Key& key) {
 }
 
 void TListBox::do_change() {
-    if (on_change) {
+    if (on_change)
         on_change();
-    }
 }
 
 void TListBox::do_check(int index) {
-    if (on_check) {
+    if (on_check)
         on_check(index);
-    }
 }

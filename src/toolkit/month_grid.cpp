@@ -10,9 +10,8 @@ void TMonthGrid::set_month(int days, int first_weekday, int day) {
 }
 
 bool TMonthGrid::pick(int day) {
-    if (!begin_action() || day < 1 || day > days_) {
+    if (!begin_action() || day < 1 || day > days_)
         return false;
-    }
     assign(day_, day, Aspect::value);
     do_click();
     return true;

@@ -19,30 +19,25 @@ bool TPageControl::can_show(const TControl& page) const {
 }
 
 void TPageControl::activate(TTabSheet* page) {
-    if (!assign(active_page_, page, Aspect::page)) {
+    if (!assign(active_page_, page, Aspect::page))
         return;
-    }
     give_up_lost_focus();
-    if (page && page->on_show) {
+    if (page && page->on_show)
         page->on_show();
-    }
 }
 
 void TPageControl::set_active_page(TTabSheet& page) {
-    if (can_show(page)) {
+    if (can_show(page))
         activate(&page);
-    }
 }
 
 bool TPageControl::select_page(TTabSheet& page) {
-    if (!begin_action() || !can_show(page) || !page.enabled()) {
+    if (!begin_action() || !can_show(page) || !page.enabled())
         return false;
-    }
     if (&page != active_page_) {
         activate(&page);
-        if (on_change) {
+        if (on_change)
             on_change();
-        }
     }
     return true;
 }
@@ -52,23 +47,20 @@ bool TPageControl::has_in_front(const TControl& child) const {
 }
 
 void TPageControl::bring_child_to_front(TControl& child) {
-    if (&child != active_page_ && can_show(child)) {
+    if (&child != active_page_ && can_show(child))
         select_page(static_cast<TTabSheet&>(child));
-    }
 }
 
 void TPageControl::child_visibility_changed(TControl& child) {
-    if (!active_page_ && can_show(child)) {
+    if (!active_page_ && can_show(child))
         activate(static_cast<TTabSheet*>(&child));
-    } else if (&child == active_page_ && !child.visible()) {
+    else if (&child == active_page_ && !child.visible())
         replace_lost_page(static_cast<std::size_t>(active_index()));
-    }
 }
 
 void TPageControl::child_leaves(TControl& child) {
-    if (&child == active_page_) {
+    if (&child == active_page_)
         replace_lost_page(0);
-    }
 }
 
 // The next page that can be shown comes to the front, or else the nearest before.
@@ -84,16 +76,14 @@ void TPageControl::replace_lost_page(std::size_t index) {
 }
 
 bool TPageControl::press(const Key& key) {
-    if (key.code != Key_code::left && key.code != Key_code::right) {
+    if (key.code != Key_code::left && key.code != Key_code::right)
         return false;
-    }
     const int step = key.code == Key_code::left ? -1 : 1;
     const int count = static_cast<int>(children().size());
     for (int index = active_index() + step; index >= 0 && index < count; index += step) {
         TControl& page = *children()[static_cast<std::size_t>(index)];
-        if (can_show(page)) {
+        if (can_show(page))
             return select_page(static_cast<TTabSheet&>(page));
-        }
     }
     return false;
 }

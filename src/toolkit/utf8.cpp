@@ -11,11 +11,9 @@ int length(std::string_view text) {
 
 std::size_t offset(std::string_view text, int index) {
     std::size_t byte = 0;
-    for (; byte < text.size(); ++byte) {
-        if (!is_continuation(text[byte]) && index-- <= 0) {
+    for (; byte < text.size(); ++byte)
+        if (!is_continuation(text[byte]) && index-- <= 0)
             return byte;
-        }
-    }
     return byte;
 }
 

@@ -17,13 +17,11 @@ void TWebView::navigate(const std::string& address) {
 }
 
 bool TWebView::follow(const std::string& address) {
-    if (!begin_action()) {
+    if (!begin_action())
         return false;
-    }
-    if (!is_web_address(address)) {
+    if (!is_web_address(address))
         navigate(address);
-    } else if (current_desktop) {
+    else if (current_desktop)
         current_desktop->open_web_address(address);
-    }
     return true;
 }

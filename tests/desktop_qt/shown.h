@@ -29,9 +29,7 @@ protected:
         EXPECT_EQ(View::alive(), 0) << "a view outlives its form";
     }
 
-    Host_functions host_{{}, {}, [this](const std::string& address) { opened_ = address; }};
-    std::string opened_;
-    std::unique_ptr<Qt_desktop> owned_desktop_ = std::make_unique<Qt_desktop>(host_);
+    std::unique_ptr<Qt_desktop> owned_desktop_ = std::make_unique<Qt_desktop>();
     Qt_desktop& desktop_ = *owned_desktop_;
     Desktop_scope scope_{desktop_};
 };

@@ -1,4 +1,5 @@
 #include "desktop_qt/shown.h"
+#include "support/temporary_folder.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/combo_box.h"
@@ -10,7 +11,6 @@
 #include "toolkit/web_view.h"
 
 #include <QtCore/QMimeData>
-#include <QtCore/QTemporaryDir>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -51,21 +51,15 @@ protected:
     std::function<void()> count_ = [this] { ++fired_; };
 };
 
-std::string only_digits(const std::string& text) {
-    std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
-                 [](char c) { return c >= '0' && c <= '9'; });
-    return digits;
-}
-
 TEST_F(Views, what_all_controls_have_is_shown) {
     auto& label = form_.add<TLabel>("label", "Ready");
     show(form_);
+    EXPECT_EQ(widget(form_).windowTitle(), "A form");
     QLabel& shown = widget<QLabel>(label);
     label.set_hint("a < b");
-    EXPECT_TRUE(shown.toolTip().contains("a &lt; b"));
     label.set_colour(0x00ff00);
     label.set_mark(Mark::tick);
+    EXPECT_TRUE(shown.toolTip().contains("a &lt; b"));
     EXPECT_EQ(shown.palette().color(QPalette::Window), QColor(0, 255, 0));
     EXPECT_EQ(shown.palette().color(QPalette::WindowText), QColor(Qt::black));
     EXPECT_EQ(shown.text().toStdString(), "\xE2\x9C\x93 Ready");
@@ -76,15 +70,12 @@ TEST_F(Views, what_all_controls_have_is_shown) {
     label.set_visible(true);
     label.set_enabled(false);
     EXPECT_TRUE(shown.isVisible() && !shown.isEnabled());
-    EXPECT_EQ(widget(form_).windowTitle(), "A form");
-    auto& late = form_.add<TLabel>("late", "added to a window that is shown");
-    EXPECT_TRUE(widget(late).isVisible());
-    form_.remove(late);
+    EXPECT_TRUE(widget(form_.add<TLabel>("late", "added to a window that is shown")).isVisible());
 }
 
 TEST_F(Views, what_is_typed_reaches_the_control_through_its_filter) {
     auto& edit = form_.add<TEdit>("edit");
-    edit.input_filter = only_digits;
+    edit.input_filter = [](const std::string& text) { return text == "x" ? std::string() : text; };
     edit.on_change = count_;
     show(form_);
     QLineEdit& line = widget<QLineEdit>(edit);
@@ -154,13 +145,11 @@ TEST_F(Views, a_combo_box_is_chosen_from_and_typed_into) {
     EXPECT_EQ(box.currentIndex(), -1);
     QTest::keyClick(&box, Qt::Key_Down);
     QTest::keyClick(&box, Qt::Key_Down);
-    EXPECT_EQ(units.text(), "t/ha");
     EXPECT_EQ(fired_, 2);
     units.set_items({"t/ha", "lb"});
     EXPECT_EQ(box.currentText(), "t/ha");
 
     QComboBox& line = widget<QComboBox>(free);
-    EXPECT_EQ(line.currentText(), "other");
     free.focus();
     QTest::keyClick(line.lineEdit(), Qt::Key_End);
     QTest::keyClicks(line.lineEdit(), "s");
@@ -204,12 +193,10 @@ TEST_F(Views, buttons_and_boxes_are_clicked) {
 
 TEST_F(Views, a_radio_group_shows_one_choice_or_none) {
     auto& group = form_.add<TRadioGroup>("group", "Level", std::vector<std::string>{"Master", "Project"});
-    group.on_click = count_;
     show(form_);
     const auto buttons = [&] { return widget(group).findChildren<QRadioButton*>(); };
     buttons()[1]->click();
     EXPECT_EQ(group.item_index(), 1);
-    EXPECT_EQ(fired_, 1);
     group.set_item_index(-1);
     EXPECT_FALSE(buttons()[0]->isChecked() || buttons()[1]->isChecked());
     group.set_items({"Arbitrary", "Master", "Project"});
@@ -217,11 +204,10 @@ TEST_F(Views, a_radio_group_shows_one_choice_or_none) {
     ASSERT_EQ(buttons().size(), 3);
     EXPECT_TRUE(buttons()[2]->isChecked());
     QCoreApplication::processEvents();
-    int keys = 0;
-    group.on_key = [&](const Key&) { return ++keys == 0; };
+    group.on_key = [&](const Key&) { return ++fired_ == 0; };
     buttons()[2]->setFocus();
     QTest::keyClick(buttons()[2], Qt::Key_A);
-    EXPECT_EQ(keys, 1) << "a key is offered once";
+    EXPECT_EQ(fired_, 1) << "a key is offered once";
 }
 
 TEST_F(Views, a_mark_clicked_in_a_list_is_set_and_the_cursor_stays) {
@@ -291,9 +277,8 @@ public:
 
 protected:
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) {
+        if (event->type() == QEvent::Paint)
             painted += static_cast<QPaintEvent*>(event)->region();
-        }
         return false;
     }
 };
@@ -310,9 +295,8 @@ TEST_F(Views, a_change_of_one_line_paints_that_line_alone) {
     list.set_checked(4000, true);
     QTest::qWait(20);
     EXPECT_EQ(watch.painted.boundingRect(), view.visualRect(view.model()->index(1, 0)));
-    for (int row = 0; row < list.count(); ++row) {
+    for (int row = 0; row < list.count(); ++row)
         list.set_checked(row, row != 2);
-    }
     QTest::qWait(20);
     watch.painted = {};
     list.set_all_checked(true);
@@ -365,89 +349,76 @@ TEST_F(Views, pages_get_the_width_that_longer_texts_need) {
 
 TEST_F(Views, pages_are_chosen_and_hidden_by_their_tabs) {
     auto& pages = form_.add<TPageControl>("pages");
-    auto& first = pages.add<TTabSheet>("first", "First");
-    auto& edit = first.add<TEdit>("edit");
+    auto& edit = pages.add<TTabSheet>("first", "First").add<TEdit>("edit");
     auto& second = pages.add<TTabSheet>("second", "Second");
     auto& inside = second.add<TButton>("inside", "Inside");
     auto& third = pages.add<TTabSheet>("third", "Third");
     third.set_visible(false);
     pages.on_change = count_;
+    edit.on_exit = count_;
     show(form_);
+    edit.focus();
     QTabWidget& tabs = widget<QTabWidget>(pages);
     EXPECT_FALSE(tabs.isTabVisible(2));
     EXPECT_TRUE(widget(edit).isVisible());
-    edit.focus();
-    int exits = 0;
-    edit.on_exit = [&] { ++exits; };
 
     QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
     EXPECT_EQ(pages.active_page(), &second);
-    EXPECT_EQ(fired_, 1);
-    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(fired_, 2);
     EXPECT_TRUE(widget(inside).isVisible());
     third.set_visible(true);
     third.set_text("Last");
     pages.set_active_page(third);
-    EXPECT_EQ(tabs.currentIndex(), 2);
-    EXPECT_EQ(tabs.tabText(2), "Last");
-    EXPECT_EQ(fired_, 1);
+    EXPECT_EQ(tabs.tabText(tabs.currentIndex()), "Last");
+    EXPECT_EQ(fired_, 2);
     pages.remove(second);
     EXPECT_EQ(tabs.count(), 2);
-    EXPECT_EQ(pages.active_page(), &third);
     EXPECT_EQ(tabs.currentIndex(), 1);
 }
 
-TEST_F(Views, a_month_a_bar_and_a_picture_are_shown) {
+TEST_F(Views, a_day_clicked_is_marked_and_may_lay_its_month_out_anew) {
     auto& month = form_.add<TMonthGrid>("month");
     month.set_month(30, 2, 17);
-    month.on_click = count_;
-    auto& bar = form_.add<TProgressBar>("bar");
-    auto& light = form_.add<TImage>("light", status_light(3));
     show(form_);
     QTableWidget& table = widget<QTableWidget>(month);
     EXPECT_EQ(table.currentItem()->text(), "17");
-    EXPECT_EQ(table.item(0, 2)->text(), "1");
     EXPECT_EQ(table.item(4, 4)->text(), "");
-    table.setCurrentCell(0, 2);
-    EXPECT_EQ(month.day(), 1);
-    EXPECT_EQ(fired_, 1);
-    month.set_month(31, 0, 0);
-    EXPECT_EQ(table.currentItem(), nullptr);
-    bar.set_maximum(4);
-    bar.set_position(3);
-    bar.step();
-    bar.step();
-    EXPECT_EQ(widget<QProgressBar>(bar).value(), 4);
-    EXPECT_EQ(widget<QProgressBar>(bar).maximum(), 4);
-    const auto picture = [&] { return widget(light).grab().toImage(); };
-    std::vector<QImage> pictures;
-    for (int status = 0; status <= 13; ++status) {
-        light.set_picture(status_light(status));
-        pictures.push_back(picture().convertToFormat(QImage::Format_Mono));
-        for (int other = 0; other < status; ++other) {
-            EXPECT_NE(pictures[static_cast<std::size_t>(other)], pictures.back())
-                << other << " and " << status << " differ by colour alone";
-        }
-    }
-}
-
-TEST_F(Views, a_day_clicked_may_lay_its_month_out_anew) {
-    auto& month = form_.add<TMonthGrid>("month");
-    month.set_month(31, 0, 5);
+    EXPECT_TRUE(table.horizontalHeader()->isVisible());
     month.on_click = [&] {
         ++fired_;
         month.set_shows_weekdays(false);
         month.set_month(28, 3, month.day());
     };
-    show(form_);
-    QTableWidget& table = widget<QTableWidget>(month);
-    EXPECT_TRUE(table.horizontalHeader()->isVisible());
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(1, 1)).center());
     EXPECT_EQ(fired_, 1);
-    EXPECT_EQ(month.day(), 9);
-    EXPECT_EQ(table.currentItem()->text(), "9");
+    EXPECT_EQ(month.day(), 7);
+    EXPECT_EQ(table.currentItem()->text(), "7");
     EXPECT_EQ(table.item(0, 3)->text(), "1");
     EXPECT_FALSE(table.horizontalHeader()->isVisible());
+    month.set_month(31, 0, 0);
+    EXPECT_EQ(table.currentItem(), nullptr);
+}
+
+TEST_F(Views, no_two_lights_differ_by_colour_alone) {
+    auto& light = form_.add<TImage>("light");
+    show(form_);
+    std::vector<QImage> pictures;
+    for (int status = 0; status <= 13; ++status) {
+        light.set_picture(status_light(status));
+        const QImage picture = widget(light).grab().toImage().convertToFormat(QImage::Format_Mono);
+        EXPECT_EQ(std::count(pictures.begin(), pictures.end(), picture), 0) << status;
+        pictures.push_back(picture);
+    }
+}
+
+TEST_F(Views, a_bar_stops_at_its_end) {
+    auto& bar = form_.add<TProgressBar>("bar");
+    bar.set_maximum(4);
+    show(form_);
+    for (int step = 1; step <= 5; ++step)
+        bar.step();
+    EXPECT_EQ(widget<QProgressBar>(bar).value(), 4);
+    EXPECT_EQ(widget<QProgressBar>(bar).maximum(), 4);
 }
 
 TEST_F(Views, a_ruler_paints_its_stretches_to_the_pixel) {
@@ -467,23 +438,16 @@ TEST_F(Views, a_ruler_paints_its_stretches_to_the_pixel) {
 }
 
 TEST_F(Views, a_page_is_shown_and_its_links_are_followed) {
-    QTemporaryDir folder;
-    const auto write = [&](const char* name, const QByteArray& text) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(text);
-    };
-    write("a#1.htm", "<html><a href=\"b.htm#end\">b</a> 20 \xB0"
-                     "C</html>");
-    write("b.htm", "<html>second</html>");
+    const Temporary_folder folder;
+    folder.write("a#1.htm", "<html><a href=\"b.htm#end\">b</a> 20 \260C</html>");
+    folder.write("b.htm", "<html>second</html>");
     auto& view = form_.add<TWebView>("view");
-    view.navigate(folder.filePath("a#1.htm").toStdString());
+    view.navigate(folder.path("a#1.htm"));
     show(form_);
     QTextBrowser& browser = widget<QTextBrowser>(view);
-    EXPECT_EQ(browser.toPlainText().toStdString(), "b 20 \xC2\xB0"
-                                                   "C");
+    EXPECT_EQ(browser.toPlainText().toStdString(), "b 20 \302\260C");
     emit browser.anchorClicked(QUrl("b.htm#end"));
-    EXPECT_EQ(view.address(), folder.filePath("b.htm").toStdString() + "#end");
+    EXPECT_EQ(view.address(), folder.path("b.htm") + "#end");
     EXPECT_EQ(browser.toPlainText(), "second");
     view.navigate("https://example.org/<x>");
     EXPECT_EQ(browser.toPlainText(), "https://example.org/<x>");

@@ -2,22 +2,23 @@
 
 #include "temporal/date_time_64.h"
 
+#include <functional>
+#include <set>
+
 namespace {
 
 using Mode = Synchronization_mode;
 
 class Common_event_test : public Scenario_test {
 protected:
-    // The section that the event has in a saved scenario.
-    std::string saved(std::unique_ptr<Common_event> event) {
+    // The section that an event so changed has in a saved scenario.
+    std::string saved(const std::function<void(Common_event&)>& change) {
         Tilverra_scenario scenario;
-        scenario.events.append(event.release());
-        return section(save(scenario), "event:1");
-    }
-    static std::unique_ptr<Common_event> irrigation() {
-        auto event = std::make_unique<Common_event>("first");
+        auto* event = new Common_event("first");
+        scenario.events.append(event);
         event->operation_name = "furrow";
-        return event;
+        change(*event);
+        return section(save(scenario), "event:1");
     }
 };
 
@@ -26,44 +27,32 @@ const std::string before_timing = "[event:1]\r\nID=first\r\nres_set_ID=0\r\ncont
                                   "enable_for_model=secondary_only\r\n";
 const std::string switches = "enabled=true\r\nchecked=true\r\n";
 
-TEST_F(Common_event_test, a_single_event_writes_its_start_alone) {
-    EXPECT_EQ(saved(irrigation()),
+TEST_F(Common_event_test, how_an_event_recurs_decides_what_is_written_of_its_time) {
+    EXPECT_EQ(saved([](Common_event&) {}),
               before_timing +
                   "event_synchronization=relative_to_simulation_event\r\nevent_offset=0\r\n"
                   "event_relative_to_simulation_event=begin\r\n" +
                   switches);
+    const std::string begin = before_timing +
+                              "begin_synchronization=relative_to_simulation_event\r\nbegin_offset=0\r\n"
+                              "begin_relative_to_simulation_event=begin\r\n" +
+                              switches +
+                              "end_synchronization=relative_to_simulation_event\r\nend_offset=0\r\n"
+                              "end_relative_to_simulation_event=";
+    EXPECT_EQ(saved([](Common_event& event) {
+                  event.period->repeat_event = true;
+                  event.period->interval_time_step.set_label("fortnight");
+                  event.period->end_sync.simulation_event = Simulation_event::end;
+              }),
+              begin +
+                  "end\r\nrepeat_event=true\r\nevent_repetitions=32767\r\ninterval_time_step=fortnight\r\n"
+                  "interval=1\r\nperiod_repetitions=1\r\nperiod_cycle_years=1\r\n");
+    EXPECT_EQ(saved([](Common_event& event) { event.period->period_repetitions = 3; }),
+              begin + "begin\r\nrepeat_event=false\r\nperiod_repetitions=3\r\nperiod_cycle_years=1\r\n");
 }
 
-TEST_F(Common_event_test, a_repeating_event_writes_both_ends_and_how_it_repeats) {
-    auto event = irrigation();
-    event->period->repeat_event = true;
-    event->period->interval_time_step.set_label("fortnight");
-    event->period->end_sync.simulation_event = Simulation_event::end;
-    EXPECT_EQ(saved(std::move(event)),
-              before_timing +
-                  "begin_synchronization=relative_to_simulation_event\r\nbegin_offset=0\r\n"
-                  "begin_relative_to_simulation_event=begin\r\n" +
-                  switches +
-                  "end_synchronization=relative_to_simulation_event\r\nend_offset=0\r\n"
-                  "end_relative_to_simulation_event=end\r\nrepeat_event=true\r\nevent_repetitions=32767\r\n"
-                  "interval_time_step=fortnight\r\ninterval=1\r\nperiod_repetitions=1\r\n"
-                  "period_cycle_years=1\r\n");
-}
-
-TEST_F(Common_event_test, an_event_whose_period_alone_repeats_leaves_out_the_interval) {
-    auto event = irrigation();
-    event->period->period_repetitions = 3;
-    const std::string text = saved(std::move(event));
-    EXPECT_TRUE(has(text, "begin_offset=0")) << text;
-    EXPECT_NE(text.find("repeat_event=false\r\nperiod_repetitions=3\r\nperiod_cycle_years=1"),
-              std::string::npos)
-        << text;
-}
-
-TEST_F(Common_event_test,
-       an_operation_has_its_keys_in_the_event_when_it_is_inline_and_timing_can_be_left_out) {
-    class Inline_operation : public Common_operation {
-    public:
+TEST_F(Common_event_test, an_inline_operation_has_its_keys_in_the_event_and_timing_can_be_left_out) {
+    struct Inline_operation : Common_operation {
         bool is_inline() const override { return true; }
         bool setup_structure(TESK::Data_record& record, bool) override {
             return record.expect_int16("depth", depth) != nullptr;
@@ -71,38 +60,36 @@ TEST_F(Common_event_test,
         std::int16_t depth = 12;
     };
     for (const bool is_inline : {false, true}) {
-        auto event = irrigation();
-        event->period->repeat_event = true;
-        event->timing_excluded = true;
-        event->own_operation(is_inline ? std::unique_ptr<Common_operation>(new Inline_operation)
-                                       : std::make_unique<Common_operation>());
-        EXPECT_EQ(saved(std::move(event)), before_timing + switches + (is_inline ? "depth=12\r\n" : ""));
+        const std::string text = saved([is_inline](Common_event& event) {
+            event.period->repeat_event = true;
+            event.timing_excluded = true;
+            event.own_operation(is_inline ? std::make_unique<Inline_operation>()
+                                          : std::make_unique<Common_operation>());
+        });
+        EXPECT_EQ(text, before_timing + switches + (is_inline ? "depth=12\r\n" : ""));
     }
 }
 
 TEST_F(Common_event_test, a_start_is_read_under_either_prefix_and_under_the_keys_of_old_files) {
     struct Case {
         const char* lines;
-        const char* mode;
-        std::int16_t offset;
-        const char* old_sync;
+        const char* read; // mode, offset, old mode
     };
-    const Case cases[] = {
-        {"begin_synchronization=before_planting\nbegin_offset=4", "before_planting", 4, "no_sync"},
-        {"event_synchronization=before_planting\nevent_offset=4", "before_planting", 4, "no_sync"},
-        {"sync=after_flowering\noffset=5", "relative_to_simulation_event", 5, "after_flowering"},
-        {"phen_sync=after_harvest", "relative_to_simulation_event", 0, "after_harvest"},
-        {"synchronization=after_veraison", "relative_to_simulation_event", 0, "after_veraison"},
-        {"synchronisation=relative_date", "relative_to_simulation_event", 0, "relative_date"},
-        {"end_synchronization=before_planting", "relative_to_simulation_event", 0, "no_sync"},
-        {"event_synchronization=tomorrow", "actual_date", 0, "no_sync"},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c :
+         {Case{"begin_synchronization=before_planting\nbegin_offset=4", "before_planting 4 no_sync"},
+          {"event_synchronization=before_planting\nevent_offset=4", "before_planting 4 no_sync"},
+          {"sync=after_flowering\noffset=5", "relative_to_simulation_event 5 after_flowering"},
+          {"phen_sync=after_harvest", "relative_to_simulation_event 0 after_harvest"},
+          {"synchronization=after_veraison", "relative_to_simulation_event 0 after_veraison"},
+          {"synchronisation=relative_date", "relative_to_simulation_event 0 relative_date"},
+          {"end_synchronization=before_planting", "relative_to_simulation_event 0 no_sync"},
+          {"event_synchronization=tomorrow", "actual_date 0 no_sync"}}) {
         const auto scenario = read(std::string("event:count=1\n[event:1]\n") + c.lines);
         const Synchronization& start = event_at(*scenario, 0)->begin_sync;
-        EXPECT_EQ(start.mode.get_label(), c.mode) << c.lines;
-        EXPECT_EQ(start.offset, c.offset) << c.lines;
-        EXPECT_EQ(start.old_sync.get_label(), c.old_sync) << c.lines;
+        EXPECT_EQ(start.mode.get_label() + " " + std::to_string(start.offset) + " " +
+                      start.old_sync.get_label(),
+                  c.read)
+            << c.lines;
     }
 }
 
@@ -114,41 +101,33 @@ TEST_F(Common_event_test, a_reschedule_is_one_key_for_both_ends) {
     EXPECT_EQ(save(*read(first)), first);
 }
 
-TEST_F(Common_event_test, a_new_event_has_the_present_moment_for_an_ID) {
+TEST_F(Common_event_test, an_event_without_an_ID_has_a_moment_for_one_and_each_another) {
     const double before = TESK::Date_time_64().date_time;
-    const Common_event event;
-    EXPECT_GE(std::stod(event.ID), before);
-    EXPECT_TRUE(event.ID.ends_with(" (default)")) << event.ID;
-}
-
-TEST_F(Common_event_test, a_counted_event_without_a_section_has_the_defaults_and_an_ID) {
     const auto scenario = read("event:count=4\n[event:1]\nID=a\n[event:2]\nID=\n");
     ASSERT_EQ(scenario->events.count(), 4U);
     EXPECT_EQ(event_at(*scenario, 0)->ID, "a");
-    std::string before;
-    for (const std::uint32_t index : {1U, 2U, 3U}) {
-        const std::string& ID = event_at(*scenario, index)->ID;
-        const std::size_t point = ID.find('.');
-        EXPECT_EQ(point, 7U) << ID;
-        EXPECT_EQ(ID.substr(point + 11), " (default)") << ID;
-        EXPECT_NE(ID, before);
-        before = ID;
+    std::set<std::string> met;
+    for (const std::uint32_t index : {1U, 2U, 3U})
+        EXPECT_TRUE(met.insert(event_at(*scenario, index)->ID).second);
+    met.insert(Common_event().ID);
+    for (const std::string& ID : met) {
+        EXPECT_GE(std::stod(ID), before);
+        EXPECT_EQ(ID.find('.'), 7U) << ID;
+        EXPECT_EQ(ID.substr(18), " (default)") << ID;
     }
     const std::string first = save(*scenario);
     EXPECT_EQ(save(*read(first)), first);
 }
 
 TEST_F(Common_event_test, sections_are_met_in_any_order_and_in_the_old_spelling) {
-    const auto scenario = read("event:count=3\n[event:3]\nID=c\n[event_1]\nID=a\n[event:4]\nID=d\n"
-                               "[event:2]\nID=b\n");
+    const auto scenario =
+        read("event:count=3\n[event:3]\nID=c\n[event_1]\nID=a\n[event:4]\nID=d\n[event:2]\nID=b\n");
     ASSERT_EQ(scenario->events.count(), 3U);
-    EXPECT_EQ(event_at(*scenario, 0)->ID, "a");
-    EXPECT_EQ(event_at(*scenario, 1)->ID, "b");
-    EXPECT_EQ(event_at(*scenario, 2)->ID, "c");
-    EXPECT_EQ(scenario->events.find_event("b"), event_at(*scenario, 1));
-    EXPECT_EQ(scenario->events.find_event("B"), nullptr);
-    EXPECT_EQ(scenario->events.find_event("d"), nullptr);
-    EXPECT_EQ(scenario->events.find_event(nullptr), nullptr);
+    const std::string IDs[] = {"a", "b", "c"};
+    for (std::uint32_t index = 0; index < 3; ++index)
+        EXPECT_EQ(scenario->events.find_event(IDs[index].c_str()), event_at(*scenario, index));
+    for (const char* unknown : {"B", "d", static_cast<const char*>(nullptr)})
+        EXPECT_EQ(scenario->events.find_event(unknown), nullptr);
 }
 
 TEST_F(Common_event_test, a_hostile_count_makes_the_events_that_it_tells_and_no_sections) {
@@ -168,38 +147,36 @@ TEST_F(Common_event_test, a_hostile_count_makes_the_events_that_it_tells_and_no_
 
 TEST_F(Common_event_test, shows_its_name_its_ID_and_until_when_it_repeats) {
     std::string text;
-    const auto event = irrigation();
-    EXPECT_EQ(event->label_to(text), "furrow (first)");
-    event->period->repeat_event = true;
-    event->period->end_sync.offset = 3;
-    EXPECT_EQ(event->label_to(text), "furrow (first) until 3 Days begin");
+    Common_event event("first");
+    event.operation_name = "furrow";
+    EXPECT_EQ(event.label_to(text), "furrow (first)");
+    event.period->repeat_event = true;
+    event.period->end_sync.offset = 3;
+    EXPECT_EQ(event.label_to(text), "furrow (first) until 3 Days begin");
 }
 
 TEST_F(Common_event_test, a_period_that_does_nothing_can_be_deleted_and_comes_back_on_reading) {
-    const auto event = irrigation();
-    event->period->period_repetitions = 2;
-    EXPECT_TRUE(event->has_period(true));
-    event->period->period_repetitions = 1;
-    EXPECT_FALSE(event->has_period(true));
-    EXPECT_EQ(event->period, nullptr);
+    Common_event event("first");
+    event.period->period_repetitions = 2;
+    EXPECT_TRUE(event.has_period(true));
+    event.period->period_repetitions = 1;
+    EXPECT_FALSE(event.has_period(true));
+    EXPECT_EQ(event.period, nullptr);
     TESK::Data_record record("event:1");
-    event->setup_structure(record, false);
-    EXPECT_NE(event->period, nullptr);
+    event.setup_structure(record, false);
+    EXPECT_NE(event.period, nullptr);
 }
 
 TEST_F(Common_event_test, events_compare_by_the_day_on_which_they_start) {
     struct Case {
         Mode mode;
-        int by_date;
-        int by_offset;
+        int by_date, by_offset;
     };
     for (const Case& c : {Case{Mode::actual_date, 1, 0},
                           {Mode::relative_to_sow_date, 1, 0},
                           {Mode::relative_to_simulation_event, 0, 1},
                           {Mode::before_planting, 0, -1}}) {
-        Common_event plain("plain");
-        Common_event later("later");
-        Common_event behind("behind");
+        Common_event plain("plain"), later("later"), behind("behind");
         for (Common_event* event : {&plain, &later, &behind})
             event->begin_sync.mode = c.mode;
         later.begin_sync.set_datenum(1998201);
@@ -213,20 +190,15 @@ TEST_F(Common_event_test, events_compare_by_the_day_on_which_they_start) {
 
 TEST_F(Common_event_test, the_events_due_are_walked_by_date) {
     Common_event_list events;
-    struct Case {
-        const char* ID;
-        std::int32_t date;
-        bool enabled;
-    };
-    for (const Case& c : {Case{"late", 1998300, true},
-                          {"b", 1998200, true},
-                          {"off", 1998100, false},
-                          {"a", 1998100, true},
-                          {"b2", 1998200, true},
-                          {"no date", 0, true}}) {
-        auto* event = new Common_event(c.ID);
-        event->begin_sync.set_date(TESK::Date(c.date));
-        event->enabled = c.enabled;
+    for (const auto& [ID, date] : {std::pair("late", 1998300),
+                                   {"b", 1998200},
+                                   {"off", 1998100},
+                                   {"a", 1998100},
+                                   {"b2", 1998200},
+                                   {"no date", 0}}) {
+        auto* event = new Common_event(ID);
+        event->begin_sync.set_date(TESK::Date(std::int32_t{date}));
+        event->enabled = event->ID != "off";
         events.append(event);
     }
     events.append(new Common_event("relative"));

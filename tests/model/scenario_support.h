@@ -1,4 +1,4 @@
-// Scenario files for tests.
+// Scenario files, and what stands in a file, for tests.
 #pragma once
 
 #include "model/tilverra_scenario.h"
@@ -8,6 +8,23 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+
+// The bytes of a file of the test data.
+inline std::string contents(const std::string& file) {
+    std::ifstream in(std::string(TEST_DATA) + "/" + file, std::ios::binary);
+    return (std::ostringstream() << in.rdbuf()).str();
+}
+// The part of a file from the header of a section up to the next header.
+inline std::string section(const std::string& file, const std::string& name) {
+    const std::size_t start = file.find("[" + name + "]\r\n");
+    if (start == std::string::npos)
+        return "";
+    const std::size_t next = file.find("\r\n[", start);
+    return file.substr(start, next == std::string::npos ? next : next + 2 - start);
+}
+inline bool has(const std::string& text, const std::string& line) {
+    return ("\r\n" + text + "\r\n").find("\r\n" + line + "\r\n") != std::string::npos;
+}
 
 class Scenario_test : public testing::Test {
 protected:
@@ -32,17 +49,5 @@ protected:
     static Common_event* event_at(const Tilverra_scenario& scenario, std::uint32_t index) {
         return static_cast<Common_event*>(scenario.events.get_at(index));
     }
-    // The part of a file from the header of a section up to the next header.
-    static std::string section(const std::string& file, const std::string& name) {
-        const std::size_t start = file.find("[" + name + "]\r\n");
-        if (start == std::string::npos)
-            return "";
-        const std::size_t next = file.find("\r\n[", start);
-        return file.substr(start, next == std::string::npos ? next : next + 2 - start);
-    }
-    static bool has(const std::string& text, const std::string& line) {
-        return ("\r\n" + text + "\r\n").find("\r\n" + line + "\r\n") != std::string::npos;
-    }
-
     Temporary_folder folder;
 };

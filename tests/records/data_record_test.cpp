@@ -2,9 +2,6 @@
 
 #include "foundation/lists.h"
 #include "record_support.h"
-#include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 using namespace TESK;
 
@@ -54,30 +51,15 @@ public:
     std::int16_t last = 1;
 };
 
-class Data_record_test : public testing::Test {
-protected:
-    void read(Data_record& record, const std::string& text, bool keep = false) {
-        EXPECT_TRUE(VV_file(folder.write("file.txt", text).c_str(), keep).get(record));
-    }
-    std::string saved(Data_record& record) {
-        EXPECT_TRUE(VV_file(folder.name("file.txt").c_str()).set(record));
-        return folder.read("file.txt");
-    }
-
-    Temporary_folder folder;
-};
+using Data_record_test = Record_test;
 
 TEST_F(Data_record_test, declaring_twice_changes_nothing) {
-    Small_record small;
-    small.expect_structure(true);
-    const std::string once = text_of(small);
-    small.expect_structure(true);
-    EXPECT_EQ(text_of(small), once);
-
-    Series_record series;
-    series.expect_structure(true);
-    series.expect_structure(true);
-    EXPECT_EQ(series.enumerated_sections.count(), 1U);
+    Series_record record;
+    record.expect_structure(true);
+    const std::string once = text_of(record);
+    record.expect_structure(true);
+    EXPECT_EQ(text_of(record), once);
+    EXPECT_EQ(record.enumerated_sections.count(), 1U);
 }
 
 TEST_F(Data_record_test, arrays_stand_in_a_section_of_their_own_or_under_their_name) {
@@ -96,27 +78,26 @@ TEST_F(Data_record_test, arrays_stand_in_a_section_of_their_own_or_under_their_n
 
 TEST_F(Data_record_test, a_series_writes_one_section_for_each_element_behind_all_others) {
     Series_record record;
-    EXPECT_EQ(saved(record), "[primary]\r\nthing:count=0\r\n[behind]\r\nlast=1\r\n");
+    EXPECT_EQ(save(record), "[primary]\r\nthing:count=0\r\n[behind]\r\nlast=1\r\n");
     record.elements.append(new Element("one"));
     record.elements.append(new Element("nothing to declare"));
     record.elements.append(new Element("three"));
     const std::string text = "[primary]\r\nthing:count=3\r\n[behind]\r\nlast=1\r\n"
                              "[thing:1]\r\nvalue=one\r\n[thing:3]\r\nvalue=three\r\n";
-    EXPECT_EQ(saved(record), text);
+    EXPECT_EQ(save(record), text);
     Series_record again;
     read(again, text);
     EXPECT_EQ(again.values(), (std::vector<std::string>{"one", "default", "three"}));
 }
 
 TEST_F(Data_record_test, only_the_count_with_a_colon_declares_the_sections_of_a_series) {
-    const char* elements =
+    const std::string elements =
         "[thing_1]\nvalue=old\n[thing:2]\nvalue=new\n[thing:03]\nvalue=no\n[thing:4]\nvalue=no\n";
     Series_record record;
-    read(record, std::string("thing:count=3\n") + elements);
+    read(record, "thing:count=3\n" + elements);
     EXPECT_EQ(record.values(), (std::vector<std::string>{"old", "new", "default"}));
-
     Series_record old;
-    read(old, std::string("thing_count=3\n") + elements, true);
+    read(old, "thing_count=3\n" + elements, true);
     EXPECT_TRUE(old.values().empty());
     EXPECT_EQ(value_of(old, "primary", "thing:count"), "3");
     EXPECT_EQ(value_of(old, "thing_1", "value"), "old");
@@ -142,30 +123,24 @@ TEST_F(Data_record_test, a_count_makes_no_series_shorter_and_a_hostile_one_costs
 }
 
 TEST_F(Data_record_test, the_listener_hears_of_every_field_after_a_save) {
-    class Listener : public Data_change_listener {
-    public:
+    // Is a store too: one that keeps the structure, as tables do.
+    struct Listener : Data_change_listener, Data_source {
         void record_begins(std::int32_t position) override { heard += std::to_string(position) + ";"; }
         void field_set(const std::string& key, const std::string& value,
                        const std::string& section) override {
             heard += section + "/" + key + "=" + value + ";";
         }
         void record_ends() override { heard += "end"; }
-        std::string heard;
-    };
-    // A store that keeps the structure, as tables do.
-    class Store : public Data_source {
-    public:
         std::string& label(std::string& buffer) const override { return buffer; }
         bool write_record(Data_record&) override { return true; }
+        std::string heard;
     };
     Small_record small;
     small.set_position(4);
-    Listener listener;
-    Store store;
-    store.set_change_listener(&listener);
+    Listener store;
+    store.set_change_listener(&store);
     EXPECT_TRUE(store.set(small));
-    EXPECT_TRUE(store.is_modified());
-    EXPECT_EQ(listener.heard, "4;primary/title=untitled;numbers/whole=7;numbers/real=0.5000000000;end");
+    EXPECT_EQ(store.heard, "4;primary/title=untitled;numbers/whole=7;numbers/real=0.5000000000;end");
 }
 
 } // namespace

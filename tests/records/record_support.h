@@ -4,9 +4,10 @@
 #include "records/data_record.h"
 #include "records/vv_file.h"
 #include "records/vv_section.h"
+#include "support/temporary_folder.h"
 
 #include <cstdint>
-#include <sstream>
+#include <gtest/gtest.h>
 #include <string>
 
 // A record that declares nothing.
@@ -46,8 +47,21 @@ inline std::string value_of(const TESK::Data_record& record, const std::string& 
 }
 
 // What the record's sections would be in a file.
-inline std::string text_of(TESK::Data_record& record) {
-    std::ostringstream text;
-    record.sections.write(text);
-    return text.str();
+inline std::string text_of(const TESK::Data_record& record) {
+    return record.text_of_sections();
 }
+
+class Record_test : public testing::Test {
+protected:
+    void read(TESK::Data_record& record, const std::string& text, bool keep_structure = false) {
+        EXPECT_TRUE(TESK::VV_file(folder.write("file.txt", text).c_str(), keep_structure).get(record));
+    }
+    // What the file holds after the record was saved over it.
+    std::string save(TESK::Data_record& record, const std::string& file = "file.txt") {
+        TESK::VV_file target(folder.name(file).c_str());
+        EXPECT_TRUE(target.set(record) && target.get_last_write().ok());
+        return folder.read(file);
+    }
+
+    Temporary_folder folder;
+};

@@ -26,6 +26,13 @@ std::string through(VV_base_entry& entry, const char* text) {
     EXPECT_TRUE(entry.set_value(text));
     return value_text(entry);
 }
+// What a new entry for such a field does.
+template <class Entry, class Field, class... Radix>
+std::string through(const char* text, Radix... radix) {
+    Field field{};
+    Entry entry("k", field, radix..., nullptr, nullptr);
+    return through(entry, text);
+}
 
 std::string line_of(const VV_base_entry& entry) {
     std::string text;
@@ -33,25 +40,20 @@ std::string line_of(const VV_base_entry& entry) {
 }
 
 TEST(Typed_entries, whole_numbers_are_cut_to_their_field) {
-    std::int16_t int16 = 0;
-    std::int32_t int32 = 0;
-    std::uint8_t uint8 = 0;
-    std::uint32_t uint32 = 0;
-    VV_int16_entry int16_entry("k", int16, nullptr, nullptr);
-    VV_int32_entry int32_entry("k", int32, nullptr, nullptr);
-    VV_uint8_entry uint8_entry("k", uint8, 10, nullptr, nullptr);
-    VV_uint32_entry hexadecimal("k", uint32, 16, nullptr, nullptr);
-    VV_uint32_entry binary("k", uint32, 2, nullptr, nullptr);
-    EXPECT_EQ(through(int16_entry, "70000"), "4464");
-    EXPECT_EQ(through(int16_entry, " -12 units"), "-12");
-    EXPECT_EQ(through(int16_entry, "units"), "0");
-    EXPECT_EQ(through(int32_entry, "4294967297"), "1");
-    EXPECT_EQ(through(int32_entry, "-2147483648"), "-2147483648");
-    EXPECT_EQ(through(uint8_entry, "260"), "4");
-    EXPECT_EQ(through(hexadecimal, "0x7FF text"), "7ff");
-    EXPECT_EQ(through(hexadecimal, "-1"), "ffffffff");
-    EXPECT_EQ(through(hexadecimal, "g"), "0");
-    EXPECT_EQ(through(binary, "101 and more"), "101");
+    const auto int16 = through<VV_int16_entry, std::int16_t>;
+    const auto int32 = through<VV_int32_entry, std::int32_t>;
+    const auto uint8 = through<VV_uint8_entry, std::uint8_t, std::uint8_t>;
+    const auto uint32 = through<VV_uint32_entry, std::uint32_t, std::uint8_t>;
+    EXPECT_EQ(int16("70000"), "4464");
+    EXPECT_EQ(int16(" -12 units"), "-12");
+    EXPECT_EQ(int16("units"), "0");
+    EXPECT_EQ(int32("4294967297"), "1");
+    EXPECT_EQ(int32("-2147483648"), "-2147483648");
+    EXPECT_EQ(uint8("260", 10), "4");
+    EXPECT_EQ(uint32("0x7FF text", 16), "7ff");
+    EXPECT_EQ(uint32("-1", 16), "ffffffff");
+    EXPECT_EQ(uint32("g", 16), "0");
+    EXPECT_EQ(uint32("101 and more", 2), "101");
 }
 
 TEST(Typed_entries, floats_always_have_the_ten_decimals_of_a_32_bit_number) {

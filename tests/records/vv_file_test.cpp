@@ -1,35 +1,26 @@
 #include "records/vv_file.h"
 
 #include "record_support.h"
-#include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <sstream>
 #include <sys/stat.h>
 
 using TESK::VV_file;
 
 namespace {
 
-class Vv_file_test : public testing::Test {
+class Vv_file_test : public Record_test {
 protected:
+    using Record_test::read;
     // Reads a text into an undeclared record, whose structure stands afterwards.
     void read(const std::string& text) {
         record.delete_structure();
-        const std::string name = folder.write("file.txt", text);
-        ASSERT_TRUE(VV_file(name.c_str(), true).get(record));
+        read(record, text, true);
     }
     std::string value(const std::string& section, const std::string& key) {
         return value_of(record, section, key);
     }
-    // Saves the record over the file and gives back what the file holds then.
-    std::string save(TESK::Data_record& saved, const std::string& file = "file.txt") {
-        VV_file target(folder.name(file).c_str());
-        EXPECT_TRUE(target.set(saved));
-        EXPECT_TRUE(target.get_last_write().ok());
-        return folder.read(file);
-    }
 
-    Temporary_folder folder;
     Undeclared_record record;
 };
 
@@ -50,58 +41,46 @@ TEST_F(Vv_file_test, keys_and_values_may_hold_nul_bytes_and_be_of_any_length) {
     const std::string text =
         "a\0b=x\0y\r\na\0c=z\r\n"s + std::string(3000, 'k') + "=" + std::string(5000, 'v') + "\r\n";
     read(text);
-    EXPECT_EQ(value("primary", "a\0b"s), "x\0y"s);
-    EXPECT_EQ(value("primary", "a\0c"s), "z");
     EXPECT_EQ(text_of(record), "[primary]\r\n" + text);
     Small_record small;
-    ASSERT_TRUE(VV_file(folder.write("file.txt", "title=a\0b\n"s).c_str()).get(small));
+    read(small, "title=a\0b\n"s);
     EXPECT_EQ(small.title, "a\0b"s);
 }
 
 TEST_F(Vv_file_test, twenty_empty_lines_end_the_file_and_nineteen_do_not) {
-    const auto lines = [](int count, const std::string& line) {
-        std::string text = "[a]\nk=1\n";
-        for (int i = 0; i < count; ++i)
-            text += line;
-        return text + "[b]\nk=2\n";
-    };
-    for (const char* empty : {"\n", "\r\n", "  \t \n"}) {
-        read(lines(19, empty));
+    for (const std::string line : {"\n", "\r\n", "  \t \n"}) {
+        std::string empty;
+        for (int count = 0; count < 19; ++count)
+            empty += line;
+        read("[a]\nk=1\n" + empty + "[b]\nk=2\n");
         EXPECT_EQ(value("b", "k"), "2");
-        read(lines(20, empty));
+        read("[a]\nk=1\n" + empty + line + "[b]\nk=2\n");
         EXPECT_EQ(value("b", "k"), "<none>");
     }
 }
 
 TEST_F(Vv_file_test, reading_fills_declared_fields_by_new_and_old_names_and_leaves_the_others) {
     Small_record small;
-    const std::string name = folder.write(
-        "small.txt", "title=A\n[numbers]\nwhole=12 units\nreal=1.5 old caption\n[unknown]\nk=v\n");
-    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    read(small, "title=A\n[numbers]\nwhole=12 units\nreal=1.5 old caption\n[unknown]\nk=v\n");
     EXPECT_EQ(small.title, "A");
     EXPECT_EQ(small.whole, 12);
     EXPECT_FLOAT_EQ(small.real, 1.5F);
     EXPECT_FALSE(small.is_structure_defined());
     EXPECT_TRUE(small.sections.is_empty());
-
-    folder.write("small.txt", "[old_numbers]\nold_whole=3\n");
-    ASSERT_TRUE(VV_file(name.c_str()).get(small));
-    folder.write("small.txt", "");
-    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    read(small, "[old_numbers]\nold_whole=3\n");
+    read(small, "");
     EXPECT_EQ(small.whole, 3);
 }
 
 TEST_F(Vv_file_test, what_is_no_readable_file_is_not_read) {
     Small_record small;
     ::mkfifo(folder.path("fifo").c_str(), 0600);
-    const std::string folder_name = folder.name();
-    const std::string fifo = folder.name("fifo");
-    const std::string missing = folder.name("missing");
-    const std::string huge = folder.write("huge", "");
+    folder.write("huge", "");
     std::filesystem::resize_file(folder.path("huge"), std::uintmax_t{1} << 30);
-    for (const char* name : {static_cast<const char*>(nullptr), "", folder_name.c_str(), fifo.c_str(),
-                             missing.c_str(), huge.c_str()})
-        EXPECT_FALSE(VV_file(name).get(small)) << (name == nullptr ? "null" : name);
+    for (const std::string& name :
+         {std::string(), folder.name(), folder.name("fifo"), folder.name("missing"), folder.name("huge")})
+        EXPECT_FALSE(VV_file(name.c_str()).get(small)) << name;
+    EXPECT_FALSE(VV_file(nullptr).get(small));
     EXPECT_EQ(small.whole, 7);
     EXPECT_FALSE(small.is_structure_defined());
 }
@@ -126,29 +105,25 @@ TEST_F(Vv_file_test, a_save_keeps_what_the_record_does_not_declare) {
 TEST_F(Vv_file_test, under_a_new_name_it_keeps_what_the_file_it_came_from_holds) {
     Small_record small;
     small.set_preserve_unexpected(true);
-    const std::string old_name = folder.write("old.txt", "[kept]\nk=1\n");
-    folder.write("file.txt", "[lost]\nk=1\n");
-    ASSERT_TRUE(VV_file(old_name.c_str()).get(small));
-    const std::string saved = save(small);
+    read(small, "[kept]\nk=1\n");
+    folder.write("new.txt", "[lost]\nk=1\n");
+    const std::string saved = save(small, "new.txt");
     EXPECT_NE(saved.find("[kept]"), std::string::npos);
     EXPECT_EQ(saved.find("[lost]"), std::string::npos);
-
     // From here on the new file is the one that the record lives in.
-    folder.write("old.txt", "");
-    EXPECT_EQ(save(small), saved);
+    folder.write("file.txt", "");
+    EXPECT_EQ(save(small, "new.txt"), saved);
 }
 
 TEST_F(Vv_file_test, a_save_fails_rather_than_drop_what_it_cannot_read_back) {
     Small_record small;
     small.set_preserve_unexpected(true);
-    const std::string name = folder.write("file.txt", "[kept]\nk=1\n");
-    ASSERT_TRUE(VV_file(name.c_str()).get(small));
+    read(small, "[kept]\nk=1\n");
     std::filesystem::remove(folder.path("file.txt"));
     std::filesystem::create_directory(folder.path("file.txt"));
     VV_file target(folder.name("new.txt").c_str());
     EXPECT_TRUE(target.set(small));
-    EXPECT_FALSE(target.get_last_write().ok());
-    EXPECT_FALSE(target.get_last_write().reason.empty());
+    EXPECT_FALSE(target.get_last_write().ok() || target.get_last_write().reason.empty());
     EXPECT_FALSE(folder.has("new.txt"));
     EXPECT_FALSE(small.is_structure_defined());
 }
@@ -179,49 +154,31 @@ TEST_F(Vv_file_test, what_reading_has_kept_is_written_behind_what_a_save_declare
         float depths[2] = {};
     };
     Changed_record changed;
-    const std::string name =
-        folder.write("file.txt", "b=1\n[other]\nc=\n[unused]\n[primary]\nold_title=x\na= 1 \n"
-                                 "[depths]\n1=2\n[other]\n=d\n");
-    ASSERT_TRUE(VV_file(name.c_str(), true).get(changed));
+    read(changed, "b=1\n[other]\nc=\n[unused]\n[primary]\nold_title=x\na= 1 \n[depths]\n1=2\n[other]\n=d\n",
+         true);
     changed.redeclare_for_write();
     EXPECT_EQ(save(changed), "[primary]\r\ntitle=x\r\nold_title=x\r\nb=1\r\na= 1 \r\n"
                              "[depths]\r\nunits=m\r\n0=0.0000000000\r\n1=2.0000000000\r\n"
                              "[other]\r\nc=\r\n=d\r\n");
 }
 
-TEST_F(Vv_file_test, every_sample_comes_back_equal) {
-    for (const char* sample :
-         {"irrigation_study.tvp", "base.tvn", "version3.sim", "version3_unix_ends.sim"}) {
-        record.delete_structure();
-        std::ifstream in(std::string(TEST_DATA "/") + sample, std::ios::binary);
-        read((std::ostringstream() << in.rdbuf()).str());
-        const std::string before = text_of(record);
-        EXPECT_EQ(save(record, "copy.txt"), before);
-        read(folder.read("copy.txt"));
-        EXPECT_EQ(text_of(record), before) << sample;
-    }
-}
-
 TEST_F(Vv_file_test, a_stream_can_hold_several_records_each_in_its_section) {
     std::istringstream stream("\n[a]\nk=1\n\n[b]\nk=2\n");
     VV_file file(nullptr);
-    EXPECT_TRUE(file.read_stream(stream, record, false, true));
-    EXPECT_EQ(text_of(record), "[a]\r\nk=1\r\n");
-    Undeclared_record second;
-    EXPECT_TRUE(file.read_stream(stream, second, false, true));
-    EXPECT_EQ(text_of(second), "[b]\r\nk=2\r\n");
-    Undeclared_record third;
-    EXPECT_FALSE(file.read_stream(stream, third, false, true));
+    for (const char* text : {"[a]\r\nk=1\r\n", "[b]\r\nk=2\r\n", ""}) {
+        Undeclared_record next;
+        EXPECT_EQ(file.read_stream(stream, next, false, true), *text != 0);
+        EXPECT_EQ(text_of(next), text);
+    }
 }
 
 TEST_F(Vv_file_test, lines_longer_than_a_reading_of_the_stream_arrive_whole) {
-    std::string text = "[s]\n";
-    for (int i = 0; i < 10; ++i)
-        text += "key" + std::to_string(i) + "=" + std::string(40'000, static_cast<char>('a' + i)) + "\n";
+    std::string text = "[s]\r\n";
+    for (char key = 'a'; key < 'k'; ++key)
+        text += std::string(1, key) + "=" + std::string(40'000, key) + "\r\n";
     std::istringstream stream(text);
     VV_file(nullptr).read_stream(stream, record, false, false);
-    for (int i = 0; i < 10; ++i)
-        EXPECT_EQ(value("s", "key" + std::to_string(i)), std::string(40'000, static_cast<char>('a' + i)));
+    EXPECT_EQ(text_of(record), text);
 }
 
 } // namespace

@@ -73,27 +73,22 @@ TEST_F(Project_directory_test, companions_lie_in_the_folder_or_bear_the_name_of_
     EXPECT_FALSE(shared.get_status_filename(status, false));
     EXPECT_EQ(status, "x_status.txt");
 
-    struct Case {
-        const char* folder;
-        const char* backup;
-    };
-    for (const Case& c :
-         {Case{"C:\\a\\p", "C:\\a\\p\\backup"}, Case{"C:\\a\\p.v2", "C:\\a\\p.v2\\backup.v2"},
-          Case{"C:\\a.b\\p", "C:\\a.b\\p\\backup"}, Case{"C:\\a\\p.v2\\", "C:\\a\\p.v2\\backup.v2"}}) {
-        const Common_parameters_directory folder(Directory_name(c.folder), Directory_mode::project_folder,
-                                                 false);
+    for (const auto& [path, backup] : {std::pair("C:\\a\\p", "C:\\a\\p\\backup"),
+                                       {"C:\\a\\p.v2", "C:\\a\\p.v2\\backup.v2"},
+                                       {"C:\\a.b\\p", "C:\\a.b\\p\\backup"},
+                                       {"C:\\a\\p.v2\\", "C:\\a\\p.v2\\backup.v2"}}) {
+        const Common_parameters_directory folder(Directory_name(path), Directory_mode::project_folder, false);
         folder.get_backup_filename(name, false);
-        EXPECT_EQ(name, c.backup);
+        EXPECT_EQ(name, backup);
     }
 }
 
 TEST_F(Project_directory_test, a_folder_knows_the_record_that_it_belongs_to) {
     const Common_parameters_directory folder(File_name("C:\\a\\p.tvp"), Directory_mode::project_folder,
                                              false);
-    EXPECT_TRUE(folder.is_directory_of(File_name("C:\\a\\p.tvp")));
-    EXPECT_TRUE(folder.is_directory_of(File_name("C:\\a\\p.other")));
-    EXPECT_FALSE(folder.is_directory_of(File_name("C:\\a\\P.tvp")));
-    EXPECT_FALSE(folder.is_directory_of(File_name("C:\\a\\p2.tvp")));
+    for (const auto& [file, is_its] :
+         {std::pair("p.tvp", true), {"p.other", true}, {"P.tvp", false}, {"p2.tvp", false}})
+        EXPECT_EQ(folder.is_directory_of(File_name((std::string("C:\\a\\") + file).c_str())), is_its) << file;
     Smart_file_name record;
     EXPECT_TRUE(folder.get_parameter_filename(record));
     EXPECT_EQ(record, "C:\\a\\p.tvp");
@@ -101,17 +96,14 @@ TEST_F(Project_directory_test, a_folder_knows_the_record_that_it_belongs_to) {
 
 TEST_F(Project_directory_test, the_climb_to_the_project_looks_at_every_other_level) {
     drives.write("1/2/3/4/deep.txt");
-    struct Case {
-        const char* project;
-        bool found;
-    };
-    for (const Case& c : {Case{"1/2/3", true}, Case{"1/2", false}, Case{"1", true}}) {
-        drives.write(std::string(c.project) + "/project");
+    for (const auto& [folder, found] : {std::pair("1/2/3", true), {"1/2", false}, {"1", true}}) {
+        const std::string marker = std::string(folder) + "/project";
+        drives.write(marker);
         const Common_parameters_directory start(Directory_name("C:\\1\\2\\3\\4"), Directory_mode::own_folder,
                                                 false);
         TESK::Common_project_directory project(File_name("C:\\a\\p.tvp"));
-        EXPECT_EQ(start.find_project_directory(project), c.found) << c.project;
-        std::filesystem::remove(drives.host(std::string(c.project) + "/project"));
+        EXPECT_EQ(start.find_project_directory(project), found) << folder;
+        std::filesystem::remove(drives.host(marker));
     }
 }
 
@@ -119,19 +111,14 @@ TEST_F(Project_directory_test, a_project_makes_only_the_folders_that_it_is_asked
     Tilverra_project_directory project(File_name("C:\\a\\p.tvp"), 0);
     EXPECT_EQ(platform::current_directory(), "C:\\a");
     EXPECT_EQ(project.parent_directory, "C:\\a");
-    EXPECT_FALSE(exists("a/p"));
     EXPECT_EQ(project.get_scenarios_directory(false), "C:\\a\\p\\Scenarios");
     EXPECT_EQ(project.get_aggregation_directory(false), "C:\\a\\p\\GIS\\aggregation");
-    EXPECT_EQ(project.get_carbon_sequestration_optimization_directory(false),
-              "C:\\a\\p\\Carbon_sequestration_optimization");
-    EXPECT_EQ(project.get_scenario_comparison_directory(false), "C:\\a\\p\\scenario_comparison");
     EXPECT_EQ(project.selected_scenarios, "C:\\a\\p\\selected_scenarios.dat");
     EXPECT_FALSE(exists("a/p"));
     for (int i = 0; i < 2; ++i) {
         project.get_generated_scenarios_directory(true);
         project.get_database_directory(true);
-        EXPECT_TRUE(exists("a/p/Generated_scenarios"));
-        EXPECT_TRUE(exists("a/p/Database"));
+        EXPECT_TRUE(exists("a/p/Generated_scenarios") && exists("a/p/Database"));
         std::filesystem::remove_all(drives.host("a/p"));
     }
     TESK::Smart_directory_name operations("");
@@ -152,19 +139,12 @@ TEST_F(Project_directory_test, a_database_folder_is_made_only_by_the_call_that_a
 }
 
 TEST_F(Project_directory_test, the_record_of_a_project_is_its_marker_or_the_file_beside_it) {
-    Smart_file_name record;
-    EXPECT_TRUE(Tilverra_project_directory(File_name("C:\\a\\p.tvp"), 0).get_parameter_filename(record));
-    EXPECT_EQ(record, "C:\\a\\p.tvp");
-    EXPECT_TRUE(
-        Tilverra_project_directory(File_name("C:\\a\\q\\.TVS_project"), 0).get_parameter_filename(record));
-    EXPECT_EQ(record, "C:\\a\\q\\.TVS_project");
+    drives.write("a.b/x.tvp", "record");
+    drives.write("a/x.2.tvp", "record");
     // A point in the folder's own name, or in one further up, is none of the record's extension.
-    for (const char* path : {"a.b/x", "a/x.2"}) {
-        const std::string file = std::string(path) + ".tvp";
-        drives.write(file, "record");
-        std::string name = "C:\\" + file;
-        std::replace(name.begin(), name.end(), '/', '\\');
-        EXPECT_TRUE(Tilverra_project_directory(File_name(name.c_str()), 0).get_parameter_filename(record));
+    for (const char* name : {"C:\\a\\p.tvp", "C:\\a\\q\\.TVS_project", "C:\\a.b\\x.tvp", "C:\\a\\x.2.tvp"}) {
+        Smart_file_name record;
+        EXPECT_TRUE(Tilverra_project_directory(File_name(name), 0).get_parameter_filename(record));
         EXPECT_EQ(record, name);
     }
 }
@@ -178,17 +158,18 @@ TEST_F(Project_directory_test, the_icon_of_a_project_follows_from_its_kind) {
     EXPECT_FALSE(exists("a/p/desktop.ini")) << "without an icon";
     for (const char* icon : {"TVSGIS_project_folder.ico", "wmp.ico", "folder_project.ico"})
         drives.write(std::string("S/Icons/") + icon);
-    struct Case {
-        std::uint8_t kind;
-        const char* icon;
-    };
-    for (const Case& c : {Case{0, "folder_project.ico"}, Case{1, "TVSGIS_project_folder.ico"},
-                          Case{2, "wmp.ico"}, Case{3, "folder_project.ico"}, Case{5, "folder_project.ico"}}) {
-        Tilverra_project_directory(File_name("C:\\a\\p.tvp"), c.kind).write_folder_icon();
+    for (const auto& [kind, icon] : {std::pair(0, "folder_project.ico"),
+                                     {1, "TVSGIS_project_folder.ico"},
+                                     {2, "wmp.ico"},
+                                     {3, "folder_project.ico"},
+                                     {5, "folder_project.ico"}}) {
+        const File_name file("C:\\a\\p.tvp");
+        Tilverra_project_directory(file, static_cast<std::uint8_t>(kind)).write_folder_icon();
         const std::string text = drives.read("a/p/desktop.ini");
-        EXPECT_NE(text.find("[.ShellClassInfo]"), std::string::npos);
-        EXPECT_NE(text.find(std::string("IconFile=C:\\S\\Icons\\") + c.icon), std::string::npos) << c.icon;
-        EXPECT_NE(text.find("IconIndex=0"), std::string::npos);
+        for (const std::string& part :
+             {std::string("[.ShellClassInfo]"), std::string("IconFile=C:\\S\\Icons\\") + icon,
+              std::string("IconIndex=0")})
+            EXPECT_NE(text.find(part), std::string::npos) << part;
     }
     suite_directory = nullptr;
 }
@@ -202,31 +183,26 @@ TEST_F(Project_directory_test, a_folder_is_copied_whole_and_never_into_itself) {
 }
 
 TEST_F(Project_directory_test, a_scenario_makes_its_folder_and_output_and_moves_to_where_it_stands) {
+    const std::string folder = "C:\\a\\p\\Scenarios\\wheat";
     Tilverra_scenario_directory scenario(File_name("C:\\a\\p\\Scenarios\\wheat.tvn"));
-    EXPECT_EQ(scenario, "C:\\a\\p\\Scenarios\\wheat");
+    EXPECT_EQ(scenario, folder);
     EXPECT_EQ(platform::current_directory(), "C:\\a\\p\\Scenarios");
     EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output"));
     EXPECT_FALSE(exists("a/p/Scenarios/wheat/CPF"));
     EXPECT_FALSE(scenario.has_output());
-    EXPECT_EQ(scenario.daily_xeb, "C:\\a\\p\\Scenarios\\wheat\\Output\\daily.xeb");
-    EXPECT_EQ(scenario.root_fraction, "C:\\a\\p\\Scenarios\\wheat\\Output\\Soil\\Root_fraction.xls");
-    EXPECT_EQ(scenario.channel_output, "C:\\a\\p\\Scenarios\\wheat\\Output\\watershed\\channel");
-    EXPECT_EQ(scenario.database, "C:\\a\\p\\Scenarios\\wheat\\Database");
-    EXPECT_EQ(scenario.CPF_water, "C:\\a\\p\\Scenarios\\wheat\\CPF\\water");
+    EXPECT_EQ(scenario.root_fraction, folder + "\\Output\\Soil\\Root_fraction.xls");
+    EXPECT_EQ(scenario.channel_output, folder + "\\Output\\watershed\\channel");
+    EXPECT_EQ(scenario.database, folder + "\\Database");
     Smart_file_name notes;
     scenario.get_notes_filename(notes, false);
-    EXPECT_EQ(notes, "C:\\a\\p\\Scenarios\\wheat\\notes.txt");
+    EXPECT_EQ(notes, folder + "\\notes.txt");
 
-    drives.write("a/p/Scenarios/wheat/Output/Soil/salinity.xls");
-    drives.write("a/p/Scenarios/wheat/Output/recorded.xeb");
-    drives.write("a/p/Scenarios/wheat/notes.txt");
+    for (const char* file : {"Output/Soil/salinity.xls", "Output/recorded.xeb", "notes.txt"})
+        drives.write(std::string("a/p/Scenarios/wheat/") + file);
     EXPECT_TRUE(scenario.has_output());
     EXPECT_TRUE(scenario.clean_outputs());
-    EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output/Soil"));
     EXPECT_FALSE(scenario.has_output());
-    EXPECT_FALSE(exists("a/p/Scenarios/wheat/Output/Soil/salinity.xls"));
-    EXPECT_FALSE(exists("a/p/Scenarios/wheat/Output/recorded.xeb"));
-    EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output"));
+    EXPECT_TRUE(exists("a/p/Scenarios/wheat/Output/Soil"));
     EXPECT_TRUE(exists("a/p/Scenarios/wheat/notes.txt"));
 }
 

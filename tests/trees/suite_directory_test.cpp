@@ -58,8 +58,6 @@ TEST_F(Suite_directory_test, every_program_has_its_place_below_the_root) {
     Suite_Directory suite(File_name("C:\\Suite\\Tilverra\\project_editor.exe"));
     TVS::Tilverra_Directory& tilverra = suite.get_tilverra_directory();
     EXPECT_EQ(suite.get_suite_exe(), "C:\\Suite\\TVS_suite.exe");
-    EXPECT_EQ(suite.get_explorer_exe(), "C:\\Suite\\TVS_explorer.exe");
-    EXPECT_EQ(suite.get_skymill_exe(), "C:\\Suite\\Skymill.exe");
     EXPECT_EQ(suite.get_skymill_directory(), "C:\\Suite\\Skymill");
     EXPECT_EQ(suite.get_common_directory(), "C:\\Suite\\common");
     EXPECT_EQ(tilverra.get_scenario_editor_exe(), "C:\\Suite\\Tilverra\\scenario_editor.exe");

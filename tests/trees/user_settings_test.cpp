@@ -38,23 +38,21 @@ TEST_F(User_settings_test, each_record_file_keeps_a_section_of_its_own) {
     directory.save(second, "C:\\a [old]\\two.tvp");
     first.top = 11;
     directory.save(first, "C:\\a\\one.tvp");
+    const std::string text = drives.read("L/Tilverra/project_editor.ini");
+    EXPECT_EQ(
+        text.substr(0, 223),
+        "[C:\\a\\one.tvp]\r\ntop=11\r\nleft=0\r\nwidth=0\r\nheight=0\r\nactivepageindex=0\r\n"
+        "active_control=\r\nlanguage=es\r\nadvanced=true\r\nauto_explore_context=false\r\nrecent_context=\r\n"
+        "[C:\\a [old)\\two.tvp]\r\ntop=0\r\nleft=-5\r\nwidth=0\r\nheight=0\r\nactive");
 
     User_settings loaded;
+    directory.load(loaded, "C:\\a [old]\\two.tvp");
+    directory.load(loaded, "C:\\a\\three.tvp");
+    EXPECT_EQ(loaded.left, -5);
     directory.load(loaded, "C:\\a\\one.tvp");
     EXPECT_EQ(loaded.top, 11);
     EXPECT_EQ(loaded.language, "es");
     EXPECT_TRUE(loaded.advanced);
-    User_settings other;
-    directory.load(other, "C:\\a [old]\\two.tvp");
-    EXPECT_EQ(other.left, -5);
-    User_settings none;
-    directory.load(none, "C:\\a\\three.tvp");
-    EXPECT_EQ(none.top, 0);
-    EXPECT_EQ(drives.read("L/Tilverra/project_editor.ini").substr(0, 223),
-              "[C:\\a\\one.tvp]\r\ntop=11\r\nleft=0\r\nwidth=0\r\nheight=0\r\nactivepageindex=0\r\nactive_"
-              "control=\r\n"
-              "language=es\r\nadvanced=true\r\nauto_explore_context=false\r\nrecent_context=\r\n"
-              "[C:\\a [old)\\two.tvp]\r\ntop=0\r\nleft=-5\r\nwidth=0\r\nheight=0\r\nactive");
 }
 
 TEST_F(User_settings_test, a_disk_that_cannot_be_written_is_quiet) {

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int normal_window = 1;
-
 // A folder of a database is made by itself only when it is asked for the first time, which the lists of files
 // have done before.
 bool enter(const TESK::Smart_directory_name& folder) {
@@ -24,9 +22,9 @@ Database_file_names& database_file_names() {
 void run_utility(const std::string& program, const std::string& option, const std::string& file, bool wait) {
     const std::string command = program + " \"" + file + "\" " + option;
     if (wait)
-        platform::launcher().create_and_wait(command, normal_window);
+        platform::launcher().create_and_wait(command, platform::normal_window);
     else
-        platform::launcher().execute(command, normal_window);
+        platform::launcher().execute(command, platform::normal_window);
 }
 
 void create_crop(Database_directory& database, const std::string& name, const std::string& option) {

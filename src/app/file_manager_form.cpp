@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr int normal_window = 1;
-
 Place filling() {
     Place place;
     place.stretch = 1;
@@ -123,7 +121,7 @@ void TFile_manager_form::edit_files() {
 
 void TFile_manager_form::edit_files_with_notepad() {
     for (const TESK::Smart_file_name& file : selected_files())
-        platform::launcher().execute("notepad.exe \"" + file + '"', normal_window);
+        platform::launcher().execute("notepad.exe \"" + file + '"', platform::normal_window);
 }
 
 void TFile_manager_form::create_file() {

@@ -15,7 +15,7 @@ public:
     virtual ~User_settings() = default;
 
     // Declares the settings in the record's current section. With `for_write` an empty recent_context is left
-    // out.
+    // out; Application_data_directory declares it in any case, also when it saves.
     virtual bool setup_structure(Data_record& record, bool for_write);
 
     // The window, in pixels. A window is placed only when none of the four is 0.

@@ -2,7 +2,8 @@
 """Checks that no folder of src/ includes from a folder above it, nor from a neighbour that it may not use.
 
 What a folder may include is what its target links to, directly or through others. The link lines in turn
-may only name folders that stand earlier in FOLDERS of cmake/targets.cmake.
+may only name folders that stand earlier in FOLDERS of cmake/targets.cmake. What works without a screen may not
+reach a folder of screens either, directly or through others.
 """
 import pathlib
 import re
@@ -11,6 +12,9 @@ import sys
 top = pathlib.Path(__file__).resolve().parent.parent
 text = (top / "cmake/targets.cmake").read_text()
 order = re.search(r"set\(FOLDERS(.*?)\)", text, re.S).group(1).split()
+
+SCREENLESS = {"operations", "runs", "command_line"}
+SCREENS = {"toolkit", "editing", "app", "desktop_qt"}
 
 faults = []
 allowed = {}
@@ -32,6 +36,10 @@ for folder in order:
     allowed[folder] = {folder} | direct
     for name in direct:
         allowed[folder] |= allowed.get(name, set())
+
+for folder in SCREENLESS & set(allowed):
+    for name in sorted(allowed[folder] & SCREENS):
+        faults.append(f"src/{folder}/CMakeLists.txt: {folder} works without a screen and may not reach {name}")
 
 for folder in (p for p in (top / "src").iterdir() if p.is_dir()):
     if folder.name not in allowed:

@@ -1,12 +1,31 @@
 #include "app/database_editor_form.h"
 
-#include "app/database_utilities.h"
-#include "app/statsgo_installation.h"
+#include "operations/database_utilities.h"
+#include "operations/statsgo_installation.h"
 #include "toolkit/desktop.h"
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
 
 namespace {
+
+// The client with the busy pointer while the server is at work.
+class Busy_file_transfer : public File_transfer_client {
+public:
+    explicit Busy_file_transfer(File_transfer_client& client) : client_(client) {}
+
+    File_transfer_result connect(const File_transfer_server& server) override {
+        const Busy_pointer busy;
+        return client_.connect(server);
+    }
+    File_transfer_result download(const std::string& remote, const std::string& local) override {
+        const Busy_pointer busy;
+        return client_.download(remote, local);
+    }
+    void disconnect() override { client_.disconnect(); }
+
+private:
+    File_transfer_client& client_;
+};
 
 constexpr const char* level_words[] = {"", "Master ", "Project ", "Scenario "};
 
@@ -239,7 +258,8 @@ void Tdatabase_editor_form::install_button_onclick() {
         stats_go_filelist->Update();
         return current_desktop == nullptr || current_desktop->process_messages();
     };
-    const File_transfer_result result = install_statsgo_states(*NRCS_STATSGO_FTP, folder, states, progress);
+    Busy_file_transfer client(*NRCS_STATSGO_FTP);
+    const File_transfer_result result = install_statsgo_states(client, folder, states, progress);
     if (!result.ok())
         show_message(result.failure);
 }

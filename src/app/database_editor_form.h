@@ -3,8 +3,8 @@
 #pragma once
 
 #include "app/file_manager_form.h"
-#include "app/file_transfer_client.h"
 #include "model/labels.h"
+#include "operations/file_transfer_client.h"
 #include "toolkit/label.h"
 #include "toolkit/page_control.h"
 #include "toolkit/web_view.h"

@@ -2,7 +2,7 @@
 // end.
 #pragma once
 
-#include "app/file_transfer_client.h"
+#include "operations/file_transfer_client.h"
 #include "toolkit/desktop.h"
 
 #include <functional>

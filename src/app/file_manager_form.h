@@ -1,8 +1,8 @@
 // The page of a database editor that manages the parameter files of one kind in one folder.
 #pragma once
 
-#include "app/parameter_folder.h"
 #include "editing/auto_edits.h"
+#include "operations/parameter_folder.h"
 #include "toolkit/button.h"
 #include "toolkit/dialogs.h"
 #include "toolkit/file_list_box.h"

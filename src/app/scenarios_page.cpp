@@ -1,5 +1,7 @@
 #include "app/scenarios_page.h"
 
+#include <cstring>
+
 Scenarios_page::Scenarios_page(TPageControl& pages)
     : scenarios_tabsheet(pages.add<TTabSheet>("scenarios_tabsheet", "Simulation scenarios")),
       active_scenario_editbar(scenarios_tabsheet.add<TAutoFileEditBar>("active_scenario_editbar")),
@@ -96,4 +98,10 @@ Scenarios_page::Scenarios_page(TPageControl& pages)
     report_format_filebar.set_visible(false);
     sim_run_progressbar.set_visible(false);
     tabsheet_generated_scenarios.set_visible(false);
+}
+
+std::string scenario_name_characters(const std::string& screen_text) {
+    std::string characters = typable_text(screen_text);
+    std::erase_if(characters, [](char c) { return std::strchr("\\/:*?\"<>|", c) != nullptr; });
+    return characters;
 }

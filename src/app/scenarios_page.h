@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/page_parts.h"
-#include "app/scenario_reset.h"
 #include "editing/auto_choices.h"
 #include "editing/file_edit_bar.h"
+#include "operations/scenario_reset.h"
 #include "toolkit/file_list_box.h"
 
 #include <array>
@@ -58,3 +58,6 @@ struct Scenarios_page {
 
     TProgressBar& sim_run_progressbar;
 };
+
+// What remains of a text that is typed as the name of a new scenario: the characters that a name can have.
+std::string scenario_name_characters(const std::string& screen_text);

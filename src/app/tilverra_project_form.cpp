@@ -1,10 +1,10 @@
 // The form itself: how it is made and bound, and what is visible when.
 #include "app/tilverra_project_form.h"
 
-#include "app/carbon_sequestration_count.h"
-#include "app/scenario_catalogue.h"
 #include "model/simulation_paths.h"
 #include "model/tally_tables.h"
+#include "operations/carbon_sequestration_count.h"
+#include "operations/scenario_catalogue.h"
 #include "platform/files.h"
 #include "trees/suite_directory.h"
 

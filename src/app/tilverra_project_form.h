@@ -6,11 +6,11 @@
 #include "app/gis_page.h"
 #include "app/optimization_page.h"
 #include "app/options_page.h"
-#include "app/project_workspace.h"
 #include "app/scenarios_page.h"
 #include "app/tally_page.h"
 #include "editing/parameter_file_form.h"
 #include "foundation/text_list.h"
+#include "operations/project_workspace.h"
 #include "toolkit/dialogs.h"
 #include "toolkit/form.h"
 

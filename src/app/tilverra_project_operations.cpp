@@ -1,11 +1,11 @@
 // The operations on scenarios that the project form starts: what each asks the user, and shows of its
 // progress.
-#include "app/scenario_catalogue.h"
-#include "app/scenario_comparison.h"
-#include "app/scenario_generator.h"
-#include "app/scenario_reset.h"
-#include "app/scenario_runs.h"
 #include "app/tilverra_project_form.h"
+#include "operations/scenario_catalogue.h"
+#include "operations/scenario_comparison.h"
+#include "operations/scenario_generator.h"
+#include "operations/scenario_reset.h"
+#include "operations/scenario_runs.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "toolkit/desktop.h"

@@ -1,7 +1,7 @@
 // The client for the file transfer protocol, over libcurl.
 #pragma once
 
-#include "app/file_transfer_client.h"
+#include "operations/file_transfer_client.h"
 
 #include <chrono>
 #include <memory>

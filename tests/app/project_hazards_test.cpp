@@ -1,4 +1,4 @@
-#include "app/scenario_catalogue.h"
+#include "operations/scenario_catalogue.h"
 #include "project_support.h"
 
 #include <functional>

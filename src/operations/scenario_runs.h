@@ -1,7 +1,7 @@
 // Running the model on scenarios, and viewing what it wrote.
 #pragma once
 
-#include "app/project_workspace.h"
+#include "operations/project_workspace.h"
 
 #include <string>
 

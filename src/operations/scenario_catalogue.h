@@ -1,7 +1,7 @@
 // The operations on the files of a project's scenarios: making, importing and deleting them.
 #pragma once
 
-#include "app/project_workspace.h"
+#include "operations/project_workspace.h"
 
 #include <string>
 #include <vector>
@@ -9,8 +9,6 @@
 // The name of a new scenario, in code page 1252, without the path that may have been typed with it. Empty
 // when nothing is left that names a file and a folder of the scenario's own.
 std::string new_scenario_name(const std::string& typed);
-// What remains of a text that is typed as such a name: the characters that a name can have.
-std::string scenario_name_characters(const std::string& screen_text);
 
 // Makes a scenario of that name (in code page 1252, no path) the active one of the project and, with
 // `copies_active` and as long as there is no such file, makes its file a copy of the one that was active.

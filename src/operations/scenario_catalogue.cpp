@@ -1,11 +1,8 @@
-#include "app/scenario_catalogue.h"
+#include "operations/scenario_catalogue.h"
 
-#include "editing/bound_control.h"
 #include "model/tilverra_scenario.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
-
-#include <cstring>
 
 namespace {
 
@@ -23,12 +20,6 @@ bool has_own_folder(const std::string& name) {
 std::string new_scenario_name(const std::string& typed) {
     const std::string name = typed.substr(typed.find_last_of(path_separators) + 1);
     return has_own_folder(name) ? name : std::string();
-}
-
-std::string scenario_name_characters(const std::string& screen_text) {
-    std::string characters = typable_text(screen_text);
-    std::erase_if(characters, [](char c) { return std::strchr("\\/:*?\"<>|", c) != nullptr; });
-    return characters;
 }
 
 bool create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active) {

@@ -1,4 +1,4 @@
-#include "app/scenario_generator.h"
+#include "operations/scenario_generator.h"
 
 #include "foundation/code_page_1252.h"
 #include "foundation/lists.h"

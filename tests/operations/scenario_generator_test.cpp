@@ -1,4 +1,4 @@
-#include "app/scenario_generator.h"
+#include "operations/scenario_generator.h"
 
 #include "model/tilverra_scenario.h"
 #include "records/vv_file.h"

@@ -1,4 +1,4 @@
-#include "app/carbon_sequestration_count.h"
+#include "operations/carbon_sequestration_count.h"
 
 #include <algorithm>
 

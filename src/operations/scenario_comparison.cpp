@@ -1,7 +1,7 @@
-#include "app/scenario_comparison.h"
+#include "operations/scenario_comparison.h"
 
-#include "app/scenario_runs.h"
 #include "foundation/lists.h"
+#include "operations/scenario_runs.h"
 #include "platform/process.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"

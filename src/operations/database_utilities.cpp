@@ -1,4 +1,4 @@
-#include "app/database_utilities.h"
+#include "operations/database_utilities.h"
 
 #include "platform/process.h"
 #include "trees/program_directory.h"

@@ -1,4 +1,4 @@
-#include "app/parameter_folder.h"
+#include "operations/parameter_folder.h"
 
 #include "platform/file_writer.h"
 #include "platform/files.h"

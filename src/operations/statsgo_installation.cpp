@@ -1,7 +1,6 @@
-#include "app/statsgo_installation.h"
+#include "operations/statsgo_installation.h"
 
 #include "names/smart_file_name.h"
-#include "toolkit/desktop.h"
 
 #include <cstdlib>
 
@@ -38,18 +37,11 @@ std::string statsgo_server_host() {
 }
 
 File_transfer_result connect(File_transfer_client& client) {
-    const Busy_pointer busy;
     File_transfer_server server;
     server.host = statsgo_server_host();
     server.user = "ftp";
     server.password = "ftpvisits";
     return client.connect(server);
-}
-
-File_transfer_result download(File_transfer_client& client, const std::string& remote,
-                              const std::string& local) {
-    const Busy_pointer busy;
-    return client.download(remote, local);
 }
 
 } // namespace
@@ -64,7 +56,7 @@ File_transfer_result install_statsgo_states(File_transfer_client& client, const 
         const std::string archive =
             std::string(statsgo_states.at(static_cast<std::size_t>(state)), code_length) + archive_extension;
         const TESK::Smart_file_name local((folder + '\\' + archive).c_str());
-        result = download(client, remote_folder + archive, local);
+        result = client.download(remote_folder + archive, local);
         if (!result.ok())
             return result;
         if (state == states.front())

@@ -2,7 +2,7 @@
 // scenario's, with the differences in place of the values.
 #pragma once
 
-#include "app/project_workspace.h"
+#include "operations/project_workspace.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "app/project_workspace.h"
+#include "operations/project_workspace.h"
 
 #include "platform/files.h"
 #include "tables/dbase_data_source.h"

@@ -1,4 +1,4 @@
-#include "app/scenario_reset.h"
+#include "operations/scenario_reset.h"
 
 #include "model/tilverra_scenario.h"
 #include "records/vv_file.h"

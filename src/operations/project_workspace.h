@@ -2,8 +2,8 @@
 // is offered for which type of project.
 #pragma once
 
-#include "app/program_host.h"
 #include "model/project_editor_parameters.h"
+#include "operations/program_host.h"
 #include "trees/database_directory.h"
 #include "trees/project_directory.h"
 

@@ -1,4 +1,4 @@
-#include "app/scenario_runs.h"
+#include "operations/scenario_runs.h"
 
 #include "model/tilverra_scenario.h"
 #include "records/vv_file.h"

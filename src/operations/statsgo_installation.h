@@ -1,8 +1,8 @@
 // The STATSGO soil data of a state: which states there are, and how their archives come into a database.
 #pragma once
 
-#include "app/file_transfer_client.h"
 #include "names/directory_name.h"
+#include "operations/file_transfer_client.h"
 
 #include <array>
 #include <functional>

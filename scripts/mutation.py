@@ -1,0 +1,199 @@
+#!/usr/bin/env python3
+"""Measures what the tests catch: puts small faults into src/, one at a time, and counts those that a test sees.
+
+    scripts/mutation.py [--count 400] [--seed 1] [--tests FOLDER] [--list FILE]
+
+A fault flips a condition, moves a bound, turns a comparison round, changes a number by one or spoils a text.
+All faults are compiled into one build of a copy of the tree (build/mutation), each asleep until the environment
+variable MUTANT names it, so one build serves them all. Places and order depend on src/ and the seed alone: two
+runs over the same src/, with other tests (--tests names another tests/ folder), meet the same faults.
+
+A fault counts as caught when the tests of its own folder, or those of a folder above it, fail or hang.
+"""
+import argparse
+import os
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import time
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+WORK = TOP / "build/mutation"
+HEADER = """#pragma once
+#include <cstdlib>
+namespace mutation {
+inline int active() {
+    static const int mutant = [] { const char* t = std::getenv("MUTANT"); return t ? std::atoi(t) : 0; }();
+    return mutant;
+}
+inline bool on(int n) { return active() == n; }
+inline int number(int n, int value) { return on(n) ? value + 1 : value; }
+inline const char* text(int n, const char* value) { return on(n) ? "spoilt" : value; }
+struct At { int n; };
+template <class T> struct Held { const T& value; int n; };
+template <class T> Held<T> operator<(const T& a, At m) { return {a, m.n}; }
+template <class T> Held<T> operator>(const T& a, At m) { return {a, m.n}; }
+template <class T> Held<T> operator<=(const T& a, At m) { return {a, m.n}; }
+template <class T> Held<T> operator>=(const T& a, At m) { return {a, m.n}; }
+template <class T> Held<T> operator==(const T& a, At m) { return {a, m.n}; }
+template <class T> Held<T> operator!=(const T& a, At m) { return {a, m.n}; }
+template <class T, class U> bool operator<(Held<T> a, const U& b) { return on(a.n) ? a.value <= b : a.value < b; }
+template <class T, class U> bool operator>(Held<T> a, const U& b) { return on(a.n) ? a.value >= b : a.value > b; }
+template <class T, class U> bool operator<=(Held<T> a, const U& b) { return on(a.n) ? a.value < b : a.value <= b; }
+template <class T, class U> bool operator>=(Held<T> a, const U& b) { return on(a.n) ? a.value > b : a.value >= b; }
+template <class T, class U> bool operator==(Held<T> a, const U& b) { return (a.value == b) != on(a.n); }
+template <class T, class U> bool operator!=(Held<T> a, const U& b) { return (a.value != b) != on(a.n); }
+}
+"""
+FOLDERS = re.search(r"set\(FOLDERS(.*?)\)", (TOP / "cmake/targets.cmake").read_text(), re.S).group(1).split()
+SKIPPED_FOLDERS = {"gallery", "main"}
+PASSED_OVER = re.compile(r"constexpr|static_assert|template|operator|^\s*(//|#|case )|using |asm")
+
+
+def sites_of_line(line):
+    """The faults that a line offers: (kind, start, end) in the text of the line."""
+    if PASSED_OVER.search(line) or not line.startswith("    "):
+        return []
+    code = re.sub(r'"(\\.|[^"\\])*"', lambda m: '"' + "_" * (len(m.group()) - 2) + '"', line)
+    code = code.split("//")[0]
+    found = []
+    match = re.match(r"\s*(?:} else )?if \((.*)\)( \{)?$", code)
+    if match and not re.search(r"[^=!<>]=[^=]|;", match.group(1)):
+        found.append(("condition", match.start(1), match.end(1)))
+    for match in re.finditer(r" (<|>|<=|>=|==|!=) ", code):
+        found.append(("bound" if match.group(1) not in ("==", "!=") else "comparison", match.end(), match.end()))
+    for match in re.finditer(r"(?<=[ (,+-])\d+(?=[ );,])(?!\.)", code):
+        found.append(("number", match.start(), match.end()))
+    for match in re.finditer(r'(?<!\w)"_+"(?!\s*")', code):
+        found.append(("text", match.start(), match.end()))
+    return found
+
+
+def all_sites():
+    sites = []
+    for folder in FOLDERS:
+        if folder in SKIPPED_FOLDERS:
+            continue
+        for file in sorted((TOP / "src" / folder).rglob("*.cpp")):
+            for number, line in enumerate(file.read_text().splitlines()):
+                for kind, start, end in sites_of_line(line):
+                    sites.append((folder, file.relative_to(TOP), number, kind, start, end))
+    return sites
+
+
+def mutate(line, faults):
+    """The line with its faults put in, from the last to the first."""
+    for number, kind, start, end in sorted(faults, key=lambda f: -f[2]):
+        old = line[start:end]
+        new = {"condition": f"mutation::on({number}) != static_cast<bool>({old})",
+               "bound": f"mutation::At{{{number}}} {line[start - 3:start].strip().split()[-1]} ",
+               "comparison": f"mutation::At{{{number}}} {line[start - 3:start].strip().split()[-1]} ",
+               "number": f"mutation::number({number}, {old})",
+               "text": f"mutation::text({number}, {old})"}[kind]
+        line = line[:start] + new + line[end:]
+    return line
+
+
+def write_files(chosen, dropped):
+    by_file = {}
+    for number, site in chosen.items():
+        by_file.setdefault(site[1], {})
+        if number not in dropped:
+            by_file[site[1]].setdefault(site[2], []).append((number, *site[3:]))
+    for file, lines in by_file.items():
+        text = (TOP / file).read_text().splitlines()
+        for line, faults in lines.items():
+            text[line] = mutate(text[line], faults)
+        new = "\n".join(text) + "\n"
+        if (WORK / "tree" / file).read_text() != new:
+            (WORK / "tree" / file).write_text(new)
+
+
+def build(chosen):
+    """Builds; what does not compile is left out. Returns the numbers left out."""
+    dropped = set()
+    flags = f"-include {WORK}/mutation.h -w -O0"
+    subprocess.run(["cmake", "-S", WORK / "tree", "-B", WORK / "bin", "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+                    f"-DCMAKE_CXX_FLAGS={flags}"], check=True, stdout=subprocess.DEVNULL)
+    for _ in range(8):
+        write_files(chosen, dropped)
+        result = subprocess.run(["ninja", "-C", WORK / "bin", "-k", "0"], capture_output=True, text=True)
+        if result.returncode == 0:
+            return dropped
+        places = set(re.findall(r"tree/(src/[^:\s]+):(\d+):\d+: (?:error|  *required from here)", result.stdout))
+        places |= set(re.findall(r"tree/(src/[^:\s]+):(\d+):", result.stdout))
+        new = {n for n, s in chosen.items() if (str(s[1]), str(s[2] + 1)) in places} - dropped
+        if not new:
+            sys.exit(result.stdout[-4000:])
+        dropped |= new
+    sys.exit("the tree with its faults does not compile")
+
+
+def run_tests(programs, mutant, limits):
+    """The first test program that fails or hangs with the fault; None when all pass."""
+    for program in programs:
+        environment = dict(os.environ, MUTANT=str(mutant), QT_QPA_PLATFORM="offscreen")
+        try:
+            done = subprocess.run([program, "--gtest_fail_fast", "--gtest_brief=1"], env=environment,
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=WORK / "bin",
+                                  timeout=limits.get(program, 60), start_new_session=True)
+            if done.returncode != 0:
+                return program.name
+        except subprocess.TimeoutExpired:
+            return program.name + " (hangs)"
+    return None
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    arguments.add_argument("--count", type=int, default=400)
+    arguments.add_argument("--seed", type=int, default=1)
+    arguments.add_argument("--tests", type=pathlib.Path, default=TOP / "tests")
+    arguments.add_argument("--list", type=pathlib.Path, help="writes each fault and what caught it")
+    options = arguments.parse_args()
+
+    sites = all_sites()
+    random.Random(options.seed).shuffle(sites)
+    chosen = dict(enumerate(sites[: options.count * 5 // 4], 1))  # some will not compile
+    WORK.mkdir(parents=True, exist_ok=True)
+    (WORK / "mutation.h").write_text(HEADER)
+    shutil.rmtree(WORK / "tree", ignore_errors=True)
+    shutil.copytree(TOP, WORK / "tree", ignore=shutil.ignore_patterns("build", ".git"))
+    shutil.rmtree(WORK / "tree/tests")
+    shutil.copytree(options.tests, WORK / "tree/tests")
+    dropped = build(chosen)
+    numbers = [n for n in chosen if n not in dropped][: options.count]
+    print(f"{len(numbers)} faults of {len(sites)} places", flush=True)
+
+    # A program's limit follows what it needs without a fault.
+    limits = {}
+    for folder in FOLDERS:
+        program = WORK / f"bin/bin/{folder}_tests"
+        if program.exists():
+            begin = time.monotonic()
+            if run_tests([program], 0, {}):
+                sys.exit(f"{program.name} fails without a fault")
+            limits[program] = 5 + 5 * (time.monotonic() - begin)
+    caught = {}
+    for count, number in enumerate(numbers, 1):
+        folder = chosen[number][0]
+        own = FOLDERS.index(folder)
+        above = [f for f in FOLDERS[own:] if f == folder or f != "file_transfer_curl"]
+        programs = [p for p in (WORK / f"bin/bin/{f}_tests" for f in above) if p in limits]
+        caught[number] = run_tests(programs, number, limits)
+        if count % 50 == 0:
+            print(f"{count} tried, {sum(c is not None for c in caught.values())} caught", flush=True)
+    if options.list:
+        with open(options.list, "w") as out:
+            for number in numbers:
+                _, file, line, kind, start, _ = chosen[number]
+                text = (TOP / file).read_text().splitlines()[line].strip()
+                out.write(f"{caught[number] or 'MISSED'}\t{file}:{line + 1}:{start + 1}\t{kind}\t{text}\n")
+    print(f"caught {sum(c is not None for c in caught.values())} of {len(numbers)}")
+
+
+if __name__ == "__main__":
+    main()

@@ -4,7 +4,7 @@
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 
-"$top/scripts/install_packages.sh" run test benchmark
+"$top/scripts/install_packages.sh" run package test benchmark
 cd "$top"
 cmake --preset benchmarks >/dev/null
 cmake --build --preset benchmarks -- --quiet

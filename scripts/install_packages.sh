@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages of packages.txt.
 # install_packages.sh run         what building and running the program needs
-# install_packages.sh run test    the same, and what the tests and checks need
+# install_packages.sh run package test    the same, and what the package, the tests and the checks need
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 

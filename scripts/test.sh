@@ -3,7 +3,7 @@
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 
-"$top/scripts/install_packages.sh" run test
+"$top/scripts/install_packages.sh" run package test
 cd "$top"
 cmake --preset dev
 cmake --build --preset dev

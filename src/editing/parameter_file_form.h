@@ -1,41 +1,21 @@
-// The frame that the suite's parameter editors share: it loads and saves one record file, keeps the file's
-// companions (details, notes, status), shows documentation, and starts programs on the file. An editor places
-// its own controls in it and hands over its record.
+// The frame that the suite's parameter editors share, made of rooms that each do one thing: the file and how
+// it is saved, its companions (details, notes, status), the documentation, the language of the screens, and
+// the start of programs on the file. An editor places its own controls in the frame and hands over its
+// record.
 #pragma once
 
 #include "editing/auto_choices.h"
 #include "editing/auto_edits.h"
-#include "editing/companion_text.h"
+#include "editing/companions.h"
+#include "editing/documentation_page.h"
+#include "editing/edited_file.h"
+#include "editing/language_page.h"
+#include "editing/program_starter.h"
 #include "editing/recent_file_selector_form.h"
-#include "names/filtered_file_name.h"
-#include "records/common_parameters.h"
-#include "toolkit/page_control.h"
 #include "toolkit/timer.h"
-#include "toolkit/web_view.h"
-#include "trees/common_parameters_directory.h"
-#include "trees/program_directory.h"
 #include "trees/user_settings.h"
 
-#include <array>
-#include <memory>
-#include <optional>
 #include <string>
-
-namespace TESK {
-class Translations_phrases;
-}
-
-// What became of a save, for who must decide whether to go on.
-enum class Save_outcome {
-    saved,
-    ignored, // the disk was not reached, and the user goes on all the same
-    aborted  // not saved; what asked for the save is not to go on either
-};
-
-// How a window of a started program is to appear.
-constexpr int show_normal = 1;
-constexpr int show_maximised = 3;
-constexpr int show_minimised = 6;
 
 class Tparameter_file_form : public TForm {
 public:
@@ -66,16 +46,18 @@ public:
 
     void set_file(const std::string& file_name);
     // The file that is edited, "" while there is none.
-    std::string get_parameter_file_name() const;
+    std::string get_parameter_file_name() const { return file.name(); }
 
     // The suite's documentation on the web mirrors the folders below `local_root` under `url_root`; null
     // leaves none.
-    void set_web_documentation(const char* url_root, const char* local_root);
+    void set_web_documentation(const char* url_root, const char* local_root) {
+        documentation.set_web(url_root, local_root);
+    }
     // The page of the documentation by its place in it ("project\page.htm"): the local file where it exists,
     // otherwise its address on the web; "" where there is neither.
-    std::string help_lookup(const std::string& page) const;
+    std::string help_lookup(const std::string& page) const { return documentation.help_lookup(page); }
     // Opens that page, when there is one.
-    void view_document(const std::string& page) const;
+    void view_document(const std::string& page) const { documentation.view_document(page); }
 
     void set_explorer_program(const TESK::File_name& name);
     // An empty program takes the button away.
@@ -104,48 +86,13 @@ public:
     // The same on the file that is edited.
     bool run_on_file(const char* program, const char* options, const char* extra, bool wait, int show_state);
 
-    const TESK::Ustring& get_command_line() const { return command; }
-    const TESK::User_settings& get_settings() const { return settings; }
-
-    bool is_new_file = false;
+    const TESK::Ustring& get_command_line() const { return programs.get_command_line(); }
+    const TESK::User_settings& get_settings() const { return settings_; }
 
     TAutoStringEdit& edit_description;
     TPageControl& page_control_parameters_etc;
     TTabSheet& tabsheet_parameters;
-    TTabSheet& tabsheet_details;
-    TTabSheet& tabsheet_notes;
-    TTabSheet& tabsheet_help;
-    TTabSheet& tabsheet_commands;
-    TTabSheet& tabsheet_status;
-    TTabSheet& tabsheet_translation;
-
     TPanel& parameters_panel;
-
-    TPageControl& details_pagecontrol;
-    TTabSheet& tabsheet_view_details;
-    TTabSheet& tabsheet_edit_details;
-    TTabSheet& tabsheet_external_editor;
-    TAutoStringEdit& edit_details_URL;
-    TWebView& details_html_viewer;
-    TMemo& details_edit_memo;
-    TButton& button_reload_details;
-    TButton& button_local_details;
-    TButton& button_edit_details_HTML;
-    TButton& button_edit_details_text;
-
-    TMemo& memo_notes;
-    TButton& button_notes;
-    TMemo& command_history_memo;
-    TMemo& status_memo;
-
-    TLabel& documentation_label_installed;
-    TLabel& documentation_web_label;
-    // In the order help, FAQ, manual, tutorial.
-    std::array<TButton*, 4> documentation_buttons;
-    std::array<TButton*, 4> documentation_web_buttons;
-
-    TRadioGroup& radiogroup_translation_target_language;
-    TEdit& edit_translation_other;
 
     TButton& ok_button;
     TButton& cancel_button;
@@ -155,90 +102,50 @@ public:
     TButton& button_windows_explore;
     TButton& button_app_explore;
 
-    TFileDialog file_dialog;
+private:
+    // The pages of the rooms, in their order on the screen; they stand here since rooms share the page
+    // control.
+    struct Sheets {
+        explicit Sheets(TPageControl& pages);
+        TTabSheet& details;
+        TTabSheet& notes;
+        TTabSheet& help;
+        TTabSheet& commands;
+        TTabSheet& status;
+        TTabSheet& translation;
+    };
+
+    TESK::User_settings settings_;
+    Sheets sheets_;
+
+public:
+    Edited_file file;
+    Companions companions;
+    Documentation_page documentation;
+    Program_starter programs;
+    Language_page language;
 
 private:
-    void make_details_page();
-    void make_help_page();
     void wire();
-
-    bool choose_file();
-    bool name_is_chosen() const;
-    bool require_file_name();
-    bool run_save_dialog();
-    TESK::Common_parameters_directory folder_of_record(bool create) const;
-    bool has_folder() const;
-    std::string shown_file_name() const;
     void update_title();
-    void back_up();
     void update_folder_controls();
-    void update_documentation_buttons();
-
     bool commit_focus();
     void keep_geometry();
     void apply_settings();
-    bool prepare_filename(std::string& name);
-    Save_outcome save_under_chosen_name();
-    Save_outcome write_to(const std::string& name);
-    bool may_replace(const std::string& name);
-    bool holds_unseen(const std::string& name) const;
-    bool let_folder_follow(const std::string& old_name, const std::string& new_name);
-    Save_outcome ask_after_failure();
-    Save_outcome save_companions();
-    Save_outcome save_companion(Companion_text& text, bool wanted,
-                                bool (TESK::Common_parameters_directory::*get)(TESK::Smart_file_name&, bool)
-                                    const);
-    std::string text_of_record();
+    Save_outcome save_all();
 
-    bool start(const char* program, const char* options, const char* file, const char* extra, bool wait,
-               int show_state);
-
-    void ok_button_onclick();
-    void cancel_button_onclick();
     bool may_close();
     void close_with(Modal_result result);
-
-    void load_companions();
-    void reload_details();
-    void load_details_text();
-    void leave_details_text();
-    bool make_details_file(TESK::Smart_file_name& file);
-    void button_edit_details_HTMLClick();
-    void button_edit_details_textClick();
-    void button_local_detailsClick();
-    void button_notesClick();
-    void button_windows_exploreClick();
+    void ok_button_onclick();
     void button_app_exploreClick();
-
-    void radiogroup_translation_target_languageClick();
-    void translate();
-    void translate_new_texts();
 
     TControl* parameter_form = nullptr;
     Common_parameters_data_record* parameters = nullptr;
-    TESK::Filtered_file_name* parameter_file = nullptr;
-    std::unique_ptr<TESK::Filtered_file_name> own_parameter_file_;
-    TESK::Program_directory program_directory_;
-    std::unique_ptr<TESK::Documentation_directory> web_documentation;
-    std::string web_root_;
-    const TESK::Application_data_directory* user_settings_file = nullptr;
-    TESK::User_settings settings;
     TControl* parameter_form_panel = nullptr;
-    bool file_given = false;
-    bool could_not_read_ = false;   // the file is there, and its contents are not in the record
-    std::string agreed_to_replace_; // the name that the user lets the next save replace
-    TESK::Ustring command;
+    const TESK::Application_data_directory* user_settings_file = nullptr;
     TESK::Ustring run_program;
     TESK::Ustring explorer_program;
-    std::string translation_target_language;
-    std::string native_language_ = "en";
-    TESK::Translations_phrases* phrases = nullptr;
-
-    Companion_text notes_;
-    Companion_text details_text_;
-    std::string saved_text_; // the record as it is on the disk, or was when it was loaded
     Save_outcome last_save_ = Save_outcome::saved;
     bool asks_before_closing_ = true;
-    TTimer timer_translation{300};
     TTimer timer_title_{500};
 };

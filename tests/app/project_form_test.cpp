@@ -352,7 +352,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     form.scenarios.senerios_run_button.bring_to_front();
     EXPECT_TRUE(form.scenarios.senerios_run_button.click());
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
-    EXPECT_NE(parameter_form.command_history_memo.text().find(
+    EXPECT_NE(parameter_form.programs.command_history_memo.text().find(
                   "The program could not be started. Looked for: C:\\Suite\\Tilverra\\tilverra_5.exe\n"),
               std::string::npos);
     launcher.result = platform::result_started;

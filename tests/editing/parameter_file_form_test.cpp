@@ -84,11 +84,11 @@ TEST_F(Parameter_file_form, a_record_is_opened_edited_saved_and_keeps_what_other
 
 TEST_F(Parameter_file_form, a_file_that_is_not_there_is_new_and_gets_its_folders) {
     ASSERT_TRUE(bind("C:\\new\\deep\\trial.tvp"));
-    EXPECT_TRUE(form.is_new_file);
-    EXPECT_FALSE(form.tabsheet_notes.visible() || form.tabsheet_details.visible());
+    EXPECT_TRUE(form.file.is_new_file());
+    EXPECT_FALSE(form.companions.tabsheet_notes.visible() || form.companions.tabsheet_details.visible());
     EXPECT_FALSE(form.button_windows_explore.visible());
     EXPECT_EQ(form.save(), Save_outcome::saved);
-    EXPECT_FALSE(form.is_new_file);
+    EXPECT_FALSE(form.file.is_new_file());
     EXPECT_TRUE(has_line("new/deep/trial.tvp", "[project]"));
 }
 
@@ -190,7 +190,7 @@ TEST_F(Parameter_file_form, a_refused_save_as_leaves_all_as_it_was) {
     EXPECT_TRUE(form.save_as_button.click());
     EXPECT_EQ(saved("work/there.tvp"), "mine");
     EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
-    EXPECT_EQ(form.file_dialog.file_name, "C:\\work\\study.tvp");
+    EXPECT_EQ(form.file.dialog.file_name, "C:\\work\\study.tvp");
     EXPECT_TRUE(form.visible());
 }
 
@@ -263,7 +263,7 @@ TEST_F(Parameter_file_form, a_start_without_a_choice_asks_for_a_name_until_there
     desktop.expect_file_dialog(save_title, {"C:\\work\\named.tvp"});
     ASSERT_TRUE(bind("C:\\noname.tvp", false));
     EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\named.tvp");
-    EXPECT_TRUE(form.is_new_file);
+    EXPECT_TRUE(form.file.is_new_file());
 }
 
 TEST_F(Parameter_file_form, a_name_typed_in_the_selector_is_a_new_file_of_the_type) {
@@ -290,7 +290,7 @@ TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word
                                 "\"p.exe\"  \"C:\\work\\study.tvp\" \"C:\\s.tvn\"  [3]\n");
     launcher.result = platform::result_file_not_found;
     EXPECT_FALSE(form.run("C:\\gone.exe", nullptr, "f", nullptr, true, show_normal));
-    EXPECT_EQ(form.command_history_memo.text(),
+    EXPECT_EQ(form.programs.command_history_memo.text(),
               "\"C:\\My tools\\p.exe\"  \"C:\\f.tvn\" \n"
               "\"p.exe\" -x \"y\"  \"f\" \n"
               "\"p.exe\"  \"C:\\work\\study.tvp\" \"C:\\s.tvn\" \n"
@@ -310,10 +310,10 @@ TEST_F(Parameter_file_form, enter_moves_on_and_presses_no_button_and_a_memo_keep
     EXPECT_TRUE(form.edit_description.key(enter));
     EXPECT_FALSE(form.edit_description.focused());
     EXPECT_TRUE(form.visible());
-    form.memo_notes.bring_to_front();
-    EXPECT_TRUE(form.memo_notes.type_text("a"));
-    EXPECT_TRUE(form.memo_notes.key(enter));
-    EXPECT_EQ(form.memo_notes.text(), "a\n");
+    form.companions.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.companions.memo_notes.type_text("a"));
+    EXPECT_TRUE(form.companions.memo_notes.key(enter));
+    EXPECT_EQ(form.companions.memo_notes.text(), "a\n");
 }
 
 TEST_F(Parameter_file_form, notes_details_and_status_lie_in_the_folder_of_the_record) {
@@ -321,19 +321,20 @@ TEST_F(Parameter_file_form, notes_details_and_status_lie_in_the_folder_of_the_re
     drives.write("work/study/details.htm", "<HTML>\xC3\xA9</HTML>\r\n"); // another program's UTF-8
     drives.write("work/study/status.txt", "checked");
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    EXPECT_EQ(form.details_html_viewer.address(), "C:\\work\\study\\details.htm");
-    EXPECT_EQ(form.status_memo.text(), "checked");
-    form.memo_notes.bring_to_front();
-    EXPECT_EQ(form.memo_notes.text(), "caf\xC3\xA9\n");
-    form.memo_notes.set_caret(100);
-    EXPECT_TRUE(form.memo_notes.type_text("more\xD0\x96")); // a letter that the suite's notes cannot hold
+    EXPECT_EQ(form.companions.details_html_viewer.address(), "C:\\work\\study\\details.htm");
+    EXPECT_EQ(form.companions.status_memo.text(), "checked");
+    form.companions.memo_notes.bring_to_front();
+    EXPECT_EQ(form.companions.memo_notes.text(), "caf\xC3\xA9\n");
+    form.companions.memo_notes.set_caret(100);
+    EXPECT_TRUE(
+        form.companions.memo_notes.type_text("more\xD0\x96")); // a letter that the suite's notes cannot hold
     EXPECT_TRUE(form.has_changes());
-    form.details_edit_memo.bring_to_front();
-    form.details_edit_memo.focus();
-    form.details_edit_memo.set_caret(7);
-    EXPECT_TRUE(form.details_edit_memo.type_text("\xD0\x96"));
-    form.memo_notes.bring_to_front(); // leaving saves
-    form.memo_notes.focus();
+    form.companions.details_edit_memo.bring_to_front();
+    form.companions.details_edit_memo.focus();
+    form.companions.details_edit_memo.set_caret(7);
+    EXPECT_TRUE(form.companions.details_edit_memo.type_text("\xD0\x96"));
+    form.companions.memo_notes.bring_to_front(); // leaving saves
+    form.companions.memo_notes.focus();
     EXPECT_EQ(saved("work/study/details.htm"), "<HTML>\xC3\xA9\xD0\x96</HTML>\r\n");
     EXPECT_TRUE(form.ok_button.click());
     EXPECT_EQ(saved("work/study/notes.txt"), "caf\xE9\r\nmore");
@@ -342,18 +343,18 @@ TEST_F(Parameter_file_form, notes_details_and_status_lie_in_the_folder_of_the_re
 TEST_F(Parameter_file_form, a_page_on_the_web_is_shown_before_the_local_one_until_it_is_forgotten) {
     drives.write("work/study/details.htm", "<HTML>\r\n</HTML>\r\n");
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    form.edit_details_URL.bring_to_front();
-    form.edit_details_URL.focus();
-    form.edit_details_URL.select_all();
-    EXPECT_TRUE(form.edit_details_URL.type_text("http://example.org/trial"));
-    EXPECT_TRUE(form.button_reload_details.click());
-    EXPECT_EQ(form.details_html_viewer.address(), "http://example.org/trial");
-    EXPECT_TRUE(form.button_local_details.click());
-    EXPECT_EQ(form.details_html_viewer.address(), "C:\\work\\study\\details.htm");
+    form.companions.edit_details_URL.bring_to_front();
+    form.companions.edit_details_URL.focus();
+    form.companions.edit_details_URL.select_all();
+    EXPECT_TRUE(form.companions.edit_details_URL.type_text("http://example.org/trial"));
+    EXPECT_TRUE(form.companions.button_reload_details.click());
+    EXPECT_EQ(form.companions.details_html_viewer.address(), "http://example.org/trial");
+    EXPECT_TRUE(form.companions.button_local_details.click());
+    EXPECT_EQ(form.companions.details_html_viewer.address(), "C:\\work\\study\\details.htm");
     EXPECT_EQ(record.details_URL, "");
     std::filesystem::remove(drives.host("work/study/details.htm"));
-    form.button_edit_details_text.bring_to_front();
-    EXPECT_TRUE(form.button_edit_details_text.click());
+    form.companions.button_edit_details_text.bring_to_front();
+    EXPECT_TRUE(form.companions.button_edit_details_text.click());
     EXPECT_EQ(saved("work/study/details.htm"), "<HTML>\r\n</HTML>\r\n");
     EXPECT_EQ(launcher.started, "\"notepad.exe\"  \"C:\\work\\study\\details.htm\"  [1]\n");
 }
@@ -362,21 +363,22 @@ TEST_F(Parameter_file_form, documentation_is_local_where_there_is_a_page_and_els
     drives.write("Suite/Tilverra/project_editor/manual.pdf", "");
     drives.write("Suite/Tilverra/project_editor/project/a.htm", "");
     Tparameter_file_form documented{program};
-    const auto visible = [&](int i) { return documented.documentation_buttons[i]->visible(); };
+    const auto visible = [&](int i) { return documented.documentation.documentation_buttons[i]->visible(); };
     documented.set_web_documentation("http://example.org/TVS_suite", "C:\\Suite");
     EXPECT_TRUE(!visible(0) && !visible(1) && visible(2) && !visible(3));
-    EXPECT_EQ(documented.documentation_buttons[2]->hint(), "C:\\Suite\\Tilverra\\project_editor\\manual.pdf");
-    EXPECT_TRUE(documented.documentation_web_buttons[0]->visible());
+    EXPECT_EQ(documented.documentation.documentation_buttons[2]->hint(),
+              "C:\\Suite\\Tilverra\\project_editor\\manual.pdf");
+    EXPECT_TRUE(documented.documentation.documentation_web_buttons[0]->visible());
     EXPECT_EQ(documented.help_lookup("project\\a.htm"),
               "C:\\Suite\\Tilverra\\project_editor\\project\\a.htm");
     EXPECT_EQ(documented.help_lookup("project\\b.htm"),
               "http://example.org/TVS_suite/Tilverra/project_editor/project/b.htm");
     documented.set_web_documentation(nullptr, nullptr);
-    EXPECT_FALSE(documented.documentation_web_buttons[0]->visible());
+    EXPECT_FALSE(documented.documentation.documentation_web_buttons[0]->visible());
     EXPECT_EQ(documented.help_lookup("project\\b.htm"), "");
     Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
     bare.set_web_documentation(nullptr, nullptr);
-    EXPECT_EQ(bare.documentation_label_installed.text(), "No documentation found");
+    EXPECT_EQ(bare.documentation.documentation_label_installed.text(), "No documentation found");
 }
 
 TEST_F(Parameter_file_form, each_file_has_its_window_and_a_position_of_0_is_stored_as_1) {
@@ -422,7 +424,7 @@ protected:
         frame.show();
     }
     static void choose(Tparameter_file_form& frame, const std::string& language) {
-        TRadioGroup& choice = frame.radiogroup_translation_target_language;
+        TRadioGroup& choice = frame.language.radiogroup_translation_target_language;
         const auto& items = choice.native_items();
         choice.bring_to_front();
         EXPECT_TRUE(
@@ -445,7 +447,7 @@ protected:
 TEST_F(Translated_form, is_translated_one_control_each_300_ms) {
     name = "C:\\work\\study.tvp";
     bind_with_phrases(form);
-    EXPECT_TRUE(form.tabsheet_translation.visible());
+    EXPECT_TRUE(form.language.tabsheet_translation.visible());
     desktop.advance(3000);
     EXPECT_EQ(translated(form), 0);
 
@@ -560,7 +562,7 @@ TEST_F(Parameter_file_form, a_folder_that_follows_replaces_what_has_its_names_an
     EXPECT_TRUE(form.save_as_button.click());
     EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
     EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
-    EXPECT_EQ(form.memo_notes.text(), "of the study");
+    EXPECT_EQ(form.companions.memo_notes.text(), "of the study");
 }
 
 TEST_F(Parameter_file_form, a_file_that_has_come_into_being_since_is_not_written_over_unasked) {
@@ -621,7 +623,8 @@ TEST_F(Parameter_file_form, a_companion_that_cannot_be_read_is_neither_edited_no
     const std::string huge(std::size_t{17} << 20, 'x');
     drives.write("work/study/details.htm", huge);
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    for (TMemo* memo : {&form.memo_notes, &form.details_edit_memo, &form.status_memo}) {
+    for (TMemo* memo :
+         {&form.companions.memo_notes, &form.companions.details_edit_memo, &form.companions.status_memo}) {
         memo->bring_to_front();
         EXPECT_TRUE(memo->read_only());
         EXPECT_FALSE(memo->type_text("x"));
@@ -635,25 +638,25 @@ TEST_F(Parameter_file_form,
     drives.write("work/study/notes.txt", "one\rtwo\r\nthree\n");
     drives.write("work/study/details.htm", "old");
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    EXPECT_EQ(form.memo_notes.text(), "one\ntwo\nthree\n");
-    form.details_edit_memo.bring_to_front();
-    EXPECT_EQ(form.details_edit_memo.text(), "old");
-    form.memo_notes.bring_to_front();
-    EXPECT_TRUE(form.memo_notes.type_text("zero\n"));
+    EXPECT_EQ(form.companions.memo_notes.text(), "one\ntwo\nthree\n");
+    form.companions.details_edit_memo.bring_to_front();
+    EXPECT_EQ(form.companions.details_edit_memo.text(), "old");
+    form.companions.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.companions.memo_notes.type_text("zero\n"));
     drives.write("work/study/details.htm", "new");
-    form.tabsheet_details.bring_to_front();
-    EXPECT_EQ(form.details_edit_memo.text(), "new");
+    form.companions.tabsheet_details.bring_to_front();
+    EXPECT_EQ(form.companions.details_edit_memo.text(), "new");
     drives.write("work/study/notes.txt", "elsewhere");
-    form.memo_notes.bring_to_front();
-    EXPECT_EQ(form.memo_notes.text(), "zero\none\ntwo\nthree\n");
+    form.companions.memo_notes.bring_to_front();
+    EXPECT_EQ(form.companions.memo_notes.text(), "zero\none\ntwo\nthree\n");
 }
 
 TEST_F(Parameter_file_form, without_a_folder_of_the_program_no_documentation_counts_as_installed) {
     drives.write("work/help.htm", "");
     Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
     bare.set_web_documentation(nullptr, nullptr);
-    EXPECT_FALSE(bare.documentation_buttons[0]->visible());
-    EXPECT_EQ(bare.documentation_label_installed.text(), "No documentation found");
+    EXPECT_FALSE(bare.documentation.documentation_buttons[0]->visible());
+    EXPECT_EQ(bare.documentation.documentation_label_installed.text(), "No documentation found");
 }
 
 TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_the_file) {
@@ -682,7 +685,7 @@ TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_t
     editor.phrases = &phrases;
     ASSERT_TRUE(form.bind_to(editor));
     form.show();
-    TRadioGroup& languages = form.radiogroup_translation_target_language;
+    TRadioGroup& languages = form.language.radiogroup_translation_target_language;
     languages.bring_to_front();
     EXPECT_TRUE(languages.select(2));
     desktop.advance(299);
@@ -693,8 +696,8 @@ TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_t
               "Save as!Of the editor!Beside the panel!");
     EXPECT_EQ(form.get_settings().language, "fr");
     EXPECT_TRUE(languages.select(10));
-    form.edit_translation_other.focus();
-    EXPECT_TRUE(form.edit_translation_other.type_text("pt"));
+    form.language.edit_translation_other.focus();
+    EXPECT_TRUE(form.language.edit_translation_other.type_text("pt"));
     desktop.advance(1500);
     EXPECT_EQ(form.save_as_button.text(), "Save as?");
     EXPECT_FALSE(form.has_changes());
@@ -702,13 +705,13 @@ TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_t
 
     Tparameter_file_form again{program};
     ASSERT_TRUE(again.bind_to(editor));
-    EXPECT_EQ(again.radiogroup_translation_target_language.item_index(), 10);
-    EXPECT_EQ(again.edit_translation_other.text(), "pt");
+    EXPECT_EQ(again.language.radiogroup_translation_target_language.item_index(), 10);
+    EXPECT_EQ(again.language.edit_translation_other.text(), "pt");
     desktop.advance(1500);
     EXPECT_EQ(again.save_as_button.text(), "Save as?");
     again.show();
-    again.radiogroup_translation_target_language.bring_to_front();
-    EXPECT_TRUE(again.radiogroup_translation_target_language.select(0));
+    again.language.radiogroup_translation_target_language.bring_to_front();
+    EXPECT_TRUE(again.language.radiogroup_translation_target_language.select(0));
     EXPECT_EQ(again.get_settings().language, "");
 }
 
@@ -759,8 +762,8 @@ TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_c
 
 TEST_F(Parameter_file_form, a_frame_that_closes_stays_open_while_the_wanted_save_fails) {
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    form.memo_notes.bring_to_front();
-    EXPECT_TRUE(form.memo_notes.type_text("noted"));
+    form.companions.memo_notes.bring_to_front();
+    EXPECT_TRUE(form.companions.memo_notes.type_text("noted"));
     describe("typed last, and not left"); // the question comes after it has reached the record
     const std::string question = "Save the changes to C:\\work\\study.tvp?";
     const std::string before = saved("work/study.tvp");

@@ -1,0 +1,280 @@
+#include "editing/edited_file.h"
+
+#include "editing/recent_file_selector_form.h"
+#include "foundation/code_page_1252.h"
+#include "platform/file_writer.h"
+#include "platform/files.h"
+#include "records/vv_file.h"
+#include "records/vv_text.h"
+
+namespace {
+
+constexpr const char* save_failed =
+    "Unable to save to parameter file (check that the file is not marked as read only)";
+
+// The folder that goes along with a file when that gets another name, without a separator at its end.
+TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode mode) {
+    TESK::Directory_name folder("");
+    if (mode == Directory_mode::containing_folder)
+        TESK::File_name(file.c_str()).get_path(folder, true);
+    else
+        folder = TESK::without_extension(TESK::File_name(file.c_str()));
+    std::string text = folder;
+    while (text.size() > 1 && text.ends_with('\\'))
+        text.pop_back();
+    return TESK::Directory_name(text.c_str());
+}
+
+// Whether a file of that name is possible as far as can be told without writing it.
+bool can_be_written(const std::string& name) {
+    return !name.ends_with('\\') && !platform::is_folder(name) && !platform::is_read_only(name);
+}
+
+} // namespace
+
+Save_outcome ask_after_failed_save() {
+    switch (message_box(save_failed, "Unable to save", Button_set::abort_retry_ignore)) {
+    case Modal_result::retry: return Save_outcome::saved;
+    case Modal_result::ignore: return Save_outcome::ignored;
+    default: return Save_outcome::aborted;
+    }
+}
+
+// ---- the name
+
+void Edited_file::bind(Common_parameters_data_record& parameters, TESK::Filtered_file_name* name,
+                       bool is_given) {
+    parameters_ = &parameters;
+    name_ = name;
+    is_given_ = is_given;
+    parameters_->set_preserve_unexpected(true);
+    if (name_ == nullptr) {
+        own_name_ =
+            std::make_unique<TESK::Filtered_file_name>("", "DAT", parameters_->get_type_description(), "*.*");
+        name_ = own_name_.get();
+    }
+    std::string extension;
+    std::string filter;
+    dialog.title = "Save " + screen_text(parameters_->get_type_description()) + " as";
+    dialog.default_extension = screen_text(name_->get_default_extension(extension));
+    dialog.filter = screen_text(name_->get_dialog_filter(filter)) + "|All files (*.*)|*.*";
+}
+
+bool Edited_file::choose(Trecent_file_selector_form* selector, const std::string& help_folder,
+                         const std::string& other_masks) {
+    const Directory_mode mode = parameters_->get_directory_mode();
+    if (!is_given_ && selector != nullptr) {
+        selector->bind(*name_,
+                       mode == Directory_mode::project_folder || mode == Directory_mode::containing_folder,
+                       help_folder, other_masks);
+        if (selector->show_modal() != Modal_result::ok)
+            return false;
+        is_given_ = take_choice();
+    }
+    if (!is_given_ && mode != Directory_mode::file_folder && !require_name())
+        return false;
+    dialog.file_name = is_given_ ? screen_text(*name_) : "";
+    is_new_file_ = !is_given_ || !name_->exists();
+    return true;
+}
+
+bool Edited_file::name_is_chosen() const {
+    return !name_->empty() && !name_->starts_with('<');
+}
+
+// Takes what the user entered as the file. False when that was nothing: the name that stands for none is no
+// choice while there is no such file.
+bool Edited_file::take_choice() {
+    if (!name_is_chosen())
+        return false;
+    if (!name_->exists()) {
+        if (name_->get_name(false) == "noname")
+            return false;
+        std::string extension;
+        if (name_->get_ext().empty())
+            name_->set_ext(name_->get_default_extension(extension).c_str());
+    }
+    name_->qualify();
+    return true;
+}
+
+bool Edited_file::require_name() {
+    while (!is_given_) {
+        const std::string text = screen_text(parameters_->get_type_description()) +
+                                 " file type has an associated directory.\nIn order for this editor to work "
+                                 "correctly you must give a file name now.";
+        if (message_box(text, "File name required now", Button_set::ok_cancel) != Modal_result::ok)
+            return false;
+        is_given_ = run_dialog();
+        if (is_given_)
+            *name_ = record_text(dialog.file_name);
+    }
+    return true;
+}
+
+// Asks for a name, from the one that there is. False, and the dialog as it was, when none was chosen.
+bool Edited_file::run_dialog() {
+    const std::string before = dialog.file_name;
+    TESK::Directory_name initial_folder("");
+    if (name_is_chosen())
+        name_->get_path(initial_folder, true);
+    dialog.initial_folder = screen_text(initial_folder);
+    while (dialog.execute() && !dialog.file_name.empty()) {
+        // A character that names lack would be left out, and another file written.
+        if (typable_text(dialog.file_name) == dialog.file_name)
+            return true;
+        if (ask_after_failed_save() != Save_outcome::saved)
+            break;
+    }
+    dialog.file_name = before;
+    return false;
+}
+
+void Edited_file::set_name(const std::string& file_name) {
+    *name_ = file_name;
+    dialog.file_name = screen_text(file_name);
+    is_given_ = !file_name.empty();
+}
+
+std::string Edited_file::name() const {
+    return name_ != nullptr && is_given_ ? std::string(*name_) : std::string();
+}
+
+std::string Edited_file::shown_name() const {
+    if (parameters_->get_directory_mode() == Directory_mode::containing_folder)
+        return folder(false);
+    return name();
+}
+
+// ---- the folder
+
+TESK::Common_parameters_directory Edited_file::folder(bool create) const {
+    return TESK::Common_parameters_directory(*name_, parameters_->get_directory_mode(), create);
+}
+
+bool Edited_file::has_folder() const {
+    return is_given_ &&
+           (parameters_->get_directory_mode() == Directory_mode::containing_folder || name_->exists()) &&
+           folder(false).exists();
+}
+
+void Edited_file::back_up() const {
+    if (is_new_file_ || !has_folder())
+        return;
+    TESK::Smart_file_name backup;
+    folder(false).get_backup_filename(backup, false);
+    if (platform::entry_identity(backup) != platform::entry_identity(*name_))
+        platform::copy_file(*name_, backup);
+}
+
+// ---- loading and saving
+
+void Edited_file::load() {
+    // A loaded record knows its file; what could not be read must not be taken for a new one.
+    could_not_read_ = is_given_ && !TESK::VV_file(name_->c_str()).get(*parameters_) && name_->exists();
+    if (could_not_read_)
+        parameters_->set_loaded_from(*name_);
+}
+
+std::string Edited_file::text_of_record() const {
+    TESK::VV_text text;
+    text.set(*parameters_);
+    return text.text();
+}
+
+// The name to save under. False when there is none, and the user chose none.
+bool Edited_file::prepare_filename(std::string& name) {
+    const bool asks = dialog.file_name.empty();
+    if (asks && !run_dialog())
+        return false;
+    name = record_text(dialog.file_name);
+    if (!asks || may_replace(name))
+        return true;
+    dialog.file_name.clear();
+    return false;
+}
+
+// Whether nothing is lost when the name is written, or the user agrees to that. They are asked once.
+bool Edited_file::may_replace(const std::string& name) {
+    if (!platform::exists(name) || TESK::equal_ignoring_case(name, agreed_to_replace_))
+        return true;
+    if (message_box("Replace the existing file with this name:\n" + screen_text(name), "File already exists",
+                    Button_set::yes_no) != Modal_result::yes)
+        return false;
+    agreed_to_replace_ = name;
+    return true;
+}
+
+// Whether the file holds what never came to the screen: it could not be read when it was opened, or has only
+// come into being since.
+bool Edited_file::holds_unseen(const std::string& name) const {
+    return (could_not_read_ || is_new_file_) && TESK::equal_ignoring_case(name, *name_);
+}
+
+// Takes the record's folder along to another name. False when it could not be copied whole.
+bool Edited_file::let_folder_follow(const std::string& old_name, const std::string& new_name) const {
+    const Directory_mode mode = parameters_->get_directory_mode();
+    const TESK::Directory_name old_folder = folder_that_follows(old_name, mode);
+    const TESK::Directory_name new_folder = folder_that_follows(new_name, mode);
+    if (!platform::is_folder(old_folder) || TESK::equal_ignoring_case(old_folder, new_folder))
+        return true;
+    const platform::Write_result copied = platform::copy_tree(old_folder, new_folder);
+    if (copied.error == platform::Write_error::into_itself)
+        return true;
+    TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();
+    return copied.ok();
+}
+
+Save_outcome Edited_file::write_to(const std::string& name) {
+    const bool moves = is_given_ && !is_new_file_ && !TESK::equal_ignoring_case(name, *name_);
+    bool has_followed = !moves;
+    for (;;) {
+        TESK::Directory_name path("");
+        TESK::File_name(name.c_str()).get_path(path, true);
+        platform::make_folders(path);
+        TESK::VV_file file(name.c_str());
+        const bool is_readable =
+            !could_not_read_ || platform::read_file(*name_, TESK::VV_file::largest_file).outcome !=
+                                    platform::Read_outcome::unreadable;
+        if (is_readable && holds_unseen(name) && !may_replace(name))
+            return Save_outcome::aborted;
+        has_followed = has_followed || (can_be_written(name) && let_folder_follow(*name_, name));
+        if (has_followed && file.set(*parameters_) && file.get_last_write().ok())
+            return Save_outcome::saved;
+        const Save_outcome answer = ask_after_failed_save();
+        if (answer != Save_outcome::saved)
+            return answer;
+    }
+}
+
+Save_outcome Edited_file::save() {
+    std::string name;
+    if (!prepare_filename(name))
+        return Save_outcome::aborted;
+    const Save_outcome outcome = write_to(name);
+    if (outcome != Save_outcome::saved)
+        return outcome;
+    const bool moved = is_new_file_ || !TESK::equal_ignoring_case(name, *name_);
+    is_new_file_ = false;
+    could_not_read_ = false;
+    agreed_to_replace_.clear();
+    is_given_ = true;
+    *name_ = name;
+    take_for_saved();
+    if (moved && on_moved) {
+        on_moved();
+        take_for_saved();
+    }
+    return Save_outcome::saved;
+}
+
+bool Edited_file::choose_another_name() {
+    const std::string before = dialog.file_name;
+    if (before.empty())
+        dialog.file_name = is_given_ ? screen_text(*name_) : "";
+    agreed_to_replace_.clear();
+    if (run_dialog() && may_replace(record_text(dialog.file_name)))
+        return true;
+    dialog.file_name = before;
+    return false;
+}

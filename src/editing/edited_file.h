@@ -1,0 +1,93 @@
+// The record file that an editor edits: its name, how it is loaded and saved, and how the record's folder
+// goes along when the name changes. What has to be asked, it asks.
+#pragma once
+
+#include "names/filtered_file_name.h"
+#include "records/common_parameters.h"
+#include "toolkit/dialogs.h"
+#include "trees/common_parameters_directory.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class Trecent_file_selector_form;
+
+// What became of a save, for who must decide whether to go on.
+enum class Save_outcome {
+    saved,
+    ignored, // the disk was not reached, and the user goes on all the same
+    aborted  // not saved; what asked for the save is not to go on either
+};
+
+// Asks what is to become of a save that failed: saved stands for "try again".
+Save_outcome ask_after_failed_save();
+
+class Edited_file {
+public:
+    Edited_file() : dialog(TFileDialog::Purpose::save) {}
+
+    // What is edited: both outlive this. Without a name (null) it makes one of its own. `is_given` tells
+    // whether the name is a choice already.
+    void bind(Common_parameters_data_record& parameters, TESK::Filtered_file_name* name, bool is_given);
+    bool is_bound() const { return parameters_ != nullptr; }
+
+    // Lets the user say which file it is, unless that is known: in the selector, where there is one, and by a
+    // question where the record needs a name at once. False when they refused.
+    bool choose(Trecent_file_selector_form* selector, const std::string& help_folder,
+                const std::string& other_masks);
+    void set_name(const std::string& file_name);
+    // "" while there is none.
+    std::string name() const;
+    bool is_given() const { return is_given_; }
+    // Whether the file was not there when it was opened, and has not been saved since.
+    bool is_new_file() const { return is_new_file_; }
+    // The file's name or, for a record that is known by its folder, the folder's.
+    std::string shown_name() const;
+
+    // The folder of the record. While there is no file it is the current folder, which is nobody's:
+    // has_folder() tells whether there is one of the record's own.
+    TESK::Common_parameters_directory folder(bool create) const;
+    bool has_folder() const;
+    // Keeps the file as it stands in the record's folder, where there is one.
+    void back_up() const;
+
+    // Reads the record. A file that is not there leaves the record as it is.
+    void load();
+    // Takes the record as it is now for what is on the disk.
+    void take_for_saved() { saved_text_ = text_of_record(); }
+    bool has_changes() { return text_of_record() != saved_text_; }
+
+    // Writes the record under the name that the dialog holds, which is asked for when there is none. The
+    // folder follows a change of name. While the disk cannot be reached the user is asked.
+    Save_outcome save();
+    // Asks for another name, which the dialog then holds. False, and nothing changed, when there is none or
+    // its file must not be replaced.
+    bool choose_another_name();
+
+    // The file has come into being by a save, or has been saved under another name.
+    std::function<void()> on_moved;
+
+    TFileDialog dialog;
+
+private:
+    bool name_is_chosen() const;
+    bool take_choice();
+    bool require_name();
+    bool run_dialog();
+    bool prepare_filename(std::string& name);
+    bool may_replace(const std::string& name);
+    bool holds_unseen(const std::string& name) const;
+    bool let_folder_follow(const std::string& old_name, const std::string& new_name) const;
+    Save_outcome write_to(const std::string& name);
+    std::string text_of_record() const;
+
+    Common_parameters_data_record* parameters_ = nullptr;
+    TESK::Filtered_file_name* name_ = nullptr;
+    std::unique_ptr<TESK::Filtered_file_name> own_name_;
+    bool is_given_ = false;
+    bool is_new_file_ = false;
+    bool could_not_read_ = false;   // the file is there, and its contents are not in the record
+    std::string agreed_to_replace_; // the name that the user lets the next save replace
+    std::string saved_text_;        // the record as it is on the disk, or was when it was loaded
+};

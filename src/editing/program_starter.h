@@ -1,0 +1,30 @@
+// Starts programs by the suite's command lines, and shows what was started on the page "Commands".
+#pragma once
+
+#include "foundation/ustring.h"
+#include "toolkit/edit.h"
+#include "toolkit/page_control.h"
+
+#include <string>
+
+// How a window of a started program is to appear.
+constexpr int show_normal = 1;
+constexpr int show_maximised = 3;
+constexpr int show_minimised = 6;
+
+class Program_starter {
+public:
+    explicit Program_starter(TTabSheet& commands);
+
+    // Starts: "program" options "file" "extra". Null leaves out options or extra. With `wait` it ends when
+    // the program has ended. True when the program was started.
+    bool start(const std::string& program, const char* options, const std::string& file, const char* extra,
+               bool wait, int show_state);
+
+    const TESK::Ustring& get_command_line() const { return command; }
+
+    TMemo& command_history_memo;
+
+private:
+    TESK::Ustring command; // the last one
+};

@@ -19,6 +19,7 @@ constexpr Kind_of_view kinds[] = {
     {Control_kind::spin_arrows, make_spin_view},    {Control_kind::image, make_image_view},
     {Control_kind::month_grid, make_month_view},    {Control_kind::progress_bar, make_progress_view},
     {Control_kind::ruler, make_ruler_view},         {Control_kind::web_view, make_web_view},
+    {Control_kind::map_view, make_map_view},
 };
 
 } // namespace

@@ -35,6 +35,7 @@ enum class Control_kind {
     progress_bar,
     ruler,
     web_view,
+    map_view,
 };
 
 // Blue, green, red: 0xbbggrr.

@@ -13,6 +13,10 @@ const char* Labeled_enum::label_at(std::int32_t index) const {
     return label == nullptr || *label == 0 ? nullptr : label;
 }
 
+const char* Labeled_enum::description_at(std::int32_t index) const {
+    return descriptive_labels_ == nullptr ? nullptr : descriptive_labels_[index].description;
+}
+
 std::string Labeled_enum::get_label() const {
     const std::int32_t value = get_int32();
     if (value >= 0 && value < get_label_count())

@@ -30,6 +30,11 @@ public:
     // The description of the value, in a table that has them; otherwise the label.
     virtual std::string get_description() const;
 
+    // The label at an index, from 0; null behind the end of the table, and without one.
+    const char* label_at(std::int32_t index) const;
+    // The description of that label; null in a table that has none.
+    const char* description_at(std::int32_t index) const;
+
     // The number of labels, and the length of the longest.
     virtual std::uint16_t get_label_count() const;
     virtual std::uint16_t get_max_label_length() const;
@@ -42,9 +47,6 @@ protected:
     Labeled_enum& operator=(const Labeled_enum&) = default;
 
 private:
-    // The label at an index; null behind the end of the table.
-    const char* label_at(std::int32_t index) const;
-
     const char* const* labels_ = nullptr;
     const Label_description* descriptive_labels_ = nullptr;
 };

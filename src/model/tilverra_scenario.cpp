@@ -157,6 +157,27 @@ void Tilverra_scenario::expect_site() {
     expect_bool("show_location_simulation_period_comment", show_location_simulation_period_comment);
 }
 
+void Tilverra_scenario::attach_guards() {
+    const auto guard = [this](const char* section, const std::string& key, const TESK::Valid_number& valid) {
+        if (auto* found = static_cast<TESK::VV_section*>(sections.find_exact(section)))
+            if (TESK::VV_base_entry* entry = found->find_entry(key))
+                entry->guard = &valid;
+    };
+    struct Layers {
+        const char* section;
+        Valid_soil_layers& valid;
+    };
+    for (const Layers& quantity :
+         {Layers{"H2O", valid_H2O}, Layers{"NO3", valid_NO3}, Layers{"NH4", valid_NH4},
+          Layers{"%OM", valid_OM}, Layers{"salt", valid_salt}})
+        for (int layer = 1; layer <= soil_layers; ++layer)
+            guard(quantity.section, quantity.valid[layer].key, quantity.valid[layer]);
+    guard("NO3", "adjust_denitrify", valid_adjust_denitrify);
+    guard("NH4", "adjust_nitrify", valid_adjust_nitrify);
+    guard("CO2", "annual_CO2_change", model_options->valid_annual_CO2_change);
+    guard("CO2", "initial_CO2_conc", model_options->valid_initial_CO2_conc);
+}
+
 void Tilverra_scenario::postread() {
     Tilverra_model_options& options = *model_options;
     if (options.runoff_model != Runoff_model::numerical)

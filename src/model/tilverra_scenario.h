@@ -104,6 +104,7 @@ public:
     Tilverra_scenario();
 
     void expect_structure(bool for_write) override;
+    void attach_guards() override;
     const Section_mapping* get_section_mapping(std::uint16_t& count) const override;
     // Brings the options into agreement with each other, and fills in what older files do not tell, before
     // the keys of older files are carried over.

@@ -201,12 +201,14 @@ VV_base_entry* Data_record::expect_units(const char* key, Units_clad& field) {
 
 VV_base_entry* Data_record::expect_valid_int16(Valid_int16& valid) {
     VV_base_entry* entry = expect_int16(valid.key.c_str(), valid.value, valid.caption_1, valid.caption_2);
+    entry->guard = &valid;
     expect_units_shown(valid);
     return entry;
 }
 
 VV_base_entry* Data_record::expect_valid_float32(Valid_float32& valid) {
     VV_base_entry* entry = expect_float32(valid.key.c_str(), valid.value, valid.caption_1, valid.caption_2);
+    entry->guard = &valid;
     entry->set_validation_status(&valid.status);
     expect_units_shown(valid);
     return entry;

@@ -127,6 +127,10 @@ public:
     void expect_float32_array_with_units_label(const char* name, const char* units_label, float* array,
                                                int first, int last, bool in_current_section);
 
+    // Lets the entries of the declared structure know what guards their values, as far as the declaration
+    // itself has not: for who shows or judges values, which reading and writing do not.
+    virtual void attach_guards() {}
+
     // The sections, in order.
     Items_of<VV_section> all_sections() const { return Items_of<VV_section>(sections); }
     // What they are in a file.

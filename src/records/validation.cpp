@@ -44,18 +44,23 @@ Valid_number::Valid_number(std::uint32_t units_code, const char* record_key, std
       error_high(range.error_high), stored_units(units_code), shown_units(units_code), units_label(unit) {}
 
 Validation_status Valid_number::validate(std::string& message, bool html) {
-    const double x = get_value();
-    status = Validation_status::good;
-    if (!is_open_low(warning_low) && x < warning_low)
-        status = Validation_status::warning_low;
-    if (!is_open_high(warning_high) && x > warning_high)
-        status = Validation_status::warning_high;
-    if (!is_open_low(error_low) && x < error_low)
-        status = Validation_status::error_low;
-    if (!is_open_high(error_high) && x > error_high)
-        status = Validation_status::error_high;
+    status = judge();
     message = html ? html_row() : text_line();
     return status;
+}
+
+Validation_status Valid_number::judge() const {
+    const double x = get_value();
+    Validation_status verdict = Validation_status::good;
+    if (!is_open_low(warning_low) && x < warning_low)
+        verdict = Validation_status::warning_low;
+    if (!is_open_high(warning_high) && x > warning_high)
+        verdict = Validation_status::warning_high;
+    if (!is_open_low(error_low) && x < error_low)
+        verdict = Validation_status::error_low;
+    if (!is_open_high(error_high) && x > error_high)
+        verdict = Validation_status::error_high;
+    return verdict;
 }
 
 std::string& Valid_number::write_line(std::string& buffer) const {
@@ -77,17 +82,21 @@ std::string Valid_number::range_message(bool html) const {
             text.append(" (").append(caption_2).append(")");
         text += "\n = " + get_value_text() + " " + get_units_label() + " is not a reasonable value, \n";
     }
-    const bool is_error = status == Validation_status::error_low || status == Validation_status::error_high;
+    return text + range_text(status) + '\n';
+}
+
+std::string Valid_number::range_text(Validation_status verdict) const {
+    const bool is_error = verdict == Validation_status::error_low || verdict == Validation_status::error_high;
+    if (verdict >= Validation_status::unchecked)
+        return {};
     const double low = is_error ? error_low : warning_low;
     const double high = is_error ? error_high : warning_high;
-    text += is_error ? "must " : "should ";
+    const std::string word = is_error ? "must " : "should ";
     if (!is_open_low(low) && !is_open_high(high))
-        text += "range from " + number_text(low) + " - " + number_text(high);
-    else if (is_open_high(high))
-        text += "be greater than " + number_text(low);
-    else
-        text += "be less than " + number_text(high);
-    return text += '\n';
+        return word + "range from " + number_text(low) + " - " + number_text(high);
+    if (is_open_high(high))
+        return word + "be greater than " + number_text(low);
+    return word + "be less than " + number_text(high);
 }
 
 std::string Valid_number::html_row() const {

@@ -48,6 +48,11 @@ class Valid_number : public Valid_type {
 public:
     Validation_status validate(std::string& message, bool html) override;
 
+    // The verdict alone: the status stays as it is.
+    Validation_status judge() const;
+    // What the verdict asks of the value: "must range from 0 - 4". Nothing for a verdict that asks nothing.
+    std::string range_text(Validation_status verdict) const;
+
     // With a second line that tells the unit.
     std::string& write_line(std::string& buffer) const override;
 

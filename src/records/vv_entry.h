@@ -10,6 +10,7 @@
 
 namespace TESK {
 
+class Valid_number;
 enum class Validation_status : std::uint8_t;
 
 // How a column of a table shows its numbers. The decimals are the number of characters behind the point of
@@ -84,6 +85,7 @@ public:
     const char* annotation_2; // not owned; null for none
     Validation_status* validation_status = nullptr;
     const Field_format* column_format = nullptr; // not owned; null in a record file
+    const Valid_number* guard = nullptr;         // what judges the value; not owned, null for nothing
     std::uint16_t max_strlen;
     bool encountered = false; // whether the store had this entry
 };

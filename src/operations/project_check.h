@@ -1,0 +1,52 @@
+// What in a project would make a run fail, or mislead who reads its outcome.
+#pragma once
+
+#include "model/project_editor_parameters.h"
+#include "model/tilverra_scenario.h"
+#include "names/file_name.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+enum class Finding_weight {
+    error,  // a run fails, or works with what nobody meant
+    warning // a doubtful value, or something that no program of the suite reads
+};
+
+struct Finding {
+    Finding_weight weight;
+    std::string section; // empty, like the key, for what concerns the whole file
+    std::string key;
+    std::string message; // a plain English sentence in code page 1252
+};
+
+// Judges the records of one project by what they declare: files that are named and missing, or required and
+// not chosen; values outside their ranges; dates that end before they begin; events in the old spelling,
+// which no reader of the suite sees; sections and keys that no program knows. A value that every new record
+// has is not judged: nobody chose it.
+//
+// Relative names count from the project's folder, which must be the current directory. Nothing is written.
+// One object judges thousands of scenarios: whether a file is there is asked once.
+class Project_check {
+public:
+    Project_check();
+
+    // The project's own record.
+    std::vector<Finding> check_project(const TESK::File_name& file);
+    std::vector<Finding> check_scenario(const TESK::File_name& file);
+
+private:
+    // The values of a new record by section and key.
+    using Values = std::unordered_map<std::string, std::string>;
+
+    static void add_values(const TESK::VV_section& section, Values& values);
+    static bool is_default(const TESK::VV_section& section, const TESK::VV_base_entry& entry,
+                           const Values& defaults);
+    bool is_there(const std::string& name);
+    void judge_entries(TESK::Data_record& record, const Values& defaults, std::vector<Finding>& findings);
+
+    std::unordered_map<std::string, bool> files_;
+    Values scenario_values_;
+    Values project_values_;
+};

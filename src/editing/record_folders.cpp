@@ -27,7 +27,7 @@ bool fits(const std::string& name, const std::string& masks) {
 template <class Wanted>
 std::vector<Folder_entry> entries_of(const std::string& folder, Wanted wanted) {
     const std::string name = record_text(folder);
-    auto found = platform::list_folder(name);
+    auto found = platform::list_folder(name).entries;
     std::erase_if(found, [&](const platform::Folder_entry& entry) { return !wanted(entry); });
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
         const int order = TESK::compare_ignoring_case(a.name, b.name);

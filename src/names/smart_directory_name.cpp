@@ -30,13 +30,13 @@ bool is_folder_to_enter(const platform::Folder_entry& entry) {
 }
 
 // In an order that users know: the host's own is that of no human.
-std::vector<platform::Folder_entry> sorted_entries(const std::string& folder) {
-    std::vector<platform::Folder_entry> entries = platform::list_folder(folder);
-    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+platform::Folder_listing sorted_entries(const std::string& folder) {
+    platform::Folder_listing listing = platform::list_folder(folder);
+    std::sort(listing.entries.begin(), listing.entries.end(), [](const auto& a, const auto& b) {
         const int order = compare_ignoring_case(a.name, b.name);
         return order != 0 ? order < 0 : a.name < b.name;
     });
-    return entries;
+    return listing;
 }
 
 // The folders that a search has entered. It ends, as each of them is entered by a link only once, and what is
@@ -69,14 +69,17 @@ public:
     bool show_extension = false;
     const char* extension = nullptr;
 
-    // `relative_path` may be null.
-    void add_entries_of(const Directory_name& folder, const Directory_name* relative_path) {
-        for (const platform::Folder_entry& entry : sorted_entries(folder)) {
+    // `relative_path` may be null. False when this folder or one below could not be read.
+    bool add_entries_of(const Directory_name& folder, const Directory_name* relative_path) {
+        const platform::Folder_listing listing = sorted_entries(folder);
+        bool is_whole = listing.ok();
+        for (const platform::Folder_entry& entry : listing) {
             if (is_listed(entry))
                 add(entry, folder, relative_path);
             if (recurse && is_folder_to_enter(entry))
-                enter(entry, folder, relative_path);
+                is_whole = enter(entry, folder, relative_path) && is_whole;
         }
+        return is_whole;
     }
 
 private:
@@ -113,16 +116,16 @@ private:
             item.release();
     }
 
-    void enter(const platform::Folder_entry& entry, const Directory_name& folder,
+    bool enter(const platform::Folder_entry& entry, const Directory_name& folder,
                const Directory_name* relative_path) {
         Directory_name below("");
         folder.append_to(entry.name.c_str(), below);
         if (!entered_.may_enter(below, entry.is_link))
-            return;
+            return true;
         Directory_name relative_below(entry.name);
         if (relative_path != nullptr)
             relative_below.set_path(*relative_path);
-        add_entries_of(below, &relative_below);
+        return add_entries_of(below, &relative_below);
     }
 
     Container& out_;
@@ -217,8 +220,11 @@ bool Smart_directory_name::remove_tree(std::string& failures, bool keep_root) {
 }
 
 bool Smart_directory_name::remove_entries(std::string& failures, bool keep_folders) const {
-    bool all_deleted = true;
-    for (const platform::Folder_entry& entry : sorted_entries(*this)) {
+    const platform::Folder_listing listing = sorted_entries(*this);
+    bool all_deleted = listing.ok();
+    if (!all_deleted)
+        failures += '"' + std::string(get_name(true)) + "\", ";
+    for (const platform::Folder_entry& entry : listing) {
         if (is_folder(entry) && (entry.name.front() == '.' || (entry.is_link && keep_folders)))
             continue;
         if (is_folder(entry) && !entry.is_link) {
@@ -237,7 +243,7 @@ bool Smart_directory_name::remove_entries(std::string& failures, bool keep_folde
     return all_deleted;
 }
 
-void Smart_directory_name::list_entries(Container& out, bool recurse, bool qualified, bool with_extension,
+bool Smart_directory_name::list_entries(Container& out, bool recurse, bool qualified, bool with_extension,
                                         bool items_show_full_path, bool items_show_extension,
                                         std::uint8_t kind, const char* extension,
                                         const char* relative_path) const {
@@ -249,7 +255,7 @@ void Smart_directory_name::list_entries(Container& out, bool recurse, bool quali
     listing.show_extension = items_show_extension;
     listing.extension = extension;
     const Directory_name relative(relative_path);
-    listing.add_entries_of(*this, relative_path == nullptr ? nullptr : &relative);
+    return listing.add_entries_of(*this, relative_path == nullptr ? nullptr : &relative);
 }
 
 bool Smart_directory_name::find_file(const std::string& name, Smart_file_name& result) const {

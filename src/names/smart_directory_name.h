@@ -45,7 +45,8 @@ public:
 
     // Deletes the folder and all that is in it; with `keep_root` the files alone, and every folder stays.
     // Adds the name of each file that cannot be deleted to `failures`, as "name" with quotes, a comma and a
-    // blank. True if all files were deleted, and when the folder cannot be entered. A folder that holds a
+    // blank, and that of a folder whose files cannot be listed. True if all files were deleted, and when the
+    // folder cannot be entered. A folder that holds a
     // drive is refused.
     //
     // Folders that begin with a point stay, and so does what holds them. Without `keep_root`, links to
@@ -64,7 +65,8 @@ public:
     //   extension.
     // - kind: list_files or list_directories. Folders that begin with a point are left out.
     // - extension: when it is not null, only files with that extension are taken.
-    void list_entries(Container& out, bool recurse, bool qualified, bool with_extension,
+    // False when a folder could not be read: some of the names are missing then.
+    bool list_entries(Container& out, bool recurse, bool qualified, bool with_extension,
                       bool items_show_full_path, bool items_show_extension, std::uint8_t kind,
                       const char* extension, const char* relative_path) const;
 

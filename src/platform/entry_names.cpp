@@ -33,6 +33,7 @@ struct Listing {
     nanoseconds changed = 0;      // the folder's time of change that the listing belongs to
     nanoseconds unsure_since = 0; // the last change that was not our own
     nanoseconds read_at = 0;
+    int error = 0;       // why the folder could not be read to its end
     bool mended = false; // changed by ourselves so recently that someone else's change may hide behind it
     std::unordered_multimap<std::string, std::string> entries; // by folded name
 };
@@ -133,23 +134,24 @@ std::string folded_entry(const std::string& entry) {
     return folded(TESK::code_page_from_utf8(entry).value_or(entry));
 }
 
-std::unordered_multimap<std::string, std::string> read_entries(const std::string& folder) {
-    std::unordered_multimap<std::string, std::string> entries;
+void read_entries(const std::string& folder, Listing& listing) {
     Folder_stream stream(folder);
     while (const dirent* entry = stream.next())
         if (std::string host_name = entry->d_name; is_listable(host_name)) {
             std::string key = folded_entry(host_name);
-            entries.emplace(std::move(key), std::move(host_name));
+            listing.entries.emplace(std::move(key), std::move(host_name));
         }
-    return entries;
+    listing.error = stream.error();
 }
 
 bool is_usable(const Listing& listing, nanoseconds changed) {
-    return listing.changed == changed && listing.read_at - listing.unsure_since >= tick_of(changed) &&
+    return listing.error == 0 && listing.changed == changed &&
+           listing.read_at - listing.unsure_since >= tick_of(changed) &&
            (!listing.mended || now() - listing.read_at < longest_use_of_mended);
 }
 
 // The listing of the folder, read when what is remembered may not be true any more; null without a folder.
+// One that could not be read to its end is not used again.
 const Listing* listing_of(const std::string& folder) {
     struct stat state {};
     if (stat(folder.c_str(), &state) != 0 || !S_ISDIR(state.st_mode))
@@ -166,7 +168,7 @@ const Listing* listing_of(const std::string& folder) {
     listing.unsure_since =
         old != nullptr && old->changed == changed ? old->unsure_since : std::min(changed, listing.read_at);
     listing.mended = listing.read_at - changed < tick_of(changed);
-    listing.entries = read_entries(folder);
+    read_entries(folder, listing);
     return &memory().store(key, std::move(listing));
 }
 
@@ -255,8 +257,11 @@ std::optional<std::string> find_entry(const std::string& folder, std::string_vie
     return find_entry_ignoring_case(folder, name);
 }
 
-std::optional<std::string> find_entry_ignoring_case(const std::string& folder, std::string_view name) {
+std::optional<std::string> find_entry_ignoring_case(const std::string& folder, std::string_view name,
+                                                    int* error) {
     const Listing* listing = is_listable(name) ? listing_of(folder) : nullptr;
+    if (error != nullptr)
+        *error = listing != nullptr ? listing->error : 0;
     if (listing == nullptr)
         return std::nullopt;
     std::optional<std::string> first;

@@ -47,8 +47,10 @@ std::string name_of_entry(const std::string& folder, const std::string& entry);
 // when there is neither.
 std::optional<std::string> find_entry(const std::string& folder, std::string_view name);
 
-// The entry that differs from the name only in case, of several the first in byte order.
-std::optional<std::string> find_entry_ignoring_case(const std::string& folder, std::string_view name);
+// The entry that differs from the name only in case, of several the first in byte order. `error`, where it is
+// not null, becomes 0 or, when the folder could not be read to its end, the error number.
+std::optional<std::string> find_entry_ignoring_case(const std::string& folder, std::string_view name,
+                                                    int* error = nullptr);
 
 // What a new entry of the name is called on the host.
 std::string new_entry(std::string_view name);

@@ -64,22 +64,10 @@ Packed_time packed(const std::tm& time) {
 // Removes what an interrupted save left in a folder that has nothing else in it.
 void remove_unfinished_saves(const std::string& path) {
     const Host_handle folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    const std::vector<std::string> entries = entries_of(folder);
-    if (std::all_of(entries.begin(), entries.end(), is_unfinished_save))
-        for (const std::string& entry : entries)
-            unlinkat(folder.get(), entry.c_str(), 0);
-}
-
-bool remove_entry(int folder, const char* entry) {
-    if (unlinkat(folder, entry, 0) == 0 || errno == ENOENT)
-        return true;
-    if (errno != EISDIR && errno != EPERM)
-        return false;
-    if (const Host_handle below(openat(folder, entry, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        below.is_open())
-        for (const std::string& inner : entries_of(below))
-            remove_entry(below.get(), inner.c_str());
-    return unlinkat(folder, entry, AT_REMOVEDIR) == 0 || errno == ENOENT;
+    const Host_entries entries = entries_of(folder);
+    if (entries.error == 0 && std::all_of(entries.names.begin(), entries.names.end(), is_unfinished_save))
+        for (const std::string& entry : entries.names)
+            remove_host_entry(folder.get(), entry.c_str());
 }
 
 } // namespace
@@ -234,7 +222,7 @@ bool remove_tree(std::string_view name) {
         return means_absent(errno);
     const std::string entry = host_entry_of(path);
     Folder_change change(folder_path);
-    if (!remove_entry(folder.get(), entry.c_str()))
+    if (!remove_host_entry(folder.get(), entry.c_str()))
         return false;
     change.removed(entry);
     return true;

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -96,14 +97,29 @@ bool remove_folder(std::string_view name);
 bool remove_tree(std::string_view name);
 
 // Copies a file byte for byte, to a new file or over an old one, whole or not at all. A new file has the
-// permissions of the source, and write permission for its owner; an old one keeps its own. Not flushed to
-// disk.
+// permissions of the source, and write permission for its owner, and is not flushed to disk; an old one keeps
+// its own.
 Write_result copy_file(std::string_view from, std::string_view to);
 
+// What became of the copy of a folder; when it is not ok, the first failure.
+struct Copy_result : Write_result {
+    // Pipes, sockets and devices, which cannot be copied and do not make the copy fail. Names in the source.
+    std::vector<std::string> passed_over;
+    // The files and folders for which the copy failed: sources that cannot be read, or entries of the target
+    // that cannot be replaced.
+    std::vector<std::string> not_copied;
+    // After a failure, the files of the target that were replaced all the same: only on a file system on
+    // which two files cannot change places.
+    std::vector<std::string> replaced;
+};
+
 // Copies a folder and all that is below it into the folder `to`, which is made where it is missing; files
-// that are there already are replaced, other entries stay. Symbolic links are copied as links. Goes on after
-// a file that cannot be copied, unless the disk is full; the result is the first failure. A target inside the
-// source is refused before anything is made.
-Write_result copy_tree(std::string_view from, std::string_view to);
+// that are there already are replaced, other entries stay. Symbolic links are copied as links. All of it or
+// nothing: the copy is made aside and moved into place when it is whole, and taken away when that fails. What
+// cannot be read or replaced is looked for before. A target inside the source is refused.
+Copy_result copy_tree(std::string_view from, std::string_view to);
+
+// The names of the files and links in the folder `to` that copy_tree() would replace.
+std::vector<std::string> replaced_by_copy(std::string_view from, std::string_view to);
 
 } // namespace platform

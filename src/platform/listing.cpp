@@ -63,9 +63,8 @@ bool matches_mask(std::string_view name, std::string_view mask) {
            matches_wildcards(name, mask.substr(0, mask.size() - any_extension.size()));
 }
 
-std::vector<Folder_entry> list_folder(std::string_view folder, std::string_view mask,
-                                      Listed_attributes asked) {
-    std::vector<Folder_entry> result;
+Folder_listing list_folder(std::string_view folder, std::string_view mask, Listed_attributes asked) {
+    Folder_listing listing;
     const std::string path = host_path(folder);
     Folder_stream stream(path);
     while (const dirent* entry = stream.next()) {
@@ -78,10 +77,11 @@ std::vector<Folder_entry> list_folder(std::string_view folder, std::string_view 
         int bits = is_folder_entry(stream.descriptor(), *entry) ? attribute_directory : attribute_archive;
         if (asked == Listed_attributes::all && is_write_protected(stream.descriptor(), entry->d_name))
             bits |= attribute_read_only;
-        result.push_back(
+        listing.entries.push_back(
             {std::move(name), static_cast<std::uint8_t>(bits), is_link_entry(stream.descriptor(), *entry)});
     }
-    return result;
+    listing.result = write_result_from_errno(stream.error());
+    return listing;
 }
 
 } // namespace platform

@@ -36,7 +36,7 @@ bool ends_in_extension(std::string_view entry) {
 // The newest first.
 std::vector<Shortcut> shortcuts_in(const std::string& folder) {
     std::vector<Shortcut> shortcuts;
-    for (const std::string& entry : entries_of(open_to_read(folder))) {
+    for (const std::string& entry : entries_of(open_to_read(folder)).names) {
         Shortcut shortcut{join_host_path(folder, entry), "", {}};
         struct stat state {};
         if (!ends_in_extension(entry) || lstat(shortcut.path.c_str(), &state) != 0 || !S_ISLNK(state.st_mode))

@@ -1,6 +1,7 @@
 #include "platform/file_writer.h"
 
 #include "platform/files.h"
+#include "platform/interrupted_save.h"
 #include "platform/listing.h"
 #include "support/temporary_drives.h"
 
@@ -120,7 +121,11 @@ TEST_F(file_writer, a_fault_at_any_step_leaves_the_old_file_and_nothing_beside_i
     File_faults faults;
     faults.fail(Write_step::flush, EIO);
     faults.fail(Write_step::flush_folder, EIO);
-    EXPECT_TRUE(write_file("file", "quick", Durability::quick).ok());
+    // Only where there is nothing to lose the disk need not be waited for.
+    EXPECT_EQ(write_file("file", "quick", Durability::quick).error, Write_error::device_fault);
+    EXPECT_EQ(drives.read("file"), "old text");
+    EXPECT_TRUE(write_file("quick", "", Durability::quick).ok());
+    EXPECT_TRUE(write_file("quick", "quick", Durability::quick).ok());
     faults.clear();
     faults.fail(Write_step::flush_folder, EIO);
     EXPECT_EQ(write_file("file", "new text", Durability::durable).error, Write_error::device_fault);
@@ -170,4 +175,44 @@ TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their
     const std::size_t name = result.reason.find("Z:\\");
     ASSERT_NE(name, std::string::npos) << result.reason;
     EXPECT_EQ(read_file(result.reason.substr(name, result.reason.size() - name - 1)).contents, "old text");
+}
+
+TEST_F(file_writer, the_contents_before_an_interrupted_save_are_found_and_brought_back) {
+    fs::create_hard_link(drives.host("file"), drives.host("twin"));
+    drives.write("other", "other text");
+    EXPECT_FALSE(interrupted_save("file"));
+    const auto damage = [&] {
+        drives.write("file", "old text");
+        File_faults faults;
+        faults.fail(Write_step::write_in_place, EIO, 2);
+        faults.fail(Write_step::write_back, EIO, 1);
+        EXPECT_FALSE(write_file("file", "new", Durability::durable).ok());
+        EXPECT_EQ(drives.read("file"), "oed text");
+    };
+    const auto is_aside = [&](bool expected) {
+        EXPECT_EQ(interrupted_save("file").has_value(), expected);
+        EXPECT_EQ(entries_in(rescue_folder()), expected ? 2 : 0);
+    };
+    damage();
+    EXPECT_FALSE(interrupted_save("other"));
+    const auto save = interrupted_save("twin");
+    ASSERT_TRUE(save);
+    EXPECT_EQ(read_file(save->copy).contents, "old text");
+    EXPECT_TRUE(restore("twin", *save).ok());
+    EXPECT_EQ(drives.read("file"), "old text");
+    is_aside(false);
+
+    damage();
+    discard(*interrupted_save("file"));
+    is_aside(false);
+    // Whatever wrote it since: it is what the save was to write, or what there was before.
+    for (const char* whole : {"new", "old text"}) {
+        damage();
+        is_aside(true);
+        drives.write("file", whole);
+        is_aside(false);
+    }
+    // A copy without a record was not whole when the program was killed.
+    std::ofstream(rescue_folder() + "/file-0.copy") << "old";
+    is_aside(false);
 }

@@ -209,8 +209,61 @@ TEST_F(files, a_tree_is_copied_with_its_links_and_merged_into_what_is_there) {
     EXPECT_EQ(copy_tree("none", "x").error, Write_error::absent);
     EXPECT_EQ(copy_tree("from\\both", "x").error, Write_error::absent);
 
-    // What cannot be copied does not keep the rest back.
-    mkfifo(drives.host("from/a pipe").c_str(), 0600);
-    EXPECT_EQ(copy_tree("from", "third").error, Write_error::not_a_file);
-    EXPECT_EQ(drives.read("third/sub/\xFF"), "bytes");
+    // What has no copy is passed over and named.
+    mkfifo(drives.host("from/sub/a pipe").c_str(), 0600);
+    const Copy_result third = copy_tree("from", "third\\deep");
+    EXPECT_TRUE(third.ok());
+    EXPECT_EQ(third.passed_over, std::vector<std::string>{"C:\\from\\sub\\a pipe"});
+    EXPECT_EQ(drives.read("third/deep/sub/\xFF"), "bytes");
+}
+
+TEST_F(files, a_copy_of_a_tree_is_all_of_it_or_nothing) {
+    drives.write("from/a", "new a");
+    drives.write("from/B", "new b");
+    drives.write("from/sub/deep/c", "new c");
+    const auto make_target = [&] {
+        fs::remove_all(drives.host("none"));
+        fs::remove_all(drives.host("to"));
+        drives.write("to/b", "old b");
+        drives.write("to/sub/d", "d");
+    };
+    make_target();
+    EXPECT_EQ(replaced_by_copy("from", "to"), std::vector<std::string>{"C:\\to\\b"});
+    EXPECT_TRUE(replaced_by_copy("from", "none").empty());
+    const std::string before = picture("");
+    int failures = 0;
+    for (const std::string target : {"to", "none\\new"})
+        for (const int error : {ENOSPC, EIO, EACCES, EMFILE, EINTR}) {
+            bool has_failed = true;
+            for (std::size_t call = 1; has_failed; ++call) {
+                make_target();
+                File_faults faults;
+                faults.fail_call(call, error, 1);
+                const Copy_result result = copy_tree("from", target);
+                has_failed = faults.call_has_failed();
+                faults.clear();
+                // It may have been a short write, after which the rest was written.
+                if (result.ok()) {
+                    EXPECT_EQ(drives.read(target == "to" ? "to/b" : "none/new/B"), "new b");
+                    continue;
+                }
+                ++failures;
+                EXPECT_EQ(result.error, write_result_from_errno(error).error);
+                EXPECT_EQ(result.not_copied.size() + (result.reason.empty() ? 0 : 1), 2U) << call;
+                EXPECT_EQ(picture(""), before) << target << " call " << call;
+            }
+        }
+    EXPECT_GT(failures, 100);
+    make_target();
+    EXPECT_TRUE(copy_tree("from", "to").ok());
+    EXPECT_EQ(picture("to"), "a = new a\nb = new b\nsub\nsub/d = d\nsub/deep\nsub/deep/c = new c\n");
+
+    // A file that may not be replaced is found before anything is made.
+    fs::permissions(drives.host("to/a"), fs::perms(0444));
+    drives.write("from/a", "newer");
+    drives.write("from/B", "newer");
+    const Copy_result refused = copy_tree("from", "to");
+    EXPECT_EQ(refused.error, Write_error::read_only);
+    EXPECT_EQ(refused.not_copied, std::vector<std::string>{"C:\\to\\a"});
+    EXPECT_EQ(drives.read("to/b"), "new b");
 }

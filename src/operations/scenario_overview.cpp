@@ -72,9 +72,9 @@ bool comes_before(std::string_view a, std::string_view b) {
 
 std::vector<std::string> list_scenarios(const TESK::Directory_name& folder) {
     std::vector<std::string> names;
-    for (platform::Folder_entry& entry : platform::list_folder(folder, "*.tvn"))
+    for (const platform::Folder_entry& entry : platform::list_folder(folder, "*.tvn"))
         if ((entry.attributes & platform::attribute_directory) == 0)
-            names.push_back(std::move(entry.name));
+            names.push_back(entry.name);
     std::sort(names.begin(), names.end(), comes_before);
     return names;
 }

@@ -2,14 +2,15 @@
 
 #include "editing/bound_control.h"
 #include "foundation/code_page_1252.h"
+#include "platform/file_stream.h"
 #include "platform/file_writer.h"
-#include "platform/files.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
-constexpr std::size_t largest_companion = std::size_t{16} << 20;
+constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 
 bool is_ascii(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -51,36 +52,95 @@ std::string without_carriage_returns(const std::string& text) {
 
 std::string with_line_ends(const std::string& text) {
     std::string lines;
-    for (const char c : text)
-        lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    lines.reserve(text.size() + text.size() / 16);
+    for (const char c : text) {
+        if (c == '\n')
+            lines += '\r';
+        lines += c;
+    }
     return lines;
+}
+
+// The first lines of a file that is too long to be shown whole.
+std::string beginning_of(const std::string& file) {
+    platform::File_stream stream(file, false);
+    std::string text(Companion_text::largest_shown, '\0');
+    text.resize(stream.read(text.data(), text.size()));
+    const std::size_t end = text.rfind('\n');
+    if (end != std::string::npos)
+        text.resize(end + 1);
+    return text;
 }
 
 } // namespace
 
-Companion_text::Companion_text(TMemo& memo) : memo_(memo) {
-    set_encoding(false);
+TESK::Smart_file_name Companion_text::name(bool create_folder) const {
+    TESK::Smart_file_name file;
+    (record_.folder(create_folder).*get_name_)(file, false);
+    return file;
 }
 
-void Companion_text::set_encoding(bool is_utf8) {
-    is_utf8_ = is_utf8;
-    memo_.input_filter = is_utf8 ? nullptr : std::function<std::string(const std::string&)>(typable_text);
+void Companion_text::show_anew() {
+    if (!modified())
+        load();
 }
 
-void Companion_text::load(const TESK::Smart_file_name& file) {
-    const platform::Read_result read = platform::read_file(file, largest_companion);
-    set_encoding(!is_ascii(read.contents) && is_well_formed(read.contents));
-    const std::string text = without_carriage_returns(read.contents);
-    memo_.set_read_only(!read.ok() && read.outcome != platform::Read_outcome::absent);
-    memo_.set_text(is_utf8_ ? text : screen_text(text));
+void Companion_text::load() {
+    const TESK::Smart_file_name file = name();
+    platform::Read_result read = platform::read_file(file, largest_shown);
+    known_.take(read);
+    is_cut_ = read.outcome == platform::Read_outcome::too_large;
+    if (is_cut_)
+        read.contents = beginning_of(file);
+    std::string text = without_carriage_returns(read.contents);
+    encoding_ = Encoding::code_page;
+    if (!is_ascii(text) && is_well_formed(text)) {
+        const bool has_mark = text.starts_with(utf8_mark);
+        encoding_ = has_mark ? Encoding::utf8_with_mark : Encoding::utf8;
+        text.erase(0, has_mark ? utf8_mark.size() : 0);
+    }
+    const bool is_text = text.find('\0') == std::string::npos;
+    const bool is_whole = read.ok() || read.outcome == platform::Read_outcome::absent;
+    memo_.set_read_only(!is_text || !is_whole);
+    memo_.set_text(encoding_ == Encoding::code_page ? screen_text(text) : text);
     memo_.set_modified(false);
 }
 
-platform::Write_result Companion_text::save(const TESK::Smart_file_name& file) {
-    const std::string text = with_line_ends(memo_.text());
+platform::Write_result Companion_text::write() {
+    std::string text = with_line_ends(memo_.text());
+    Encoding encoding = encoding_;
+    if (encoding == Encoding::code_page) {
+        if (const auto bytes = TESK::code_page_from_utf8(text))
+            text = *bytes;
+        else
+            encoding = Encoding::utf8_with_mark;
+    }
+    if (encoding == Encoding::utf8_with_mark)
+        text.insert(0, utf8_mark);
     const platform::Write_result result =
-        platform::write_file(file, is_utf8_ ? text : record_text(text), platform::Durability::durable);
-    if (result.ok())
+        platform::write_file(name(true), text, platform::Durability::durable);
+    if (result.ok()) {
+        encoding_ = encoding;
+        known_.take({platform::Read_outcome::read, text});
         memo_.set_modified(false);
+    }
     return result;
+}
+
+Save_outcome Companion_text::save() {
+    if (!modified())
+        return Save_outcome::saved;
+    if (known_.compare(name()) == Known_contents::Comparison::changed) {
+        const Conflict_answer answer = ask_about_conflict(name());
+        if (answer == Conflict_answer::load)
+            load();
+        if (answer != Conflict_answer::overwrite)
+            return Save_outcome::aborted;
+    }
+    while (!write().ok()) {
+        const Save_outcome answer = ask_after_failed_save();
+        if (answer != Save_outcome::saved)
+            return answer;
+    }
+    return Save_outcome::saved;
 }

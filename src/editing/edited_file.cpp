@@ -40,6 +40,18 @@ Save_outcome ask_after_failed_save() {
     }
 }
 
+Conflict_answer ask_about_conflict(const std::string& file_name) {
+    const std::string text =
+        "Another program has changed this file since it was opened:\n" + screen_text(file_name) +
+        "\nReplace it by what is shown here? ([No] loads what is there, and gives up what "
+        "was changed here)";
+    switch (message_box(text, "File changed on disk", Button_set::yes_no_cancel)) {
+    case Modal_result::yes: return Conflict_answer::overwrite;
+    case Modal_result::no: return Conflict_answer::load;
+    default: return Conflict_answer::stay;
+    }
+}
+
 // ---- the name
 
 void Edited_file::bind(Common_parameters_data_record& parameters, TESK::Filtered_file_name* name,
@@ -53,6 +65,7 @@ void Edited_file::bind(Common_parameters_data_record& parameters, TESK::Filtered
             std::make_unique<TESK::Filtered_file_name>("", "DAT", parameters_->get_type_description(), "*.*");
         name_ = own_name_.get();
     }
+    text_when_bound_ = text_of_record();
     std::string extension;
     std::string filter;
     dialog.title = "Save " + screen_text(parameters_->get_type_description()) + " as";
@@ -158,22 +171,34 @@ bool Edited_file::has_folder() const {
            folder(false).exists();
 }
 
-void Edited_file::back_up() const {
+platform::Write_result Edited_file::back_up() const {
     if (is_new_file_ || !has_folder())
-        return;
+        return {};
     TESK::Smart_file_name backup;
     folder(false).get_backup_filename(backup, false);
-    if (platform::entry_identity(backup) != platform::entry_identity(*name_))
-        platform::copy_file(*name_, backup);
+    if (platform::entry_identity(backup) == platform::entry_identity(*name_))
+        return {};
+    return platform::copy_file(*name_, backup);
 }
 
 // ---- loading and saving
 
 void Edited_file::load() {
+    is_outdated_ = false;
+    if (!is_given_)
+        return;
+    const std::string before = text_of_record();
+    // First: what changes while the record is read counts as changed.
+    known_.take(*name_);
+    TESK::VV_text(text_when_bound_).get(*parameters_);
+    const bool was_read = TESK::VV_file(name_->c_str()).get(*parameters_);
+    if (!was_read)
+        TESK::VV_text(before).get(*parameters_);
     // A loaded record knows its file; what could not be read must not be taken for a new one.
-    could_not_read_ = is_given_ && !TESK::VV_file(name_->c_str()).get(*parameters_) && name_->exists();
+    could_not_read_ = !was_read && name_->exists();
     if (could_not_read_)
         parameters_->set_loaded_from(*name_);
+    text_in_file_ = saved_text_ = text_of_record();
 }
 
 std::string Edited_file::text_of_record() const {
@@ -211,8 +236,9 @@ bool Edited_file::holds_unseen(const std::string& name) const {
     return (could_not_read_ || is_new_file_) && TESK::equal_ignoring_case(name, *name_);
 }
 
-// Takes the record's folder along to another name. False when it could not be copied whole.
-bool Edited_file::let_folder_follow(const std::string& old_name, const std::string& new_name) const {
+// Takes the record's folder along to another name, and with it the files that the record names. False when
+// it could not be copied whole.
+bool Edited_file::let_folder_follow(const std::string& old_name, const std::string& new_name) {
     const Directory_mode mode = parameters_->get_directory_mode();
     const TESK::Directory_name old_folder = folder_that_follows(old_name, mode);
     const TESK::Directory_name new_folder = folder_that_follows(new_name, mode);
@@ -222,7 +248,10 @@ bool Edited_file::let_folder_follow(const std::string& old_name, const std::stri
     if (copied.error == platform::Write_error::into_itself)
         return true;
     TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();
-    return copied.ok();
+    if (!copied.ok())
+        return false;
+    moved_names_ = std::make_unique<TESK::Moved_file_names>(*parameters_, old_folder, new_folder);
+    return true;
 }
 
 Save_outcome Edited_file::write_to(const std::string& name) {
@@ -247,11 +276,44 @@ Save_outcome Edited_file::write_to(const std::string& name) {
     }
 }
 
+// What nobody has changed since it was read is not written: not over what another program has made of it,
+// nor over itself.
+Save_outcome Edited_file::write_where_needed(const std::string& name) {
+    const bool is_known = !is_new_file_ && !could_not_read_ && TESK::equal_ignoring_case(name, *name_);
+    const auto found = is_known ? known_.compare(name) : Known_contents::Comparison::gone;
+    if (found == Known_contents::Comparison::changed) {
+        if (!has_changes()) {
+            is_outdated_ = true;
+            return Save_outcome::saved;
+        }
+        const Conflict_answer answer = ask_about_conflict(name);
+        if (answer == Conflict_answer::load && on_reload)
+            on_reload();
+        if (answer != Conflict_answer::overwrite)
+            return Save_outcome::aborted;
+    } else if (found == Known_contents::Comparison::same && text_of_record() == text_in_file_) {
+        return Save_outcome::saved;
+    }
+    const Save_outcome outcome = write_to(name);
+    if (outcome == Save_outcome::saved)
+        note_saved(name);
+    else if (moved_names_)
+        moved_names_->undo();
+    moved_names_.reset();
+    return outcome;
+}
+
+void Edited_file::note_saved(const std::string& name) {
+    known_.take(name);
+    is_outdated_ = false;
+    text_in_file_ = saved_text_ = text_of_record();
+}
+
 Save_outcome Edited_file::save() {
     std::string name;
     if (!prepare_filename(name))
         return Save_outcome::aborted;
-    const Save_outcome outcome = write_to(name);
+    const Save_outcome outcome = write_where_needed(name);
     if (outcome != Save_outcome::saved)
         return outcome;
     const bool moved = is_new_file_ || !TESK::equal_ignoring_case(name, *name_);
@@ -260,7 +322,6 @@ Save_outcome Edited_file::save() {
     agreed_to_replace_.clear();
     is_given_ = true;
     *name_ = name;
-    take_for_saved();
     if (moved && on_moved) {
         on_moved();
         take_for_saved();

@@ -2,8 +2,10 @@
 // goes along when the name changes. What has to be asked, it asks.
 #pragma once
 
+#include "editing/known_contents.h"
 #include "names/filtered_file_name.h"
 #include "records/common_parameters.h"
+#include "records/moved_file_names.h"
 #include "toolkit/dialogs.h"
 #include "trees/common_parameters_directory.h"
 
@@ -22,6 +24,10 @@ enum class Save_outcome {
 
 // Asks what is to become of a save that failed: saved stands for "try again".
 Save_outcome ask_after_failed_save();
+
+// What is to become of a file that was changed here and by another program as well.
+enum class Conflict_answer { overwrite, load, stay };
+Conflict_answer ask_about_conflict(const std::string& file_name);
 
 class Edited_file {
 public:
@@ -50,16 +56,22 @@ public:
     TESK::Common_parameters_directory folder(bool create) const;
     bool has_folder() const;
     // Keeps the file as it stands in the record's folder, where there is one.
-    void back_up() const;
+    platform::Write_result back_up() const;
 
-    // Reads the record. A file that is not there leaves the record as it is.
+    // Reads the record: the file's values, and where it has none those that the record had when it was bound.
     void load();
-    // Takes the record as it is now for what is on the disk.
+    // Takes the record as it is now for one that nobody has changed.
     void take_for_saved() { saved_text_ = text_of_record(); }
-    bool has_changes() { return text_of_record() != saved_text_; }
+    bool has_changes() const { return text_of_record() != saved_text_; }
+    // Whether another program has changed the file, as a save has seen, while nothing was changed here: what
+    // is on the screen is no longer what is in the file.
+    bool is_outdated() const { return is_outdated_; }
 
     // Writes the record under the name that the dialog holds, which is asked for when there is none. The
-    // folder follows a change of name. While the disk cannot be reached the user is asked.
+    // folder follows a change of name, and names of files in it follow the folder. A file that holds the
+    // record already is not written again. While the disk cannot be reached the user is asked, and so they
+    // are when another program has changed the file as well; what they choose to load is on the screen then,
+    // and the answer is aborted.
     Save_outcome save();
     // Asks for another name, which the dialog then holds. False, and nothing changed, when there is none or
     // its file must not be replaced.
@@ -67,6 +79,8 @@ public:
 
     // The file has come into being by a save, or has been saved under another name.
     std::function<void()> on_moved;
+    // Has the record read anew and shown.
+    std::function<void()> on_reload;
 
     TFileDialog dialog;
 
@@ -78,8 +92,10 @@ private:
     bool prepare_filename(std::string& name);
     bool may_replace(const std::string& name);
     bool holds_unseen(const std::string& name) const;
-    bool let_folder_follow(const std::string& old_name, const std::string& new_name) const;
+    bool let_folder_follow(const std::string& old_name, const std::string& new_name);
     Save_outcome write_to(const std::string& name);
+    Save_outcome write_where_needed(const std::string& name);
+    void note_saved(const std::string& name);
     std::string text_of_record() const;
 
     Common_parameters_data_record* parameters_ = nullptr;
@@ -89,5 +105,10 @@ private:
     bool is_new_file_ = false;
     bool could_not_read_ = false;   // the file is there, and its contents are not in the record
     std::string agreed_to_replace_; // the name that the user lets the next save replace
-    std::string saved_text_;        // the record as it is on the disk, or was when it was loaded
+    bool is_outdated_ = false;
+    std::string text_when_bound_;
+    std::string text_in_file_; // the record as it was when it was read or written
+    std::string saved_text_;   // the same, as the editor has put it in order since
+    Known_contents known_;
+    std::unique_ptr<TESK::Moved_file_names> moved_names_; // by the save that is under way
 };

@@ -30,3 +30,10 @@ inline TButton& add_button(TControl& parent, const char* name, const char* capti
 inline TLabel& add_note(TControl& parent, const char* name, const char* text) {
     return parent.add<TLabel>(name, text, true);
 }
+
+// As wide as its caption.
+inline void keep_narrow(TButton& button) {
+    Place place = button.place();
+    place.align = Align::start;
+    button.set_place(place);
+}

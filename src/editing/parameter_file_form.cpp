@@ -44,13 +44,15 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
                                         "Show the folder of this file in the file manager.")),
       button_app_explore(add_button(*ok_button.parent(), "button_app_explore", "Explore",
                                     "Show the folder of this file in the explorer of the suite.")),
-      sheets_(page_control_parameters_etc), companions(file, sheets_.details, sheets_.notes, sheets_.status),
+      status_line(add<TLabel>("status_line")), sheets_(page_control_parameters_etc),
+      details(file, sheets_.details), notes(file, sheets_.notes, sheets_.status),
       documentation(program_file, sheets_.help), programs(sheets_.commands),
       language(sheets_.translation, settings_) {
     checkbox_advanced_mode.set_hint(
         "Show advanced parameters and are normally not displayed and are intended "
         "for experienced users.");
     run_button.set_visible(false);
+    status_line.set_text_is_data(true);
     set_bounds(usual_bounds);
     wire();
 }
@@ -61,9 +63,16 @@ void Tparameter_file_form::wire() {
     on_key = [this](const Key& key) { return key.code == Key_code::enter && focus_next(); };
     on_close_query = [this] { return may_close(); };
     ok_button.on_click = [this] { ok_button_onclick(); };
-    cancel_button.on_click = [this] { close_with(Modal_result::cancel); };
-    save_as_button.on_click = [this] { save_as(); };
-    run_button.on_click = [this] { run_on_file(run_program.c_str(), nullptr, nullptr, false, show_normal); };
+    cancel_button.on_click = [this] { cancel_button_onclick(); };
+    save_as_button.on_click = [this] {
+        if (save_as() == Save_outcome::saved)
+            save_companions();
+    };
+    run_button.on_click = [this] {
+        // A copy: the save may have the editor offer another program.
+        const std::string program = run_program;
+        run_on_file(program.c_str(), nullptr, nullptr, false, show_normal);
+    };
     button_windows_explore.on_click = [this] { file.folder(false).explore(false); };
     button_app_explore.on_click = [this] { button_app_exploreClick(); };
     file.on_moved = [this] {
@@ -71,11 +80,13 @@ void Tparameter_file_form::wire() {
         if (parameter_form != nullptr)
             parameter_form->Update();
     };
-    companions.edit_as_text = [this](const std::string& text_file) {
+    file.on_reload = [this] { reload(); };
+    details.edit_as_text = notes.edit_as_text = [this](const std::string& text_file) {
         run("notepad.exe", nullptr, text_file.c_str(), nullptr, false, show_normal);
     };
     documentation.on_new_texts = [this] { language.translate_new_texts(); };
-    timer_title_.on_timer = [this] { update_title(); };
+    timer_title_.on_timer = [this] { look_for_changes(); };
+    timer_title_.follow_user_actions();
 }
 
 // ---- binding
@@ -95,14 +106,15 @@ bool Tparameter_file_form::bind_to(const Editor& editor) {
         return false;
     load();
     edit_description.bind_to(&parameters->description, nullptr);
-    companions.bind(*parameters);
+    details.bind(*parameters);
     checkbox_advanced_mode.bind_to(&settings_.advanced, nullptr);
-    file.back_up();
+    const platform::Write_result backup = file.back_up();
     update_folder_controls();
     documentation.update_documentation_buttons();
     file.take_for_saved();
     update_title();
-    timer_title_.set_enabled(true);
+    if (!backup.ok())
+        notice("This file could not be backed up: " + backup.reason);
     return true;
 }
 
@@ -125,17 +137,47 @@ void Tparameter_file_form::update_folder_controls() {
     button_windows_explore.set_visible(there && !file.is_new_file());
     button_app_explore.set_visible(there && !file.is_new_file());
     checkbox_advanced_mode.set_enabled(parameters->get_directory_mode() != Directory_mode::file_folder);
-    companions.show_folder(there);
+    notes.show_folder(there);
+    details.show_folder(there);
 }
 
 void Tparameter_file_form::load() {
     file.load();
     apply_settings();
+    show_record();
+}
+
+void Tparameter_file_form::show_record() {
     if (parameter_form != nullptr)
         parameter_form->Update();
     edit_description.Update();
-    companions.edit_details_URL.Update();
+    details.edit_details_URL.Update();
     file.take_for_saved();
+}
+
+void Tparameter_file_form::reload() {
+    file.load();
+    show_record();
+    update_folder_controls();
+    update_title();
+    notice("Another program has changed this file: it has been loaded again");
+}
+
+// Whatever a user has done, and what other programs have.
+void Tparameter_file_form::look_for_changes() {
+    if (parameters == nullptr)
+        return;
+    const TControl* const focused = focused_control();
+    const bool is_typing = focused != nullptr && (focused->kind() == Control_kind::edit) &&
+                           static_cast<const TCustomEdit*>(focused)->modified();
+    if (file.is_outdated() && !has_changes() && !is_typing)
+        reload();
+    else
+        update_title();
+}
+
+void Tparameter_file_form::notice(const std::string& text) {
+    status_line.set_text(text);
 }
 
 void Tparameter_file_form::apply_settings() {
@@ -146,10 +188,6 @@ void Tparameter_file_form::apply_settings() {
         set_bounds({settings_.left, settings_.top, settings_.width, settings_.height});
     checkbox_advanced_mode.Update();
     language.apply_settings();
-}
-
-bool Tparameter_file_form::has_changes() {
-    return companions.has_changes() || file.has_changes();
 }
 
 // ---- saving
@@ -200,12 +238,14 @@ Save_outcome Tparameter_file_form::save_as() {
     return outcome;
 }
 
-// The record, by "Save as" where it has no name, and its companions.
 Save_outcome Tparameter_file_form::save_all() {
     const Save_outcome saved = file.dialog.file_name.empty() ? save_as() : save();
-    if (saved == Save_outcome::aborted || companions.save() == Save_outcome::aborted)
-        return Save_outcome::aborted;
-    return Save_outcome::saved;
+    return saved == Save_outcome::aborted ? saved : save_companions();
+}
+
+Save_outcome Tparameter_file_form::save_companions() {
+    const Save_outcome saved = notes.save();
+    return saved == Save_outcome::aborted ? saved : details.save();
 }
 
 // ---- closing
@@ -215,6 +255,11 @@ void Tparameter_file_form::ok_button_onclick() {
         close_with(Modal_result::ok);
 }
 
+void Tparameter_file_form::cancel_button_onclick() {
+    if (may_close())
+        close_with(Modal_result::cancel);
+}
+
 void Tparameter_file_form::close_with(Modal_result result) {
     asks_before_closing_ = false;
     set_modal_result(result);
@@ -222,7 +267,7 @@ void Tparameter_file_form::close_with(Modal_result result) {
     asks_before_closing_ = true;
 }
 
-// The window is closed by its frame: as Cancel does, but nothing is thrown away unasked.
+// The window is left without "Save/Close": nothing is thrown away unasked.
 bool Tparameter_file_form::may_close() {
     if (!asks_before_closing_ || parameters == nullptr || !has_changes())
         return true;

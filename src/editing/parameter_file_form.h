@@ -6,10 +6,11 @@
 
 #include "editing/auto_choices.h"
 #include "editing/auto_edits.h"
-#include "editing/companions.h"
+#include "editing/details_page.h"
 #include "editing/documentation_page.h"
 #include "editing/edited_file.h"
 #include "editing/language_page.h"
+#include "editing/notes_pages.h"
 #include "editing/program_starter.h"
 #include "editing/recent_file_selector_form.h"
 #include "toolkit/timer.h"
@@ -75,8 +76,14 @@ public:
     // Reads the record and the user's settings, and has the editor show them. A file that is not there leaves
     // the record's defaults.
     void load();
-    // Whether the record or a companion differs from what is on the disk.
-    bool has_changes();
+    // Whether the record or a companion was changed and not saved.
+    bool has_changes() const { return file.has_changes() || notes.has_changes() || details.has_changes(); }
+    // The record, under a name that is asked for where it has none, and its companions.
+    Save_outcome save_all();
+
+    // Says at the bottom of the window what was just done or could not be; it stays until the next notice.
+    // Empty says nothing.
+    void notice(const std::string& text);
 
     // Saves, then starts a program: "program" options "file" "extra". Null leaves out options or extra. With
     // `wait` it ends when the program has ended. True when the program was started; false, too, when the user
@@ -101,6 +108,7 @@ public:
     TAutoCheckBox& checkbox_advanced_mode;
     TButton& button_windows_explore;
     TButton& button_app_explore;
+    TLabel& status_line;
 
 private:
     // The pages of the rooms, in their order on the screen; they stand here since rooms share the page
@@ -120,7 +128,8 @@ private:
 
 public:
     Edited_file file;
-    Companions companions;
+    Details_page details;
+    Notes_pages notes;
     Documentation_page documentation;
     Program_starter programs;
     Language_page language;
@@ -129,12 +138,16 @@ private:
     void wire();
     void update_title();
     void update_folder_controls();
+    Save_outcome save_companions();
     bool commit_focus();
     void keep_geometry();
     void apply_settings();
-    Save_outcome save_all();
+    void show_record();
+    void reload();
+    void look_for_changes();
 
     bool may_close();
+    void cancel_button_onclick();
     void close_with(Modal_result result);
     void ok_button_onclick();
     void button_app_exploreClick();

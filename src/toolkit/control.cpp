@@ -1,6 +1,7 @@
 #include "toolkit/control.h"
 
 #include "toolkit/desktop.h"
+#include "toolkit/timer.h"
 
 #include <algorithm>
 
@@ -220,6 +221,7 @@ bool TControl::in_reach() const {
 bool TControl::begin_action() {
     if (!in_reach())
         return false;
+    TTimer::user_acted();
     if (takes_focus_)
         focus();
     // What the focus left may have hidden or disabled this control.
@@ -255,6 +257,7 @@ bool TControl::accepts_files() const {
 bool TControl::drop_files(const std::vector<std::string>& names) {
     if (!in_reach() || names.empty())
         return false;
+    TTimer::user_acted();
     if (on_drop_files) {
         on_drop_files(names);
         return true;

@@ -2,6 +2,7 @@
 
 #include "toolkit/button.h"
 #include "toolkit/desktop.h"
+#include "toolkit/timer.h"
 
 #include <algorithm>
 
@@ -95,6 +96,7 @@ bool TForm::move_focus(TControl* target) {
     TControl* const source = focused_;
     if (source == target)
         return true;
+    TTimer::user_acted();
     focused_ = target;
     for (TControl* left = source; left && left != this && !is_within(target, left); left = left->parent())
         left->do_exit();

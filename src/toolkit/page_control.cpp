@@ -19,9 +19,13 @@ bool TPageControl::can_show(const TControl& page) const {
 }
 
 void TPageControl::activate(TTabSheet* page) {
+    TTabSheet* const left = active_page_;
     if (!assign(active_page_, page, Aspect::page))
         return;
     give_up_lost_focus();
+    // A page that goes because it was hidden, or is on its way out, is not left by the user.
+    if (left && can_show(*left) && left->on_hide)
+        left->on_hide();
     if (page && page->on_show)
         page->on_show();
 }

@@ -9,6 +9,7 @@ public:
         : TContainer(Control_kind::tab_sheet, std::move(name), std::move(text), layout, columns) {}
 
     std::function<void()> on_show; // the page came to the front, whoever brought it there
+    std::function<void()> on_hide; // another page came to the front instead, and what had the focus is left
 };
 
 // Its children are its pages.

@@ -2,6 +2,19 @@
 
 #include "toolkit/desktop.h"
 
+#include <vector>
+
+namespace {
+
+std::vector<TTimer*> followers; // the timers that follow what users do
+
+} // namespace
+
+TTimer::~TTimer() {
+    set_enabled(false);
+    std::erase(followers, this);
+}
+
 void TTimer::set_enabled(bool enabled) {
     if (enabled == enabled_)
         return;
@@ -14,8 +27,23 @@ void TTimer::set_enabled(bool enabled) {
     }
 }
 
-void TTimer::fire() const {
+void TTimer::follow_user_actions() {
+    if (!follows_actions_)
+        followers.push_back(this);
+    follows_actions_ = true;
+}
+
+void TTimer::user_acted() {
+    for (TTimer* const timer : followers)
+        timer->set_enabled(true);
+}
+
+void TTimer::fire() {
     const bool held = current_desktop && current_desktop->holds_input();
-    if (enabled_ && !held && on_timer)
+    if (!enabled_ || held)
+        return;
+    if (follows_actions_)
+        set_enabled(false);
+    if (on_timer)
         on_timer();
 }

@@ -360,6 +360,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
 
     form.senerios_select_all_button_onclick();
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_read);
+    record->STATSGO_path = "C:\\soils"; // something to save
     expect_batch(Modal_result::ok);
     desktop.expect_message(
         "Unable to save", "Unable to save to parameter file (check that the file is not marked as read only)",

@@ -238,6 +238,7 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
     desktop.closing = false;
 
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_read);
+    record->STATSGO_path = "C:\\soils"; // something to save
     const auto expect_failure = [this] {
         desktop.expect_message(
             "Unable to save",

@@ -1,0 +1,126 @@
+#include "editing/details_page.h"
+
+#include "platform/file_stream.h"
+#include "platform/file_writer.h"
+
+namespace {
+
+constexpr const char* html_file = "<HTML>\r\n</HTML>\r\n";
+// A view lays out the whole of a page before it shows any of it.
+constexpr std::int64_t largest_page = std::int64_t{1} << 20; // bytes
+
+} // namespace
+
+Details_page::Details_page(Edited_file& file, TTabSheet& sheet)
+    : tabsheet_details(sheet), details_pagecontrol(fill(sheet.add<TPageControl>("details_pagecontrol"))),
+      tabsheet_view_details(details_pagecontrol.add<TTabSheet>("tabsheet_view_details", "Details")),
+      tabsheet_edit_details(details_pagecontrol.add<TTabSheet>("tabsheet_edit_details", "Edit details")),
+      tabsheet_external_editor(
+          details_pagecontrol.add<TTabSheet>("tabsheet_external_editor", "External editor")),
+      edit_details_URL([this]() -> TAutoStringEdit& {
+          TPanel& row = add_row(tabsheet_view_details, "panel_details_URL");
+          row.add<TLabel>("label_details_URL", "Page on the web").set_names_next(true);
+          return fill(row.add<TAutoStringEdit>("edit_details_URL"));
+      }()),
+      button_reload_details(add_button(*edit_details_URL.parent(), "button_reload_details", "Reload",
+                                       "Show the page again, as it is now.")),
+      button_local_details(add_button(*edit_details_URL.parent(), "button_local_details", "Local page",
+                                      "Forget the page on the web, and show the page beside the file.")),
+      long_page_note(tabsheet_view_details, "long_page_note",
+                     "This page is too long to be shown here. The browser shows it.", "Open in browser"),
+      details_html_viewer(fill(tabsheet_view_details.add<TWebView>("details_html_viewer"))),
+      long_details_note(tabsheet_edit_details, "long_details_note", cut_text_note, "Edit as text"),
+      details_edit_memo(fill(tabsheet_edit_details.add<TMemo>("details_edit_memo"))),
+      button_edit_details_HTML(
+          add_button(tabsheet_external_editor, "button_edit_details_HTML", "Edit as page",
+                     "Edit the details with the editor of your desktop. The HTM file type must be associated "
+                     "with an editor.")),
+      button_edit_details_text(
+          add_button(tabsheet_external_editor, "button_edit_details_text", "Edit as text",
+                     "Edit the source of the details with a text editor. The HTM file type must be "
+                     "associated with an editor for the other button.")),
+      text_(file, &TESK::Common_parameters_directory::get_details_filename, details_edit_memo) {
+    details_edit_memo.set_fixed_pitch(true);
+    keep_narrow(button_edit_details_HTML);
+    keep_narrow(button_edit_details_text);
+    wire();
+}
+
+void Details_page::wire() {
+    button_reload_details.on_click = [this] { reload_details(); };
+    button_local_details.on_click = [this] { button_local_detailsClick(); };
+    button_edit_details_HTML.on_click = [this] { button_edit_details_HTMLClick(); };
+    button_edit_details_text.on_click = [this] { button_edit_details_textClick(); };
+    long_details_note.on_open = [this] { button_edit_details_textClick(); };
+    long_page_note.on_open = [this] { text_.name().open(); };
+    tabsheet_details.on_show = [this] { show_text(); };
+    tabsheet_edit_details.on_show = [this] {
+        show_text();
+        if (!parameters_->details_URL.empty())
+            show_local_page();
+    };
+    tabsheet_details.on_hide = tabsheet_edit_details.on_hide = [this] { save(); };
+}
+
+void Details_page::bind(Common_parameters_data_record& parameters) {
+    parameters_ = &parameters;
+    edit_details_URL.bind_to(&parameters.details_URL, nullptr);
+}
+
+void Details_page::show_folder(bool there) {
+    tabsheet_details.set_visible(there);
+    if (there)
+        reload_details();
+}
+
+Save_outcome Details_page::save() {
+    if (!text_.modified())
+        return Save_outcome::saved;
+    const Save_outcome outcome = text_.save();
+    reload_details();
+    return outcome;
+}
+
+void Details_page::show_text() {
+    text_.show_anew();
+    long_details_note.panel.set_visible(text_.is_cut());
+}
+
+// The page beside the record, and over it the one on the web.
+void Details_page::reload_details() {
+    show_local_page();
+    if (!parameters_->details_URL.empty()) {
+        long_page_note.panel.set_visible(false);
+        details_html_viewer.navigate(screen_text(parameters_->details_URL));
+    }
+}
+
+void Details_page::show_local_page() {
+    const TESK::Smart_file_name page = text_.name();
+    const bool is_long = platform::File_stream(page, false).size() > largest_page;
+    long_page_note.panel.set_visible(is_long);
+    details_html_viewer.navigate(page.exists() && !is_long ? screen_text(page) : "");
+}
+
+// Makes an empty page where there is none. False when that cannot be.
+bool Details_page::make_file() const {
+    const TESK::Smart_file_name page = text_.name(true);
+    return page.exists() || platform::write_file(page, html_file, platform::Durability::durable).ok();
+}
+
+void Details_page::button_edit_details_HTMLClick() {
+    if (make_file())
+        text_.name().edit();
+}
+
+void Details_page::button_edit_details_textClick() {
+    if (make_file())
+        edit_as_text(text_.name());
+}
+
+void Details_page::button_local_detailsClick() {
+    parameters_->details_URL = "";
+    edit_details_URL.Update();
+    reload_details();
+    details_pagecontrol.set_active_page(tabsheet_view_details);
+}

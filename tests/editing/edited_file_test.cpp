@@ -1,0 +1,257 @@
+#include "frame_support.h"
+
+namespace {
+
+using Edited_file_test = Parameter_file_form;
+
+TEST_F(Edited_file_test, a_save_that_fails_asks_until_the_cause_is_gone_or_the_user_gives_up) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    const std::string before = saved("work/study.tvp");
+    describe("full");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_message("Unable to save", unable, Modal_result::retry);
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.ok_button.click());
+        EXPECT_TRUE(form.visible());
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_FALSE(form.run("C:\\p.exe", nullptr, "x", nullptr, false, show_normal));
+        EXPECT_EQ(launcher.started, "");
+        desktop.expect_message("Unable to save", unable, Modal_result::ignore);
+        EXPECT_TRUE(form.run("C:\\p.exe", nullptr, "x", nullptr, false, show_normal));
+    }
+    EXPECT_EQ(saved("work/study.tvp"), before);
+    EXPECT_TRUE(form.has_changes());
+    const auto file = drives.host("work/study.tvp");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    desktop.expect_message("Unable to save", unable, Modal_result::ignore);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_FALSE(form.visible());
+    EXPECT_EQ(saved("work/study.tvp"), before);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_TRUE(has_line("work/study.tvp", "description=full"));
+}
+
+TEST_F(Edited_file_test, under_a_new_name_the_folder_follows_once_and_nothing_goes_away) {
+    drives.write("work/study/Scenarios/a.tvn", "[x]\r\n");
+    drives.write("work/study/notes.txt", "old");
+    struct Case {
+        std::string chosen;
+        std::string folder;
+    };
+    const Case cases[] = {
+        {"C:\\work\\second.tvp", "work/second"},
+        {"C:\\other\\place\\.TVS_project", "other/place"},
+    };
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    for (const Case& c : cases) {
+        desktop.expect_file_dialog(save_title, {c.chosen});
+        EXPECT_TRUE(form.save_as_button.click());
+        EXPECT_EQ(form.get_parameter_file_name(), c.chosen);
+        EXPECT_EQ(saved(c.folder + "/Scenarios/a.tvn"), "[x]\r\n");
+        EXPECT_EQ(saved(c.folder + "/notes.txt"), "old");
+    }
+    EXPECT_NE(saved("other/place/.TVS_project").find("[written by another program]"), std::string::npos);
+    EXPECT_EQ(saved("work/study/notes.txt"), "old");
+    // Into its own folder the record goes alone.
+    desktop.expect_file_dialog(save_title, {"C:\\other\\place\\inner\\x.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_TRUE(has_line("other/place/inner/x.tvp", "[project]"));
+    EXPECT_FALSE(std::filesystem::exists(drives.host("other/place/inner/x")));
+}
+
+TEST_F(Edited_file_test, a_refused_save_as_leaves_all_as_it_was) {
+    drives.write("work/there.tvp", "mine");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(desktop.last_file_dialog()->initial_folder, "C:\\work");
+    desktop.expect_file_dialog(save_title, {"C:\\work\\there.tvp"});
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\there.tvp",
+                           Modal_result::no);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/there.tvp"), "mine");
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
+    EXPECT_EQ(form.file.dialog.file_name, "C:\\work\\study.tvp");
+    EXPECT_TRUE(form.visible());
+}
+
+TEST_F(Edited_file_test, what_could_not_be_read_is_not_written_over_unasked) {
+    const auto file = drives.host("work/study.tvp");
+    const std::string before = saved("work/study.tvp");
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file); // readable by nobody as a file, whoever runs the test
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    std::filesystem::remove(file);
+    drives.write("work/study.tvp", before);
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\study.tvp",
+                           Modal_result::no);
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    EXPECT_EQ(saved("work/study.tvp"), before);
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\study.tvp",
+                           Modal_result::yes);
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_NE(saved("work/study.tvp").find("[written by another program]"), std::string::npos);
+}
+
+TEST_F(Edited_file_test, a_name_that_cannot_be_written_gets_no_copy_of_the_folder) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/notes.txt", "of another");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken"});
+    desktop.expect_message("File already exists",
+                           "Replace the existing file with this name:\nC:\\work\\taken", Modal_result::yes);
+    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/notes.txt"), "of another");
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
+    EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
+}
+
+TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_and_keeps_the_rest) {
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/NOTES.TXT", "of another");
+    drives.write("work/taken/Scenarios/kept.tvn", "kept");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
+    EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
+    EXPECT_EQ(form.notes.memo_notes.text(), "of the study");
+}
+
+TEST_F(Edited_file_test, a_file_that_has_come_into_being_since_is_not_written_over_unasked) {
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\late.tvp";
+    ASSERT_TRUE(bind("C:\\work\\late.tvp"));
+    drives.write("work/late.tvp", "[other]\r\nkey=1\r\n");
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(saved("work/late.tvp"), "[other]\r\nkey=1\r\n");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+        desktop.expect_message("File already exists", question, Modal_result::yes);
+        desktop.expect_message("Unable to save", unable, Modal_result::retry); // asks no second time
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
+    desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_TRUE(has_line("work/late.tvp", "[project]"));
+    EXPECT_EQ(form.save(), Save_outcome::saved); // it is this form's own by now
+}
+
+TEST_F(Edited_file_test, a_file_chosen_during_a_save_is_replaced_only_with_consent) {
+    drives.write("work/mine.DAT", "mine");
+    Loose_record loose;
+    Tparameter_file_form::Editor editor;
+    editor.parameters = &loose;
+    ASSERT_TRUE(form.bind_to(editor));
+    form.show();
+    const std::string question = "Replace the existing file with this name:\nC:\\work\\mine.DAT";
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::no);
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    EXPECT_EQ(saved("work/mine.DAT"), "mine");
+    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+    desktop.expect_message("File already exists", question, Modal_result::yes);
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_NE(saved("work/mine.DAT"), "mine");
+}
+
+TEST_F(Edited_file_test, a_name_that_the_suite_cannot_write_down_is_not_turned_into_another) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xD0\x96x.tvp"});
+    desktop.expect_message("Unable to save", unable, Modal_result::retry);
+    desktop.expect_file_dialog(save_title, {"C:\\work\\\xE2\x82\xACx.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_FALSE(std::filesystem::exists(drives.host("work/x.tvp")));
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\\x80x.tvp");
+    EXPECT_TRUE(has_line("work/\xE2\x82\xACx.tvp", "[project]"));
+}
+
+TEST_F(Edited_file_test, what_nobody_has_changed_is_not_written_again) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    const std::string before = saved("work/study.tvp");
+    EXPECT_TRUE(form.run("p.exe", nullptr, "x", nullptr, false, show_normal));
+    EXPECT_EQ(saved("work/study.tvp"), before);
+
+    const std::string of_another = before + "[of a colleague]\r\nkey=1\r\n";
+    drives.write("work/study.tvp", of_another);
+    EXPECT_TRUE(form.run("p.exe", nullptr, "x", nullptr, false, show_normal));
+    EXPECT_EQ(saved("work/study.tvp"), of_another);
+
+    drives.write("work/study.tvp", "[project]\r\ndescription=of a colleague\r\n");
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    desktop.advance(600); // what was seen to be outdated is shown anew
+    EXPECT_EQ(form.edit_description.text(), "of a colleague");
+    EXPECT_FALSE(form.has_changes());
+    std::filesystem::remove(drives.host("work/study.tvp"));
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_TRUE(has_line("work/study.tvp", "description=of a colleague"));
+}
+
+TEST_F(Edited_file_test, what_is_changed_on_both_sides_is_asked_for) {
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    record.report_format = "C:\\mine.fmt";
+    describe("mine");
+    const std::string theirs = "[project]\r\ndescription=theirs\r\n[other]\r\nkey=1\r\n";
+    drives.write("work/study.tvp", theirs);
+    expect_conflict("C:\\work\\study.tvp", Modal_result::cancel);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(form.edit_description.text(), "mine");
+    expect_conflict("C:\\work\\study.tvp", Modal_result::no);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(form.edit_description.text(), "theirs");
+    EXPECT_EQ(record.report_format, "default.FMT") << "what their file does not tell is as in a new record";
+    EXPECT_FALSE(form.has_changes());
+    EXPECT_EQ(saved("work/study.tvp"), theirs);
+
+    describe("mine again");
+    drives.write("work/study.tvp", theirs + "more=2\r\n");
+    expect_conflict("C:\\work\\study.tvp", Modal_result::yes);
+    EXPECT_TRUE(form.ok_button.click());
+    EXPECT_TRUE(has_line("work/study.tvp", "description=mine again"));
+    EXPECT_TRUE(has_line("work/study.tvp", "more=2"));
+}
+
+TEST_F(Edited_file_test, files_of_the_record_follow_its_folder_to_another_name) {
+    drives.write("work/study/Scenarios/dry.tvn", "[x]\r\n");
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    const char* const relative = "Scenarios\\wet.tvn";
+    record.active_scenario.set("c:\\WORK\\study\\Scenarios\\dry.tvn");
+    record.template_scenario.set(relative);
+    record.GIS_parameters.coverage_PAT_filename.set("C:\\work\\study2\\map.dbf");
+    record.GIS_parameters.output_directory = "C:\\work\\study\\GIS";
+    describe("C:\\work\\study\\ was the first");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::flush, EIO); // of the record; a copy is not flushed
+        desktop.expect_file_dialog(save_title, {"C:\\work\\half.tvp"});
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+        EXPECT_EQ(record.active_scenario, "c:\\WORK\\study\\Scenarios\\dry.tvn");
+    }
+    desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(record.active_scenario, "C:\\work\\second\\Scenarios\\dry.tvn");
+    EXPECT_EQ(record.template_scenario, relative);
+    EXPECT_EQ(record.GIS_parameters.coverage_PAT_filename, "C:\\work\\study2\\map.dbf");
+    EXPECT_EQ(record.GIS_parameters.output_directory, "C:\\work\\second\\GIS");
+    EXPECT_EQ(record.description, "C:\\work\\study\\ was the first");
+    EXPECT_TRUE(has_line("work/second.tvp", "active=C:\\work\\second\\Scenarios\\dry.tvn"));
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+// The frame of the editors around a project's record, driven as a user would.
+#pragma once
+
+#include "editing/parameter_file_form.h"
+#include "model/project_editor_parameters.h"
+#include "platform/file_writer.h"
+#include "platform/shell.h"
+#include "support/launcher_record.h"
+#include "support/temporary_drives.h"
+#include "support/temporary_user.h"
+#include "toolkit/headless_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+
+constexpr const char* unable =
+    "Unable to save to parameter file (check that the file is not marked as read only)";
+constexpr const char* save_title = "Save Tilverra project as";
+
+// What an editor of a project hands over, driven as a user would.
+class Parameter_file_form : public testing::Test {
+protected:
+    Parameter_file_form() {
+        drives.write("Suite/Tilverra/project_editor.exe");
+        std::filesystem::create_directories(drives.host("work/study"));
+        std::filesystem::copy_file(TEST_DATA "/irrigation_study.tvp", drives.host("work/study.tvp"));
+    }
+
+    bool bind(const std::string& file, bool given = true) {
+        name = file;
+        Tparameter_file_form::Editor editor;
+        editor.form = &panel;
+        editor.parameters = &record;
+        editor.panel = &panel;
+        editor.file_name = &name;
+        editor.file_given = given;
+        editor.other_masks = "*.TVS_project";
+        editor.file_selector = &selector;
+        editor.user_settings_file = &settings_folder;
+        if (!form.bind_to(editor))
+            return false;
+        form.show();
+        return true;
+    }
+    void describe(const std::string& text) {
+        ASSERT_TRUE(form.edit_description.focus());
+        form.edit_description.select_all();
+        ASSERT_TRUE(form.edit_description.type_text(text));
+    }
+    // What is asked when another program has changed a file that was changed here too.
+    void expect_conflict(const std::string& file, Modal_result answer) {
+        desktop.expect_message("File changed on disk",
+                               "Another program has changed this file since it was opened:\n" + file +
+                                   "\nReplace it by what is shown here? ([No] loads what is there, and gives "
+                                   "up what was changed here)",
+                               answer);
+    }
+    std::string saved(const std::string& path) const { return drives.read(path); }
+    bool has_line(const std::string& path, const std::string& line) const {
+        return drives.read(path).find(line + "\r\n") != std::string::npos;
+    }
+
+    Temporary_user user;
+    Temporary_drives drives;
+    Launcher_record launcher;
+    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    TESK::File_name program{"C:\\Suite\\Tilverra\\project_editor.exe"};
+    TESK::Application_data_directory settings_folder{program};
+    Tilverra_project_editor_parameters record{"C:\\Suite\\Tilverra\\tilverra_5.exe"};
+    TVP_filename name{"noname"};
+    Trecent_file_selector_form selector;
+    TPanel panel{"panel"};
+    Tparameter_file_form form{program};
+};
+
+// A record that needs no folder.
+class Loose_record : public Common_parameters_data_record {
+public:
+    Loose_record() : Common_parameters_data_record(0, {1, 0, 0}, "loose") {}
+    const char* get_type_description() const override { return "Loose record"; }
+};

@@ -146,8 +146,8 @@ TEST(Translation_files, of_the_suite_are_whole_and_say_the_same) {
             const auto& phrase = static_cast<const Translation&>(*node->item);
             const Ustring* english = phrase.get_translation("en");
             const Ustring* translation = phrase.get_translation(language.c_str());
-            ASSERT_TRUE(phrase.native && english && translation) << phrase.phrase;
-            EXPECT_EQ(*english, phrase.native);
+            ASSERT_TRUE(english && translation) << phrase.phrase;
+            EXPECT_TRUE(phrase.native == nullptr || *english == phrase.native) << phrase.phrase;
             EXPECT_FALSE(translation->empty()) << phrase.phrase;
             EXPECT_TRUE(key_of_text.emplace(*english, phrase.phrase).second) << *english << " twice";
             EXPECT_EQ(english->contains("&"), translation->contains("&")) << phrase.phrase;

@@ -1,5 +1,11 @@
 #include "app/gis_page.h"
 
+#include "app/tilverra_project_form.h"
+#include "platform/files.h"
+#include "trees/suite_directory.h"
+
+#include <utility>
+
 namespace {
 
 // A check box, and beside it the attribute that it makes count.
@@ -25,8 +31,9 @@ TShellListView& add_table_list(TTabSheet& page, const char* name, const char* ca
 
 } // namespace
 
-GIS_page::GIS_page(TPageControl& pages)
-    : GIS_tabsheet(pages.add<TTabSheet>("GIS_tabsheet", "GIS")),
+GIS_page::GIS_page(TTilverra_project_form& project_form)
+    : Project_page(project_form),
+      GIS_tabsheet(form.project_pagecontrol.add<TTabSheet>("GIS_tabsheet", "GIS")),
       GIS_pagecontrol(fill(GIS_tabsheet.add<TPageControl>("GIS_pagecontrol"))),
       GIS_maps_tabsheet(GIS_pagecontrol.add<TTabSheet>("GIS_maps_tabsheet", "Maps")),
       STATSGO_tabsheet(GIS_pagecontrol.add<TTabSheet>("STATSGO_tabsheet", "STATSGO (optional)")),
@@ -111,7 +118,8 @@ GIS_page::GIS_page(TPageControl& pages)
       GIS_tally_shellistview(
           add_table_list(GIS_output_tabsheet, "GIS_tally_shellistview", "Tables of the runs")),
       GIS_aggregation_shellistview(
-          add_table_list(GIS_output_tabsheet, "GIS_aggregation_shellistview", "Aggregated tables")) {
+          add_table_list(GIS_output_tabsheet, "GIS_aggregation_shellistview", "Aggregated tables")),
+      PAT_attributes(std::make_unique<TESK::Text_list>()) {
     Place wide = MUID_found_note.place();
     wide.span = 2;
     MUID_found_note.set_place(wide);
@@ -122,4 +130,145 @@ GIS_page::GIS_page(TPageControl& pages)
         button->set_enabled(false);
         button->set_hint("Not available in this program.");
     }
+    wire();
+}
+
+void GIS_page::wire() {
+    // A run leaves its tables while the project is open.
+    GIS_output_tabsheet.on_show = [this] {
+        GIS_tally_shellistview.Update();
+        GIS_aggregation_shellistview.Update();
+    };
+    STATSGO_tabsheet.on_show = [this] { STATSGO_tabsheetShow(); };
+    GIS_coverage_filebar.OnChange = [this] { GIS_coverage_filebar_onchange(); };
+    GIS_coverage_filebar.on_after_change = GIS_coverage_filebar.OnChange;
+    GIS_coverage_filebar.on_exit = GIS_coverage_filebar.OnChange;
+    for (TAutoCheckBox* check :
+         {&GIS_soils_mapped_check, &GIS_steepness_mapped_check, &GIS_init_PAW_mapped_check,
+          &GIS_init_NO3_mapped_check, &uniform_soil_profile_mapped_check, &GIS_weather_check,
+          &GIS_rotations_mapped_check, &GIS_recalibration_check, &GIS_water_table_check})
+        check->on_click = [this] { attribute_option_checked(); };
+}
+
+void GIS_page::bind() {
+    forget_bound_controls();
+    GIS_Project_parameters& p = record().GIS_parameters;
+    bind_control(GIS_coverage_filebar, p.coverage_PAT_filename);
+    bind_control(GIS_soils_mapped_check, p.soils_mapped);
+    bind_control(GIS_steepness_mapped_check, p.steepness_mapped);
+    bind_control(GIS_init_PAW_mapped_check, p.init_PAW_mapped);
+    bind_control(GIS_init_NO3_mapped_check, p.init_NO3_mapped);
+    bind_control(uniform_soil_profile_mapped_check, p.uniform_soil_proile_mapped);
+    bind_control(GIS_weather_check, p.weather_mapped);
+    bind_control(GIS_rotations_mapped_check, p.rotations_mapped);
+    bind_control(GIS_recalibration_check, p.recalibration_mapped);
+    bind_control(GIS_water_table_check, p.water_table_mapped);
+    bind_control(GIS_omit_years_edit, p.valid_equilibriate_years);
+    bind_control(GIS_STATSGO_capability_class_edit, p.valid_max_capability_class);
+    bind_control(GIS_STATSGO_dryland_checkbox, p.dryland);
+    bind_control(GIS_STATSGO_combine_checkbox, p.combine_similar_sequences);
+    bind_control(GIS_STATSGO_max_evap_layer_thickness_edit, p.valid_max_evap_layer_thickness);
+    bind_control(edit_GIS_output_directory, p.output_directory);
+    bind_control(GIS_separate_crop_checkbox, p.separate_crops);
+}
+
+void GIS_page::Update() {
+    update_bound_controls();
+    reload_PAT_attributes();
+}
+
+// Only the header of the table is read.
+void GIS_page::reload_PAT_attributes() {
+    if (!has_project())
+        return;
+    GIS_Project_parameters& p = record().GIS_parameters;
+    auto attributes = std::make_unique<TESK::Text_list>();
+    for (const std::string& name : polygon_attributes(p.coverage_PAT_filename))
+        attributes->append(new TESK::Text_list::Item(name.c_str()));
+    const std::pair<TAutoContainerComboBox*, TESK::Ustring*> combos[] = {
+        {&GIS_polygon_id_combo, &p.polygon_ID_attribute},
+        {&GIS_soil_combo, &p.soil_attribute},
+        {&GIS_steepness_combo, &p.steepness_attribute},
+        {&GIS_init_PAW_combo, &p.init_PAW_attribute},
+        {&GIS_init_NO3_combo, &p.init_NO3_attribute},
+        {&GIS_soil_sand_combo, &p.uniform_sand_attribute},
+        {&GIS_soil_clay_combo, &p.uniform_clay_attribute},
+        {&GIS_soil_depth_combo, &p.soil_depth_attribute},
+        {&GIS_weather_combo, &p.weather_attribute},
+        {&GIS_rotations_combo, &p.rotation_attribute},
+        {&GIS_recalibration_combo, &p.recalibration_attribute},
+        {&GIS_water_table_combo, &p.water_table_attribute},
+    };
+    for (const auto& [combo, attribute] : combos)
+        combo->bind_to(attribute, attributes.get(), nullptr);
+    PAT_attributes = std::move(attributes);
+}
+
+void GIS_page::show_hide() {
+    GIS_PAT_fields_pagecontrol.set_visible(workspace().coverage_exists());
+    STATSGO_tabsheetShow();
+    // What the button has to do with that program is not known; the rule is kept.
+    GIS_view_holding_capacity_button.set_visible(suite_programs() != nullptr &&
+                                                 suite_programs()->get_scenario_editor_exe().exists());
+    show_hide_attributes();
+    show_hide_outputs();
+}
+
+void GIS_page::show_hide_attributes() {
+    const GIS_Project_parameters& p = record().GIS_parameters;
+    const std::pair<TControl*, bool> combos[] = {
+        {&GIS_soil_combo, p.soils_mapped},
+        {&GIS_steepness_combo, p.steepness_mapped},
+        {&GIS_init_PAW_combo, p.init_PAW_mapped},
+        {&GIS_init_NO3_combo, p.init_NO3_mapped},
+        {&GIS_soil_sand_combo, p.uniform_soil_proile_mapped},
+        {&GIS_soil_clay_combo, p.uniform_soil_proile_mapped},
+        {&GIS_soil_depth_combo, p.uniform_soil_proile_mapped},
+        {&GIS_weather_combo, p.weather_mapped},
+        {&GIS_rotations_combo, p.rotations_mapped},
+        {&GIS_recalibration_combo, p.recalibration_mapped},
+        {&GIS_water_table_combo, p.water_table_mapped},
+    };
+    for (const auto& [combo, is_mapped] : combos)
+        combo->set_visible(is_mapped);
+    MUID_found_note.set_visible(PAT_attributes->find("MUID", true) != nullptr);
+}
+
+void GIS_page::show_hide_outputs() {
+    Tilverra_project_directory* const project =
+        workspace().ensure_project_directory() ? workspace().project_directory.get() : nullptr;
+    workspace().enter_project_folder();
+    const bool has_outputs = project != nullptr && project->get_GIS_directory(false).exists();
+    GIS_output_tabsheet.set_visible(has_outputs);
+    GIS_tally_shellistview.set_visible(has_outputs);
+    if (has_outputs)
+        show_folder(GIS_tally_shellistview, project->get_GIS_directory(false));
+    const bool has_aggregation = project != nullptr && project->get_aggregation_directory(false).exists();
+    GIS_aggregation_shellistview.set_visible(has_aggregation);
+    if (has_aggregation)
+        show_folder(GIS_aggregation_shellistview, project->get_aggregation_directory(false));
+    if (project != nullptr &&
+        (workspace().is_GIS() || form.project_pagecontrol.active_page() == &GIS_tabsheet))
+        show_folder(GIS_scenarios_checklistbox, project->get_GIS_directory(false));
+}
+
+void GIS_page::show_template_ok(bool is_ok) {
+    show_verdict(GIS_active_scenario_note, is_ok);
+}
+
+void GIS_page::attribute_option_checked() {
+    form.show_hide();
+}
+
+void GIS_page::GIS_coverage_filebar_onchange() {
+    reload_PAT_attributes();
+    form.show_hide();
+}
+
+void GIS_page::STATSGO_tabsheetShow() {
+    if (!has_project())
+        return;
+    const bool exists = platform::exists(record().STATSGO_path);
+    GIS_statsgo_panel.set_visible(exists);
+    GIS_STATSGO_directory_note.set_visible(!exists);
 }

@@ -2,15 +2,31 @@
 // output.
 #pragma once
 
-#include "app/page_parts.h"
+#include "app/project_page.h"
 #include "editing/auto_choices.h"
 #include "editing/auto_lists.h"
-#include "editing/file_edit_bar.h"
 #include "editing/number_edit_bars.h"
+#include "foundation/text_list.h"
 #include "toolkit/file_list_box.h"
 
-struct GIS_page {
-    explicit GIS_page(TPageControl& pages);
+#include <memory>
+
+class GIS_page : public Project_page {
+public:
+    explicit GIS_page(TTilverra_project_form& project_form);
+
+    void bind();
+    void Update();
+    void show_hide();
+    // Whether the scenario that is to serve as template exists.
+    void show_template_ok(bool is_ok);
+
+    void GIS_coverage_filebar_onchange();
+    void attribute_option_checked();
+    void STATSGO_tabsheetShow();
+
+    // The names of the attributes of the polygon attribute table.
+    const TESK::Text_list& get_PAT_attributes() const { return *PAT_attributes; }
 
     TTabSheet& GIS_tabsheet;
     TPageControl& GIS_pagecontrol;
@@ -70,4 +86,12 @@ struct GIS_page {
     TButton& GIS_perform_prob_distribution;
     TShellListView& GIS_tally_shellistview;
     TShellListView& GIS_aggregation_shellistview;
+
+private:
+    void wire();
+    void reload_PAT_attributes();
+    void show_hide_attributes();
+    void show_hide_outputs();
+
+    std::unique_ptr<TESK::Text_list> PAT_attributes;
 };

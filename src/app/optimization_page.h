@@ -1,12 +1,25 @@
 // The page of the optimization models: what is varied, and how many scenarios that gives.
 #pragma once
 
-#include "app/page_parts.h"
+#include "app/project_page.h"
 #include "editing/auto_choices.h"
 #include "editing/number_edit_bars.h"
 
-struct Optimization_page {
-    explicit Optimization_page(TPageControl& pages);
+class Optimization_page : public Project_page {
+public:
+    explicit Optimization_page(TTilverra_project_form& project_form);
+
+    // Binding once more is what brings these controls up to date: the address of their help depends on where
+    // the documentation lies, which is learnt after the first time.
+    void bind();
+    void Update();
+    // Whether the scenario that is to serve as template exists.
+    void show_template_ok(bool is_ok);
+
+    void carbon_seq_update_scenarios_count();
+    void opt_C_seq_view_results_buttonClick();
+
+    std::int16_t scenario_count = 0;
 
     TTabSheet& tabsheet_optimization;
     TPageControl& optimization_pagecontrol;

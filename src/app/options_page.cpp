@@ -1,7 +1,21 @@
 #include "app/options_page.h"
 
-Options_page::Options_page(TPageControl& pages)
-    : options_tabsheet(pages.add<TTabSheet>("options_tabsheet", "Options")),
+#include "app/tilverra_project_form.h"
+#include "operations/scenario_generator.h"
+#include "trees/suite_directory.h"
+
+#include <iostream>
+
+namespace {
+
+constexpr const char* usual_template_caption = "Template scenario";
+constexpr const char* usual_template_note = "A scenario to be used as a template to generate scenarios.";
+
+} // namespace
+
+Options_page::Options_page(TTilverra_project_form& project_form)
+    : Project_page(project_form),
+      options_tabsheet(form.project_pagecontrol.add<TTabSheet>("options_tabsheet", "Options")),
       options_pagecontrol(fill(options_tabsheet.add<TPageControl>("options_pagecontrol"))),
       generation_tabsheet(options_pagecontrol.add<TTabSheet>("generation_tabsheet", "Scenario generation")),
       model_tabsheet(options_pagecontrol.add<TTabSheet>("model_tabsheet", "Model selection")),
@@ -31,4 +45,107 @@ Options_page::Options_page(TPageControl& pages)
       }()) {
     show_GIS_button.set_hint("Make this a project of runs over the polygons of a map.");
     show_optimization_model_button.set_hint("Show the page of the optimization models.");
+    wire();
+}
+
+void Options_page::wire() {
+    show_GIS_button.on_click = [this] { show_GIS_buttonClick(); };
+    show_optimization_model_button.on_click = [this] { show_optimization_model_buttonClick(); };
+    STATSGO_directory_edit.on_change = [this] { STATSGO_directory_edit_onchange(); };
+    combinatorial_scenario_generation_button.on_click = [this] {
+        combinatorial_scenario_generation_buttonClick();
+    };
+    combinatorial_scenario_generation_help_button.on_click = [this] {
+        combinatorial_scenario_generation_help_buttonClick();
+    };
+}
+
+void Options_page::bind() {
+    forget_bound_controls();
+    TVS::Tilverra_Directory* const programs = suite_programs();
+    bind_file(template_scenario_filebar, record().template_scenario, usual_template_caption,
+              programs == nullptr ? nullptr : &programs->get_scenario_editor_exe());
+    bind_file(simulation_model_filebar, record().cropping_system_model, nullptr, nullptr);
+}
+
+void Options_page::Update() {
+    update_bound_controls();
+    STATSGO_directory_edit.set_text(screen_text(record().STATSGO_path));
+}
+
+void Options_page::show_template(bool is_template_project) {
+    template_scenario_filebar.panel_caption.set_text(is_template_project ? "Template scenario file (required)"
+                                                                         : usual_template_caption);
+    label_template_scenario_notes.set_text(
+        is_template_project
+            ? "A scenario to be used as a template to generate and/or run GIS, watershed, and "
+              "optimization modules; must be selected"
+            : usual_template_note);
+}
+
+void Options_page::show_hide() {
+    panel_combinatorial_generation.set_visible(!workspace().is_template_project());
+    statsgo_groupbox.set_visible(true);
+    show_hide_type_buttons();
+}
+
+// A project that was started as a tool of one type stays of it.
+void Options_page::show_hide_type_buttons() {
+    const Tilverra_project_type type = workspace().requested_project_type;
+    show_GIS_button.set_down(workspace().is_GIS());
+    show_optimization_model_button.set_down(type == Tilverra_project_type::grazing);
+    const bool may_choose = type == Tilverra_project_type::tilverra;
+    show_GIS_button.set_visible(may_choose);
+    show_optimization_model_button.set_visible(may_choose);
+}
+
+void Options_page::show_GIS_buttonClick() {
+    if (!has_project())
+        return;
+    workspace().requested_project_type = Tilverra_project_type::gis;
+    form.show_hide();
+}
+
+void Options_page::show_optimization_model_buttonClick() {
+    if (!has_project())
+        return;
+    form.optimization.tabsheet_optimization.set_visible(true);
+    show_optimization_model_button.set_down(true);
+    form.project_pagecontrol.set_active_page(form.optimization.tabsheet_optimization);
+    form.show_hide_run_buttons();
+}
+
+void Options_page::STATSGO_directory_edit_onchange() {
+    if (!has_project())
+        return;
+    record().STATSGO_path = record_text(STATSGO_directory_edit.text());
+    form.GIS.STATSGO_tabsheetShow();
+}
+
+void Options_page::combinatorial_scenario_generation_buttonClick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    Scenario_lists& lists = form.scenarios.lists;
+    lists.tabsheet_generated_scenarios.set_visible(true);
+    lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
+    form.project_pagecontrol.set_active_page(form.scenarios.scenarios_tabsheet);
+    lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
+    lists.set_current_list();
+    TFileCheckListBox& list = lists.generated_scenarios_filelistbox;
+    generate_scenarios(record(), *workspace().project_directory, false, std::cout,
+                       [&list](const std::string& file_name) {
+                           list.add_line(screen_text(file_name));
+                           list.show_line(list.count() - 1);
+                           return paint_pending();
+                       });
+    workspace().enter_project_folder();
+    form.show_hide();
+    lists.relist_scenarios_button_onclick();
+    message_box("The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]",
+                "Scenarios have been generated", Button_set::ok);
+}
+
+void Options_page::combinatorial_scenario_generation_help_buttonClick() {
+    if (has_project())
+        form.parameter_file_form().view_document("combinatorial_generation.htm");
 }

@@ -1,15 +1,24 @@
 // The page of a project's options: the template of generated scenarios, the model, and other sources of data.
 #pragma once
 
-#include "app/page_parts.h"
-#include "editing/file_edit_bar.h"
+#include "app/project_page.h"
+#include "toolkit/edit.h"
 
-// What stands below the template of a project, unless templates are all that the project is for.
-inline constexpr const char* usual_template_note =
-    "A scenario to be used as a template to generate scenarios.";
+class Options_page : public Project_page {
+public:
+    explicit Options_page(TTilverra_project_form& project_form);
 
-struct Options_page {
-    explicit Options_page(TPageControl& pages);
+    void bind();
+    void Update();
+    void show_hide();
+    // What the template is for: templates may be all that the project is for.
+    void show_template(bool is_template_project);
+
+    void combinatorial_scenario_generation_buttonClick();
+    void combinatorial_scenario_generation_help_buttonClick();
+    void show_GIS_buttonClick();
+    void show_optimization_model_buttonClick();
+    void STATSGO_directory_edit_onchange();
 
     TTabSheet& options_tabsheet;
     TPageControl& options_pagecontrol;
@@ -29,4 +38,8 @@ struct Options_page {
 
     TGroupBox& statsgo_groupbox;
     TEdit& STATSGO_directory_edit;
+
+private:
+    void wire();
+    void show_hide_type_buttons();
 };

@@ -1,5 +1,8 @@
 #include "app/tally_page.h"
 
+#include "app/tilverra_project_form.h"
+#include "model/tally_tables.h"
+
 namespace {
 
 constexpr const char* statistics_captions[] = {"value", "sum", "mean",  "std_dev", "coef_var", "sum_sqrs",
@@ -33,10 +36,41 @@ void Tally_page::Lists::bind_words(std::uint32_t* statistics_word, std::uint32_t
     prob_5.bind_to(prob_5_word, prob_5_captions, nullptr);
 }
 
-Tally_page::Tally_page(TPageControl& pages)
-    : tabsheet_statistical_tally(pages.add<TTabSheet>("tabsheet_statistical_tally", "Statistical tallies")),
+Tally_page::Tally_page(TTilverra_project_form& project_form)
+    : Project_page(project_form), tabsheet_statistical_tally(form.project_pagecontrol.add<TTabSheet>(
+                                      "tabsheet_statistical_tally", "Statistical tallies")),
       tally_pagecontrol(fill(tabsheet_statistical_tally.add<TPageControl>("tally_pagecontrol"))),
       growing_season_tabsheet(
           tally_pagecontrol.add<TTabSheet>("growing_season_tabsheet", "Growing season variables")),
       annual_tabsheet(tally_pagecontrol.add<TTabSheet>("annual_tabsheet", "Annual variables")),
-      growing_season(growing_season_tabsheet, "GIS_GS_"), annual(annual_tabsheet, "GIS_annl_") {}
+      growing_season(growing_season_tabsheet, "GIS_GS_"), annual(annual_tabsheet, "GIS_annl_") {
+    growing_season.variables.on_click = [this] { GIS_GS_variable_listbox_onclick(); };
+    annual.variables.on_click = [this] { GIS_annl_variable_listbox_onclick(); };
+}
+
+void Tally_page::bind() {
+    std::vector<std::string> lines;
+    for (std::size_t row = 0; row < growing_season_tally_rows.size(); ++row)
+        lines.push_back(get_growing_season_tally_line(row));
+    growing_season.variables.set_lines(lines);
+    lines.clear();
+    for (std::size_t row = 0; row < annual_tally_rows.size(); ++row)
+        lines.push_back(get_annual_tally_line(row));
+    annual.variables.set_lines(lines);
+}
+
+void Tally_page::Update() {
+    for (Lists* lists : {&growing_season, &annual})
+        for (TAutoBitCheckListBox* words : {&lists->statistics, &lists->prob_10, &lists->prob_5})
+            words->Update();
+}
+
+void Tally_page::GIS_GS_variable_listbox_onclick() {
+    if (has_project())
+        growing_season.bind_line(record().growing_season_tally);
+}
+
+void Tally_page::GIS_annl_variable_listbox_onclick() {
+    if (has_project())
+        annual.bind_line(record().annual_tally);
+}

@@ -1,11 +1,18 @@
 // The page on which the variables to be tallied are chosen, and which statistics of them.
 #pragma once
 
-#include "app/page_parts.h"
+#include "app/project_page.h"
 #include "editing/auto_choices.h"
 
-struct Tally_page {
-    explicit Tally_page(TPageControl& pages);
+class Tally_page : public Project_page {
+public:
+    explicit Tally_page(TTilverra_project_form& project_form);
+
+    void bind();
+    void Update();
+
+    void GIS_GS_variable_listbox_onclick();
+    void GIS_annl_variable_listbox_onclick();
 
     // The variables of one kind of table, and what is tallied of the one chosen.
     struct Lists {
@@ -15,7 +22,16 @@ struct Tally_page {
         TAutoBitCheckListBox& prob_5;
 
         Lists(TTabSheet& page, const std::string& prefix);
-        // Shows what is chosen in the three words; null shows nothing.
+        // Shows what of the variable under the cursor is tallied, as the words at its place say.
+        template <class Masks>
+        void bind_line(Masks& masks) {
+            if (variables.item_index() < 0)
+                return;
+            const auto row = static_cast<std::size_t>(variables.item_index());
+            bind_words(&masks.statistics[row], &masks.prob10[row], &masks.prob5[row]);
+        }
+
+    private:
         void bind_words(std::uint32_t* statistics_word, std::uint32_t* prob_10_word,
                         std::uint32_t* prob_5_word);
     };

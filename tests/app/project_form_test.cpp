@@ -51,7 +51,7 @@ TEST_F(Workspace, a_new_project_touches_nothing_before_an_operation_saves_it) {
     platform::change_directory("C:\\projects");
     open("C:\\projects\\fresh.tvp");
     EXPECT_FALSE(there("projects/fresh.tvp") || there("projects/fresh") || there("projects/Scenarios"));
-    EXPECT_TRUE(press(form.scenarios.relist_scenarios_button));
+    EXPECT_TRUE(press(form.scenarios.lists.relist_scenarios_button));
     EXPECT_TRUE(there("projects/fresh.tvp") && there("projects/fresh/Scenarios"));
     EXPECT_FALSE(there("projects/Scenarios"));
 }
@@ -59,12 +59,12 @@ TEST_F(Workspace, a_new_project_touches_nothing_before_an_operation_saves_it) {
 TEST_F(Workspace, statistics_show_their_page_with_a_word_and_the_model_type_buttons_do_as_told) {
     open();
     record->statistical_analysis = false;
-    form.scenarios.run_statistical_analysis_checkbox.Update();
+    form.scenarios.run.run_statistical_analysis_checkbox.Update();
     form.show_hide();
     desktop.expect_message("Select variable",
                            "Select the variables to be tallied and the statistics to be calculated on the "
                            "/Statistical tallies\\ page.");
-    EXPECT_TRUE(press(form.scenarios.run_statistical_analysis_checkbox));
+    EXPECT_TRUE(press(form.scenarios.run.run_statistical_analysis_checkbox));
     EXPECT_TRUE(form.tallies.tabsheet_statistical_tally.visible());
     EXPECT_TRUE(press(form.options.show_optimization_model_button));
     EXPECT_EQ(form.project_pagecontrol.active_page(), &form.optimization.tabsheet_optimization);
@@ -83,7 +83,8 @@ TEST_F(Workspace, a_map_is_run_when_both_its_table_and_the_template_are_there) {
     form.Update();
     EXPECT_TRUE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
     EXPECT_GT(form.GIS.GIS_soil_combo.items().size(), 1u);
-    EXPECT_EQ(form.GIS.MUID_found_note.visible(), form.get_PAT_attributes().find("MUID", true) != nullptr);
+    EXPECT_EQ(form.GIS.MUID_found_note.visible(),
+              form.GIS.get_PAT_attributes().find("MUID", true) != nullptr);
     EXPECT_EQ(form.GIS.GIS_active_scenario_note.colour(), 0x00ff00);
     EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::tick);
     EXPECT_EQ(parameter_form.run_button.text(), "Run GIS");
@@ -96,7 +97,7 @@ TEST_F(Workspace, a_map_is_run_when_both_its_table_and_the_template_are_there) {
     EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::cross);
     EXPECT_FALSE(parameter_form.run_button.visible());
     record->GIS_parameters.coverage_PAT_filename = "gone.dbf";
-    form.GIS_coverage_filebar_onchange();
+    form.GIS.GIS_coverage_filebar_onchange();
     EXPECT_FALSE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
     EXPECT_TRUE(form.GIS.GIS_soil_combo.items().empty());
 }
@@ -150,10 +151,10 @@ class Catalogue : public Project_test {};
 TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
     open();
     record->active_scenario = "Scenarios\\base.tvn";
-    TEdit& new_name = form.scenarios.edit_new_scenario_name;
+    TEdit& new_name = form.scenarios.edit.edit_new_scenario_name;
     desktop.expect_message("", "To create a new scenario, first enter the new scenario name");
-    EXPECT_TRUE(press(form.scenarios.scenario_create_button));
-    EXPECT_TRUE(form.scenarios.checkbox_copy_active_scenario.check());
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
+    EXPECT_TRUE(form.scenarios.edit.checkbox_copy_active_scenario.check());
     EXPECT_TRUE(new_name.type_text("wheat 1.5"));
     EXPECT_TRUE(new_name.key(key(Key_code::enter)));
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\wheat 1.5.tvn");
@@ -166,15 +167,15 @@ TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
     // An existing file stays, and the line comes a second time until the list is read again.
     drives.write("projects/study/Scenarios/dry.tvn", "mine");
     EXPECT_TRUE(new_name.type_text("dry"));
-    EXPECT_TRUE(press(form.scenarios.scenario_create_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
     EXPECT_EQ(drives.read("projects/study/Scenarios/dry.tvn"), "mine");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;dry.tvn;");
     // Without the copy box there is no file before the scenario editor saves one.
-    EXPECT_TRUE(form.scenarios.checkbox_copy_active_scenario.check(false));
+    EXPECT_TRUE(form.scenarios.edit.checkbox_copy_active_scenario.check(false));
     EXPECT_TRUE(new_name.type_text("later"));
-    EXPECT_TRUE(press(form.scenarios.scenario_create_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
     EXPECT_FALSE(there("projects/study/Scenarios/later.tvn"));
-    EXPECT_TRUE(press(form.scenarios.relist_scenarios_button));
+    EXPECT_TRUE(press(form.scenarios.lists.relist_scenarios_button));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;");
 }
 
@@ -189,7 +190,7 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
     form.Update();
     EXPECT_EQ(lines(created()), ".tvn;base.tvn;dry.tvn;wet.2.tvn;wet.tvn;");
     desktop.expect_message("Delete files", question, Modal_result::cancel);
-    EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
     EXPECT_EQ(created().count(), 5);
 
     created().check(0);
@@ -203,14 +204,14 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
 
     created().check(1);
     desktop.expect_message("Delete files", question, Modal_result::no);
-    EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
     EXPECT_FALSE(there("projects/study/Scenarios/dry.tvn") || there("projects/study/Scenarios/dry"));
     EXPECT_TRUE(std::filesystem::exists(user.home(".local/share/Trash/files/dry.tvn")) ||
                 std::filesystem::exists(drives.user_data() + "/Trash/files/dry.tvn"));
 
     record->active_scenario = "Scenarios\\base.tvn";
     desktop.expect_message("Delete files", question, Modal_result::yes);
-    EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
     EXPECT_FALSE(there("projects/study/Scenarios/base.tvn"));
     EXPECT_TRUE(there("projects/study/Scenarios/base/Output/season.xls"));
     EXPECT_EQ(record->active_scenario, "Scenarios\\base.tvn");
@@ -223,7 +224,7 @@ TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog
     open();
     desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
                                {"C:\\old\\a\\maize.sim", "C:\\old\\b\\other.sim"});
-    EXPECT_TRUE(press(form.scenarios.scenario_open_SIM));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_open_SIM));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;maize.tvn;other.tvn;wet.tvn;");
     EXPECT_NE(drives.read("projects/study/Scenarios/maize.tvn").find("[simulation]"), std::string::npos);
     EXPECT_NE(drives.read("projects/study/Scenarios/other.tvn").find("[simulation]"), std::string::npos);
@@ -232,20 +233,20 @@ TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog
 TEST_F(Catalogue, a_line_of_either_list_points_the_active_scenario_into_the_created_ones) {
     drives.write("projects/study/Generated_scenarios/00001.tvn", "");
     open();
-    EXPECT_TRUE(form.scenarios.tabsheet_generated_scenarios.visible());
+    EXPECT_TRUE(form.scenarios.lists.tabsheet_generated_scenarios.visible());
     created().bring_to_front();
     EXPECT_TRUE(created().select(1));
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\dry.tvn");
     EXPECT_EQ(form.scenarios.active_scenario_editbar.filename_edit.text(), record->active_scenario);
-    form.scenarios.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.senerios_run_button.usable());
-    TFileCheckListBox& generated = form.scenarios.generated_scenarios_filelistbox;
-    EXPECT_TRUE(
-        form.scenarios.pagecontrol_scenarios.select_page(form.scenarios.tabsheet_generated_scenarios));
-    EXPECT_EQ(form.current_scenarios_listbox, &generated);
+    form.scenarios.run.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.usable());
+    TFileCheckListBox& generated = form.scenarios.lists.generated_scenarios_filelistbox;
+    EXPECT_TRUE(form.scenarios.lists.pagecontrol_scenarios.select_page(
+        form.scenarios.lists.tabsheet_generated_scenarios));
+    EXPECT_EQ(form.scenarios.lists.current_scenarios_listbox, &generated);
     EXPECT_TRUE(generated.select(0));
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
-    EXPECT_FALSE(form.scenarios.senerios_run_button.usable());
+    EXPECT_FALSE(form.scenarios.run.senerios_run_button.usable());
 }
 
 TEST_F(Catalogue, a_typed_name_is_completed_and_a_scenario_of_elsewhere_is_opened_where_it_is) {
@@ -258,10 +259,10 @@ TEST_F(Catalogue, a_typed_name_is_completed_and_a_scenario_of_elsewhere_is_opene
     bar.filename_edit.focus();
     bar.filename_edit.select_all();
     EXPECT_TRUE(bar.filename_edit.type_text("new one"));
-    form.scenarios.scenario_open_active_button.focus();
+    form.scenarios.edit.scenario_open_active_button.focus();
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\new one.tvn");
     desktop.expect_file_dialog("Simulation scenario", {"C:\\elsewhere\\far.tvn"});
-    EXPECT_TRUE(press(form.scenarios.scenario_open_other));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_open_other));
     EXPECT_EQ(desktop.last_file_dialog()->initial_folder, "C:\\projects\\study\\Scenarios");
     EXPECT_EQ(record->active_scenario, "C:\\elsewhere\\far.tvn");
     EXPECT_NE(started().find("scenario_editor.exe\"  \"C:\\elsewhere\\far.tvn\""), std::string::npos);
@@ -270,7 +271,7 @@ TEST_F(Catalogue, a_typed_name_is_completed_and_a_scenario_of_elsewhere_is_opene
 TEST_F(Catalogue, exploring_shows_the_folder_of_the_page_in_front) {
     open();
     const auto explored = [this] {
-        form.explore_scenarios_buttonClick();
+        form.scenarios.lists.explore_scenarios_buttonClick();
         const std::string command = started();
         const std::string start = "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\projects\\study";
         EXPECT_EQ(command.substr(0, start.size()), start);
@@ -279,10 +280,10 @@ TEST_F(Catalogue, exploring_shows_the_folder_of_the_page_in_front) {
     EXPECT_EQ(explored(), "\\Scenarios");
     form.project_pagecontrol.set_active_page(form.options.options_tabsheet);
     EXPECT_EQ(explored(), "");
-    form.show_optimization_model_buttonClick();
+    form.options.show_optimization_model_buttonClick();
     EXPECT_EQ(explored(), "\\Carbon_sequestration_optimization");
     desktop.expect_menu("Project database");
-    EXPECT_TRUE(press(form.scenarios.parameter_database_button));
+    EXPECT_TRUE(press(form.scenarios.edit.parameter_database_button));
     EXPECT_NE(started().find("\"C:\\projects\\study\\Database\""), std::string::npos);
 }
 
@@ -298,7 +299,7 @@ protected:
         record->active_scenario = "Scenarios\\base.tvn";
         record->cropping_system_model = "C:\\Suite\\Tilverra\\tilverra_5.exe";
         form.Update();
-        form.scenarios.senerios_run_button.bring_to_front();
+        form.scenarios.run.senerios_run_button.bring_to_front();
     }
     void expect_batch(Modal_result answer) {
         desktop.expect_message(
@@ -311,13 +312,13 @@ protected:
 
 TEST_F(Runs, without_checks_the_active_scenario_runs_as_its_record_names_it) {
     open_with_base();
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), std::string(model) + " \"C:\\projects\\study.tvp\" \"Scenarios\\base.tvn\"  [3]\n");
     EXPECT_EQ(platform::current_directory(), "C:\\projects\\study");
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
     record->report_format = "C:\\Formats\\all runs.fmt";
-    EXPECT_TRUE(form.scenarios.format_groupbox.select(1));
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.format_groupbox.select(1));
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), std::string(model) + " \"C:\\Formats\\all runs.fmt\"  \"C:\\projects\\study.tvp\" "
                                               "\"Scenarios\\base.tvn\"  [3]\n");
 }
@@ -325,17 +326,17 @@ TEST_F(Runs, without_checks_the_active_scenario_runs_as_its_record_names_it) {
 TEST_F(Runs, one_checked_scenario_runs_beside_the_editor_and_more_run_one_after_the_other) {
     open_with_base();
     created().check(2);
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), run_of("wet.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     created().check(0);
     created().check(2);
     expect_batch(Modal_result::cancel);
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn;wet.tvn*;");
     expect_batch(Modal_result::ok);
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), run_of("base.tvn") + run_of("wet.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_EQ(form.scenarios.sim_run_progressbar.maximum(), 3);
@@ -346,11 +347,11 @@ TEST_F(Runs, one_checked_scenario_runs_beside_the_editor_and_more_run_one_after_
 TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_closed_window_do) {
     open_with_base();
     launcher.result = platform::result_file_not_found;
-    EXPECT_TRUE(press(form.scenarios.scenerios_select_all_button));
+    EXPECT_TRUE(press(form.scenarios.lists.scenerios_select_all_button));
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
     expect_batch(Modal_result::ok);
-    form.scenarios.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    form.scenarios.run.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_NE(parameter_form.programs.command_history_memo.text().find(
                   "The program could not be started. Looked for: C:\\Suite\\Tilverra\\tilverra_5.exe\n"),
@@ -358,21 +359,21 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     launcher.result = platform::result_started;
     started();
 
-    form.senerios_select_all_button_onclick();
+    form.scenarios.lists.senerios_select_all_button_onclick();
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_read);
     record->STATSGO_path = "C:\\soils"; // something to save
     expect_batch(Modal_result::ok);
     desktop.expect_message(
         "Unable to save", "Unable to save to parameter file (check that the file is not marked as read only)",
         Modal_result::abort);
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_all);
 
     expect_batch(Modal_result::ok);
     desktop.closing = true;
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), run_of("base.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
 }
@@ -380,10 +381,10 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
 TEST_F(Runs, output_is_shown_by_the_format_of_the_scenario_once_there_is_some) {
     open_with_base();
     desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
-    EXPECT_TRUE(press(form.scenarios.view_output_button));
+    EXPECT_TRUE(press(form.scenarios.run.view_output_button));
     EXPECT_EQ(started(), "");
     drives.write("projects/study/Scenarios/base/Output/season.xls", "x");
-    EXPECT_TRUE(press(form.scenarios.view_output_button));
+    EXPECT_TRUE(press(form.scenarios.run.view_output_button));
     const std::string command = started();
     EXPECT_EQ(
         command.substr(0, command.rfind(" \"") + 1),
@@ -405,8 +406,8 @@ TEST_F(Comparisons, the_checked_scenarios_are_compared_with_the_active_one_file_
     give_output("base", {"daily.xeb", "season.xeb"});
     give_output("wheat 1.5", {"season.xeb", "annual.xeb"});
     open_with_base();
-    form.senerios_select_all_button_onclick();
-    EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
     EXPECT_EQ(started(),
               "\"C:\\Suite\\XEB\\compare.exe\" \"C:\\projects\\study\\scenario_comparison\\base vs wheat "
               "1.5\\Output\\season.xeb\" \"C:\\projects\\study\\Scenarios\\base\\Output\\season.xeb\" "
@@ -431,14 +432,14 @@ TEST_F(Comparisons, what_cannot_be_compared_is_told) {
     record->active_scenario = "Scenarios\\gone.tvn";
     desktop.expect_message("Active scenario not found",
                            "The active scenario has not been selected or does not exist");
-    EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
     record->active_scenario = "Scenarios\\base.tvn";
     const std::string none = "To compare scenarios, you must select scenarios to compare (click check boxes)";
     desktop.expect_message("No scenarios selected to compare", none);
-    EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
 
     // Without output of the active scenario the question is asked once for all lines.
-    form.senerios_select_all_button_onclick();
+    form.scenarios.lists.senerios_select_all_button_onclick();
     desktop.expect_message(
         title, "The active scenario does not appear to have been run. Run the active scenario now?",
         Modal_result::yes);
@@ -446,14 +447,14 @@ TEST_F(Comparisons, what_cannot_be_compared_is_told) {
         title, "It is not possible to perform the comparison because there is no output folder for "
                "the active scenario.");
     desktop.expect_message("No scenarios selected to compare", none);
-    EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
     EXPECT_NE(started().find("tilverra_5.exe"), std::string::npos);
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
 
     // The other one has not been run: no word but the last.
     give_output("base", {"season.xeb"});
     desktop.expect_file_dialog("Simulation scenario", {"C:\\projects\\study\\Scenarios\\dry.tvn"});
-    EXPECT_TRUE(press(form.scenarios.button_compare_other_scenario));
+    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_other_scenario));
     EXPECT_EQ(started(), "");
     EXPECT_EQ(form.project_pagecontrol.active_page(), &form.comparisons.tabsheet_scenario_comparison);
 }

@@ -13,7 +13,7 @@ constexpr const char* nothing_compared =
 
 class Hazards : public Project_test {
 protected:
-    TFileCheckListBox& generated() { return form.scenarios.generated_scenarios_filelistbox; }
+    TFileCheckListBox& generated() { return form.scenarios.lists.generated_scenarios_filelistbox; }
     void open_with(const char* active) {
         open();
         record->active_scenario = active;
@@ -36,7 +36,7 @@ TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_
         {" . ", nullptr},
     };
     open();
-    TEdit& name_edit = form.scenarios.edit_new_scenario_name;
+    TEdit& name_edit = form.scenarios.edit.edit_new_scenario_name;
     for (const char* active : {"Scenarios\\base.tvn", "<Currently not selected>", "", "Scenarios\\base"}) {
         for (const Case& c : cases) {
             SCOPED_TRACE(std::string(active) + " and " + c.typed);
@@ -46,7 +46,7 @@ TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_
             EXPECT_TRUE(name_edit.type_text(c.typed));
             if (c.made == nullptr)
                 desktop.expect_message("", no_name);
-            EXPECT_TRUE(press(form.scenarios.scenario_create_button));
+            EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
             EXPECT_EQ(record->active_scenario,
                       c.made == nullptr ? active : std::string("C:\\projects\\study\\Scenarios\\") + c.made);
         }
@@ -64,7 +64,7 @@ TEST_F(Hazards, deleting_a_scenario_whose_name_is_of_points_takes_no_folder_with
         created().set_checked(i, true);
     EXPECT_EQ(created().checked_count(), 5);
     desktop.expect_message("Delete files", delete_question, Modal_result::yes);
-    EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_TRUE(there("projects/study/Scenarios/dry/Output/season.xeb"));
 }
@@ -73,34 +73,34 @@ TEST_F(Hazards, without_an_active_scenario_nothing_is_made_and_what_needs_one_sa
     for (const char* active : {"<Currently not selected>", ""}) {
         SCOPED_TRACE(active);
         open_with(active);
-        EXPECT_FALSE(form.scenarios.senerios_run_button.usable());
+        EXPECT_FALSE(form.scenarios.run.senerios_run_button.usable());
         EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::cross);
-        form.active_scenario_editbar_set_to_scenarios_dir();
+        form.scenarios.active_scenario_editbar_set_to_scenarios_dir();
         desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
-        EXPECT_TRUE(press(form.scenarios.view_output_button));
+        EXPECT_TRUE(press(form.scenarios.run.view_output_button));
         desktop.expect_message("Active scenario not found",
                                "The active scenario has not been selected or does not exist");
-        EXPECT_TRUE(press(form.scenarios.button_compare_project_scenarios));
+        EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
         desktop.expect_message("Delete files", delete_question, Modal_result::yes);
-        EXPECT_TRUE(press(form.scenarios.scenario_delete_button));
+        EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
         EXPECT_EQ(record->active_scenario, active);
         EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
         EXPECT_FALSE(there("projects/study/Output") || there("projects/study/Scenarios/Output"));
     }
     // What is checked runs all the same.
-    EXPECT_TRUE(press(form.scenarios.scenerios_select_all_button));
-    form.scenarios.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.senerios_run_button.usable());
+    EXPECT_TRUE(press(form.scenarios.lists.scenerios_select_all_button));
+    form.scenarios.run.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.usable());
 }
 
 TEST_F(Hazards, a_generated_scenario_is_run_by_its_check_mark) {
     copy_data("base.tvn", "projects/study/Generated_scenarios/00001.tvn");
     open();
-    form.scenarios.pagecontrol_scenarios.select_page(form.scenarios.tabsheet_generated_scenarios);
+    form.scenarios.lists.pagecontrol_scenarios.select_page(form.scenarios.lists.tabsheet_generated_scenarios);
     EXPECT_TRUE(generated().select(0));
     EXPECT_TRUE(generated().check(0));
-    form.scenarios.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.senerios_run_button.click());
+    form.scenarios.run.senerios_run_button.bring_to_front();
+    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_NE(started().find("\"C:\\projects\\study\\Generated_scenarios\\00001.tvn\""), std::string::npos);
 }
 
@@ -123,46 +123,46 @@ TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_t
     const Case cases[] = {
         {"create",
          [this] {
-             form.scenarios.edit_new_scenario_name.set_text("first");
-             form.scenario_create_button_onclick();
+             form.scenarios.edit.edit_new_scenario_name.set_text("first");
+             form.scenarios.edit.scenario_create_button_onclick();
          }},
-        {"open", [this] { form.scenario_open_active_button_onclick(); }},
+        {"open", [this] { form.scenarios.edit.scenario_open_active_button_onclick(); }},
         {"open other",
          [this] {
              desktop.expect_file_dialog("Simulation scenario", {"C:\\projects\\study\\Scenarios\\dry.tvn"});
-             form.scenario_open_other_onclick();
+             form.scenarios.edit.scenario_open_other_onclick();
          }},
         {"import",
          [this] {
              copy_data("version3.sim", "old/maize.sim");
              desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
                                         {"C:\\old\\maize.sim"});
-             form.scenario_open_SIM_onclick();
+             form.scenarios.edit.scenario_open_SIM_onclick();
          }},
         {"delete",
          [this] {
              desktop.expect_message("Delete files", delete_question, Modal_result::yes);
-             form.scenario_delete_button_onclick();
+             form.scenarios.edit.scenario_delete_button_onclick();
          }},
-        {"explore", [this] { form.explore_scenarios_buttonClick(); }},
-        {"relist", [this] { form.relist_scenarios_button_onclick(); }},
-        {"cursor", [this] { form.created_scenarios_listbox_onchange(); }},
-        {"run", [this] { form.senerios_run_button_onclick(); }},
+        {"explore", [this] { form.scenarios.lists.explore_scenarios_buttonClick(); }},
+        {"relist", [this] { form.scenarios.lists.relist_scenarios_button_onclick(); }},
+        {"cursor", [this] { form.scenarios.lists.created_scenarios_listbox_onchange(); }},
+        {"run", [this] { form.scenarios.run.senerios_run_button_onclick(); }},
         {"view output",
          [this] {
              desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
-             form.view_output_button_onclick();
+             form.scenarios.run.view_output_button_onclick();
          }},
         {"compare",
          [this] {
              desktop.expect_message("Active scenario not found",
                                     "The active scenario has not been selected or does not exist");
-             form.button_compare_project_scenariosClick();
+             form.scenarios.analysis.button_compare_project_scenariosClick();
          }},
-        {"view comparison", [this] { form.comparison_button_view_outputClick(); }},
-        {"project database", [this] { form.open_project_database(); }},
-        {"view results", [this] { form.opt_C_seq_view_results_buttonClick(); }},
-        {"reset", [this] { form.reset_scenario_button_onclick(); }},
+        {"view comparison", [this] { form.comparisons.comparison_button_view_outputClick(); }},
+        {"project database", [this] { form.scenarios.edit.open_project_database(); }},
+        {"view results", [this] { form.optimization.opt_C_seq_view_results_buttonClick(); }},
+        {"reset", [this] { form.scenarios.reset.reset_scenario_button_onclick(); }},
     };
     std::filesystem::create_directories(drives.host("elsewhere"));
     std::string file;
@@ -184,14 +184,14 @@ TEST_F(Hazards, where_the_folder_of_scenarios_cannot_be_made_nothing_is_lost_and
     std::filesystem::remove_all(drives.host("projects/study"));
     drives.write("projects/study", "not a folder");
     open_with("Scenarios\\base.tvn");
-    form.scenarios.edit_new_scenario_name.set_text("first");
-    form.scenarios.checkbox_copy_active_scenario.set_checked(true);
-    form.scenario_create_button_onclick();
-    form.relist_scenarios_button_onclick();
-    form.explore_scenarios_buttonClick();
+    form.scenarios.edit.edit_new_scenario_name.set_text("first");
+    form.scenarios.edit.checkbox_copy_active_scenario.set_checked(true);
+    form.scenarios.edit.scenario_create_button_onclick();
+    form.scenarios.lists.relist_scenarios_button_onclick();
+    form.scenarios.lists.explore_scenarios_buttonClick();
     desktop.expect_message("Delete files", delete_question, Modal_result::yes);
-    form.scenario_delete_button_onclick();
-    form.senerios_run_button_onclick();
+    form.scenarios.edit.scenario_delete_button_onclick();
+    form.scenarios.run.senerios_run_button_onclick();
     EXPECT_EQ(drives.read("projects/study"), "not a folder");
     EXPECT_FALSE(there("projects/Scenarios"));
 }
@@ -203,7 +203,7 @@ TEST_F(Hazards, a_damaged_polygon_table_gives_the_attributes_that_can_be_read) {
     const auto attributes_of = [this](const std::string& contents) {
         drives.write("projects/study/fields.dbf", contents);
         record->GIS_parameters.coverage_PAT_filename = "fields.dbf";
-        form.GIS_coverage_filebar_onchange();
+        form.GIS.GIS_coverage_filebar_onchange();
         EXPECT_TRUE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
         return form.GIS.GIS_soil_combo.items().size();
     };
@@ -229,9 +229,9 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
     for (const char* scenario : {"base", "wet"})
         drives.write(std::string("projects/study/Scenarios/") + scenario + "/Output/season.xeb", "x");
     open_with("Scenarios\\base.tvn");
-    form.senerios_select_all_button_onclick();
+    form.scenarios.lists.senerios_select_all_button_onclick();
     desktop.closing = true;
-    form.button_compare_project_scenariosClick();
+    form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
@@ -246,17 +246,17 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
             Modal_result::abort);
     };
     expect_failure();
-    form.scenario_open_active_button_onclick();
+    form.scenarios.edit.scenario_open_active_button_onclick();
     expect_failure(); // once, at the first of them that has something to compare
-    form.button_compare_project_scenariosClick();
+    form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn*;");
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_all);
-    form.button_compare_project_scenariosClick();
+    form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_NE(started().find("base vs wet"), std::string::npos);
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     desktop.expect_message("No scenarios selected to compare", nothing_compared);
-    form.button_compare_project_scenariosClick();
+    form.scenarios.analysis.button_compare_project_scenariosClick();
 }
 
 } // namespace

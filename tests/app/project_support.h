@@ -68,7 +68,7 @@ protected:
         std::swap(commands, launcher.started);
         return commands;
     }
-    TFileCheckListBox& created() { return form.scenarios.created_scenarios_filelistbox; }
+    TFileCheckListBox& created() { return form.scenarios.lists.created_scenarios_filelistbox; }
     std::string lines(const TListBox& list) const {
         std::string text;
         for (int i = 0; i < list.count(); ++i)

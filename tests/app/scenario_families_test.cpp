@@ -11,8 +11,8 @@ protected:
         open();
         record->active_scenario = file;
         form.Update();
-        form.scenarios.reset_checkboxes[soil_water_box]->bring_to_front();
-        EXPECT_TRUE(form.scenarios.reset_checkboxes[soil_water_box]->check());
+        form.scenarios.reset.reset_checkboxes[soil_water_box]->bring_to_front();
+        EXPECT_TRUE(form.scenarios.reset.reset_checkboxes[soil_water_box]->check());
     }
     void write_scenario(const std::string& path, const std::string& text) const {
         drives.write("projects/study/" + path + ".tvn", text);
@@ -33,7 +33,7 @@ TEST_F(Reset, the_checked_scenarios_are_written_but_for_the_active_one) {
     created().bring_to_front();
     for (const char* line : {"base.tvn", "dry.tvn"})
         EXPECT_TRUE(created().check(created().index_of(line)));
-    EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
+    EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
 
     EXPECT_EQ(scenario("Scenarios/base"), source);
     EXPECT_TRUE(is_reset("Scenarios/dry"));
@@ -53,10 +53,10 @@ TEST_F(Reset, generated_scenarios_lie_in_their_own_folder_and_the_actives_name_i
         write_scenario(std::string("Generated_scenarios/") + number, "[H2O]\n1=0.5\n");
     write_scenario("Scenarios/00001", "[H2O]\n1=0.5\n");
     open_with_active("Scenarios\\00002.tvn");
-    EXPECT_TRUE(
-        form.scenarios.pagecontrol_scenarios.select_page(form.scenarios.tabsheet_generated_scenarios));
-    form.senerios_select_all_button_onclick();
-    EXPECT_TRUE(press(form.scenarios.reset_scenario_button));
+    EXPECT_TRUE(form.scenarios.lists.pagecontrol_scenarios.select_page(
+        form.scenarios.lists.tabsheet_generated_scenarios));
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
     EXPECT_TRUE(is_reset("Generated_scenarios/00001"));
     EXPECT_EQ(scenario("Generated_scenarios/00002"), "[H2O]\n1=0.5\n");
     EXPECT_EQ(scenario("Scenarios/00001"), "[H2O]\n1=0.5\n");
@@ -78,11 +78,11 @@ protected:
             "The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]");
         EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
         EXPECT_TRUE(desktop.script_done());
-        EXPECT_EQ(form.scenarios.pagecontrol_scenarios.active_page(),
-                  &form.scenarios.tabsheet_generated_scenarios);
+        EXPECT_EQ(form.scenarios.lists.pagecontrol_scenarios.active_page(),
+                  &form.scenarios.lists.tabsheet_generated_scenarios);
         EXPECT_EQ(form.project_pagecontrol.active_page(), &form.scenarios.scenarios_tabsheet);
     }
-    TFileCheckListBox& generated() { return form.scenarios.generated_scenarios_filelistbox; }
+    TFileCheckListBox& generated() { return form.scenarios.lists.generated_scenarios_filelistbox; }
 };
 
 TEST_F(Generation, the_list_grows_while_it_works_and_is_listed_anew_afterwards) {

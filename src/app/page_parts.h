@@ -1,4 +1,0 @@
-// What the pages of the project form are made with.
-#pragma once
-
-#include "editing/page_parts.h"

@@ -1,0 +1,56 @@
+#include "app/project_page.h"
+
+#include "app/tilverra_project_form.h"
+#include "toolkit/desktop.h"
+#include "trees/suite_directory.h"
+
+namespace {
+
+constexpr Colour note_green = 0x00ff00;
+constexpr Colour note_red = 0x0000ff;
+
+} // namespace
+
+bool Project_page::has_project() const {
+    return form.workspace() != nullptr;
+}
+
+Project_workspace& Project_page::workspace() const {
+    return *form.workspace();
+}
+
+Tilverra_project_editor_parameters& Project_page::record() const {
+    return form.workspace()->project_parameters;
+}
+
+void Project_page::bind_file(TAutoFileEditBar& bar, TESK::Filtered_file_name& file, const char* caption,
+                             const TESK::File_name* program) {
+    bar.bind_to(&file, caption);
+    if (program != nullptr)
+        bar.set_edit_program(program, "Edit");
+    bound_controls_.push_back(&bar);
+}
+
+void Project_page::update_bound_controls() {
+    for (TControl* control : bound_controls_)
+        control->Update();
+}
+
+bool paint_pending() {
+    return current_desktop == nullptr || current_desktop->process_messages();
+}
+
+void show_folder(TFileListBox& list, const std::string& folder) {
+    const std::string name = screen_text(folder);
+    if (list.folder() != name)
+        list.set_folder(name);
+}
+
+void show_verdict(TLabel& note, bool is_good) {
+    note.set_colour(is_good ? note_green : note_red);
+    note.set_mark(is_good ? Mark::tick : Mark::cross);
+}
+
+TVS::Tilverra_Directory* suite_programs() {
+    return suite_directory == nullptr ? nullptr : &suite_directory->get_tilverra_directory();
+}

@@ -1,0 +1,96 @@
+#include "app/scenario_analysis_page.h"
+
+#include "app/tilverra_project_form.h"
+#include "operations/scenario_comparison.h"
+
+namespace {
+
+constexpr const char* no_outputs_title = "Active scenario has no outputs to compare";
+
+} // namespace
+
+Scenario_analysis_page::Scenario_analysis_page(TTilverra_project_form& project_form, TPageControl& pages)
+    : Project_page(project_form),
+      scenario_analysis_tabsheet(pages.add<TTabSheet>("scenario_analysis_tabsheet", "Analysis")),
+      button_compare_project_scenarios(
+          add_button(scenario_analysis_tabsheet, "button_compare_project_scenarios",
+                     "Compare project scenarios", "Compare each checked scenario with the active scenario.")),
+      button_compare_other_scenario(add_button(scenario_analysis_tabsheet, "button_compare_other_scenario",
+                                               "Compare to another scenario",
+                                               "Select a scenario of any project to compare with the active "
+                                               "scenario.")) {
+    button_compare_project_scenarios.on_click = [this] { button_compare_project_scenariosClick(); };
+    button_compare_other_scenario.on_click = [this] { button_compare_other_scenarioClick(); };
+}
+
+// Whether the active scenario can be compared, once the user was asked to run it.
+bool Scenario_analysis_page::ask_for_output_of_active() {
+    if (active_scenario_has_output(workspace()))
+        return true;
+    if (message_box("The active scenario does not appear to have been run. Run the active scenario now?",
+                    no_outputs_title, Button_set::yes_no_cancel) == Modal_result::yes)
+        form.scenarios.run.run_active();
+    if (active_scenario_has_output(workspace()))
+        return true;
+    message_box(
+        "It is not possible to perform the comparison because there is no output folder for the active "
+        "scenario.",
+        no_outputs_title, Button_set::ok);
+    return false;
+}
+
+// True when a comparison ran; the flag comes back false when none can run.
+bool Scenario_analysis_page::compare_with(const std::string& other, bool& active_has_output) {
+    active_has_output = ask_for_output_of_active();
+    return active_has_output && compare_scenarios(workspace(), other) == Comparison_outcome::compared;
+}
+
+bool Scenario_analysis_page::active_scenario_is_there() {
+    if (!workspace().need_project_directory())
+        return false;
+    if (workspace().active_scenario_exists())
+        return true;
+    message_box("The active scenario has not been selected or does not exist", "Active scenario not found",
+                Button_set::ok);
+    return false;
+}
+
+void Scenario_analysis_page::button_compare_project_scenariosClick() {
+    if (!has_project() || !active_scenario_is_there())
+        return;
+    Scenario_lists& lists = form.scenarios.lists;
+    TFileCheckListBox& list = lists.current();
+    form.scenarios.begin_progress();
+    form.forget_cancellation();
+    bool goes_on = true;
+    bool active_has_output = true;
+    int compared = 0;
+    for (int i = 0; goes_on && i < list.count(); ++i) {
+        if (list.checked(i) && active_has_output) {
+            list.set_item_index(i);
+            compared += compare_with(lists.scenario_of_line(i), active_has_output) ? 1 : 0;
+            if (form.was_cancelled())
+                break;
+            list.set_checked(i, false);
+        }
+        form.scenarios.sim_run_progressbar.step();
+        goes_on = paint_pending();
+    }
+    if (compared > 0)
+        form.comparisons.list_again();
+    if (compared == 0 && goes_on && !form.was_cancelled())
+        message_box("To compare scenarios, you must select scenarios to compare (click check boxes)",
+                    "No scenarios selected to compare", Button_set::ok_cancel);
+    else if (compared > 0)
+        form.project_pagecontrol.set_active_page(form.comparisons.tabsheet_scenario_comparison);
+    form.scenarios.sim_run_progressbar.set_visible(false);
+}
+
+void Scenario_analysis_page::button_compare_other_scenarioClick() {
+    if (!has_project() || !active_scenario_is_there() || !form.TVN_filedialog.execute())
+        return;
+    bool active_has_output = true;
+    if (compare_with(record_text(form.TVN_filedialog.file_name), active_has_output))
+        form.comparisons.list_again();
+    form.project_pagecontrol.set_active_page(form.comparisons.tabsheet_scenario_comparison);
+}

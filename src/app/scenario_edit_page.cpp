@@ -1,0 +1,171 @@
+#include "app/scenario_edit_page.h"
+
+#include "app/tilverra_project_form.h"
+#include "operations/scenario_catalogue.h"
+#include "platform/process.h"
+#include "toolkit/desktop.h"
+#include "trees/suite_directory.h"
+
+#include <cstring>
+#include <vector>
+
+Scenario_edit_page::Scenario_edit_page(TTilverra_project_form& project_form, TPageControl& pages)
+    : Project_page(project_form),
+      scenario_edit_tabsheet(pages.add<TTabSheet>("scenario_edit_tabsheet", "Edit")),
+      scenario_create_button(add_button(add_row(scenario_edit_tabsheet, "panel_new_scenario"),
+                                        "scenario_create_button", "<- New",
+                                        "Create a scenario of this name, and edit it.")),
+      edit_new_scenario_name(fill(scenario_create_button.parent()->add<TEdit>("edit_new_scenario_name"))),
+      checkbox_copy_active_scenario(scenario_edit_tabsheet.add<TCheckBox>(
+          "checkbox_copy_active_scenario", "The new scenario is a copy of the active scenario")),
+      scenario_open_active_button(add_button(scenario_edit_tabsheet, "scenario_open_active_button",
+                                             "Open active scenario", "Edit the active scenario.")),
+      scenario_open_other(
+          add_button(scenario_edit_tabsheet, "scenario_open_other", "Open another project scenario",
+                     "Select a scenario of any project, make it the active one and edit it where it is.")),
+      scenario_open_SIM(
+          add_button(scenario_edit_tabsheet, "scenario_open_SIM", "Import version 3 (.SIM) file",
+                     "Make scenarios of files of version 3. A scenario of the same name is replaced.")),
+      scenario_delete_button(add_button(
+          scenario_edit_tabsheet, "scenario_delete_button", "Delete scenario(s)",
+          "Delete the checked scenarios with their outputs or, without check marks, the file of the "
+          "active scenario alone.")),
+      parameter_database_button(add_button(scenario_edit_tabsheet, "parameter_database_button",
+                                           "Parameter database manager",
+                                           "Show the parameter files of the suite or of this project.")),
+      button_launch_TVS_suite(add_button(scenario_edit_tabsheet, "button_launch_TVS_suite", "Suite launcher",
+                                         "Start the launcher of the suite.")) {
+    edit_new_scenario_name.set_hint("The name of a new scenario");
+    SIM_dialog.title = "Select version 3 simulation control file to import to this project.";
+    SIM_dialog.filter = "Tilverra version 3 simulation control file (*.sim)|*.sim";
+    SIM_dialog.multi_select = true;
+    SIM_dialog.must_exist = true;
+    database_popup.items = {{"Master database", [this] { open_master_database(); }},
+                            {"Project database", [this] { open_project_database(); }}};
+    wire();
+}
+
+void Scenario_edit_page::wire() {
+    scenario_edit_tabsheet.on_enter = [this] { form.scenarios.run.report_format_filebar.set_visible(false); };
+    scenario_create_button.on_click = [this] { scenario_create_button_onclick(); };
+    edit_new_scenario_name.input_filter = scenario_name_characters;
+    edit_new_scenario_name.on_key = [this](const Key& key) {
+        if (key.code != Key_code::enter)
+            return false;
+        scenario_create_button_onclick();
+        return true;
+    };
+    scenario_open_active_button.on_click = [this] { scenario_open_active_button_onclick(); };
+    scenario_open_other.on_click = [this] { scenario_open_other_onclick(); };
+    scenario_open_SIM.on_click = [this] { scenario_open_SIM_onclick(); };
+    scenario_delete_button.on_click = [this] { scenario_delete_button_onclick(); };
+    parameter_database_button.on_click = [this] { parameter_database_onclick(); };
+    button_launch_TVS_suite.on_click = [this] { button_launch_TVS_suiteClick(); };
+}
+
+void Scenario_edit_page::scenario_create_button_onclick() {
+    if (!has_project())
+        return;
+    const std::string new_name = new_scenario_name(record_text(edit_new_scenario_name.text()));
+    if (new_name.empty()) {
+        show_message("To create a new scenario, first enter the new scenario name");
+        return;
+    }
+    if (!create_scenario(workspace(), new_name, checkbox_copy_active_scenario.checked()))
+        return;
+    form.scenarios.lists.created_scenarios_filelistbox.add_line(
+        screen_text(record().active_scenario.get_name(true)));
+    form.scenarios.active_scenario_editbar.Update();
+    form.scenarios.list_changed();
+    scenario_open_active_button_onclick();
+    edit_new_scenario_name.set_text("");
+}
+
+void Scenario_edit_page::scenario_open_active_button_onclick() {
+    if (!has_project() || !form.save() || !workspace().need_project_directory())
+        return;
+    form.run_with_file(suite_directory->get_tilverra_directory().get_scenario_editor_exe(),
+                       record().active_scenario, "");
+}
+
+void Scenario_edit_page::scenario_open_other_onclick() {
+    if (!has_project() || !form.TVN_filedialog.execute())
+        return;
+    record().active_scenario = record_text(form.TVN_filedialog.file_name);
+    form.scenarios.update_active_scenario();
+    form.scenarios.run.show_hide_run_button();
+    scenario_open_active_button_onclick();
+}
+
+void Scenario_edit_page::scenario_open_SIM_onclick() {
+    if (!has_project() || !SIM_dialog.execute())
+        return;
+    std::vector<std::string> files;
+    for (const std::string& file : SIM_dialog.files)
+        files.push_back(record_text(file));
+    {
+        const Busy_pointer busy;
+        import_version_3_scenarios(workspace(), files);
+    }
+    form.scenarios.lists.current().Update();
+    form.scenarios.list_changed();
+}
+
+void Scenario_edit_page::scenario_delete_button_onclick() {
+    if (!has_project())
+        return;
+    const Modal_result answer =
+        message_box("Delete the selected files completely ([No] will move file to recycle bin)",
+                    "Delete files", Button_set::yes_no_cancel);
+    if (answer != Modal_result::yes && answer != Modal_result::no)
+        return;
+    const bool permanently = answer == Modal_result::yes;
+    Scenario_lists& lists = form.scenarios.lists;
+    TFileCheckListBox& list = lists.current();
+    if (!workspace().need_project_directory())
+        return;
+    int deleted = 0;
+    {
+        const Busy_pointer busy;
+        for (int i = 0; i < list.count(); ++i) {
+            if (!list.checked(i))
+                continue;
+            ++deleted;
+            list.set_item_index(i);
+            delete_scenario(workspace().scenarios_directory(lists.current_folder(), false),
+                            record_text(list.line(i).text), permanently);
+        }
+    }
+    // The folder of the active scenario stays.
+    TVN_filename& active = record().active_scenario;
+    if (deleted == 0 && !active.starts_with('<') && workspace().active_scenario_exists())
+        active.recycle(permanently);
+    list.Update();
+    form.scenarios.list_changed();
+}
+
+void Scenario_edit_page::parameter_database_onclick() {
+    constexpr int rise = 50;
+    database_popup.popup(rise);
+}
+
+void Scenario_edit_page::open_master_database() {
+    if (has_project() && workspace().master_database)
+        form.explore(*workspace().master_database);
+}
+
+void Scenario_edit_page::open_project_database() {
+    if (has_project() && workspace().need_project_directory())
+        form.explore(workspace().project_directory->get_database_directory(true));
+}
+
+void Scenario_edit_page::button_launch_TVS_suiteClick() {
+    if (has_project())
+        form.run(suite_directory->get_suite_exe(), "", "", "", false, platform::normal_window);
+}
+
+std::string scenario_name_characters(const std::string& screen_text) {
+    std::string characters = typable_text(screen_text);
+    std::erase_if(characters, [](char c) { return std::strchr("\\/:*?\"<>|", c) != nullptr; });
+    return characters;
+}

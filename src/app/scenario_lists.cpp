@@ -1,0 +1,154 @@
+#include "app/scenario_lists.h"
+
+#include "app/tilverra_project_form.h"
+
+Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& panel)
+    : Project_page(project_form),
+      pagecontrol_scenarios(fill(panel.add<TPageControl>("pagecontrol_scenarios"))),
+      tabsheet_created_scenarios(pagecontrol_scenarios.add<TTabSheet>("tabsheet_created_scenarios",
+                                                                      "Scenarios created for this project")),
+      tabsheet_generated_scenarios(
+          pagecontrol_scenarios.add<TTabSheet>("tabsheet_generated_scenarios", "Generated scenarios")),
+      created_scenarios_filelistbox(
+          fill(tabsheet_created_scenarios.add<TFileCheckListBox>("created_scenarios_filelistbox"))),
+      generated_scenarios_filelistbox(
+          fill(tabsheet_generated_scenarios.add<TFileCheckListBox>("generated_scenarios_filelistbox"))),
+      current_scenarios_listbox(&created_scenarios_filelistbox),
+      scenerios_select_all_button(add_button(panel.add<TPanel>("panel_select", Layout::grid, 2),
+                                             "scenerios_select_all_button", "Select all scenarios")),
+      scenerios_select_none_button(
+          add_button(*scenerios_select_all_button.parent(), "scenerios_select_none_button", "Deselect all")),
+      relist_scenarios_button(add_button(*scenerios_select_all_button.parent(), "relist_scenarios_button",
+                                         "Relist any added scenarios",
+                                         "Read the folders of scenarios again.")),
+      explore_scenarios_button(add_button(*scenerios_select_all_button.parent(), "explore_scenarios_button",
+                                          "Explore scenarios",
+                                          "Show the folder of the page in front in the suite's explorer.")) {
+    created_scenarios_filelistbox.set_mask("*.tvn");
+    generated_scenarios_filelistbox.set_mask("*.tvn");
+    tabsheet_generated_scenarios.set_visible(false);
+    wire();
+}
+
+// Both lists have the one handler for a change of line. A line of the generated list therefore makes the
+// scenario of that name in the folder of created ones the active scenario, whether there is one or not: what
+// acts on the active scenario does not reach a generated one. What acts on the checked lines does.
+void Scenario_lists::wire() {
+    for (TFileCheckListBox* list : {&created_scenarios_filelistbox, &generated_scenarios_filelistbox}) {
+        list->on_change = [this] { created_scenarios_listbox_onchange(); };
+        list->on_check = [this](int) { form.scenarios.checks_changed(); };
+        list->on_double_click = [this] { form.scenarios.edit.scenario_open_active_button_onclick(); };
+        list->on_key = [this](const Key& key) {
+            if (key.code != Key_code::del)
+                return false;
+            form.scenarios.edit.scenario_delete_button_onclick();
+            return true;
+        };
+    }
+    pagecontrol_scenarios.on_change = [this] {
+        set_current_list();
+        form.scenarios.list_changed();
+    };
+    scenerios_select_all_button.on_click = [this] { senerios_select_all_button_onclick(); };
+    scenerios_select_none_button.on_click = [this] { scenerios_select_none_button_onclick(); };
+    relist_scenarios_button.on_click = [this] { relist_scenarios_button_onclick(); };
+    explore_scenarios_button.on_click = [this] { explore_scenarios_buttonClick(); };
+}
+
+void Scenario_lists::bind() {
+    current_scenarios_listbox = &created_scenarios_filelistbox;
+}
+
+void Scenario_lists::Update() {
+    const std::string folder =
+        workspace().project_directory
+            ? screen_text(workspace().project_directory->get_scenarios_directory(false))
+            : std::string();
+    created_scenarios_filelistbox.set_folder(folder);
+    form.TVN_filedialog.initial_folder = folder;
+}
+
+void Scenario_lists::show_hide_generated() {
+    const bool exists = workspace().project_directory &&
+                        workspace().project_directory->get_generated_scenarios_directory(false).exists();
+    if (exists)
+        show_folder(generated_scenarios_filelistbox,
+                    workspace().project_directory->get_generated_scenarios_directory(false));
+    tabsheet_generated_scenarios.set_visible(exists);
+    set_current_list();
+}
+
+void Scenario_lists::set_current_list() {
+    current_scenarios_listbox = current_folder() == Scenario_folder::generated
+                                    ? &generated_scenarios_filelistbox
+                                    : &created_scenarios_filelistbox;
+}
+
+Scenario_folder Scenario_lists::current_folder() const {
+    return pagecontrol_scenarios.active_page() == &tabsheet_generated_scenarios ? Scenario_folder::generated
+                                                                                : Scenario_folder::created;
+}
+
+std::string Scenario_lists::scenario_of_line(int index) {
+    TESK::File_name file;
+    workspace()
+        .scenarios_directory(current_folder(), true)
+        .append_to(record_text(current().line(index).text).c_str(), file);
+    return file;
+}
+
+void Scenario_lists::created_scenarios_listbox_onchange() {
+    const int index = current().item_index();
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    if (index >= 0) {
+        TVN_filename& active = record().active_scenario;
+        active = record_text(current().line(index).text);
+        active.set_ext("tvn");
+        active.set_path(workspace().project_directory->get_scenarios_directory(true));
+    }
+    form.scenarios.update_active_scenario();
+    form.scenarios.run.show_hide_run_button();
+}
+
+void Scenario_lists::senerios_select_all_button_onclick() {
+    current().set_all_checked(true);
+    form.scenarios.checks_changed();
+}
+
+void Scenario_lists::scenerios_select_none_button_onclick() {
+    current().set_all_checked(false);
+}
+
+void Scenario_lists::relist_scenarios_button_onclick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    const auto relist = [](TFileCheckListBox& list, const std::string& folder) {
+        const std::string name = screen_text(folder);
+        if (list.folder() == name)
+            list.Update();
+        else
+            list.set_folder(name);
+    };
+    relist(created_scenarios_filelistbox, workspace().project_directory->get_scenarios_directory(true));
+    relist(generated_scenarios_filelistbox,
+           workspace().project_directory->get_generated_scenarios_directory(true));
+    form.scenarios.list_changed();
+}
+
+void Scenario_lists::explore_scenarios_buttonClick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    Tilverra_project_directory& project = *workspace().project_directory;
+    TESK::Directory_name target = project;
+    const TTabSheet* const page = form.project_pagecontrol.active_page();
+    if (page == &form.scenarios.scenarios_tabsheet)
+        target = workspace().scenarios_directory(current_folder(), true);
+    else if (page == &form.optimization.tabsheet_optimization &&
+             form.optimization.optimization_pagecontrol.active_page() ==
+                 &form.optimization.opt_C_seq_tabsheet)
+        target = project.get_carbon_sequestration_optimization_directory(true);
+    else if (page == &form.GIS.GIS_tabsheet)
+        target = project.get_GIS_directory(true);
+    form.explore(target);
+}

@@ -1,0 +1,47 @@
+// The lists of a project's scenarios, those created and those generated: which lines there are, which are
+// checked, and which is under the cursor.
+#pragma once
+
+#include "app/project_page.h"
+#include "toolkit/file_list_box.h"
+
+#include <string>
+
+class Scenario_lists : public Project_page {
+public:
+    Scenario_lists(TTilverra_project_form& project_form, TPanel& panel);
+
+    void bind();
+    // Shows the scenarios of the project's folder.
+    void Update();
+    void show_hide_generated();
+
+    // The list that operations work on: the one in front.
+    TFileCheckListBox& current() { return *current_scenarios_listbox; }
+    Scenario_folder current_folder() const;
+    // The file of a line of that list; needs a project directory.
+    std::string scenario_of_line(int index);
+
+    void created_scenarios_listbox_onchange();
+    void senerios_select_all_button_onclick();
+    void scenerios_select_none_button_onclick();
+    void relist_scenarios_button_onclick();
+    void explore_scenarios_buttonClick();
+
+    TPageControl& pagecontrol_scenarios;
+    TTabSheet& tabsheet_created_scenarios;
+    TTabSheet& tabsheet_generated_scenarios;
+    TFileCheckListBox& created_scenarios_filelistbox;
+    TFileCheckListBox& generated_scenarios_filelistbox;
+    TFileCheckListBox* current_scenarios_listbox;
+    TButton& scenerios_select_all_button;
+    TButton& scenerios_select_none_button;
+    TButton& relist_scenarios_button;
+    TButton& explore_scenarios_button;
+
+    // Makes the list in front the one that operations work on.
+    void set_current_list();
+
+private:
+    void wire();
+};

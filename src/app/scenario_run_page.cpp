@@ -1,0 +1,113 @@
+#include "app/scenario_run_page.h"
+
+#include "app/tilverra_project_form.h"
+#include "operations/scenario_runs.h"
+#include "toolkit/desktop.h"
+#include "trees/suite_directory.h"
+
+#include <vector>
+
+Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPageControl& pages,
+                                     TTabSheet& scenarios_tabsheet)
+    : Project_page(project_form), scenario_run_tabsheet(pages.add<TTabSheet>("scenario_run_tabsheet", "Run")),
+      senerios_run_button(
+          add_button(scenario_run_tabsheet, "senerios_run_button", "Run active/checked scenarios",
+                     "Run the checked scenarios or, without check marks, the active scenario.")),
+      view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output",
+                                    "Show what the last run of the active scenario wrote.")),
+      format_groupbox(scenario_run_tabsheet.add<TRadioGroup>(
+          "format_groupbox", "Report format",
+          std::vector<std::string>{"specified in each scenario", "specified below for all runs"})),
+      run_statistical_analysis_checkbox(scenario_run_tabsheet.add<TAutoCheckBox>(
+          "run_statistical_analysis_checkbox", "Perform statistical analysis")),
+      CPF_water_checkbox(scenario_run_tabsheet
+                             .add<TGroupBox>("crop_production_function_groupbox", "Crop production function")
+                             .add<TCheckBox>("CPF_water_checkbox", "Water")),
+      report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")) {
+    format_groupbox.set_item_index(0);
+    report_format_filebar.set_visible(false);
+    scenario_run_tabsheet.on_enter = [this] { report_format_filebar.set_visible(true); };
+    senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
+    view_output_button.on_click = [this] { view_output_button_onclick(); };
+    run_statistical_analysis_checkbox.on_click = [this] { run_statistical_analysis_checkbox_onclick(); };
+}
+
+void Scenario_run_page::bind() {
+    forget_bound_controls();
+    TVS::Tilverra_Directory* const programs = suite_programs();
+    bind_file(report_format_filebar, record().report_format, nullptr,
+              programs == nullptr ? nullptr : &programs->get_format_editor_exe());
+    bind_control(run_statistical_analysis_checkbox, record().statistical_analysis);
+}
+
+void Scenario_run_page::show_hide_run_button() {
+    if (!has_project())
+        return;
+    const bool exists = workspace().active_scenario_exists();
+    senerios_run_button.set_visible(exists);
+    senerios_run_button.set_enabled(exists);
+}
+
+void Scenario_run_page::run_active() {
+    run_scenario(workspace(), record().active_scenario, common_format(), false);
+}
+
+// Runs the checked lines; the mark of each goes once its run has been started or has ended. False when the
+// user gave up a save, or closed the program: the marks that are left then stand.
+bool Scenario_run_page::run_checked(bool batch, int& checked) {
+    Scenario_lists& lists = form.scenarios.lists;
+    TFileCheckListBox& list = lists.current();
+    for (int i = 0; i < list.count(); ++i) {
+        if (list.checked(i)) {
+            ++checked;
+            list.set_item_index(i);
+            if (!run_scenario(workspace(), lists.scenario_of_line(i), common_format(), batch))
+                return false;
+            list.set_checked(i, false);
+        }
+        form.scenarios.sim_run_progressbar.step();
+        if (!paint_pending())
+            return false;
+    }
+    return true;
+}
+
+void Scenario_run_page::senerios_run_button_onclick() {
+    if (!has_project())
+        return;
+    const bool batch = form.scenarios.lists.current().checked_count() > 1;
+    if (batch) {
+        if (message_box(
+                "Multiple scenarios were selected, these will need to be run sequentially. the project "
+                "editor will be suspended during the runs. Continue?",
+                "Sequential batch run", Button_set::ok_cancel) != Modal_result::ok)
+            return;
+        if (current_desktop != nullptr)
+            current_desktop->minimise();
+    }
+    form.scenarios.begin_progress();
+    int checked = 0;
+    if (workspace().need_project_directory() && run_checked(batch, checked) && checked == 0)
+        run_active();
+    form.scenarios.sim_run_progressbar.set_visible(false);
+    if (batch && current_desktop != nullptr)
+        current_desktop->restore();
+}
+
+void Scenario_run_page::view_output_button_onclick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    if (!view_output(workspace()))
+        show_message("This scenario does not have any output.  First run the simulation");
+}
+
+void Scenario_run_page::run_statistical_analysis_checkbox_onclick() {
+    if (!has_project())
+        return;
+    if (record().statistical_analysis)
+        message_box(
+            "Select the variables to be tallied and the statistics to be calculated on the /Statistical "
+            "tallies\\ page.",
+            "Select variable", Button_set::ok);
+    form.show_hide();
+}

@@ -1,0 +1,38 @@
+// The page "Run": running the model on the checked lines or the active scenario, and viewing what it wrote.
+#pragma once
+
+#include "app/project_page.h"
+#include "editing/auto_choices.h"
+
+#include <string>
+
+class Scenario_run_page : public Project_page {
+public:
+    // The bar of the report format stands on the page of the scenarios, below these pages, where there is
+    // room for it.
+    Scenario_run_page(TTilverra_project_form& project_form, TPageControl& pages,
+                      TTabSheet& scenarios_tabsheet);
+
+    void bind();
+    void Update() { update_bound_controls(); }
+
+    void senerios_run_button_onclick();
+    void view_output_button_onclick();
+    void run_statistical_analysis_checkbox_onclick();
+    void show_hide_run_button();
+
+    // Runs the active scenario, as the record names it, without waiting.
+    void run_active();
+
+    TTabSheet& scenario_run_tabsheet;
+    TButton& senerios_run_button;
+    TButton& view_output_button;
+    TRadioGroup& format_groupbox;
+    TAutoCheckBox& run_statistical_analysis_checkbox;
+    TCheckBox& CPF_water_checkbox;
+    TAutoFileEditBar& report_format_filebar;
+
+private:
+    bool common_format() const { return format_groupbox.item_index() == 1; }
+    bool run_checked(bool batch, int& checked);
+};

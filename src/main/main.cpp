@@ -3,12 +3,15 @@
 #include "desktop_qt/qt_desktop.h"
 #include "file_transfer_curl/curl_file_transfer.h"
 #include "main/host_functions.h"
+#include "runs/run_supervisor.h"
 
 #include <QtWidgets/QApplication>
 
 #include <iostream>
 
 int main(int argc, char** argv) {
+    if (const auto exit_code = supervise_if_asked(argc, argv))
+        return *exit_code;
     const QApplication application(argc, argv);
     Curl_file_transfer file_transfer;
     Program_services services;

@@ -1,5 +1,6 @@
 #include "operations/scenario_runs.h"
 
+#include "model/model_command.h"
 #include "model/tilverra_scenario.h"
 #include "records/vv_file.h"
 #include "trees/scenario_directory.h"
@@ -19,7 +20,7 @@ std::string quoted(const std::string& text) {
 bool run_scenario(Project_workspace& workspace, const std::string& scenario_file, bool common_format,
                   bool wait) {
     const Tilverra_project_editor_parameters& project = workspace.project_parameters;
-    const std::string option = common_format ? ' ' + quoted(project.report_format) + ' ' : "";
+    const std::string option = common_format ? report_format_option(project.report_format) : "";
     workspace.host.run_on_file(project.cropping_system_model, option, scenario_file, wait,
                                project.run_minimized ? minimised : maximised);
     return !workspace.host.was_cancelled();

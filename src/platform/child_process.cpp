@@ -38,10 +38,10 @@ int result_of(int error_number) {
     }
 }
 
-std::vector<std::string> environment_for(const Program_start& start) {
+std::vector<std::string> environment_for(const Program_start& start, const std::string& folder) {
     std::vector<std::string> environment = start.settings;
     // By this the child learns by which path, of several, its directory was reached.
-    environment.push_back("PWD=" + host_path(current_directory()));
+    environment.push_back("PWD=" + folder);
     const std::size_t own = environment.size();
     for (char** variable = environ; *variable != nullptr; ++variable) {
         const std::string setting = *variable;
@@ -58,8 +58,9 @@ std::vector<std::string> environment_for(const Program_start& start) {
 // All that execve() needs, made before the fork: in the child nothing may be allocated.
 class Child_image {
 public:
-    explicit Child_image(const Program_start& start)
-        : arguments_(start.arguments), environment_(environment_for(start)),
+    // `folder`: the host path of the program's directory, in which take_over() expects to be.
+    Child_image(const Program_start& start, const std::string& folder)
+        : arguments_(start.arguments), environment_(environment_for(start, folder)),
           keeps_terminal_(start.keeps_terminal) {
         arguments_.insert(arguments_.begin(), start.path);
         argument_pointers_ = pointers_to(arguments_);
@@ -70,6 +71,10 @@ public:
 
     // Turns the calling process into the program; writes the error number to `report` when that fails.
     [[noreturn]] void take_over(int report) const;
+    // The same for a process whose files are arranged; returns when it fails.
+    void execute() const {
+        execve(argument_pointers_[0], argument_pointers_.data(), environment_pointers_.data());
+    }
 
 private:
     static std::vector<char*> pointers_to(std::vector<std::string>& texts) {
@@ -131,7 +136,7 @@ void Child_image::take_over(int report) const {
     const int above_standard = fcntl(report, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     arrange_files(keeps_terminal_);
     arrange_signals();
-    execve(argument_pointers_[0], argument_pointers_.data(), environment_pointers_.data());
+    execute();
     write_error(above_standard < 0 ? report : above_standard, errno);
     _exit(127);
 }
@@ -188,10 +193,65 @@ int start_child(pid_t& child, const Body& body) {
     return read_error(reading);
 }
 
+// The child of vfork() runs in the memory of this process, which stands still until the program has begun: no
+// page is copied, however large this process is. It may only make system calls and set `error_number`.
+[[gnu::noinline]] pid_t vfork_program(const Child_image& image, const Group_start& how, int input,
+                                      volatile int& error_number) {
+    const pid_t child = vfork();
+    if (child != 0)
+        return child;
+    if (how.own_session)
+        setsid();
+    else
+        setpgid(0, 0);
+    if (how.mark != nullptr)
+        how.mark->store(getpid());
+    if (chdir(how.folder.c_str()) == 0 && dup2(input, STDIN_FILENO) >= 0 &&
+        dup2(how.output, STDOUT_FILENO) >= 0 && dup2(how.output, STDERR_FILENO) >= 0) {
+        close_all_on_exec();
+        arrange_signals();
+        image.execute();
+    }
+    error_number = errno;
+    _exit(127);
+}
+
+// A descriptor that is none of the three of the standard streams: dup2() would let it be closed on exec.
+Host_handle above_standard_streams(int descriptor) {
+    return Host_handle(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}
+
 } // namespace
 
+int start_in_group(const Program_start& start, const Group_start& how, pid_t& child) {
+    const Child_image image(start, how.folder);
+    const Host_handle null(open("/dev/null", O_RDWR | O_CLOEXEC));
+    const Host_handle input = above_standard_streams(how.input < 0 ? null.get() : how.input);
+    const Host_handle output = above_standard_streams(how.output < 0 ? null.get() : how.output);
+    Group_start placed = how;
+    placed.output = output.get();
+
+    sigset_t all;
+    sigset_t previous;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &previous);
+    volatile int error_number = 0;
+    child = vfork_program(image, placed, input.get(), error_number);
+    const int fork_error = errno;
+    pthread_sigmask(SIG_SETMASK, &previous, nullptr);
+    if (child < 0)
+        return result_of(fork_error);
+    if (error_number != 0) {
+        wait_for(child);
+        child = -1;
+        if (how.mark != nullptr)
+            how.mark->store(0);
+    }
+    return result_of(error_number);
+}
+
 int start_detached(const Program_start& start) {
-    const Child_image image(start);
+    const Child_image image(start, host_path(current_directory()));
     pid_t child = -1;
     // The grandchild is adopted by the host when the child ends, so nobody has to wait for it.
     const int error_number = start_child(child, [&](int report) {
@@ -210,7 +270,7 @@ int start_detached(const Program_start& start) {
 }
 
 int start_and_wait(const Program_start& start, int& exit_code) {
-    const Child_image image(start);
+    const Child_image image(start, host_path(current_directory()));
     pid_t child = -1;
     const int error_number = start_child(child, [&](int report) { image.take_over(report); });
     if (child > 0)

@@ -2,7 +2,9 @@
 // the two ways to start it.
 #pragma once
 
+#include <atomic>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 namespace platform {
@@ -14,6 +16,10 @@ struct Program_start {
     bool keeps_terminal = false;        // may read the terminal from which this process was started
 };
 
+// What a command line starts, worked out before anything is started. Gives result_started, or why it cannot
+// be.
+int plan_start(const std::string& command_line, Program_start& start);
+
 // Starts a program that is no child of this process afterwards and is in a session of its own. Gives
 // result_started, or what is wrong when the program could not be started.
 int start_detached(const Program_start& start);
@@ -21,5 +27,17 @@ int start_detached(const Program_start& start);
 // Starts a program and waits for its end. Gives the same as start_detached(), and in `exit_code` how a
 // program that was started has ended.
 int start_and_wait(const Program_start& start, int& exit_code);
+
+// How a program is started whose end its starter notices by itself.
+struct Group_start {
+    std::string folder;                 // the host path of its directory
+    int input = -1;                     // its standard input; negative for an empty one
+    int output = -1;                    // its standard output and error
+    std::atomic<pid_t>* mark = nullptr; // gets the number of its group before it begins; null for none
+    bool own_session = false;           // it loses the terminal too
+};
+// Starts a program as the leader of a process group of its own. Gives the same as start_detached(), and in
+// `child` the number of the process, which the caller waits for.
+int start_in_group(const Program_start& start, const Group_start& how, pid_t& child);
 
 } // namespace platform

@@ -198,6 +198,12 @@ Process_launcher*& launcher_in_use() {
 
 } // namespace
 
+int plan_start(const std::string& command_line, Program_start& start) {
+    Plan plan = plan_for(command_line);
+    start = std::move(plan.start);
+    return plan.result;
+}
+
 int Process_launcher::execute(const std::string& command_line, int /*show_state*/) {
     const Plan plan = plan_for(command_line);
     return plan.result == result_started ? start_detached(plan.start) : plan.result;

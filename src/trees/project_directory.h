@@ -77,6 +77,7 @@ public:
     const TESK::Smart_directory_name Carbon_sequestration_optimization =
         folder_in(*this, "Carbon_sequestration_optimization");
     const TESK::Smart_directory_name scenario_comparison = folder_in(*this, "scenario_comparison");
+    const TESK::Smart_directory_name Runs = folder_in(*this, "Runs"); // made by the first set of runs
 
 private:
     std::unique_ptr<Database_directory> database_;

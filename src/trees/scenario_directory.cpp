@@ -19,14 +19,20 @@ bool holds_output(const TESK::Directory_name& folder) {
     });
 }
 
+constexpr const char* output_name = "Output";
+
 } // namespace
+
+TESK::Smart_directory_name output_folder_of(const TESK::File_name& scenario_file) {
+    return folder_in(TESK::without_extension(scenario_file), output_name);
+}
 
 Common_scenario_directory::Common_scenario_directory(const TESK::File_name& scenario_file)
     : Common_parameters_directory(TESK::without_extension(scenario_file), Directory_mode::containing_folder,
                                   true) {
     get_path(parent_directory, true);
     parent_directory.set_as_current();
-    output_directory = folder_in(*this, "Output");
+    output_directory = folder_in(*this, output_name);
     output_directory.create();
 }
 

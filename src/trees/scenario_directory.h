@@ -6,6 +6,9 @@
 #include "trees/database_directory.h"
 #include "trees/places.h"
 
+// The folder in which a scenario's runs leave their output. Nothing is looked up, made or entered.
+TESK::Smart_directory_name output_folder_of(const TESK::File_name& scenario_file);
+
 // The folder of a scenario of any model. Making one makes the folder and its output folder, and moves the
 // process's current folder to parent_directory.
 class Common_scenario_directory : public TESK::Common_parameters_directory {

@@ -1,0 +1,81 @@
+#include "runs/run_folders.h"
+
+#include "names/smart_directory_name.h"
+#include "platform/file_writer.h"
+#include "platform/files.h"
+#include "platform/listing.h"
+#include "runs/run_journal.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr const char* set_file = "\\set.txt";
+constexpr std::size_t largest_set_file = std::size_t{64} << 20;
+constexpr int most_sets_a_second = 1000;
+
+// "2026-03-01 12-00-00": names are sorted as the times are.
+std::string name_for(Moment moment) {
+    std::string name = text_of_moment(moment).substr(0, 19);
+    name[10] = ' ';
+    std::replace(name.begin(), name.end(), ':', '-');
+    return name;
+}
+
+// Makes a folder that was not there; "" when that cannot be.
+std::string make_new_folder(const std::string& runs_folder) {
+    const std::string name = runs_folder + '\\' + name_for(moment_now());
+    std::string folder = name;
+    for (int number = 2; number < most_sets_a_second && !platform::make_folder(folder); ++number) {
+        if (!platform::exists(folder))
+            return "";
+        folder = name + ' ' + std::to_string(number);
+    }
+    return folder;
+}
+
+} // namespace
+
+Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set) {
+    const std::string unusable = unusable_name(set);
+    if (!unusable.empty())
+        return {"", {platform::Write_error::bad_name, "No command line can hold the name " + unusable}};
+    platform::make_folders(runs_folder);
+    const std::string folder = make_new_folder(runs_folder);
+    if (folder.empty())
+        return {"", platform::write_failure(platform::Write_error::no_permission)};
+    const platform::Write_result result =
+        platform::write_file(folder + set_file, text_of(set), platform::Durability::durable);
+    if (result.ok())
+        return {folder, result};
+    platform::remove_tree(folder);
+    return {"", result};
+}
+
+std::optional<Run_set> read_run_set(const std::string& folder) {
+    const platform::Read_result file = platform::read_file(folder + set_file, largest_set_file);
+    return file.ok() ? run_set_from_text(file.contents) : std::nullopt;
+}
+
+std::vector<std::string> list_run_sets(const std::string& runs_folder) {
+    std::vector<std::string> folders;
+    for (const platform::Folder_entry& entry : platform::list_folder(runs_folder)) {
+        const std::string folder = runs_folder + '\\' + entry.name;
+        if ((entry.attributes & platform::attribute_directory) != 0 && platform::is_file(folder + set_file))
+            folders.push_back(folder);
+    }
+    std::sort(folders.rbegin(), folders.rend());
+    return folders;
+}
+
+bool delete_run_set(const std::string& folder, bool permanently) {
+    Run_journal journal(folder, 0);
+    journal.update();
+    if (is_owned(journal))
+        return false;
+    return TESK::Smart_directory_name(folder.c_str()).recycle(permanently);
+}
+
+std::string printed_file(const std::string& folder, std::size_t run) {
+    return folder + "\\printed\\" + std::to_string(run) + ".txt";
+}

@@ -1,0 +1,33 @@
+// The folders of run sets below a project's folder "Runs": one each, named after the time at which it was
+// made (UTC), with what was asked, the journal, and what the runs have printed. Folders are full names
+// without a final separator.
+#pragma once
+
+#include "platform/write_result.h"
+#include "runs/run_set.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct Made_run_set {
+    std::string folder; // "" when it could not be made
+    platform::Write_result result;
+};
+
+// Makes the folder of a new set, and the folder of all sets above it when that is missing. Nothing is run.
+Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set);
+
+// What was asked of the set in the folder; nothing when there is none, or it was never completely made.
+std::optional<Run_set> read_run_set(const std::string& folder);
+
+// The folders of all sets, the newest first.
+std::vector<std::string> list_run_sets(const std::string& runs_folder);
+
+// Deletes the set with all that is known of it, into the trash unless `permanently`; the outputs of its
+// scenarios stay. False when anything of it is left, and when it is being run.
+bool delete_run_set(const std::string& folder, bool permanently);
+
+// The file with what a run has printed; there is none for one that printed nothing.
+std::string printed_file(const std::string& folder, std::size_t run);

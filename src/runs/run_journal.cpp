@@ -1,0 +1,286 @@
+#include "runs/run_journal.h"
+
+#include "platform/file_stream.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+constexpr const char* journal_file = "\\journal.txt";
+constexpr std::string_view line_mark = " .";
+constexpr std::size_t moment_length = 24;
+constexpr Moment day_length = Moment{24} * 60 * 60 * 1000;
+
+using Outcome = Run_record::Outcome;
+struct Outcome_name {
+    Outcome outcome;
+    std::string_view name;
+};
+constexpr Outcome_name outcome_names[] = {{Outcome::exited, "exit"},           {Outcome::signalled, "signal"},
+                                          {Outcome::not_started, "unstarted"}, {Outcome::stopped, "stopped"},
+                                          {Outcome::too_slow, "slow"},         {Outcome::lost, "lost"}};
+
+// The number in the digits at a place; negative when they are none.
+int digits(std::string_view text, std::size_t place, std::size_t count) {
+    int number = 0;
+    for (const char c : text.substr(place, count)) {
+        if (c < '0' || c > '9')
+            return -1;
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+// 0 for a text that is none.
+Moment moment_from_text(std::string_view text) {
+    if (text.size() != moment_length || text.back() != 'Z')
+        return 0;
+    const int parts[] = {digits(text, 0, 4),  digits(text, 5, 2),  digits(text, 8, 2), digits(text, 11, 2),
+                         digits(text, 14, 2), digits(text, 17, 2), digits(text, 20, 3)};
+    if (std::any_of(std::begin(parts), std::end(parts), [](int part) { return part < 0; }))
+        return 0;
+    const std::chrono::year_month_day day{std::chrono::year{parts[0]},
+                                          std::chrono::month{static_cast<unsigned>(parts[1])},
+                                          std::chrono::day{static_cast<unsigned>(parts[2])}};
+    if (!day.ok())
+        return 0;
+    const Moment days = std::chrono::sys_days{day}.time_since_epoch().count();
+    return days * day_length + ((parts[3] * Moment{60} + parts[4]) * 60 + parts[5]) * 1000 + parts[6];
+}
+
+template <class Number>
+bool number_from(std::string_view text, Number& number) {
+    const char* const end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && stopped == end;
+}
+
+} // namespace
+
+Moment moment_now() {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::system_clock::now().time_since_epoch())
+        .count();
+}
+
+std::string text_of_moment(Moment moment) {
+    const Moment days = (moment - (moment % day_length + day_length) % day_length) / day_length;
+    const auto rest = static_cast<int>(moment - days * day_length);
+    const std::chrono::year_month_day day{std::chrono::sys_days{std::chrono::days{days}}};
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d.%03dZ",
+                  static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                  static_cast<unsigned>(day.day()), rest / 3'600'000, rest / 60'000 % 60, rest / 1000 % 60,
+                  rest % 1000);
+    return text.data();
+}
+
+// The words of a line, one after the other.
+class Run_journal::Words {
+public:
+    explicit Words(std::string_view text) : rest_(text) {}
+
+    std::string_view next() {
+        const std::size_t end = std::min(rest_.find(' '), rest_.size());
+        const std::string_view word = rest_.substr(0, end);
+        rest_.remove_prefix(std::min(end + 1, rest_.size()));
+        return word;
+    }
+    std::string_view rest() const { return rest_; }
+
+private:
+    std::string_view rest_;
+};
+
+Run_journal::Run_journal(const std::string& folder, std::size_t runs)
+    : file_(folder + journal_file), runs_(runs) {}
+
+bool Run_journal::update() {
+    changed_.clear();
+    platform::File_stream file(file_, false);
+    const std::int64_t size = file.good() ? file.size() : 0;
+    if (size < place_)
+        forget_all();
+    if (size <= place_)
+        return false;
+    file.seek(place_);
+    std::string bytes(std::size_t{1} << 16, '\0');
+    while (const std::size_t count = file.read(bytes.data(), bytes.size())) {
+        place_ += static_cast<std::int64_t>(count);
+        std::string_view text(bytes.data(), count);
+        for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+            if (rest_.empty()) {
+                take_line(text.substr(0, end));
+            } else {
+                take_line(rest_.append(text.substr(0, end)));
+                rest_.clear();
+            }
+            text.remove_prefix(end + 1);
+        }
+        rest_.append(text);
+    }
+    return true;
+}
+
+// The journal is another one than before: somebody has replaced the folder.
+void Run_journal::forget_all() {
+    std::fill(runs_.begin(), runs_.end(), Run_record());
+    reasons_.clear();
+    owner_.reset();
+    job_.reset();
+    owned_since_ = 0;
+    ended_since_ = 0;
+    place_ = 0;
+    rest_.clear();
+}
+
+void Run_journal::take_line(std::string_view line) {
+    if (!line.ends_with(line_mark))
+        return;
+    line.remove_suffix(line_mark.size());
+    Words words(line);
+    const std::string_view kind = words.next();
+    const Moment time = moment_from_text(words.next());
+    if (time == 0)
+        return;
+    if (kind == "owner")
+        return take_owner(time, words.rest());
+    if (kind == "left") {
+        words.next();
+        if (owner_ == platform::identity_from_text(words.rest()))
+            owner_.reset();
+        return;
+    }
+    std::size_t run = 0;
+    if (kind == "job") {
+        Scheduler_job job{std::string(words.next()), 0, 1};
+        if (number_from(words.next(), job.tasks) && number_from(words.next(), job.per_task)) {
+            job_ = std::move(job);
+            owned_since_ = time;
+            ended_since_ = 0;
+        }
+        return;
+    }
+    if (!number_from(words.next(), run) || run >= runs_.size())
+        return;
+    if (kind == "start") {
+        runs_[run] = Run_record();
+        runs_[run].outcome = Outcome::running;
+        runs_[run].started = time;
+        changed_.push_back(run);
+    } else if (kind == "end") {
+        take_end(run, time, words);
+    }
+}
+
+void Run_journal::take_end(std::size_t run, Moment time, Words& words) {
+    const std::string_view name = words.next();
+    const auto found = std::find_if(std::begin(outcome_names), std::end(outcome_names),
+                                    [&](const Outcome_name& outcome) { return outcome.name == name; });
+    const std::string_view code = words.next();
+    Run_record record = runs_[run];
+    if (found == std::end(outcome_names) || !number_from(words.next(), record.seconds))
+        return;
+    record.outcome = found->outcome;
+    // A run that has ended is not lost, whoever found out what first.
+    if (record.outcome == Outcome::lost && runs_[run].has_ended())
+        return;
+    record.code = 0;
+    if (record.outcome == Outcome::lost)
+        reasons_.emplace_back(run, code);
+    else if (!number_from(code, record.code))
+        return;
+    record.left_output = words.next() == "output";
+    record.ended = time;
+    if (record.started == 0)
+        record.started = time - static_cast<Moment>(record.seconds * 1000);
+    runs_[run] = record;
+    changed_.push_back(run);
+    ++ended_since_;
+}
+
+void Run_journal::take_owner(Moment time, std::string_view identity) {
+    const auto process = platform::identity_from_text(identity);
+    if (!process || owner_)
+        return;
+    owner_ = process;
+    owned_since_ = time;
+    ended_since_ = 0;
+}
+
+std::string Run_journal::reason(std::size_t run) const {
+    const auto found = std::find_if(reasons_.rbegin(), reasons_.rend(),
+                                    [&](const auto& reason) { return reason.first == run; });
+    return found == reasons_.rend() ? "" : found->second;
+}
+
+Journal_writer::Journal_writer(const std::string& folder)
+    : file_(folder + journal_file), state_(file_.ready()) {}
+
+void Journal_writer::own() {
+    add("owner " + text_of_moment(moment_now()) + ' ' + text_of(platform::own_identity()));
+}
+
+void Journal_writer::own_job(const Scheduler_job& job) {
+    add("job " + text_of_moment(moment_now()) + ' ' + job.number + ' ' + std::to_string(job.tasks) + ' ' +
+        std::to_string(job.per_task));
+}
+
+void Journal_writer::leave(std::string_view reason, const platform::Process_identity& owner) {
+    add("left " + text_of_moment(moment_now()) + ' ' + std::string(reason) + ' ' + text_of(owner));
+}
+
+void Journal_writer::start(std::size_t run) {
+    add("start " + text_of_moment(moment_now()) + ' ' + std::to_string(run));
+}
+
+void Journal_writer::end(std::size_t run, const Run_record& record, const std::string& reason) {
+    const auto name =
+        std::find_if(std::begin(outcome_names), std::end(outcome_names),
+                     [&](const Outcome_name& other) { return other.outcome == record.outcome; });
+    std::array<char, 32> seconds{};
+    std::snprintf(seconds.data(), seconds.size(), "%d.%03d", static_cast<int>(record.seconds),
+                  static_cast<int>(record.seconds * 1000) % 1000);
+    add("end " + text_of_moment(moment_now()) + ' ' + std::to_string(run) + ' ' + std::string(name->name) +
+        ' ' + (record.outcome == Outcome::lost ? reason : std::to_string(record.code)) + ' ' +
+        seconds.data() + (record.left_output ? " output" : " nothing"));
+}
+
+void Journal_writer::add(std::string line) {
+    unwritten_.push_back(std::move(line.append(line_mark)));
+    flush();
+}
+
+bool Journal_writer::flush() {
+    while (!unwritten_.empty()) {
+        state_ = file_.append(unwritten_.front());
+        if (!state_.ok())
+            return false;
+        unwritten_.pop_front();
+    }
+    return true;
+}
+
+bool is_owned(const Run_journal& journal) {
+    return journal.owner() && platform::presence_of(*journal.owner()) != platform::Process_presence::gone;
+}
+
+bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer, bool take_over) {
+    Run_journal journal(folder, runs);
+    journal.update();
+    const auto presence =
+        journal.owner() ? platform::presence_of(*journal.owner()) : platform::Process_presence::gone;
+    if (presence == platform::Process_presence::alive ||
+        (presence == platform::Process_presence::elsewhere && !take_over))
+        return false;
+    if (journal.owner())
+        writer.leave("gone", *journal.owner());
+    writer.own();
+    journal.update();
+    return journal.owner() == platform::own_identity() && writer.state().ok();
+}

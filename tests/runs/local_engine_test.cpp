@@ -1,0 +1,188 @@
+#include "runs/local_engine.h"
+
+#include "platform/files.h"
+#include "runs/run_progress.h"
+#include "runs/run_project.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class Local_engine_test : public testing::Test {
+protected:
+    // Polls until the engine has ended, or `until` says so.
+    template <class Until>
+    static void poll(Local_engine& engine, const Until& until) {
+        while (engine.poll() && !until())
+            engine.wait(10ms);
+    }
+    static void finish(Local_engine& engine) {
+        poll(engine, [] { return false; });
+    }
+    std::vector<std::string> ends_of(const std::string& folder, const Run_set& set) const {
+        std::vector<std::string> ends;
+        for (const Run_record& record : records_of(folder, set.scenarios.size()))
+            ends.push_back(std::string(word_for(state_of(record, false))) + ": " + describe_end(record));
+        return ends;
+    }
+
+    Run_project project;
+};
+
+TEST_F(Local_engine_test, tells_how_each_run_ended_and_keeps_what_it_printed) {
+    const Run_set set = project.set_of({"good", "fail", "killed", "silent", "loud", "fork", "wait"}, 7);
+    const std::string folder = project.make(set);
+    Run_set limited = set;
+    limited.longest = 1s;
+    {
+        Local_engine engine(folder, limited, 100ms);
+        ASSERT_EQ(engine.start(), "");
+        finish(engine);
+    }
+    EXPECT_EQ(ends_of(folder, set),
+              (std::vector<std::string>{"done: ", "failed: exit code 3", "failed: signal 9 (Killed)",
+                                        "failed: no output",
+                                        "done: ", "done: ", "failed: longer than the time allowed"}));
+    EXPECT_TRUE(is_soon_gone(project.await_number("fork.pid"))) << "what a run has left running";
+    EXPECT_EQ(platform::read_file(printed_file(folder, 1)).contents, "it is wrong\n");
+    EXPECT_FALSE(platform::exists(printed_file(folder, 0)));
+    const std::string printed = platform::read_file(printed_file(folder, 4)).contents;
+    EXPECT_LT(printed.size(), Printed_text::longest_beginning + 3 * Printed_text::longest_ending);
+    EXPECT_NE(printed.find(" bytes left out here]\n"), std::string::npos);
+    EXPECT_TRUE(printed.ends_with("line 39999\n"));
+}
+
+TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
+    Run_set set = project.set_of({"good", "other"});
+    set.model = "C:\\none.exe";
+    const std::string folder = project.make(set);
+    Local_engine engine(folder, set);
+    ASSERT_EQ(engine.start(), "");
+    finish(engine);
+    EXPECT_EQ(ends_of(folder, set), std::vector<std::string>(2, "failed: the model is not there"));
+}
+
+TEST_F(Local_engine_test, stops_politely_then_hard_and_goes_on_where_it_ended) {
+    const Run_set set = project.set_of({"good", "wait", "deaf", "other"}, 2);
+    const std::string folder = project.make(set);
+    pid_t deaf = 0;
+    {
+        Local_engine engine(folder, set, 100ms);
+        ASSERT_EQ(engine.start(), "");
+        poll(engine, [&] { return !project.text("deaf.pid").empty(); });
+        deaf = project.await_number("deaf.pid");
+        EXPECT_EQ(Local_engine(folder, set).start(), "Another program has this set run.");
+        engine.stop();
+        finish(engine);
+    }
+    EXPECT_TRUE(is_soon_gone(deaf));
+    EXPECT_EQ(ends_of(folder, set),
+              (std::vector<std::string>{"done: ", "stopped: stopped", "stopped: stopped", "waiting: "}));
+
+    project.drives.write("model.exe", "#!/bin/sh\nmkdir -p \"$0.d\"; exit 7\n");
+    Local_engine again(folder, set);
+    ASSERT_EQ(again.start(), "");
+    finish(again);
+    EXPECT_EQ(ends_of(folder, set), (std::vector<std::string>{"done: ", "failed: exit code 7",
+                                                              "failed: exit code 7", "failed: exit code 7"}));
+}
+
+TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {
+    Run_set set = project.set_of({"good", "fail", "other", "more"}, 1);
+    set.stops_at_first_failure = true;
+    const std::string folder = project.make(set);
+    Local_engine engine(folder, set);
+    ASSERT_EQ(engine.start(), "");
+    finish(engine);
+    EXPECT_EQ(project.started(), (std::vector<std::string>{"fail", "good"}));
+}
+
+// Lets a child process do the body, and gives its number.
+template <class Body>
+pid_t in_child(const Body& body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        body();
+        _exit(0);
+    }
+    return child;
+}
+
+TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_nothing_done_twice) {
+    std::vector<std::string> names{"wait"};
+    for (int i = 1; i < 200; ++i)
+        names.push_back("good" + std::to_string(i));
+    const Run_set set = project.set_of(names, 2);
+    const std::string folder = project.make(set);
+    const pid_t owner = in_child([&] {
+        Local_engine engine(folder, set, 100ms);
+        if (engine.start().empty())
+            finish(engine);
+    });
+    Run_journal journal(folder, set.scenarios.size());
+    while (progress_of(journal, true, moment_now()).done < 60) {
+        std::this_thread::sleep_for(5ms);
+        journal.update();
+    }
+    kill(owner, SIGKILL);
+    waitpid(owner, nullptr, 0);
+    EXPECT_TRUE(is_soon_gone(project.await_number("wait.pid"))) << "a run outlived the owner";
+    journal.update();
+    EXPECT_FALSE(is_owned(journal));
+    EXPECT_EQ(state_of(journal.runs()[0], is_owned(journal)), Run_state::crashed);
+    std::vector<std::string> done;
+    for (std::size_t run = 0; run < names.size(); ++run)
+        if (journal.runs()[run].is_done())
+            done.push_back(names[run]);
+
+    project.drives.write("p/started.txt");
+    project.drives.write("model.exe",
+                         project.drives.read("model.exe")
+                             .replace(project.drives.read("model.exe").find("sleep 60"), 8, "true"));
+    Local_engine engine(folder, set);
+    ASSERT_EQ(engine.start(), "");
+    finish(engine);
+    journal.update();
+    EXPECT_EQ(describe(progress_of(journal, false, moment_now())), "200 of 200 done");
+    for (const std::string& name : project.started())
+        EXPECT_EQ(std::count(done.begin(), done.end(), name), 0) << name;
+    EXPECT_EQ(project.started().size(), 200 - done.size());
+}
+
+TEST_F(Local_engine_test, a_full_disk_holds_the_set_up_and_loses_nothing) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 20; ++i)
+        names.push_back("good" + std::to_string(i));
+    const Run_set set = project.set_of(names, 2);
+    const std::string folder = project.make(set);
+    const pid_t owner = in_child([&] {
+        signal(SIGXFSZ, SIG_IGN);
+        Local_engine engine(folder, set, 100ms);
+        rlimit room{};
+        getrlimit(RLIMIT_FSIZE, &room);
+        room.rlim_cur = 500; // bytes of the journal
+        setrlimit(RLIMIT_FSIZE, &room);
+        if (!engine.start().empty())
+            _exit(1);
+        poll(engine, [&] { return !engine.trouble().empty(); });
+        for (int i = 0; i < 50 && engine.poll(); ++i)
+            engine.wait(10ms);
+        const std::size_t started = project.started().size();
+        room.rlim_cur = RLIM_INFINITY;
+        setrlimit(RLIMIT_FSIZE, &room);
+        finish(engine);
+        _exit(started < names.size() && engine.trouble().empty() ? 0 : 2);
+    });
+    int status = 0;
+    waitpid(owner, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(ends_of(folder, set), std::vector<std::string>(names.size(), "done: "));
+    EXPECT_EQ(project.started().size(), names.size());
+}
+
+} // namespace

@@ -1,0 +1,95 @@
+// A project with scenarios and a model that does what the name of a scenario says, for tests of run sets.
+#pragma once
+
+#include "runs/run_folders.h"
+#include "runs/run_journal.h"
+#include "support/temporary_drives.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+class Run_project {
+public:
+    Run_project() {
+        drives.write("model.exe",
+                     "#!/bin/sh\n"
+                     "for scenario; do :; done\n"
+                     "name=${scenario##*\\\\}; name=${name%.tvn}\n"
+                     "echo \"$name\" >>\"started.txt\"\n"
+                     "case $name in\n"
+                     "  fail*) echo 'it is wrong' >&2; exit 3 ;;\n"
+                     "  killed*) kill -9 $$ ;;\n"
+                     "  silent*) exit 0 ;;\n"
+                     "  wait*) echo $$ >\"$name.pid\"; sleep 60 ;;\n"
+                     "  deaf*) trap '' TERM; echo $$ >\"$name.pid\"; while :; do sleep 1; done ;;\n"
+                     "  fork*) sleep 60 & echo $! >\"$name.pid\" ;;\n"
+                     "  slow*) sleep 0.05 ;;\n"
+                     "  loud*) i=0; while [ $i -lt 40000 ]; do echo \"line $i\"; i=$((i+1)); done ;;\n"
+                     "esac\n"
+                     "mkdir -p \"Scenarios/$name/Output\"\n"
+                     "echo done >\"Scenarios/$name/Output/season.xeb\"\n");
+        std::filesystem::permissions(drives.host("model.exe"), std::filesystem::perms::owner_all);
+        drives.write("p.tvp");
+        std::filesystem::create_directories(drives.host("p"));
+    }
+
+    Run_set set_of(const std::vector<std::string>& names, std::size_t at_once = 2) const {
+        Run_set set;
+        set.project_file = "C:\\p.tvp";
+        set.folder = "C:\\p";
+        set.model = "C:\\model.exe";
+        set.at_once = at_once;
+        for (const std::string& name : names) {
+            drives.write("p/Scenarios/" + name + ".tvn");
+            set.scenarios.push_back("C:\\p\\Scenarios\\" + name + ".tvn");
+        }
+        return set;
+    }
+    std::string make(const Run_set& set) const { return make_run_set(runs_folder, set).folder; }
+
+    // What runs have written into the project's folder.
+    std::string text(const std::string& file) const { return drives.read("p/" + file); }
+    // The names of the scenarios that the model was started on, sorted.
+    std::vector<std::string> started() const {
+        std::istringstream lines(text("started.txt"));
+        std::vector<std::string> names;
+        for (std::string name; std::getline(lines, name);)
+            names.push_back(name);
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    // Waits for a number that a run writes, such as the one of its process.
+    pid_t await_number(const std::string& file) const {
+        for (int i = 0; i < 1000 && text(file).find('\n') == std::string::npos; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        return std::atoi(text(file).c_str());
+    }
+
+    const std::string runs_folder = "C:\\p\\Runs";
+    Temporary_drives drives;
+};
+
+inline std::vector<Run_record> records_of(const std::string& folder, std::size_t runs) {
+    Run_journal journal(folder, runs);
+    journal.update();
+    return journal.runs();
+}
+
+// Waits until a process is gone, or nobody's but a zombie; false after five seconds.
+inline bool is_soon_gone(pid_t process) {
+    const std::string status = "/proc/" + std::to_string(process) + "/stat";
+    for (int i = 0; i < 1000; ++i) {
+        std::ifstream file(status);
+        std::string text;
+        std::getline(file, text);
+        const std::size_t name_end = text.rfind(") ");
+        if (name_end == std::string::npos || text[name_end + 2] == 'Z')
+            return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return false;
+}

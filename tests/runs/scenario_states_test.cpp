@@ -1,0 +1,96 @@
+#include "runs/local_engine.h"
+#include "runs/run_project.h"
+#include "runs/run_repetition.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Scenario_states_test : public testing::Test {
+protected:
+    void run(const Run_set& set) {
+        Local_engine engine(project.make(set), set);
+        ASSERT_EQ(engine.start(), "");
+        while (engine.poll())
+            engine.wait(std::chrono::milliseconds(10));
+    }
+    std::string state_of(const std::string& name) {
+        states.refresh();
+        return word_for(states.status_of("C:\\P\\Scenarios\\" + name + ".tvn").state);
+    }
+    // Makes a file look as if it had been changed so many seconds from now.
+    void age(const std::string& path, int seconds) const {
+        std::filesystem::last_write_time(project.drives.host(path),
+                                         std::filesystem::file_time_type::clock::now() +
+                                             std::chrono::seconds(seconds));
+    }
+
+    Run_project project;
+    Scenario_states states{"C:\\p", "C:\\p\\Runs"};
+};
+
+TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
+    const Run_set set = project.set_of({"good", "fail", "silent", "fresh"});
+    EXPECT_EQ(state_of("good"), "never run");
+    Run_set first = set;
+    first.scenarios.pop_back();
+    run(first);
+    EXPECT_EQ(state_of("good"), "done");
+    EXPECT_EQ(state_of("fail"), "failed");
+    EXPECT_EQ(state_of("silent"), "failed");
+    EXPECT_EQ(states.status_of(set.scenarios[2]).reason, "no output");
+    EXPECT_EQ(state_of("fresh"), "never run");
+
+    const std::string record = "[parameter_filenames]\r\nsoil=Database\\loam.sil\r\n"
+                               "rotation=C:\\master\\Wheat.ROT\r\nwater_table=<Optional.wtb\r\n";
+    project.drives.write("p/Scenarios/good.tvn", record);
+    project.drives.write("p/Database/loam.sil");
+    project.drives.write("master/wheat.rot");
+    for (const char* file : {"p/Scenarios/good.tvn", "p/Database/loam.sil", "master/wheat.rot"})
+        age(file, -100);
+    EXPECT_EQ(state_of("good"), "done");
+    for (const char* file : {"p/Scenarios/good.tvn", "p/Database/loam.sil", "master/wheat.rot"}) {
+        age(file, 100);
+        EXPECT_EQ(state_of("good"), "out of date") << file;
+        age(file, -100);
+        EXPECT_EQ(state_of("good"), "done") << file;
+    }
+    // Started by other means, and cleaned by hand.
+    age("p/Scenarios/good.tvn", 50);
+    age("p/Scenarios/good/Output/season.xeb", 100);
+    EXPECT_EQ(state_of("good"), "done");
+    project.drives.write("p/Scenarios/fail/Output/season.xeb");
+    age("p/Scenarios/fail/Output/season.xeb", 100);
+    EXPECT_EQ(state_of("fail"), "done");
+    std::filesystem::remove(project.drives.host("p/Scenarios/good/Output/season.xeb"));
+    age("p/Scenarios/good/Output", 100);
+    EXPECT_EQ(state_of("good"), "never run");
+}
+
+TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {
+    const Run_set set = project.set_of({"good", "fail", "other"});
+    run(set);
+    age("p/Scenarios/other.tvn", 100);
+    states.refresh();
+    Run_journal journal(list_run_sets(project.runs_folder).front(), 3);
+    journal.update();
+    const auto repeated = [&](Repetition which) {
+        return repetition_of(set, journal, states, which).scenarios;
+    };
+    EXPECT_EQ(repeated(Repetition::all), set.scenarios);
+    EXPECT_EQ(repeated(Repetition::failed), std::vector<std::string>{set.scenarios[1]});
+    EXPECT_EQ(repeated(Repetition::out_of_date), std::vector<std::string>{set.scenarios[2]});
+    EXPECT_TRUE(repeated(Repetition::left).empty());
+
+    // A later set that was stopped before it came to a scenario says nothing of it.
+    project.make(set);
+    EXPECT_EQ(state_of("fail"), "failed");
+    // A repaired one, run in another set, is judged by that.
+    project.drives.write("model.exe",
+                         project.drives.read("model.exe")
+                             .replace(project.drives.read("model.exe").find("exit 3"), 6, ":     "));
+    run(repetition_of(set, journal, states, Repetition::failed));
+    EXPECT_EQ(state_of("fail"), "done");
+}
+
+} // namespace

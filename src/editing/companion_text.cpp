@@ -87,6 +87,9 @@ void Companion_text::show_anew() {
 
 void Companion_text::load() {
     const TESK::Smart_file_name file = name();
+    if (!has_offered_)
+        offer_interrupted_save(file);
+    has_offered_ = true;
     platform::Read_result read = platform::read_file(file, largest_shown);
     known_.take(read);
     is_cut_ = read.outcome == platform::Read_outcome::too_large;

@@ -48,5 +48,6 @@ private:
     TMemo& memo_;
     Encoding encoding_ = Encoding::code_page;
     bool is_cut_ = false;
+    bool has_offered_ = false; // what an interrupted save has left
     Known_contents known_;
 };

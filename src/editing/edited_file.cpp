@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr const char* save_failed =
-    "Unable to save to parameter file (check that the file is not marked as read only)";
-
 // The folder that goes along with a file when that gets another name, without a separator at its end.
 TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode mode) {
     TESK::Directory_name folder("");
@@ -25,32 +22,19 @@ TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode
     return TESK::Directory_name(text.c_str());
 }
 
+// Why a folder could not go along: the reason, and what it holds for.
+std::string cause_of(const platform::Copy_result& copied) {
+    if (copied.ok() || copied.not_copied.empty())
+        return copied.reason;
+    return copied.reason + '\n' + some_of(copied.not_copied);
+}
+
 // Whether a file of that name is possible as far as can be told without writing it.
 bool can_be_written(const std::string& name) {
     return !name.ends_with('\\') && !platform::is_folder(name) && !platform::is_read_only(name);
 }
 
 } // namespace
-
-Save_outcome ask_after_failed_save() {
-    switch (message_box(save_failed, "Unable to save", Button_set::abort_retry_ignore)) {
-    case Modal_result::retry: return Save_outcome::saved;
-    case Modal_result::ignore: return Save_outcome::ignored;
-    default: return Save_outcome::aborted;
-    }
-}
-
-Conflict_answer ask_about_conflict(const std::string& file_name) {
-    const std::string text =
-        "Another program has changed this file since it was opened:\n" + screen_text(file_name) +
-        "\nReplace it by what is shown here? ([No] loads what is there, and gives up what "
-        "was changed here)";
-    switch (message_box(text, "File changed on disk", Button_set::yes_no_cancel)) {
-    case Modal_result::yes: return Conflict_answer::overwrite;
-    case Modal_result::no: return Conflict_answer::load;
-    default: return Conflict_answer::stay;
-    }
-}
 
 // ---- the name
 
@@ -187,6 +171,7 @@ void Edited_file::load() {
     is_outdated_ = false;
     if (!is_given_)
         return;
+    offer_interrupted_save(*name_);
     const std::string before = text_of_record();
     // First: what changes while the record is read counts as changed.
     known_.take(*name_);
@@ -223,8 +208,7 @@ bool Edited_file::prepare_filename(std::string& name) {
 bool Edited_file::may_replace(const std::string& name) {
     if (!platform::exists(name) || TESK::equal_ignoring_case(name, agreed_to_replace_))
         return true;
-    if (message_box("Replace the existing file with this name:\n" + screen_text(name), "File already exists",
-                    Button_set::yes_no) != Modal_result::yes)
+    if (!may_replace_file(name))
         return false;
     agreed_to_replace_ = name;
     return true;
@@ -236,41 +220,68 @@ bool Edited_file::holds_unseen(const std::string& name) const {
     return (could_not_read_ || is_new_file_) && TESK::equal_ignoring_case(name, *name_);
 }
 
-// Takes the record's folder along to another name, and with it the files that the record names. False when
-// it could not be copied whole.
-bool Edited_file::let_folder_follow(const std::string& old_name, const std::string& new_name) {
+// Whether the folder may replace what has its names where it goes.
+bool Edited_file::may_folder_follow(const std::string& name) const {
     const Directory_mode mode = parameters_->get_directory_mode();
-    const TESK::Directory_name old_folder = folder_that_follows(old_name, mode);
-    const TESK::Directory_name new_folder = folder_that_follows(new_name, mode);
+    const auto replaced =
+        platform::replaced_by_copy(folder_that_follows(*name_, mode), folder_that_follows(name, mode));
+    return replaced.empty() || may_replace_files(replaced);
+}
+
+// Takes the record's folder along to another name, and with it the files that the record names.
+platform::Copy_result Edited_file::let_folder_follow(const std::string& name) {
+    const Directory_mode mode = parameters_->get_directory_mode();
+    const TESK::Directory_name old_folder = folder_that_follows(*name_, mode);
+    const TESK::Directory_name new_folder = folder_that_follows(name, mode);
     if (!platform::is_folder(old_folder) || TESK::equal_ignoring_case(old_folder, new_folder))
-        return true;
-    const platform::Write_result copied = platform::copy_tree(old_folder, new_folder);
+        return {};
+    platform::Copy_result copied = platform::copy_tree(old_folder, new_folder);
     if (copied.error == platform::Write_error::into_itself)
-        return true;
-    TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();
+        return {};
     if (!copied.ok())
-        return false;
+        return copied;
+    TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();
     moved_names_ = std::make_unique<TESK::Moved_file_names>(*parameters_, old_folder, new_folder);
-    return true;
+    return copied;
+}
+
+// A move that came to nothing leaves nothing behind.
+void Edited_file::forget_move() {
+    if (moved_names_)
+        moved_names_->undo();
+    if (moved_names_ && !made_folder_.empty())
+        platform::remove_tree(made_folder_);
 }
 
 Save_outcome Edited_file::write_to(const std::string& name) {
     const bool moves = is_given_ && !is_new_file_ && !TESK::equal_ignoring_case(name, *name_);
+    const std::string new_folder = folder_that_follows(name, parameters_->get_directory_mode());
+    made_folder_ = platform::exists(new_folder) ? "" : new_folder;
     bool has_followed = !moves;
     for (;;) {
         TESK::Directory_name path("");
         TESK::File_name(name.c_str()).get_path(path, true);
         platform::make_folders(path);
-        TESK::VV_file file(name.c_str());
         const bool is_readable =
             !could_not_read_ || platform::read_file(*name_, TESK::VV_file::largest_file).outcome !=
                                     platform::Read_outcome::unreadable;
         if (is_readable && holds_unseen(name) && !may_replace(name))
             return Save_outcome::aborted;
-        has_followed = has_followed || (can_be_written(name) && let_folder_follow(*name_, name));
+        platform::Copy_result followed;
+        if (!has_followed && can_be_written(name)) {
+            if (!may_folder_follow(name))
+                return Save_outcome::aborted;
+            followed = let_folder_follow(name);
+            has_followed = followed.ok();
+            if (has_followed && !followed.passed_over.empty())
+                notice("What is no file was not copied:\n" + some_of(followed.passed_over));
+        }
+        TESK::VV_file file(name.c_str());
         if (has_followed && file.set(*parameters_) && file.get_last_write().ok())
             return Save_outcome::saved;
-        const Save_outcome answer = ask_after_failed_save();
+        if (has_followed)
+            notice(file.get_last_write().reason);
+        const Save_outcome answer = ask_after_failed_save(cause_of(followed));
         if (answer != Save_outcome::saved)
             return answer;
     }
@@ -297,10 +308,15 @@ Save_outcome Edited_file::write_where_needed(const std::string& name) {
     const Save_outcome outcome = write_to(name);
     if (outcome == Save_outcome::saved)
         note_saved(name);
-    else if (moved_names_)
-        moved_names_->undo();
+    else
+        forget_move();
     moved_names_.reset();
     return outcome;
+}
+
+void Edited_file::notice(const std::string& text) const {
+    if (on_notice)
+        on_notice(text);
 }
 
 void Edited_file::note_saved(const std::string& name) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/known_contents.h"
+#include "editing/save_questions.h"
 #include "names/filtered_file_name.h"
 #include "records/common_parameters.h"
 #include "records/moved_file_names.h"
@@ -14,20 +15,6 @@
 #include <string>
 
 class Trecent_file_selector_form;
-
-// What became of a save, for who must decide whether to go on.
-enum class Save_outcome {
-    saved,
-    ignored, // the disk was not reached, and the user goes on all the same
-    aborted  // not saved; what asked for the save is not to go on either
-};
-
-// Asks what is to become of a save that failed: saved stands for "try again".
-Save_outcome ask_after_failed_save();
-
-// What is to become of a file that was changed here and by another program as well.
-enum class Conflict_answer { overwrite, load, stay };
-Conflict_answer ask_about_conflict(const std::string& file_name);
 
 class Edited_file {
 public:
@@ -79,6 +66,8 @@ public:
 
     // The file has come into being by a save, or has been saved under another name.
     std::function<void()> on_moved;
+    // Tells what is not worth a question.
+    std::function<void(const std::string& text)> on_notice;
     // Has the record read anew and shown.
     std::function<void()> on_reload;
 
@@ -92,9 +81,12 @@ private:
     bool prepare_filename(std::string& name);
     bool may_replace(const std::string& name);
     bool holds_unseen(const std::string& name) const;
-    bool let_folder_follow(const std::string& old_name, const std::string& new_name);
+    platform::Copy_result let_folder_follow(const std::string& name);
+    bool may_folder_follow(const std::string& name) const;
+    void forget_move();
     Save_outcome write_to(const std::string& name);
     Save_outcome write_where_needed(const std::string& name);
+    void notice(const std::string& text) const;
     void note_saved(const std::string& name);
     std::string text_of_record() const;
 
@@ -110,5 +102,7 @@ private:
     std::string text_in_file_; // the record as it was when it was read or written
     std::string saved_text_;   // the same, as the editor has put it in order since
     Known_contents known_;
-    std::unique_ptr<TESK::Moved_file_names> moved_names_; // by the save that is under way
+    // What the save that is under way has made so far of a move to another name.
+    std::unique_ptr<TESK::Moved_file_names> moved_names_;
+    std::string made_folder_;
 };

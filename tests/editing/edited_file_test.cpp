@@ -1,5 +1,9 @@
 #include "frame_support.h"
 
+#include "platform/interrupted_save.h"
+
+#include <sys/stat.h>
+
 namespace {
 
 using Edited_file_test = Parameter_file_form;
@@ -115,13 +119,19 @@ TEST_F(Edited_file_test, a_name_that_cannot_be_written_gets_no_copy_of_the_folde
     EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
 }
 
-TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_and_keeps_the_rest) {
+TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_only_with_consent) {
     drives.write("work/study/notes.txt", "of the study");
     drives.write("work/taken/NOTES.TXT", "of another");
     drives.write("work/taken/Scenarios/kept.tvn", "kept");
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
+        EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of another");
+        desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
+        desktop.expect_message("Files already exist",
+                               "Replace the existing files with these names:\nC:\\work\\taken\\NOTES.TXT",
+                               answer);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
     EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
     EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
     EXPECT_EQ(form.notes.memo_notes.text(), "of the study");
@@ -252,6 +262,65 @@ TEST_F(Edited_file_test, files_of_the_record_follow_its_folder_to_another_name) 
     EXPECT_EQ(record.GIS_parameters.output_directory, "C:\\work\\second\\GIS");
     EXPECT_EQ(record.description, "C:\\work\\study\\ was the first");
     EXPECT_TRUE(has_line("work/second.tvp", "active=C:\\work\\second\\Scenarios\\dry.tvn"));
+}
+
+TEST_F(Edited_file_test, a_save_as_that_fails_says_why_and_leaves_nothing_behind) {
+    drives.write("work/study/Scenarios/dry.tvn", "[x]\r\n");
+    ASSERT_EQ(mkfifo(drives.host("work/study/pipe").c_str(), 0600), 0);
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write, ENOSPC);
+        desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
+        desktop.expect_message("Unable to save",
+                               std::string(unable) + "\n" +
+                                   platform::write_failure(platform::Write_error::no_space).reason +
+                                   "\nC:\\work\\study\\Scenarios\\dry.tvn",
+                               Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::flush, EIO); // of the record alone: copies are not flushed
+        desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
+        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        EXPECT_TRUE(form.save_as_button.click());
+    }
+    EXPECT_FALSE(std::filesystem::exists(drives.host("work/second")));
+    desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
+    EXPECT_TRUE(form.save_as_button.click());
+    EXPECT_EQ(saved("work/second/Scenarios/dry.tvn"), "[x]\r\n");
+    EXPECT_EQ(form.status_line.text(), "What is no file was not copied:\nC:\\work\\study\\pipe");
+}
+
+TEST_F(Edited_file_test, what_an_interrupted_save_left_aside_is_offered) {
+    const std::string before = saved("work/study.tvp");
+    const auto damage = [&] {
+        drives.write("work/study.tvp", before);
+        std::filesystem::remove(drives.host("work/link"));
+        std::filesystem::create_hard_link(drives.host("work/study.tvp"), drives.host("work/link"));
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write_in_place, EIO, 10);
+        faults.fail(platform::Write_step::write_back, EIO);
+        platform::write_file("C:\\work\\study.tvp", "much shorter", platform::Durability::durable);
+        ASSERT_NE(saved("work/study.tvp"), before);
+    };
+    for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
+        damage();
+        const auto interrupted = platform::interrupted_save("C:\\work\\study.tvp");
+        ASSERT_TRUE(interrupted);
+        desktop.expect_message(
+            "Interrupted save",
+            "The last save of this file was interrupted, and the file may be damaged:\nC:\\work\\study.tvp\n"
+            "What it held before has been kept:\n" +
+                interrupted->copy +
+                "\nPut that back? ([No] keeps the file as it is, and deletes what has been kept)",
+            answer);
+        ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+        EXPECT_EQ(saved("work/study.tvp") == before, answer == Modal_result::yes);
+        EXPECT_FALSE(platform::interrupted_save("C:\\work\\study.tvp"));
+    }
+    EXPECT_NE(form.edit_description.text(), "");
 }
 
 } // namespace

@@ -52,7 +52,6 @@ void Edited_file::bind(Common_parameters_data_record& parameters, TESK::Filtered
     text_when_bound_ = text_of_record();
     std::string extension;
     std::string filter;
-    dialog.title = "Save " + screen_text(parameters_->get_type_description()) + " as";
     dialog.default_extension = screen_text(name_->get_default_extension(extension));
     dialog.filter = screen_text(name_->get_dialog_filter(filter)) + "|All files (*.*)|*.*";
 }
@@ -97,9 +96,9 @@ bool Edited_file::take_choice() {
 
 bool Edited_file::require_name() {
     while (!is_given_) {
-        const std::string text = screen_text(parameters_->get_type_description()) +
-                                 " file type has an associated directory.\nIn order for this editor to work "
-                                 "correctly you must give a file name now.";
+        const std::string text =
+            shown_type() + worded(" file type has an associated directory.") +
+            "\nIn order for this editor to work correctly you must give a file name now.";
         if (message_box(text, "File name required now", Button_set::ok_cancel) != Modal_result::ok)
             return false;
         is_given_ = run_dialog();
@@ -109,6 +108,10 @@ bool Edited_file::require_name() {
     return true;
 }
 
+std::string Edited_file::shown_type() const {
+    return worded(screen_text(parameters_->get_type_description()));
+}
+
 // Asks for a name, from the one that there is. False, and the dialog as it was, when none was chosen.
 bool Edited_file::run_dialog() {
     const std::string before = dialog.file_name;
@@ -116,6 +119,7 @@ bool Edited_file::run_dialog() {
     if (name_is_chosen())
         name_->get_path(initial_folder, true);
     dialog.initial_folder = screen_text(initial_folder);
+    dialog.title = worded("Save %1 as", shown_type());
     while (dialog.execute() && !dialog.file_name.empty()) {
         // A character that names lack would be left out, and another file written.
         if (typable_text(dialog.file_name) == dialog.file_name)

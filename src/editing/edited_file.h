@@ -8,6 +8,7 @@
 #include "records/common_parameters.h"
 #include "records/moved_file_names.h"
 #include "toolkit/dialogs.h"
+#include "toolkit/screen_language.h"
 #include "trees/common_parameters_directory.h"
 
 #include <functional>
@@ -77,6 +78,7 @@ private:
     bool name_is_chosen() const;
     bool take_choice();
     bool require_name();
+    std::string shown_type() const;
     bool run_dialog();
     bool prepare_filename(std::string& name);
     bool may_replace(const std::string& name);

@@ -3,6 +3,7 @@
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
 #include "editing/window_translator.h"
+#include "translation/translations_phrases.h"
 
 #include <algorithm>
 #include <iterator>
@@ -12,6 +13,10 @@ namespace {
 // The codes of the languages in the order of the group; the last item takes what is typed.
 constexpr const char* language_codes[] = {"", "en", "fr", "es", "it", "ca", "de", "ru", "uz", "ar"};
 constexpr int other_language = std::size(language_codes);
+
+// The section of the user's settings that holds for all files: no file has such a full name.
+constexpr const char* section_of_all_files = "all files";
+constexpr const char* never_chosen = "?";
 
 } // namespace
 
@@ -32,45 +37,83 @@ Language_page::Language_page(TTabSheet& sheet, TESK::User_settings& settings)
     };
     edit_translation_other.on_change = [this] { radiogroup_translation_target_languageClick(); };
     timer_translation.on_timer = [this] { translate(); };
+    timer_translation.follow_user_actions();
+}
+
+Language_page::~Language_page() {
+    if (current_screen_language == this)
+        current_screen_language = nullptr;
 }
 
 void Language_page::bind(std::vector<TControl*> windows, const TESK::Translations_phrases* phrases,
-                         const std::string& native_language) {
+                         const TESK::Application_data_directory* user_settings_file) {
     windows_ = std::move(windows);
     phrases_ = phrases;
-    native_language_ = native_language;
+    user_settings_file_ = user_settings_file;
     tabsheet_translation.set_visible(phrases != nullptr);
+    if (phrases_ == nullptr)
+        return;
+    current_screen_language = this;
+    apply_settings();
 }
 
 void Language_page::apply_settings() {
-    if (settings_.language.empty() || phrases_ == nullptr)
+    if (phrases_ == nullptr)
         return;
-    translation_target_language = settings_.language;
+    if (user_settings_file_ != nullptr) {
+        TESK::User_settings of_all_files;
+        of_all_files.language = never_chosen;
+        user_settings_file_->load(of_all_files, section_of_all_files);
+        if (of_all_files.language != never_chosen)
+            settings_.language = of_all_files.language;
+    }
     const auto* code = std::find(std::begin(language_codes), std::end(language_codes), settings_.language);
     radiogroup_translation_target_language.set_item_index(
         static_cast<int>(code - std::begin(language_codes)));
     if (code == std::end(language_codes))
         edit_translation_other.set_text(screen_text(settings_.language));
-    timer_translation.set_enabled(true);
+    translation_target_language = settings_.language;
+    show_all();
 }
 
 void Language_page::radiogroup_translation_target_languageClick() {
     if (phrases_ == nullptr)
         return;
-    const int index = radiogroup_translation_target_language.item_index();
-    if (index <= 0) {
-        translation_target_language = native_language_;
-        settings_.language = "";
-        timer_translation.set_enabled(false);
-        return;
-    }
-    translation_target_language =
+    const int index = std::max(radiogroup_translation_target_language.item_index(), 0);
+    settings_.language =
         index == other_language ? record_text(edit_translation_other.text()) : language_codes[index];
-    settings_.language = translation_target_language;
-    timer_translation.set_enabled(!translation_target_language.empty());
+    translation_target_language = settings_.language;
+    show_all();
+    remember();
 }
 
-// One control a time; once none changes there is no more to do until the program sets other texts.
+// The language is the user's: it holds for every file from now on, whether this one is saved or not.
+void Language_page::remember() const {
+    if (user_settings_file_ == nullptr)
+        return;
+    TESK::User_settings of_all_files;
+    of_all_files.language = settings_.language;
+    user_settings_file_->save(of_all_files, section_of_all_files);
+}
+
+void Language_page::show_all() {
+    for (TControl* const window : windows_)
+        show_in_language(*window, translation_target_language, *phrases_);
+    if (on_change)
+        on_change();
+}
+
+std::string Language_page::wording(const std::string& text) const {
+    const TESK::Ustring* translation = phrases_->find_translation(text, translation_target_language);
+    return translation == nullptr ? text : std::string(*translation);
+}
+
+void Language_page::prepare(TForm& form) {
+    show_in_language(form, translation_target_language, *phrases_);
+}
+
+// One control a time; once none changes there is no more to do until the user acts or the program sets other
+// texts.
 void Language_page::translate() {
     bool changed = false;
     for (TControl* const window : windows_)
@@ -80,6 +123,6 @@ void Language_page::translate() {
 }
 
 void Language_page::translate_new_texts() {
-    if (phrases_ != nullptr && !settings_.language.empty())
+    if (phrases_ != nullptr && !translation_target_language.empty())
         timer_translation.set_enabled(true);
 }

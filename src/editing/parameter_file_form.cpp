@@ -53,6 +53,7 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
         "for experienced users.");
     run_button.set_visible(false);
     status_line.set_text_is_data(true);
+    set_text_is_data(true);
     set_bounds(usual_bounds);
     wire();
 }
@@ -85,6 +86,7 @@ void Tparameter_file_form::wire() {
     details.edit_as_text = notes.edit_as_text = [this](const std::string& text_file) {
         run("notepad.exe", nullptr, text_file.c_str(), nullptr, false, show_normal);
     };
+    language.on_change = [this] { update_title(); };
     documentation.on_new_texts = [this] { language.translate_new_texts(); };
     timer_title_.on_timer = [this] { look_for_changes(); };
     timer_title_.follow_user_actions();
@@ -102,7 +104,7 @@ bool Tparameter_file_form::bind_to(const Editor& editor) {
     file.bind(*parameters, editor.file_name, editor.file_given);
     language.bind(parameter_form != nullptr ? std::vector<TControl*>{this, parameter_form}
                                             : std::vector<TControl*>{this},
-                  editor.phrases, editor.native_language);
+                  editor.phrases, user_settings_file);
     if (!file.choose(editor.file_selector, editor.help_folder, editor.other_masks))
         return false;
     load();
@@ -115,7 +117,7 @@ bool Tparameter_file_form::bind_to(const Editor& editor) {
     file.take_for_saved();
     update_title();
     if (!backup.ok())
-        notice("This file could not be backed up: " + backup.reason);
+        notice(worded("This file could not be backed up: %1", worded(backup.reason)));
     return true;
 }
 
@@ -129,7 +131,7 @@ void Tparameter_file_form::arrange_controls() {
 }
 
 void Tparameter_file_form::update_title() {
-    set_text(screen_text(parameters->get_type_description()) + ": " + screen_text(file.shown_name()) +
+    set_text(worded(screen_text(parameters->get_type_description())) + ": " + screen_text(file.shown_name()) +
              (has_changes() ? " *" : ""));
 }
 
@@ -178,7 +180,7 @@ void Tparameter_file_form::look_for_changes() {
 }
 
 void Tparameter_file_form::notice(const std::string& text) {
-    status_line.set_text(text);
+    status_line.set_text(worded_lines(text));
 }
 
 void Tparameter_file_form::apply_settings() {
@@ -272,7 +274,7 @@ void Tparameter_file_form::close_with(Modal_result result) {
 bool Tparameter_file_form::may_close() {
     if (!asks_before_closing_ || parameters == nullptr || !has_changes())
         return true;
-    switch (message_box("Save the changes to " + screen_text(file.shown_name()) + "?", "Unsaved changes",
+    switch (message_box(worded("Save the changes to %1?", screen_text(file.shown_name())), "Unsaved changes",
                         Button_set::yes_no_cancel)) {
     case Modal_result::yes: return save_all() != Save_outcome::aborted;
     case Modal_result::no: return true;

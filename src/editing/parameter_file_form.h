@@ -38,7 +38,6 @@ public:
         std::string help_folder;                             // of the file selector
         const TESK::Application_data_directory* user_settings_file = nullptr; // null keeps no settings
         TESK::Translations_phrases* phrases = nullptr;                        // null offers no translation
-        std::string native_language = "en";
     };
 
     // Chooses or confirms the file, loads it and shows it. False, and nothing is loaded, when the user

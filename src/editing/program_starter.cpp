@@ -3,6 +3,7 @@
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
 #include "platform/process.h"
+#include "toolkit/screen_language.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ bool Program_starter::start(const std::string& program, const char* options, con
     const bool started = wait ? platform::launcher().create_and_wait(command, show_state).has_value()
                               : platform::launcher().execute(command, show_state) >= started_from;
     if (!started)
-        command_history_memo.append_line("The program could not be started. Looked for: " +
-                                         screen_text(program));
+        command_history_memo.append_line(
+            worded("The program could not be started. Looked for: %1", screen_text(program)));
     return started;
 }

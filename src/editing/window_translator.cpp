@@ -3,6 +3,7 @@
 #include "toolkit/check_box.h"
 #include "translation/translation_files.h"
 
+#include <optional>
 #include <vector>
 
 namespace {
@@ -16,7 +17,8 @@ bool has_caption(Control_kind kind) {
     case Control_kind::check_box:
     case Control_kind::radio_group:
     case Control_kind::group_box:
-    case Control_kind::tab_sheet: return true;
+    case Control_kind::tab_sheet:
+    case Control_kind::form: return true;
     default: return false;
     }
 }
@@ -29,13 +31,13 @@ public:
     // Whether anything changed.
     bool translate(TControl& control) const {
         bool changed = false;
-        if (const auto* hint = new_wording(control.native_hint(), control.hint())) {
+        if (const auto hint = new_wording(control.native_hint(), control.hint())) {
             control.translate_hint(*hint);
             changed = true;
         }
         if (control.text_is_data() || !has_caption(control.kind()))
             return changed;
-        if (const auto* text = new_wording(control.native_text(), control.text())) {
+        if (const auto text = new_wording(control.native_text(), control.text())) {
             control.translate_text(*text);
             changed = true;
         }
@@ -49,7 +51,7 @@ private:
         std::vector<std::string> items = group.items();
         bool changed = false;
         for (std::size_t i = 0; i < items.size(); ++i)
-            if (const auto* item = new_wording(group.native_items()[i], items[i])) {
+            if (const auto item = new_wording(group.native_items()[i], items[i])) {
                 items[i] = *item;
                 changed = true;
             }
@@ -57,10 +59,12 @@ private:
         return changed;
     }
 
-    // What to show for the program's text, unless that is what is on view already.
-    const std::string* new_wording(const std::string& native, const std::string& shown) const {
+    // What to show for the program's text, unless that is what is on view already. What the language has no
+    // words for is shown as the program says it, not as a language before this one did.
+    std::optional<std::string> new_wording(const std::string& native, const std::string& shown) const {
         const TESK::Ustring* translation = phrases_.find_translation(native, language_);
-        return translation == nullptr || *translation == shown ? nullptr : translation;
+        const std::string& wording = translation == nullptr ? native : *translation;
+        return wording == shown ? std::nullopt : std::optional(wording);
     }
 
     const std::string& language_;
@@ -77,6 +81,16 @@ bool translate_windows(TControl& window, const std::string& language,
     const Control_translator translator(language, *phrases);
     changed = !window.walk([&](TControl& control) { return !translator.translate(control); });
     return true;
+}
+
+void show_in_language(TControl& window, const std::string& language,
+                      const TESK::Translations_phrases& phrases) {
+    const Control_translator translator(language, phrases);
+    translator.translate(window);
+    window.walk([&](TControl& control) {
+        translator.translate(control);
+        return true;
+    });
 }
 
 void load_program_translations(TESK::Translations_phrases& phrases, TESK::Program_directory& program,

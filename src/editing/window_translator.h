@@ -1,5 +1,5 @@
-// Shows the texts of a window in the user's language, one control a pass, so that a timer can do it beside
-// the user's work.
+// Shows the texts of a window in the user's language: at once, or one control a pass, so that a timer can do
+// it beside the user's work.
 #pragma once
 
 #include "toolkit/control.h"
@@ -11,13 +11,18 @@
 
 // Translates the first control below the window that says something in another way than the language does:
 // its text, where that is the program's own, its choices and its hint. What is typed into a control, listed
-// in it or said to be data is left alone, and so are the window's own title and the titles of forms within.
+// in it or said to be data is left alone.
 //
-// `language` is the code that the phrases know it by; with none nothing is translated. False, with nothing
+// `language` is the code that the phrases know it by; with none, and for what the language has no words for,
+// the program's own words come back. False, with nothing
 // done, without phrases. `changed` tells whether a control was translated: a pass that changed none is the
 // last one needed until the program sets other texts.
 bool translate_windows(TControl& window, const std::string& language,
                        const TESK::Translations_phrases* phrases, bool& changed);
+
+// Translates the window's title and all that is in it at once: what passes that follow one another come to.
+void show_in_language(TControl& window, const std::string& language,
+                      const TESK::Translations_phrases& phrases);
 
 // Appends the phrases of the program's translation files. They lie in folders "ANSI" and "Unicode" of the
 // program's own folder, of the one that holds its family of programs, and of the one above, and in "Unicode"

@@ -2,6 +2,7 @@
 
 #include "toolkit/button.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 #include "toolkit/timer.h"
 
 #include <algorithm>
@@ -51,6 +52,8 @@ void TForm::appear() {
     TControl::set_visible(true);
     if (on_show)
         on_show();
+    if (current_screen_language)
+        current_screen_language->prepare(*this);
     if (!focused_)
         focus_next();
 }

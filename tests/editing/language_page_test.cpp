@@ -6,23 +6,33 @@
 
 namespace {
 
-// The frame with a language to choose: each text in brackets is a translation.
-class Translated_form : public Parameter_file_form {
+// The frame with languages to choose: a text in brackets is Spanish, one with "!" French, which lacks words.
+class Language_page_test : public Parameter_file_form {
 protected:
-    Translated_form() {
-        for (const char* text : {"Save/Close", "Cancel", "Save as", "Advanced", "Run it"}) {
+    Language_page_test() {
+        for (const char* text :
+             {"Save/Close", "Save as", "Run it", "Beside the panel", "Enter or select file to edit",
+              "Unsaved changes", "Save the changes to %1?", "Tilverra project", "Save %1 as"}) {
             auto* phrase = new TESK::Translation(text);
-            const std::string in_brackets = std::string("[") + text + "]";
-            phrase->translations.append(new TESK::Translation::Translated("es", in_brackets));
-            phrase->translations.append(new TESK::Translation::Translated("en", text));
+            const auto tell = [phrase](const char* in, const std::string& translation) {
+                phrase->translations.append(new TESK::Translation::Translated(in, translation));
+            };
+            tell("en", text);
+            tell("es", std::string("[") + text + "]");
+            if (std::string(text) != "Save/Close")
+                tell("fr", text + std::string("!"));
             phrases.append(phrase);
         }
+        name = "C:\\work\\study.tvp";
     }
     void bind_with_phrases(Tparameter_file_form& frame) {
         Tparameter_file_form::Editor editor;
+        editor.form = &concrete;
         editor.parameters = &record;
+        editor.panel = &inside;
         editor.file_name = &name;
-        editor.file_given = true;
+        editor.file_given = !name.ends_with("noname.tvp");
+        editor.file_selector = &selector;
         editor.user_settings_file = &settings_folder;
         editor.phrases = &phrases;
         ASSERT_TRUE(frame.bind_to(editor));
@@ -35,109 +45,95 @@ protected:
         EXPECT_TRUE(
             choice.select(static_cast<int>(std::find(items.begin(), items.end(), language) - items.begin())));
     }
-    static int translated(const Tparameter_file_form& frame) {
-        int count = 0;
-        for (const TControl* control :
-             {static_cast<const TControl*>(&frame.ok_button), static_cast<const TControl*>(&frame.run_button),
-              static_cast<const TControl*>(&frame.cancel_button),
-              static_cast<const TControl*>(&frame.save_as_button),
-              static_cast<const TControl*>(&frame.checkbox_advanced_mode)})
-            count += control->text().starts_with('[') ? 1 : 0;
-        return count;
+    std::string shown(const Tparameter_file_form& frame) const {
+        return frame.ok_button.text() + " " + frame.save_as_button.text() + " " + beside.text();
     }
 
     TESK::Translations_phrases phrases;
+    TForm concrete{"concrete"};
+    TPanel& inside = concrete.add<TPanel>("inside");
+    TLabel& beside = concrete.add<TLabel>("beside", "Beside the panel");
 };
 
-TEST_F(Translated_form, is_translated_one_control_each_300_ms) {
-    name = "C:\\work\\study.tvp";
+TEST_F(Language_page_test, a_chosen_language_is_on_view_at_once_and_the_native_one_comes_back) {
     bind_with_phrases(form);
     EXPECT_TRUE(form.language.tabsheet_translation.visible());
-    desktop.advance(3000);
-    EXPECT_EQ(translated(form), 0);
-
+    const std::string native = shown(form);
     choose(form, "Spanish");
-    EXPECT_EQ(translated(form), 0);
-    for (int passes = 1; passes <= 4; ++passes) {
-        desktop.advance(300);
-        EXPECT_EQ(translated(form), passes);
-    }
-    desktop.advance(3000);
-    form.show_run_button("Run it", "model.exe");
-    desktop.advance(300);
-    EXPECT_EQ(form.run_button.text(), "[Run it]") << "a text that comes later starts the passes anew";
+    EXPECT_EQ(shown(form), "[Save/Close] [Save as] [Beside the panel]");
+    EXPECT_EQ(form.text(), "[Tilverra project]: C:\\work\\study.tvp");
+    choose(form, "French");
+    EXPECT_EQ(shown(form), "Save/Close Save as! Beside the panel!") << "no mixture of languages";
+    choose(form, "(native)");
+    EXPECT_EQ(shown(form), native);
+    EXPECT_FALSE(form.has_changes());
 }
 
-TEST_F(Translated_form, in_the_native_language_is_translated_no_further) {
-    name = "C:\\work\\study.tvp";
+TEST_F(Language_page_test, what_appears_later_is_translated_bit_by_bit) {
     bind_with_phrases(form);
     choose(form, "Spanish");
-    desktop.advance(600);
-    choose(form, "(native)");
+    desktop.advance(3000);
     form.show_run_button("Run it", "model.exe");
-    desktop.advance(3000);
-    EXPECT_EQ(translated(form), 2);
+    form.ok_button.set_text("Save as");
     EXPECT_EQ(form.run_button.text(), "Run it");
-    EXPECT_EQ(form.get_settings().language, "");
-    choose(form, "English");
-    desktop.advance(3000);
-    EXPECT_EQ(translated(form), 0);
+    desktop.advance(300);
+    EXPECT_EQ(form.ok_button.text() + form.run_button.text(), "[Save as]Run it");
+    desktop.advance(300);
+    EXPECT_EQ(form.run_button.text(), "[Run it]");
+    beside.set_text("Run it"); // in a handler, say, which follows what a user does
+    form.edit_description.focus();
+    desktop.advance(300);
+    EXPECT_EQ(beside.text(), "[Run it]");
 }
 
-TEST_F(Parameter_file_form, a_language_is_shown_bit_by_bit_and_comes_back_with_the_file) {
-    TESK::Translations_phrases phrases;
-    for (const char* text : {"Save as", "Of the editor", "Beside the panel"}) {
-        auto* phrase = new TESK::Translation(text);
-        phrase->translations.append(new TESK::Translation::Translated("en", text));
-        phrase->translations.append(
-            new TESK::Translation::Translated("fr", (text + std::string("!")).c_str()));
-        phrase->translations.append(
-            new TESK::Translation::Translated("pt", (text + std::string("?")).c_str()));
-        phrases.append(phrase);
-    }
-    TForm concrete("concrete");
-    auto& inside = concrete.add<TPanel>("inside");
-    TLabel& hosted = inside.add<TLabel>("hosted", "Of the editor");
-    TLabel& beside = concrete.add<TLabel>("beside", "Beside the panel");
-    name = "C:\\work\\study.tvp";
-    Tparameter_file_form::Editor editor;
-    editor.form = &concrete;
-    editor.parameters = &record;
-    editor.panel = &inside;
-    editor.file_name = &name;
-    editor.file_given = true;
-    editor.user_settings_file = &settings_folder;
-    editor.phrases = &phrases;
-    ASSERT_TRUE(form.bind_to(editor));
-    form.show();
-    TRadioGroup& languages = form.language.radiogroup_translation_target_language;
-    languages.bring_to_front();
-    EXPECT_TRUE(languages.select(2));
-    desktop.advance(299);
-    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
-              "Save asOf the editorBeside the panel");
-    desktop.advance(1200);
-    EXPECT_EQ(form.save_as_button.text() + hosted.text() + beside.text(),
-              "Save as!Of the editor!Beside the panel!");
-    EXPECT_EQ(form.get_settings().language, "fr");
-    EXPECT_TRUE(languages.select(10));
-    form.language.edit_translation_other.focus();
-    EXPECT_TRUE(form.language.edit_translation_other.type_text("pt"));
-    desktop.advance(1500);
-    EXPECT_EQ(form.save_as_button.text(), "Save as?");
-    EXPECT_FALSE(form.has_changes());
-    EXPECT_EQ(form.save(), Save_outcome::saved);
+TEST_F(Language_page_test, messages_and_dialogs_speak_the_language_too) {
+    bind_with_phrases(form);
+    choose(form, "Spanish");
+    record.STATSGO_path = "changed";
+    desktop.expect_message("[Unsaved changes]", "[Save the changes to C:\\work\\study.tvp?]",
+                           Modal_result::cancel);
+    EXPECT_TRUE(form.cancel_button.click());
+    desktop.expect_file_dialog("[Save [Tilverra project] as]", {});
+    EXPECT_TRUE(form.save_as_button.click());
+}
 
+TEST_F(Language_page_test, the_language_is_the_users_from_the_first_dialog_on_whatever_file_is_opened) {
+    bind_with_phrases(form);
+    form.language.radiogroup_translation_target_language.bring_to_front();
+    choose(form, "(Other)");
+    form.language.edit_translation_other.focus();
+    EXPECT_TRUE(form.language.edit_translation_other.type_text("es"));
+    EXPECT_TRUE(form.close()); // without a save
     Tparameter_file_form again{program};
-    ASSERT_TRUE(again.bind_to(editor));
-    EXPECT_EQ(again.language.radiogroup_translation_target_language.item_index(), 10);
-    EXPECT_EQ(again.language.edit_translation_other.text(), "pt");
-    desktop.advance(1500);
-    EXPECT_EQ(again.save_as_button.text(), "Save as?");
-    again.show();
-    again.language.radiogroup_translation_target_language.bring_to_front();
-    EXPECT_TRUE(again.language.radiogroup_translation_target_language.select(0));
-    EXPECT_EQ(again.get_settings().language, "");
+    name = "C:\\work\\noname.tvp";
+    desktop.expect_modal("recent_file_selector_form", [this](TForm& shown) {
+        EXPECT_EQ(shown.text(), "[Enter or select file to edit]");
+        selector.selected_fileeditbar.filename_edit.focus();
+        selector.selected_fileeditbar.filename_edit.select_all();
+        selector.selected_fileeditbar.filename_edit.type_text("C:\\work\\another.tvp");
+        selector.ok_button.click();
+    });
+    bind_with_phrases(again);
+    EXPECT_EQ(shown(again), "[Save/Close] [Save as] [Beside the panel]");
+    EXPECT_EQ(again.language.radiogroup_translation_target_language.item_index(), 3);
+    choose(again, "(native)");
+    Tparameter_file_form third{program};
+    bind_with_phrases(third);
+    EXPECT_EQ(third.ok_button.text(), "Save/Close");
+}
+
+// As a program of before would have left it: the language stands with the file alone.
+TEST_F(Language_page_test, a_language_that_was_chosen_for_the_file_holds_until_the_user_chooses_another) {
+    TESK::User_settings settings;
+    settings.language = "pt";
+    settings_folder.save(settings, name);
+    bind_with_phrases(form);
+    EXPECT_EQ(form.language.radiogroup_translation_target_language.item_index(), 10);
+    EXPECT_EQ(form.language.edit_translation_other.text(), "pt");
+    choose(form, "Spanish");
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    settings_folder.load(settings, name);
+    EXPECT_EQ(settings.language, "es");
 }
 
 } // namespace

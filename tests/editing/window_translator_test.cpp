@@ -80,11 +80,13 @@ TEST_F(Window_translator, changes_one_control_a_pass_in_the_order_of_the_screen)
     EXPECT_EQ(unknown.text() + same.text() + blank.text(), "Of no phraseTotalEmpty");
     EXPECT_EQ(form.text(), "Run");
 
-    EXPECT_EQ(translate_all(form, "fr", phrases), 1) << "another language starts from the program's text";
-    EXPECT_EQ(run.text(), "Lancer");
+    EXPECT_EQ(translate_all(form, "fr", phrases), 4) << "another language starts from the program's text";
+    EXPECT_EQ(texts(), "Soil,Current,Lancer,Soil,Actual");
     run.set_text("Soil");
-    EXPECT_EQ(translate_all(form, "es", phrases), 1);
+    EXPECT_EQ(translate_all(form, "es", phrases), 4);
     EXPECT_EQ(run.text(), "Suelo");
+    EXPECT_EQ(translate_all(form, "", phrases), 4) << "the program's own words come back";
+    EXPECT_EQ(texts(), "Soil,Current,Soil,Soil,Actual");
 }
 
 TEST_F(Window_translator, leaves_alone_what_is_typed_listed_or_data) {

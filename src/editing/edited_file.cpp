@@ -90,7 +90,7 @@ bool Edited_file::take_choice() {
         if (name_->get_ext().empty())
             name_->set_ext(name_->get_default_extension(extension).c_str());
     }
-    name_->qualify();
+    name_->qualify_in_root();
     return true;
 }
 

@@ -12,6 +12,9 @@ namespace TESK {
 
 namespace {
 
+constexpr int least_radix = 2;
+constexpr int largest_radix = 36;
+
 const char* skip_white_space(const char* text) {
     while (is_white_space(*text))
         ++text;
@@ -86,8 +89,12 @@ std::int64_t parse_integer(const char* text, int radix) {
         return 0;
     text = skip_white_space(text);
     const bool negative = take_sign(text);
-    if (radix == 16)
+    if (radix == 0)
+        radix = take_hexadecimal_prefix(text) ? 16 : *text == '0' ? 8 : 10;
+    else if (radix == 16)
         take_hexadecimal_prefix(text);
+    else if (radix < least_radix || radix > largest_radix)
+        return 0;
     std::uint64_t value = 0;
     for (int digit = digit_value(*text); digit < radix; digit = digit_value(*++text))
         value = value * static_cast<unsigned>(radix) + static_cast<unsigned>(digit);
@@ -171,6 +178,8 @@ void append_ten_decimals(std::string& text, float value) {
 
 void append_integer(std::string& text, std::int64_t value, int radix) {
     char digits[65];
+    if (radix < least_radix || radix > largest_radix)
+        radix = 10;
     text.append(digits, std::to_chars(digits, digits + sizeof digits, value, radix).ptr);
 }
 

@@ -5,7 +5,6 @@
 #include "temporal/date_time_64.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -44,7 +43,7 @@ void Common_event::Period::setup_structure(TESK::Data_record& record, bool for_w
     record.expect_int16("period_cycle_years", period_cycle_years);
 }
 
-Common_event::Common_event() : Common_event(ID_of_moment(TESK::Date_time_64().date_time)) {}
+Common_event::Common_event() : Common_event(new_ID()) {}
 
 Common_event::Common_event(const TESK::Ustring& known_ID)
     : Date(std::int32_t{0}), ID(known_ID), operation_filename("") {
@@ -72,7 +71,7 @@ int Common_event::compare(const TESK::Item& other) const {
 bool Common_event::setup_structure(TESK::Data_record& record, bool for_write) {
     const bool periodic = !for_write || has_period();
     if (for_write && ID.empty())
-        ID = ID_of_moment(TESK::Date_time_64().date_time);
+        ID = new_ID();
     if (!for_write && period == nullptr)
         period = std::make_unique<Period>();
 
@@ -122,8 +121,12 @@ void Common_event::own_operation(std::unique_ptr<Common_operation> operation) {
     owned_operation = own_operation_.get();
 }
 
-std::string Common_event::ID_of_moment(double date_time) {
-    return TESK::float64_to_cstr(date_time, 10) + " (default)";
+std::string Common_event::new_ID() {
+    // Apart by enough that ten decimals of a day tell two IDs from each other.
+    constexpr double step = 1e-9;
+    thread_local double last = 0;
+    last = std::max(TESK::Date_time_64().date_time, last + step);
+    return TESK::float64_to_cstr(last, 10) + " (default)";
 }
 
 Common_event* Common_event_list::find_event(const char* ID) const {
@@ -145,14 +148,9 @@ std::vector<Common_event*> Common_event_list::due_until(const TESK::Date& day) c
 }
 
 void Common_event_list::complete_read_events() {
-    // Apart by enough that ten decimals of a day tell two IDs from each other.
-    constexpr double step = 1e-9;
-    std::optional<double> moment;
     for (Common_event& event : TESK::Items_of<Common_event>(*this)) {
-        if (event.ID.empty()) {
-            moment = moment ? *moment + step : TESK::Date_time_64().date_time;
-            event.ID = Common_event::ID_of_moment(*moment);
-        }
+        if (event.ID.empty())
+            event.ID = Common_event::new_ID();
         if (event.period != nullptr)
             event.period->end_sync.reschedule = event.begin_sync.reschedule;
     }

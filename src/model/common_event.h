@@ -85,7 +85,7 @@ public:
         Date next_date{std::int32_t{0}};
     };
 
-    // A new event, whose ID is the present moment.
+    // A new event, whose ID is the present moment, or the next one that no ID of this process has been given.
     Common_event();
     // An event with the ID, which may be empty until the event has been read.
     explicit Common_event(const TESK::Ustring& known_ID);
@@ -117,8 +117,8 @@ public:
     // Gives the event an operation to keep as its own; null for none.
     void own_operation(std::unique_ptr<Common_operation> operation);
 
-    // What an event gets for an ID that has none: the moment as a number, marked as a default.
-    static std::string ID_of_moment(double date_time);
+    // The ID of a new event: a moment as a number, marked as a default.
+    static std::string new_ID();
 
     Synchronization begin_sync;
     Contingency_labeled contingency;
@@ -150,8 +150,8 @@ public:
     // list's order.
     std::vector<Common_event*> due_until(const TESK::Date& day) const;
 
-    // After reading: each event without an ID gets the present moment for one, a little later than the event
-    // before it, and what a file holds once for both ends of a period becomes the same in both.
+    // After reading: each event without an ID gets a new one, and what a file holds once for both ends of a
+    // period becomes the same in both.
     void complete_read_events();
 };
 

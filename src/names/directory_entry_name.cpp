@@ -212,6 +212,14 @@ bool Directory_entry_name::qualify() {
     return true;
 }
 
+bool Directory_entry_name::qualify_in_root() {
+    const bool relative = !is_qualified(true);
+    const bool qualified = qualify();
+    if (relative && std::string::compare(1, 3, ":\\\\") == 0)
+        set(std::string(*this).erase(2, 1));
+    return qualified;
+}
+
 void Directory_entry_name::make_relative_to(const Directory_name& base) {
     Directory_name absolute(*this);
     absolute.qualify();

@@ -116,6 +116,9 @@ public:
     // runs it can change the current directory of the process. False, with nothing changed, for a text that
     // begins with "<"; true when the name is absolute now or was it before.
     bool qualify();
+    // The same, but in a drive's root, where the current directory ends in a separator, no second one is put
+    // behind it: for the names of records, which are shown and compared.
+    bool qualify_in_root();
 
     // Makes the name relative to the folder, whose text is absolute and ends in no separator. A name on
     // another drive becomes absolute. The head of the text is compared without regard to components: "bc\x"

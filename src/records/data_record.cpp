@@ -4,25 +4,55 @@
 #include "records/typed_entries.h"
 #include "records/validation.h"
 
+#include <optional>
 #include <utility>
 
 namespace TESK {
 
 class Data_record::Units_label_item : public Association {
 public:
-    explicit Units_label_item(const char* label) : text(label) {}
+    Units_label_item(std::string where, const char* label) : place(std::move(where)), text(label) {}
     const char* get_key() const override { return text.c_str(); }
 
+    const std::string place;
     Ustring text;
 };
 
 class Data_record::Units_code_item : public Enumeration {
 public:
-    explicit Units_code_item(std::uint32_t code) : units(code) {}
+    Units_code_item(std::string where, std::uint32_t code) : place(std::move(where)), units(code) {}
     std::int32_t get_int32() const override { return static_cast<std::int32_t>(units.code); }
 
+    const std::string place;
     Units_clad units;
+    std::optional<std::string> as_read;
 };
+
+namespace {
+
+// A unit that is written as it was read, unless it was changed: a file's own spelling of a unit, and a unit
+// that no table holds, belong to the numbers beside it.
+class Units_line_entry : public VV_units_entry {
+public:
+    Units_line_entry(std::string_view entry_key, Units_clad& field, std::optional<std::string>& as_read)
+        : VV_units_entry(entry_key, field), as_read_(as_read) {}
+    using VV_units_entry::set_value;
+    bool set_value(const Ustring& text) override {
+        as_read_ = text;
+        return VV_units_entry::set_value(text.c_str());
+    }
+    void append_value(std::string& text) const override {
+        if (as_read_ && Units_clad::parse_label(as_read_->c_str()) == value.code)
+            text += *as_read_;
+        else
+            VV_units_entry::append_value(text);
+    }
+
+private:
+    std::optional<std::string>& as_read_;
+};
+
+} // namespace
 
 Data_record::Data_record(const std::string& primary_section) : primary_section_(primary_section) {}
 
@@ -34,15 +64,31 @@ void Data_record::delete_structure() {
     sections.delete_all(Item_filter::all);
     sections.delete_aliases();
     enumerated_sections.delete_all(Item_filter::all);
-    units_labels.delete_all(Item_filter::all);
-    units_codes.delete_all(Item_filter::all);
     current_section_ = nullptr;
     structure_defined_ = false;
+    unread_.clear();
 }
 
 void Data_record::expect_structure(bool) {
     structure_defined_ = true;
     make_primary_section_current();
+}
+
+void Data_record::begin_reading() {
+    make_primary_section_current();
+    if (!is_structure_defined()) {
+        units_labels.delete_all(Item_filter::all);
+        units_codes.delete_all(Item_filter::all);
+        expect_structure(false);
+    }
+    make_primary_section_current();
+    preread();
+}
+
+void Data_record::end_reading(bool keep_structure) {
+    postread();
+    if (!keep_structure)
+        delete_structure();
 }
 
 void Data_record::declare_series() {
@@ -56,37 +102,45 @@ std::string Data_record::text_of_sections() const {
     std::string text;
     for (const VV_section& section : all_sections())
         section.append_text(text);
-    return text;
+    return text += unread_;
 }
 
 void Data_record::redeclare_for_write() {
-    // Entries point into the units and the series.
+    // Entries point into the series.
     Alias_association_list read_sections;
     Alias_association_list read_series;
-    Association_list read_labels;
-    Enumeration_list read_codes;
     read_sections.transfer_all_from(sections, Item_filter::all);
     read_series.transfer_all_from(enumerated_sections, Item_filter::all);
-    read_labels.transfer_all_from(units_labels, Item_filter::all);
-    read_codes.transfer_all_from(units_codes, Item_filter::all);
+    const std::string unread = std::move(unread_);
     delete_structure();
 
     expect_structure(true);
     declare_series();
+    for (const VV_enumerated_section& read : Items_of<VV_enumerated_section>(read_series))
+        if (Item* series = enumerated_sections.find_exact(read.label))
+            static_cast<VV_enumerated_section*>(series)->keep_count(read.count);
     for (const VV_section& section : Items_of<VV_section>(read_sections))
         keep_undeclared(section);
     make_primary_section_current();
+    unread_ = unread;
 }
 
 void Data_record::keep_undeclared(const VV_section& read) {
-    auto* section = static_cast<VV_section*>(sections.find_exact(read.label));
+    VV_section* section = find_section(read.label);
     std::string value;
     for (const VV_base_entry& entry : read.all_entries()) {
-        if (!entry.encountered || (section != nullptr && section->find_entry(entry.key) != nullptr))
+        if (!entry.encountered)
             continue;
         if (section == nullptr)
             section = append_section(read.label);
-        section->entries.append(new VV_unexpected_entry(entry.key, entry.get_value(value)));
+        VV_base_entry* there = section->find_entry(entry.key);
+        if (there == nullptr) {
+            there = new VV_unexpected_entry(entry.key, entry.get_value(value));
+            section->entries.append(there);
+        } else if (there->type_code() == Entry_type::unexpected) {
+            // The section stood in the file in both spellings: what stood later counts.
+            there->set_value(Ustring(entry.get_value(value)));
+        }
     }
 }
 
@@ -100,9 +154,8 @@ void Data_record::make_primary_section_current() {
 VV_section* Data_record::set_current_section(std::string_view name) {
     if (name.empty())
         return current_section_;
-    if (VV_section* section = find_section(name))
-        return current_section_ = section;
-    return append_section(name);
+    current_section_ = find_section(name);
+    return current_section_ != nullptr ? current_section_ : append_section(name);
 }
 
 VV_section* Data_record::get_current_section() {
@@ -115,6 +168,10 @@ VV_section* Data_record::append_section(std::string_view name) {
     current_section_ = new VV_section(name);
     sections.append(current_section_);
     return current_section_;
+}
+
+void Data_record::make_section_current(VV_section& section) {
+    current_section_ = &section;
 }
 
 VV_section* Data_record::find_section(std::string_view name) {
@@ -196,7 +253,7 @@ VV_base_entry* Data_record::expect_enum(const char* key, Labeled_enum& field, co
 }
 
 VV_base_entry* Data_record::expect_units(const char* key, Units_clad& field) {
-    return expect<VV_units_entry>(key, field);
+    return expect<Units_line_entry>(key, field, units_code_item(key, field.code).as_read);
 }
 
 VV_base_entry* Data_record::expect_valid_int16(Valid_int16& valid) {
@@ -229,6 +286,31 @@ void Data_record::expect_enumerated_section(std::unique_ptr<VV_enumerated_sectio
     if (!no_alias)
         set_entry_alias(key.c_str(), (series->label + "_count").c_str());
     enumerated_sections.append(series.release());
+}
+
+std::string Data_record::place_of(const std::string& key) {
+    // No name in a file holds a line feed.
+    return get_current_section()->label + '\n' + key;
+}
+
+Data_record::Units_label_item& Data_record::units_label_item(const std::string& key, const char* label) {
+    std::string place = place_of(key);
+    for (Units_label_item& item : Items_of<Units_label_item>(units_labels))
+        if (item.place == place)
+            return item;
+    auto* item = new Units_label_item(std::move(place), label);
+    units_labels.append(item);
+    return *item;
+}
+
+Data_record::Units_code_item& Data_record::units_code_item(const std::string& key, std::uint32_t code) {
+    std::string place = place_of(key);
+    for (Units_code_item& item : Items_of<Units_code_item>(units_codes))
+        if (item.place == place)
+            return item;
+    auto* item = new Units_code_item(std::move(place), code);
+    units_codes.append(item);
+    return *item;
 }
 
 std::string Data_record::begin_array(const char* name, bool in_current_section) {
@@ -264,18 +346,17 @@ void Data_record::expect_uint32_array(const char* name, std::uint32_t* array, in
 void Data_record::expect_float32_array_with_units_code(const char* name, std::uint32_t units_code,
                                                        float* array, int first, int last,
                                                        bool in_current_section) {
-    auto* item = new Units_code_item(units_code);
-    units_codes.append(item);
-    expect_units((begin_array(name, in_current_section) + "units").c_str(), item->units);
+    const std::string key = begin_array(name, in_current_section) + "units";
+    Units_code_item& item = units_code_item(key, units_code);
+    expect<Units_line_entry>(key, item.units, item.as_read);
     expect_float32_array(name, array, first, last, in_current_section);
 }
 
 void Data_record::expect_float32_array_with_units_label(const char* name, const char* units_label,
                                                         float* array, int first, int last,
                                                         bool in_current_section) {
-    auto* item = new Units_label_item(units_label);
-    units_labels.append(item);
-    expect_string((begin_array(name, in_current_section) + "units").c_str(), item->text, 255);
+    const std::string key = begin_array(name, in_current_section) + "units";
+    expect_string(key.c_str(), units_label_item(key, units_label).text, 255);
     expect_float32_array(name, array, first, last, in_current_section);
 }
 

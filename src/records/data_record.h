@@ -32,13 +32,19 @@ public:
     Data_record(const Data_record&) = delete;
     Data_record& operator=(const Data_record&) = delete;
 
-    // Drops the sections and entries, their aliases, and the current section.
+    // Drops the sections and entries, their aliases, the current section, and what reading has left unread.
     virtual void delete_structure();
     virtual bool is_structure_defined() const { return structure_defined_; }
 
     // Declares the structure. A derived record calls its base first, and then declares its own; an entry that
     // is declared already stays as it is.
     virtual void expect_structure(bool for_write);
+
+    // What a store does before and after it fills the fields: the structure is declared where it is not, with
+    // its own units, the primary section is current, and the record's own hooks are called. The structure is
+    // kept only on demand.
+    void begin_reading();
+    void end_reading(bool keep_structure);
 
     // Declares the elements of every series for writing. The primary section is current afterwards.
     void declare_series();
@@ -74,6 +80,8 @@ public:
 
     // The current section becomes the primary one, which is made when it is missing.
     void make_primary_section_current();
+    // The section is one of the record's.
+    void make_section_current(VV_section& section);
     // Appends a section of this name, whatever stands in the record, and makes it current.
     VV_section* append_section(std::string_view name);
 
@@ -133,8 +141,12 @@ public:
 
     // The sections, in order.
     Items_of<VV_section> all_sections() const { return Items_of<VV_section>(sections); }
-    // What they are in a file.
+    // What they are in a file, and behind them what reading has left unread.
     std::string text_of_sections() const;
+
+    // The end of the file that was read, from the empty lines on that end a reading, when there is text
+    // behind them; otherwise empty. It belongs to the structure.
+    void set_unread(std::string_view text) { unread_ = text; }
 
     // The full name of the file that the record was last read from or written to; empty for none.
     const std::string& get_loaded_from() const { return loaded_from_; }
@@ -143,7 +155,8 @@ public:
     Alias_association_list sections;            // of VV_section
     Alias_association_list enumerated_sections; // of VV_enumerated_section
 
-    Association_list units_labels; // the units of arrays, as long as the structure stands
+    // The units of arrays. They outlive the structure, as fields do: a unit that was read is written again.
+    Association_list units_labels;
     Enumeration_list units_codes;
 
 private:
@@ -155,6 +168,11 @@ private:
     void expect_units_shown(Valid_number& valid);
     // Appends the entries that the file held in the section and that are not declared.
     void keep_undeclared(const VV_section& read);
+    // The unit that stands, or will stand, under the key of the current section; kept for the record's life.
+    Units_label_item& units_label_item(const std::string& key, const char* label);
+    Units_code_item& units_code_item(const std::string& key, std::uint32_t code);
+    // What tells a key of the current section from any other of the record.
+    std::string place_of(const std::string& key);
     // The section that an array of this name stands in becomes current. Returns what stands before the key of
     // an element.
     std::string begin_array(const char* name, bool in_current_section);
@@ -172,6 +190,7 @@ private:
     bool structure_defined_ = false;
     bool preserve_unexpected_ = false;
     std::string loaded_from_;
+    std::string unread_;
 };
 
 } // namespace TESK

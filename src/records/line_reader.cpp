@@ -22,6 +22,10 @@ bool Line_reader::next(std::string_view& line) {
         line.remove_prefix(1);
     while (!line.empty() && line.back() == '\r')
         line.remove_suffix(1);
+    if (!line.empty())
+        empty_lines_ = 0;
+    else if (empty_lines_++ == 0)
+        empty_start_ = line_start_;
     return true;
 }
 

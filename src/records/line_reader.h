@@ -22,8 +22,13 @@ public:
     void refuse_line() { refused_ = true; }
     bool is_line_refused() const { return refused_; }
 
-    // How many bytes stand before the line that next() gave last.
+    // How many bytes stand before the line that next() gave last, and before the one that it gives next.
     std::size_t line_start() const { return line_start_; }
+    std::size_t taken() const { return taken_; }
+
+    // How many empty lines next() has given since the last other one, and where they begin.
+    int empty_lines() const { return empty_lines_; }
+    std::size_t empty_start() const { return empty_start_; }
 
 private:
     bool read_more();
@@ -33,6 +38,8 @@ private:
     std::string_view pending_;
     std::size_t taken_ = 0;
     std::size_t line_start_ = 0;
+    std::size_t empty_start_ = 0;
+    int empty_lines_ = 0;
     bool refused_ = false;
 };
 

@@ -3,6 +3,8 @@
 namespace TESK {
 
 void blank_line_breaks(std::string& text, std::size_t start) {
+    for (std::size_t end = text.size(); end > start && text[end - 1] == '\r'; --end)
+        text[end - 1] = ' ';
     const std::size_t first = text.find('\n', start);
     if (first == std::string::npos)
         return;

@@ -16,7 +16,9 @@ bool is_open_low(double limit) {
 }
 
 bool is_open_high(double limit) {
-    return std::fabs(limit - static_cast<double>(FLT_MAX)) < open_tolerance;
+    // Records write the largest float32 with nine digits; as a float64 that is another number.
+    constexpr double written_limit = 3.40282347e+38;
+    return limit == written_limit || std::fabs(limit - static_cast<double>(FLT_MAX)) < open_tolerance;
 }
 
 const char* text_or_nothing(const char* text) {

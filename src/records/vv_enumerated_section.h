@@ -5,6 +5,7 @@
 #include "foundation/ustring.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,13 +27,19 @@ public:
     // The count that a file tells never makes the series shorter.
     void apply_count(std::int16_t told);
 
+    // Takes over a count that a file told under an old key, where the record has no elements: the sections
+    // that it counts come back as the file spelled them.
+    void keep_count(std::int16_t told);
+
     // Makes the count no smaller than the number of elements, and declares the elements' sections: for
     // writing all of them at once, for reading each one when its header is met, so that a file's count costs
-    // nothing that the file does not hold. The record's current section stays. True.
+    // nothing that the file does not hold; those whose headers were met before the count, at once, with what
+    // they hold already. The record's current section stays. True.
     bool setup_structure(Data_record& record, bool for_write) override;
 
-    // The section of this series that has the name, in the spelling label:1 or, of old, label_1, declared for
-    // reading if it is not in the record yet; null when the name is none of the series, or above the count.
+    // The section of this series that has the name, in the spelling label:1 or, of old, label_1. In reading
+    // it is declared if it is not in the record yet. Null when the name is none of the series, or above the
+    // count: then the record gives it a section that knows nothing of the series.
     VV_section* find_section_met(Data_record& record, std::string_view name);
 
     // Declares the entries of an element in the current section. False when there is no such element.
@@ -48,12 +55,18 @@ protected:
     virtual void prepare_to_read() {}
 
 private:
+    int first_index() const { return one_based ? 1 : 0; }
     std::string section_name(int index) const;
     std::optional<std::uint16_t> index_of(std::string_view name) const;
+    void declare_sections_for_writing(Data_record& record);
+    void declare_sections_met_early(Data_record& record);
 
     // How many sections the reader may meet, by the highest count met: the count itself is a field of the
-    // record, which a later line of the file can set lower.
+    // record, which a later line of the file can set lower. In writing, how many there can be.
     std::int16_t sections_expected_ = 0;
+    bool for_write_ = false;
+    // The names that were met before a count told that they are of the series, by their index.
+    std::multimap<std::uint16_t, std::string> met_early_;
 };
 
 // A series whose elements are the items of a list. The list belongs to the record.

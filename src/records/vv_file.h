@@ -11,12 +11,8 @@
 #include <istream>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace TESK {
-
-class Line_reader;
-class VV_section;
 
 class VV_file : public Data_source {
 public:
@@ -36,8 +32,8 @@ public:
 
     // Writes the file, all of it or none of it, and drops the record's structure. False only without a name:
     // whether the disk was reached is told by get_last_write(). With the record's preserve_unexpected set,
-    // what the file that it was loaded from holds and the record does not declare is written too; when that
-    // file exists and cannot be read, nothing is written.
+    // what the file that it was loaded from holds and the record does not declare is written too, the text
+    // that no reading reaches included; when that file exists and cannot be read, nothing is written.
     bool write_record(Data_record& record) override;
 
     // Reads lines from the stream's place on into the record. With `unexpected_only` the values of entries
@@ -56,7 +52,6 @@ public:
     void set_durability(platform::Durability durability) { durability_ = durability; }
 
 private:
-    bool read_lines(Line_reader& lines, Data_record& record, bool unexpected_only, bool one_section);
     bool bring_back_unexpected(Data_record& record);
 
     std::optional<std::string> filename_;

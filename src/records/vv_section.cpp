@@ -26,6 +26,17 @@ std::ostream& VV_section::write(std::ostream& out) const {
     return out << text;
 }
 
+void VV_section::store(std::string_view key, const Ustring& value) {
+    VV_base_entry* entry = find_entry(key);
+    if (entry == nullptr) {
+        entry = new VV_unexpected_entry(key, value);
+        entries.append(entry);
+    } else {
+        entry->set_value(value);
+    }
+    entry->encountered = true;
+}
+
 VV_base_entry* VV_section::find_entry(std::string_view key) const {
     return static_cast<VV_base_entry*>(entries.find_exact(key));
 }

@@ -27,6 +27,10 @@ public:
     // The entry with exactly this key, or the one that has replaced it; null when there is none.
     VV_base_entry* find_entry(std::string_view key) const;
 
+    // Stores a text under a key: in the entry that is found for it, or in a new one that the record does not
+    // know.
+    void store(std::string_view key, const Ustring& value);
+
     // The entries, in order.
     Items_of<VV_base_entry> all_entries() const { return Items_of<VV_base_entry>(entries); }
 

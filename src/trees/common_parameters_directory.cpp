@@ -29,7 +29,7 @@ Directory_name without_extension(const File_name& file) {
 Common_parameters_directory::Common_parameters_directory(const File_name& file, Directory_mode directory_mode,
                                                          bool create_folder)
     : mode(directory_mode), parameter_file(file) {
-    parameter_file->qualify();
+    parameter_file->qualify_in_root();
     switch (mode) {
     case Directory_mode::file_folder:
         if (parameter_file->exists())

@@ -4,11 +4,22 @@
 
 namespace {
 
-// The folders that this program asks for. The suite's other programs keep "H2O", "NO3", "NH4" and "OM" beside
-// them.
-constexpr const char* folder_names[] = {
-    "Crop",     "Output", "Soil",          "Weather",     "Management",     "Biomatter",
-    "Rotation", "Format", "recalibration", "water_table", "initialization", "STATSGO\\DOS\\arc\\data"};
+constexpr const char* folder_names[] = {"Crop",
+                                        "Output",
+                                        "Soil",
+                                        "Weather",
+                                        "Management",
+                                        "Biomatter",
+                                        "Rotation",
+                                        "Format",
+                                        "recalibration",
+                                        "water_table",
+                                        "initialization",
+                                        "H2O",
+                                        "NO3",
+                                        "NH4",
+                                        "OM",
+                                        "STATSGO\\DOS\\arc\\data"};
 
 } // namespace
 

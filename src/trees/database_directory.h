@@ -49,6 +49,11 @@ private:
         recalibration,
         water_table,
         initialization,
+        // The suite's other programs keep these four: nothing here asks for them.
+        H2O,
+        NO3,
+        NH4,
+        OM,
         STATSGO_data,
         member_count
     };

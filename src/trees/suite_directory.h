@@ -118,6 +118,16 @@ private:
     TESK::Smart_file_name model_exe_;
 };
 
+// A sibling application and its database. This program makes no object of them.
+class Dorvo_Directory : public Application_directory {
+public:
+    ~Dorvo_Directory() override;
+};
+class Dorvo_Database_directory : public TESK::Smart_directory_name {
+public:
+    ~Dorvo_Database_directory() override;
+};
+
 // The weather generator.
 class Skymill_Directory : public TESK::Program_directory {
 public:

@@ -47,6 +47,7 @@ constexpr std::uint16_t fahrenheit = 0x8100;
 constexpr std::uint16_t per_fahrenheit = 0x8180;
 constexpr std::uint16_t meter = 0x2000;
 constexpr std::uint16_t are = 0x2A00;
+constexpr std::uint16_t per_are = are | reciprocal_bit;
 constexpr std::uint16_t liter = 0x3400;
 
 // By the low bits of an English unit: yards, acres and gallons.
@@ -166,8 +167,14 @@ void Units_convertor::to_metric(float& value, std::uint16_t& unit) const {
         break;
     case are_row: {
         const float factor = row_or_one(acres, unit & 0x7FU);
-        value = value * (is_reciprocal(unit) ? 1 / factor : factor) * ares_in_acre;
-        unit = are;
+        // What stands behind "per" goes down as its unit grows, and stays behind it.
+        if (is_reciprocal(unit)) {
+            value = value / (factor * ares_in_acre);
+            unit = per_are;
+        } else {
+            value = value * factor * ares_in_acre;
+            unit = are;
+        }
         break;
     }
     case liquid_row:

@@ -88,13 +88,19 @@ TEST(Numbers, integers_are_read_as_strtol_reads_them) {
     for (const std::string& text :
          split("|0|17| \t\n\v\f\r-17 ha|+8|+-8|- 8|-|9x|x9|1.9|1e3|0x1F|-0x1f|0x|0xg|012|zz|Az|"
                "777|123456789012|-2147483649|\xB2")) {
-        for (const int radix : {2, 8, 10, 16, 36}) {
+        for (const int radix : {0, 2, 8, 10, 16, 36}) {
             const std::int64_t expected = std::strtoll(text.c_str(), nullptr, radix);
             EXPECT_EQ(parse_integer(text.c_str(), radix), expected) << text << ' ' << radix;
             EXPECT_EQ(cstr_to_uint32(text.c_str(), radix), static_cast<std::uint32_t>(expected)) << text;
         }
     }
     EXPECT_EQ(parse_integer(nullptr), 0);
+    EXPECT_EQ(parse_integer("-0x1F", 0), -31);
+    for (const int radix : {-1, 1, 37, 255}) {
+        std::string decimal;
+        EXPECT_EQ(cstr_to_uint32("11", radix), 0U);
+        EXPECT_EQ((append_integer(decimal, 11, radix), decimal), "11");
+    }
     // Out of range, the low bits are what counts.
     EXPECT_EQ(static_cast<std::int16_t>(parse_integer("40000")), -25536);
     EXPECT_EQ(cstr_to_uint32("4294967298", 10), 2U);

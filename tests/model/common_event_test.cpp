@@ -109,7 +109,8 @@ TEST_F(Common_event_test, an_event_without_an_ID_has_a_moment_for_one_and_each_a
     std::set<std::string> met;
     for (const std::uint32_t index : {1U, 2U, 3U})
         EXPECT_TRUE(met.insert(event_at(*scenario, index)->ID).second);
-    met.insert(Common_event().ID);
+    for (int event = 0; event < 100; ++event)
+        EXPECT_TRUE(met.insert(Common_event().ID).second);
     for (const std::string& ID : met) {
         EXPECT_GE(std::stod(ID), before);
         EXPECT_EQ(ID.find('.'), 7U) << ID;

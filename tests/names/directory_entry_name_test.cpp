@@ -185,6 +185,12 @@ TEST(Directory_entry_name, qualifying_starts_from_the_current_directory_and_keep
         EXPECT_EQ(name, result);
         EXPECT_EQ(Directory_name(), "C:\\a\\b");
     }
+    ASSERT_TRUE(platform::change_directory("C:\\"));
+    for (const char* text : {"x", "C:\\x"}) {
+        File_name name(text);
+        EXPECT_TRUE(name.qualify_in_root());
+        EXPECT_EQ(name, "C:\\x");
+    }
 }
 
 TEST(Directory_entry_name, a_name_is_made_relative_to_a_folder) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cmath>
 
 using namespace TESK;
 
@@ -38,6 +39,7 @@ TEST(Validation, the_last_range_that_a_value_leaves_decides) {
         {-1, {0.001, 10, 0.001, 10}, Validation_status::error_low},
         {-1e30F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
         {3e38F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
+        {HUGE_VALF, {0, 3.40282347e+38, 0, 3.40282347e+38}, Validation_status::good},
         {4, {5, 10, 5, 3}, Validation_status::error_high},
     };
     std::string message;

@@ -80,7 +80,7 @@ TEST(Units_convertor, english_measures_become_metric_by_the_rows_of_their_quanti
     // The rows of acres and of gallons begin with these, end with these, and have nothing behind them.
     for (const auto& [row, acres] : {std::pair(0U, 1.0), {1U, 0.25}, {9U, 2.1169}, {10U, 1.0}})
         expect_conversions(
-            {{1, 0xAA00 + row, 0x2A00, acres * 40.468563}, {1, 0xAA80 + row, 0x2A80, 40.468563 / acres}});
+            {{1, 0xAA00 + row, 0x2A00, acres * 40.468563}, {1, 0xAA80 + row, 0x2A80, 1 / (acres * 40.468563)}});
     for (const auto& [row, gallons] :
          {std::pair(0U, 0.0000130208), {1U, 0.00078125}, {13U, 288.0}, {14U, 1.0}})
         for (const unsigned quantity : {0xB400U, 0xB500U})
@@ -102,7 +102,8 @@ TEST(Units_convertor, english_units_go_by_way_of_their_metric_base) {
                         {3, 0xA005, 0xA006, 1},
                         {1, 0x1880A00B, 0x18802003, 1.609344},
                         {1, 0xA085, 0x2080, 0},
-                        {1, 0xAA810603, 0x2A800603, 161.874252},
+                        {1, 0xAA800603, 0x2A820603, 2.471054},
+                        {1, 0xAA810603, 0x28800603, 0.00098842},
                         // An English unit without a rule is taken for a metric one.
                         {1, 0x8606, 0x0603, 1000}});
     // What no rule leads to an English unit is 0: mass, land, volume, kelvin, no length, one over a length.

@@ -1,9 +1,19 @@
 #!/usr/bin/env bash
-# Feeds the readers of record files and tables with damaged input: fuzz.sh [SECONDS], 30 for each by default.
+# Feeds what reads files and names with damaged input: fuzz.sh [SECONDS [TARGET...]], 30 for each by default.
 # Says so, and does nothing, where clang or its fuzzing run-time is not installed.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 seconds=${1:-30}
+shift || true
+
+# Each target, and the files that it starts from.
+targets='
+record      tests/data/*.t?? tests/data/*.sim
+dbase       tests/data/*.dbf
+project     tests/data/*.tvp
+scenario    tests/data/*.tvn tests/data/*.sim
+value       tests/fuzz/value_corpus.txt
+'
 
 runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a 2>/dev/null || true)
 [ -e "$runtime" ] || runtime=$(clang++ -print-runtime-dir 2>/dev/null || true)/libclang_rt.fuzzer-$(uname -m).a
@@ -15,20 +25,20 @@ fi
 cd "$top"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz -- --quiet
-for target in record dbase; do
+while read -r target seeds; do
+    [ -n "$target" ] || continue
+    [ $# -eq 0 ] || [[ " $* " == *" $target "* ]] || continue
     corpus="build/fuzz/corpus_$target"
     mkdir -p "$corpus"
-    case $target in
-    record) cp tests/data/*.t?? tests/data/*.sim "$corpus" ;;
-    dbase) cp tests/data/*.dbf "$corpus" ;;
-    esac
+    # shellcheck disable=SC2086
+    cp $seeds "$corpus"
     echo "fuzz: $target for $seconds seconds"
     log="build/fuzz/$target.log"
     if ! "build/fuzz/bin/${target}_fuzz" -max_total_time="$seconds" -max_len=8192 -timeout=10 -verbosity=0 \
-        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" >"$log" 2>&1; then
+        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" >"$log" 2>&1 </dev/null; then
         tail -40 "$log"
         echo "fuzz: $target failed; the input that it failed on is build/fuzz/crash-*"
         exit 1
     fi
     grep -E 'average_exec|new_units' "$log"
-done
+done <<<"$targets"

@@ -103,7 +103,7 @@ TEST(Units_convertor, english_units_go_by_way_of_their_metric_base) {
                         {1, 0x1880A00B, 0x18802003, 1.609344},
                         {1, 0xA085, 0x2080, 0},
                         {1, 0xAA800603, 0x2A820603, 2.471054},
-                        {1, 0xAA810603, 0x28800603, 0.00098842},
+                        {1, 0xAA810603, 0x28800603, 0.000988422},
                         // An English unit without a rule is taken for a metric one.
                         {1, 0x8606, 0x0603, 1000}});
     // What no rule leads to an English unit is 0: mass, land, volume, kelvin, no length, one over a length.

@@ -1,0 +1,27 @@
+// What a reader finds in a record's text must come back from a save of the record.
+#pragma once
+
+#include "records/data_record.h"
+#include "records/vv_text.h"
+
+#include <cstdlib>
+#include <string>
+
+// Reads the text into the record and gives what the record saves of it, with all that it does not know.
+inline std::string saved_text(TESK::Data_record& record, std::string text) {
+    TESK::VV_text file(std::move(text), true);
+    file.get(record);
+    record.redeclare_for_write();
+    file.set(record);
+    return file.text();
+}
+
+// A second save writes what the first one has written: nothing is lost, and nothing grows.
+template <class Record>
+void expect_round_trip(const std::string& text) {
+    Record first;
+    const std::string once = saved_text(first, text);
+    Record second;
+    if (saved_text(second, once) != once)
+        std::abort();
+}

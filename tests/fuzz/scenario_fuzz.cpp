@@ -1,0 +1,26 @@
+// Any bytes are a scenario, and a scenario that was saved is read and saved again as it is.
+#include "model/tilverra_scenario.h"
+#include "round_trip.h"
+
+#include <cstdint>
+
+namespace {
+
+// On reading, a scenario asks the disk whether its rotation is there, and names events after the moment.
+class Fuzzed_scenario : public Tilverra_scenario {
+public:
+    void postread() override {
+        rotation.set("<none>");
+        for (Common_event& event : TESK::Items_of<Common_event>(events))
+            if (event.ID.empty())
+                event.ID = "fuzzed";
+        Tilverra_scenario::postread();
+    }
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    expect_round_trip<Fuzzed_scenario>(std::string(reinterpret_cast<const char*>(data), size));
+    return 0;
+}

@@ -103,7 +103,7 @@ void generate(benchmark::State& state) {
         make_targets("\\study\\Generated_scenarios", 0, "");
         int count = 0;
         state.ResumeTiming();
-        generate_scenarios(project, directory, false, trace, [&](const std::string&) {
+        generate_scenarios(project, directory, nullptr, trace, [&](const std::string&) {
             if (++count == generated / 10)
                 peak_after_a_tenth = peak_megabytes();
             return true;
@@ -166,12 +166,12 @@ void reset_1000(benchmark::State& state) {
     const TESK::File_name source(template_name().c_str());
     for (auto _ : state)
         for (int i = 1; i <= reset; ++i)
-            if (!reset_scenario(source, TESK::File_name(numbered("\\reset\\", i).c_str()), ticked))
+            if (!reset_scenario(source, TESK::File_name(numbered("\\reset\\", i).c_str()), ticked).ok())
                 state.SkipWithError("cannot reset");
 }
 BENCHMARK(reset_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// Two reads and a write for each of as many.
+// Two reads and a flushed write for each of as many.
 void read_twice_and_write_1000(benchmark::State& state) {
     make_project();
     const std::string text = scenario_text();
@@ -183,7 +183,6 @@ void read_twice_and_write_1000(benchmark::State& state) {
             TESK::VV_file(template_name().c_str()).get(source);
             Tilverra_scenario target;
             TESK::VV_file file(name.c_str());
-            file.set_durability(platform::Durability::quick);
             file.get(target);
             file.set(target);
         }

@@ -4,15 +4,73 @@
 #include "platform/files.h"
 #include "records/vv_file.h"
 
+#include <algorithm>
+#include <memory>
+
 namespace {
 
 constexpr const char* scenario_extension = "tvn";
 constexpr const char* path_separators = "\\/:";
+constexpr const char* no_project_folder = "The project has not been saved, so it has no folder yet.";
 
 // Whether a scenario of that name, without its extension, has a folder of its own: a name of points alone
 // stands for the folder of all scenarios or one above it, and blanks at the end do not count on every system.
 bool has_own_folder(const std::string& name) {
     return name.find_first_not_of(". ") != std::string::npos;
+}
+
+// A file to import, and the scenario that it becomes.
+struct Import {
+    std::string source;
+    TESK::Smart_file_name target;
+};
+
+std::unique_ptr<Tilverra_scenario> read_scenario(const std::string& file) {
+    auto scenario = std::make_unique<Tilverra_scenario>();
+    return TESK::VV_file(file.c_str()).get(*scenario) ? std::move(scenario) : nullptr;
+}
+
+// The files that are to be imported, once the user has been asked. Empty when they stop it.
+std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std::vector<std::string>& files,
+                                   const Import_question& ask, Operation_outcome& outcome) {
+    std::vector<Import> imports;
+    Import_answer answer = ask ? Import_answer::replace : Import_answer::replace_all;
+    for (const std::string& file : files) {
+        if (!read_scenario(file)) {
+            outcome.not_done.push_back({file, "The file cannot be read."});
+            continue;
+        }
+        Import import{file, TESK::Smart_file_name(file.c_str())};
+        import.target.set_ext(scenario_extension);
+        import.target.set_path(folder);
+        const auto same =
+            std::find_if(imports.begin(), imports.end(), [&](const Import& one) { return one.target == import.target; });
+        if (same == imports.end() && !platform::exists(import.target)) {
+            imports.push_back(std::move(import));
+            continue;
+        }
+        if (answer != Import_answer::replace_all && answer != Import_answer::keep_all)
+            answer = ask(import.target.get_name(true));
+        if (answer == Import_answer::stop) {
+            outcome.stopped = true;
+            return {};
+        }
+        if (answer == Import_answer::keep || answer == Import_answer::keep_all)
+            continue;
+        if (same != imports.end())
+            imports.erase(same);
+        imports.push_back(std::move(import));
+    }
+    return imports;
+}
+
+std::string delete_entry(const std::string& name, bool permanently, const Change_backups* backups) {
+    const TESK::File_name entry(name.c_str());
+    if (!platform::exists(name) && !platform::is_link(name))
+        return {};
+    const bool is_deleted =
+        permanently && backups != nullptr ? backups->move(name) : entry.recycle(permanently);
+    return is_deleted ? std::string() : "It could not be deleted.";
 }
 
 } // namespace
@@ -22,43 +80,114 @@ std::string new_scenario_name(const std::string& typed) {
     return has_own_folder(name) ? name : std::string();
 }
 
-bool create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active) {
+Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active) {
+    Operation_outcome outcome;
     TVN_filename& active = workspace.project_parameters.active_scenario;
-    if (!workspace.need_project_directory())
-        return false;
-    TESK::Smart_file_name template_file;
-    if (copies_active)
-        template_file = std::string(active);
+    if (!workspace.need_project_directory()) {
+        outcome.refused = no_project_folder;
+        return outcome;
+    }
+    const std::string template_file = copies_active ? active : std::string();
     const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
     // Behind the whole name: a point in it begins no extension, whatever the name before looked like.
     folder.append_to((name + '.' + scenario_extension).c_str(), active);
-    if (!active.exists() && !template_file.empty() && template_file.exists())
-        platform::copy_file(template_file, active);
-    return true;
+    if (platform::is_file(active) || !platform::is_file(template_file))
+        return outcome;
+    const platform::Write_result copy = platform::copy_file(template_file, active);
+    if (copy.ok())
+        ++outcome.done;
+    else
+        outcome.not_done.push_back({active, copy.reason});
+    return outcome;
 }
 
-void import_version_3_scenarios(Project_workspace& workspace, const std::vector<std::string>& files) {
-    for (const std::string& file : files) {
-        Tilverra_scenario scenario;
-        TESK::VV_file(file.c_str()).get(scenario);
-        if (!workspace.need_project_directory())
-            return;
-        TESK::Smart_file_name target(file.c_str());
-        target.set_ext(scenario_extension);
-        target.set_path(workspace.scenarios_directory(Scenario_folder::created, true));
-        TESK::VV_file(target.c_str()).set(scenario);
+Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
+                                             const std::vector<std::string>& files,
+                                             const Import_question& ask, Change_backups* backups,
+                                             const Operation_progress& progress) {
+    Operation_outcome outcome;
+    if (!workspace.need_project_directory()) {
+        outcome.refused = no_project_folder;
+        return outcome;
     }
+    const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
+    const std::vector<Import> imports = choose_imports(folder, files, ask, outcome);
+    if (backups != nullptr && !imports.empty()) {
+        std::vector<std::string> targets;
+        for (const Import& import : imports)
+            targets.push_back(import.target);
+        const Operation_outcome aside = backups->put_copies_aside("import", targets, {});
+        if (!aside.ok())
+            return aside;
+    }
+    for (std::size_t i = 0; i < imports.size(); ++i) {
+        outcome.stopped = !goes_on(progress, i, imports.size());
+        if (outcome.stopped)
+            return outcome;
+        const auto scenario = read_scenario(imports[i].source);
+        TESK::VV_file target(imports[i].target.c_str());
+        if (scenario != nullptr && target.set(*scenario) && target.get_last_write().ok())
+            ++outcome.done;
+        else
+            outcome.not_done.push_back({imports[i].source, scenario == nullptr
+                                                               ? "The file cannot be read."
+                                                               : target.get_last_write().reason});
+    }
+    return outcome;
 }
 
-void delete_scenario(const TESK::Directory_name& folder, const std::string& file_name, bool permanently) {
-    TESK::Smart_file_name file;
+std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder,
+                                           const std::string& file_name) {
+    TESK::File_name file;
     folder.append_to(file_name.c_str(), file);
-    file.recycle(permanently);
-    if (!has_own_folder(file.get_name(false)))
-        return;
+    std::vector<std::string> files{file};
     const TESK::Directory_name outputs(TESK::Directory_name(std::string(file)), true);
-    if (platform::is_folder(outputs))
-        outputs.recycle(permanently);
+    if (has_own_folder(file.get_name(false)) && platform::is_folder(outputs))
+        files.push_back(outputs);
+    return files;
+}
+
+Operation_outcome delete_scenarios(const TESK::Directory_name& folder,
+                                   const std::vector<std::string>& file_names, bool permanently,
+                                   Change_backups* backups, const Operation_progress& progress) {
+    Operation_outcome outcome;
+    std::vector<std::vector<std::string>> scenarios;
+    std::vector<std::string> all;
+    for (const std::string& file_name : file_names) {
+        scenarios.push_back(files_of_scenario(folder, file_name));
+        all.insert(all.end(), scenarios.back().begin(), scenarios.back().end());
+    }
+    if (permanently && backups != nullptr && !all.empty()) {
+        const Operation_outcome announced = backups->announce("deletion", all);
+        if (!announced.ok())
+            return announced;
+    }
+    for (std::size_t i = 0; i < scenarios.size(); ++i) {
+        outcome.stopped = !goes_on(progress, i, scenarios.size());
+        if (outcome.stopped)
+            return outcome;
+        const std::size_t failures = outcome.not_done.size();
+        for (const std::string& name : scenarios[i])
+            if (std::string reason = delete_entry(name, permanently, backups); !reason.empty())
+                outcome.not_done.push_back({name, std::move(reason)});
+        outcome.done += outcome.not_done.size() == failures ? 1 : 0;
+    }
+    return outcome;
+}
+
+Operation_outcome delete_scenario_file(const TESK::File_name& file, bool permanently,
+                                       Change_backups* backups) {
+    if (permanently && backups != nullptr) {
+        const Operation_outcome announced = backups->announce("deletion", {file});
+        if (!announced.ok())
+            return announced;
+    }
+    Operation_outcome outcome;
+    if (const std::string reason = delete_entry(file, permanently, backups); reason.empty())
+        ++outcome.done;
+    else
+        outcome.not_done.push_back({file, reason});
+    return outcome;
 }
 
 void complete_active_scenario(Project_workspace& workspace, Scenario_folder folder) {
@@ -66,7 +195,7 @@ void complete_active_scenario(Project_workspace& workspace, Scenario_folder fold
     if (active.starts_with('<') || active.empty() || !workspace.ensure_project_directory())
         return;
     workspace.enter_project_folder();
-    if (active.exists())
+    if (platform::is_file(active))
         return;
     active.set_ext(scenario_extension);
     active.set_path(workspace.scenarios_directory(folder, true));

@@ -1,8 +1,11 @@
 // The operations on the files of a project's scenarios: making, importing and deleting them.
 #pragma once
 
+#include "operations/change_backups.h"
+#include "operations/operation_outcome.h"
 #include "operations/project_workspace.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,16 +14,39 @@
 std::string new_scenario_name(const std::string& typed);
 
 // Makes a scenario of that name (in code page 1252, no path) the active one of the project and, with
-// `copies_active` and as long as there is no such file, makes its file a copy of the one that was active.
-// Without that the scenario editor makes the file. False, with nothing changed, when the project has no
+// `copies_active` and as long as there is no such file, makes its file a copy of the one that was active: what
+// was not done is the copy. Without that the scenario editor makes the file. Refused, with nothing changed,
+// when the project has no folder.
+Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active);
+
+enum class Import_answer { replace, replace_all, keep, keep_all, stop };
+
+// Asked before anything is imported about each scenario that is there already, by its file name without the
 // folder.
-bool create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active);
+using Import_question = std::function<Import_answer(const std::string& scenario)>;
 
-// Turns scenarios of the suite's version 3 into scenarios of the project, over any of the same name.
-void import_version_3_scenarios(Project_workspace& workspace, const std::vector<std::string>& files);
+// Turns scenarios of the suite's version 3 into scenarios of the project. A file that cannot be read imports
+// nothing; a scenario that is there already, or that an earlier file of the same name will have made, is
+// replaced when `ask` says so, without it always. What is kept counts neither as done nor as not done. With
+// `backups`, which may be null, the change can be undone. Refused when the project has no folder; stopped,
+// with nothing imported, when an answer says so.
+Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
+                                             const std::vector<std::string>& files,
+                                             const Import_question& ask, Change_backups* backups,
+                                             const Operation_progress& progress);
 
-// Deletes a scenario's file and the folder of its outputs, into the trash unless `permanently`.
-void delete_scenario(const TESK::Directory_name& folder, const std::string& file_name, bool permanently);
+// The file of a scenario and the folder of its outputs, as far as a scenario of the name has one.
+std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder, const std::string& file_name);
+
+// Deletes the files of scenarios in the folder and the folders of their outputs: into the trash unless
+// `permanently`, then by moving them into `backups` or, when that is null, for good.
+Operation_outcome delete_scenarios(const TESK::Directory_name& folder,
+                                   const std::vector<std::string>& file_names, bool permanently,
+                                   Change_backups* backups, const Operation_progress& progress);
+
+// The same with the file of a scenario alone: the folder of its outputs stays.
+Operation_outcome delete_scenario_file(const TESK::File_name& file, bool permanently,
+                                       Change_backups* backups);
 
 // Puts the active scenario that does not exist into a folder of the project, with the extension of scenarios.
 void complete_active_scenario(Project_workspace& workspace, Scenario_folder folder);

@@ -3,7 +3,11 @@
 #include "foundation/code_page_1252.h"
 #include "foundation/lists.h"
 #include "model/tilverra_scenario.h"
+#include "operations/repeated_text.h"
+#include "operations/scenario_overview.h"
+#include "platform/file_writer.h"
 #include "platform/files.h"
+#include "platform/listing.h"
 #include "platform/temporary_file.h"
 #include "records/vv_file.h"
 
@@ -11,7 +15,7 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
-#include <vector>
+#include <unordered_set>
 
 namespace {
 
@@ -54,63 +58,115 @@ struct Choice {
     std::string name_part;
 };
 
-std::vector<TESK::File_name> files_in(const TESK::Smart_directory_name& folder, const char* extension) {
+// The files or folders in a folder that need not be there. False when it cannot be read.
+template <class Name, class Listed>
+bool list(const TESK::Smart_directory_name& folder, std::uint8_t kind, const char* extension,
+          std::vector<Name>& names) {
     TESK::Unidirectional_list list;
-    folder.list_entries(list, false, true, true, false, false, TESK::list_files, extension, nullptr);
-    std::vector<TESK::File_name> files;
-    for (const TESK::File_name& file : TESK::Items_of<TESK::File_name>(list))
-        files.push_back(file);
-    return files;
-}
-
-std::vector<TESK::Smart_directory_name> folders_in(const TESK::Smart_directory_name& folder) {
-    TESK::Unidirectional_list list;
-    folder.list_entries(list, false, true, true, false, false, TESK::list_directories, nullptr, nullptr);
-    std::vector<TESK::Smart_directory_name> folders;
-    for (const TESK::Directory_name& below : TESK::Items_of<TESK::Directory_name>(list))
-        folders.emplace_back(below);
-    return folders;
+    const bool is_whole = folder.list_entries(list, false, true, true, false, false, kind, extension, nullptr);
+    for (const Listed& entry : TESK::Items_of<Listed>(list))
+        names.emplace_back(entry);
+    return is_whole || !platform::exists(folder);
 }
 
 void read(const std::string& name, Tilverra_scenario& scenario) {
     TESK::VV_file(name.c_str()).get(scenario);
 }
 
-bool write(Tilverra_scenario& scenario, const std::string& name) {
-    TESK::VV_file file(name.c_str());
-    file.set_durability(platform::Durability::quick);
-    return file.set(scenario) && file.get_last_write().ok();
+platform::Write_result write(const std::string& text, const std::string& name) {
+    return platform::write_file(name, text, platform::Durability::quick);
 }
+
+std::string scenario_number(std::uint32_t number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%05u.tvn", number);
+    return text;
+}
+
+// What the scenarios are made from.
+class Family {
+public:
+    Family(const TESK::File_name& template_file, Database_directory& database) : template_file_(template_file) {
+        if (!TESK::VV_file(template_file.c_str()).get(scenario_)) {
+            failure_ = "The template scenario cannot be read: " + template_file;
+            return;
+        }
+        list_choices(database);
+        list_overlays(database.get_initialization_directory(false));
+    }
+
+    // Why there is no family; nothing when there is one.
+    const std::string& failure() const { return failure_; }
+
+    // How many scenarios there are, by multiplication.
+    std::uint64_t count() const {
+        std::uint64_t count = 1;
+        for (const auto& choices : choices_)
+            count *= choices.size();
+        for (const auto& overlays : overlays_)
+            count *= overlays.size();
+        return count;
+    }
+
+    std::array<std::vector<Choice>, std::size(dimensions)> choices_;
+    // The files of each folder of overlays.
+    std::vector<std::vector<TESK::File_name>> overlays_;
+    Tilverra_scenario scenario_; // the template
+    const TESK::File_name template_file_;
+
+private:
+    void note_unreadable(const TESK::Smart_directory_name& folder) {
+        failure_ = "The folder cannot be read: " + folder;
+    }
+
+    // A dimension of which the database has no file takes the template's own.
+    void list_choices(Database_directory& database) {
+        for (std::size_t i = 0; i < std::size(dimensions); ++i) {
+            const Dimension& dimension = dimensions[i];
+            const TESK::Smart_directory_name& folder = (database.*dimension.folder)(false);
+            if (!list<Choice, TESK::File_name>(folder, TESK::list_files, dimension.extension, choices_[i]))
+                note_unreadable(folder);
+            if (choices_[i].empty())
+                choices_[i].emplace_back(dimension.field(scenario_));
+        }
+    }
+
+    void list_overlays(const TESK::Smart_directory_name& folder) {
+        std::vector<TESK::Smart_directory_name> folders;
+        if (!list<TESK::Smart_directory_name, TESK::Directory_name>(folder, TESK::list_directories, nullptr,
+                                                                    folders))
+            note_unreadable(folder);
+        for (const TESK::Smart_directory_name& below : folders)
+            if (!list<TESK::File_name, TESK::File_name>(below, TESK::list_files, overlay_extension,
+                                                        overlays_.emplace_back()))
+                note_unreadable(below);
+    }
+
+    std::string failure_;
+};
 
 class Generator {
 public:
-    Generator(const TESK::File_name& template_file, Database_directory& database,
-              const TESK::Smart_directory_name& target_folder, std::ostream& trace,
-              const Scenario_listener& listener, bool count_only)
-        : template_file_(template_file), target_folder_(target_folder),
-          overlay_folders_(folders_in(database.get_initialization_directory(false))), trace_(trace),
-          listener_(listener), count_only_(count_only) {
-        list_choices(database);
-    }
+    Generator(Family& family, const TESK::Smart_directory_name& target_folder,
+              const std::vector<std::string>& replaced, Change_backups* backups, std::ostream& trace,
+              const Scenario_listener& listener)
+        : family_(family), target_folder_(target_folder), replaced_(replaced.begin(), replaced.end()),
+          backups_(backups), trace_(trace), listener_(listener),
+          description_(family.scenario_.description), text_(family.scenario_, changing_fields(family)) {}
 
-    std::uint32_t run() {
-        combine(0);
-        return counter_;
+    Operation_outcome run() {
+        target_folder_.create();
+        if (family_.count() > 0)
+            combine(0);
+        return std::move(outcome_);
     }
 
 private:
-    // A dimension of which the database has no file takes the template's own.
-    void list_choices(Database_directory& database) {
-        const auto scenario = std::make_unique<Tilverra_scenario>();
-        read(template_file_, *scenario);
-        for (std::size_t i = 0; i < std::size(dimensions); ++i) {
-            const Dimension& dimension = dimensions[i];
-            for (const TESK::File_name& file :
-                 files_in((database.*dimension.folder)(false), dimension.extension))
-                choices_[i].emplace_back(file);
-            if (choices_[i].empty())
-                choices_[i].emplace_back(dimension.field(*scenario));
-        }
+    static std::vector<const TESK::Ustring*> changing_fields(Family& family) {
+        std::vector<const TESK::Ustring*> fields{&family.scenario_.description};
+        for (const Dimension& dimension : dimensions)
+            fields.push_back(&dimension.field(family.scenario_));
+        return fields;
     }
 
     // Goes through the choices of a dimension and of those within it.
@@ -119,46 +175,41 @@ private:
             generate_combination();
             return;
         }
-        for (const Choice& choice : choices_[dimension]) {
+        for (const Choice& choice : family_.choices_[dimension]) {
             chosen_[dimension] = &choice;
             combine(dimension + 1);
-            if (stopped_)
+            if (outcome_.stopped)
                 return;
         }
     }
 
     void generate_combination() {
-        if (overlay_folders_.empty()) {
+        const std::string name = fill();
+        if (family_.overlays_.empty()) {
             const std::string target = list_next();
-            if (!count_only_ && !stopped_) {
-                const auto scenario = std::make_unique<Tilverra_scenario>();
-                fill(*scenario);
-                write(*scenario, target);
-            }
-        } else if (count_only_) {
-            overlay("", 0, false);
-        } else {
-            const auto scenario = std::make_unique<Tilverra_scenario>();
-            const std::string name = fill(*scenario);
-            std::optional<platform::Scratch_file> base;
-            bool is_written = false;
-            // Nothing of the user's may stand in the way, nor the length of the name.
-            if (!name.empty() && !platform::exists(name)) {
-                base.emplace(name);
-                is_written = write(*scenario, name);
-            }
-            if (!is_written) {
-                base.emplace(platform::make_temporary_file());
-                is_written = write(*scenario, base->name());
-            }
-            overlay(base->name(), 0, is_written);
+            if (!outcome_.stopped)
+                write_scenario(target, text_.compose());
+            return;
         }
+        std::optional<platform::Scratch_file> base;
+        platform::Write_result result = platform::write_failure(platform::Write_error::bad_name);
+        // Nothing of the user's may stand in the way, nor the length of the name.
+        if (!name.empty() && !platform::exists(name)) {
+            base.emplace(name);
+            result = write(text_.compose(), name);
+        }
+        if (!result.ok()) {
+            base.emplace(platform::make_temporary_file());
+            result = write(text_.compose(), base->name());
+        }
+        overlay(base->name(), 0, result);
     }
 
     // Makes it the template with the files chosen. Gives what such a scenario is called.
-    std::string fill(Tilverra_scenario& scenario) const {
-        read(template_file_, scenario);
-        std::string name = template_file_.get_name(false);
+    std::string fill() {
+        Tilverra_scenario& scenario = family_.scenario_;
+        scenario.description = description_;
+        std::string name = family_.template_file_.get_name(false);
         for (std::size_t i = 0; i < std::size(dimensions); ++i) {
             scenario.description += chosen_[i]->description;
             name += chosen_[i]->name_part;
@@ -168,75 +219,158 @@ private:
     }
 
     // Lays each overlay of a folder over the base file, and those of the folders behind it over the outcome.
-    // Without `writes` the scenarios are only told of.
-    void overlay(const std::string& base, std::size_t folder, bool writes) {
-        const bool is_last = folder + 1 == overlay_folders_.size();
-        for (const TESK::File_name& file : files_in(overlay_folders_[folder], overlay_extension)) {
+    // When the base could not be written, neither can they.
+    void overlay(const std::string& base, std::size_t folder, const platform::Write_result& base_result) {
+        const bool is_last = folder + 1 == family_.overlays_.size();
+        for (const TESK::File_name& file : family_.overlays_[folder]) {
             if (is_last) {
                 const std::string target = list_next();
-                if (writes && !stopped_)
-                    trace_ << TESK::utf8_from_code_page(write_overlaid(base, file, target).description)
-                           << '\n';
+                if (!outcome_.stopped && !base_result.ok())
+                    outcome_.not_done.push_back({target, base_result.reason});
+                else if (!outcome_.stopped)
+                    trace_ << TESK::utf8_from_code_page(write_overlaid(base, file, target)) << '\n';
             } else {
-                const platform::Scratch_file target(writes ? platform::make_temporary_file() : "");
+                const platform::Scratch_file target(base_result.ok() ? platform::make_temporary_file() : "");
                 overlay(target.name(), folder + 1,
-                        writes && write_overlaid(base, file, target.name()).is_written);
+                        base_result.ok() ? write(overlaid(base, file)->text, target.name()) : base_result);
             }
-            if (stopped_)
+            if (outcome_.stopped)
                 return;
         }
     }
 
     struct Overlaid {
-        std::string description;
-        bool is_written;
+        Tilverra_scenario scenario;
+        std::string text;
     };
-    static Overlaid write_overlaid(const std::string& base, const TESK::File_name& overlay_file,
-                                   const std::string& target) {
-        const auto scenario = std::make_unique<Tilverra_scenario>();
-        read(base, *scenario);
-        read(overlay_file, *scenario);
-        scenario->description += ' ' + overlay_file.get_name(true);
-        const bool is_written = write(*scenario, target);
-        return {scenario->description, is_written};
+    static std::unique_ptr<Overlaid> overlaid(const std::string& base, const TESK::File_name& overlay_file) {
+        auto result = std::make_unique<Overlaid>();
+        Tilverra_scenario& scenario = result->scenario;
+        read(base, scenario);
+        read(overlay_file, scenario);
+        scenario.description += ' ' + overlay_file.get_name(true);
+        result->text = Repeated_text(scenario, {}).compose();
+        return result;
+    }
+    // Gives the description.
+    std::string write_overlaid(const std::string& base, const TESK::File_name& file,
+                               const std::string& target) {
+        const auto made = overlaid(base, file);
+        write_scenario(target, made->text);
+        return made->scenario.description;
+    }
+
+    void write_scenario(const std::string& target, const std::string& text) {
+        const bool is_moved = backups_ != nullptr && replaced_.contains(target) && backups_->move(target);
+        const platform::Write_result result = write(text, target);
+        if (result.ok()) {
+            ++outcome_.done;
+            return;
+        }
+        if (is_moved)
+            backups_->move_back(target);
+        outcome_.not_done.push_back({target, result.reason});
     }
 
     // Tells of the next scenario. Gives where it belongs.
     std::string list_next() {
-        char number[16];
-        std::snprintf(number, sizeof number, "%05u.tvn", ++counter_);
-        stopped_ = !listener_(number);
+        const std::string number = scenario_number(++counter_);
+        outcome_.stopped = !listener_(number);
         TESK::File_name file;
-        if (!count_only_)
-            target_folder_.create();
-        target_folder_.append_to(number, file);
+        target_folder_.append_to(number.c_str(), file);
         return file;
     }
 
-    const TESK::File_name template_file_;
+    Family& family_;
     const TESK::Smart_directory_name target_folder_;
-    const std::vector<TESK::Smart_directory_name> overlay_folders_;
+    const std::unordered_set<std::string> replaced_;
+    Change_backups* const backups_;
     std::ostream& trace_;
     const Scenario_listener& listener_;
-    const bool count_only_;
-    std::array<std::vector<Choice>, std::size(dimensions)> choices_;
+    const TESK::Ustring description_; // of the template
+    Repeated_text text_;
     std::array<const Choice*, std::size(dimensions)> chosen_{};
     std::uint32_t counter_ = 0;
-    bool stopped_ = false;
+    Operation_outcome outcome_;
 };
+
+// The scenarios up to the number that are in the folder.
+std::vector<std::string> numbers_in(const TESK::Directory_name& folder, std::uint64_t highest) {
+    std::vector<std::string> present;
+    std::unordered_set<std::string> names;
+    for (TESK::Ustring name : list_scenarios(folder)) {
+        name.to_lower();
+        names.insert(std::move(name));
+    }
+    for (std::uint32_t number = 1; number <= highest && !names.empty(); ++number)
+        if (names.erase(scenario_number(number)) > 0) {
+            TESK::File_name file;
+            folder.append_to(scenario_number(number).c_str(), file);
+            present.push_back(file);
+        }
+    return present;
+}
+
+// Moves to the project's folder, from which the names of the family count.
+struct Generation {
+    Generation(const Tilverra_project_editor_parameters& project,
+               Tilverra_project_directory& project_directory) {
+        // Making a directory object moves the current directory.
+        project_directory.set_as_current();
+        const Tilverra_project_directory directory(*project_directory.parameter_file,
+                                                   generation_project_kind);
+        project_directory.set_as_current();
+        target_folder = directory.get_generated_scenarios_directory(false);
+        TESK::File_name template_file(project.template_scenario);
+        template_file.qualify();
+        family = std::make_unique<Family>(template_file, project_directory.get_database_directory(false));
+        plan.refused = family->failure();
+        if (!plan.refused.empty())
+            return;
+        plan.count = family->count();
+        plan.replaced = numbers_in(target_folder, plan.count);
+    }
+
+    TESK::Smart_directory_name target_folder{""};
+    std::unique_ptr<Family> family;
+    Generation_plan plan;
+};
+
+// Begins the set of what will be replaced or made.
+Operation_outcome announce(const Generation& generation, Change_backups& backups) {
+    constexpr std::uint64_t most_announced = 1'000'000;
+    Operation_outcome outcome;
+    if (generation.plan.count > most_announced) {
+        outcome.refused = "There would be too many scenarios for a change that can be undone.";
+        return outcome;
+    }
+    std::vector<std::string> names;
+    for (std::uint32_t number = 1; number <= generation.plan.count; ++number) {
+        TESK::File_name file;
+        generation.target_folder.append_to(scenario_number(number).c_str(), file);
+        names.push_back(file);
+    }
+    return backups.announce("generation", names);
+}
 
 } // namespace
 
-std::uint32_t generate_scenarios(const Tilverra_project_editor_parameters& project,
-                                 Tilverra_project_directory& project_directory, bool count_only,
-                                 std::ostream& trace, const Scenario_listener& listener) {
-    // Making a directory object moves the current directory.
-    project_directory.set_as_current();
-    const Tilverra_project_directory directory(*project_directory.parameter_file, generation_project_kind);
-    project_directory.set_as_current();
-    TESK::File_name template_file(project.template_scenario);
-    template_file.qualify();
-    return Generator(template_file, project_directory.get_database_directory(false),
-                     directory.get_generated_scenarios_directory(false), trace, listener, count_only)
+Generation_plan plan_generation(const Tilverra_project_editor_parameters& project,
+                                Tilverra_project_directory& project_directory) {
+    return std::move(Generation(project, project_directory).plan);
+}
+
+Operation_outcome generate_scenarios(const Tilverra_project_editor_parameters& project,
+                                     Tilverra_project_directory& project_directory, Change_backups* backups,
+                                     std::ostream& trace, const Scenario_listener& listener) {
+    Generation generation(project, project_directory);
+    Operation_outcome outcome;
+    outcome.refused = generation.plan.refused;
+    if (outcome.refused.empty() && backups != nullptr)
+        outcome.refused = announce(generation, *backups).refused;
+    if (!outcome.refused.empty())
+        return outcome;
+    return Generator(*generation.family, generation.target_folder, generation.plan.replaced, backups, trace,
+                     listener)
         .run();
 }

@@ -35,17 +35,44 @@ void move_sections(Tilverra_scenario& source, Tilverra_scenario& target, const T
 
 } // namespace
 
-bool reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
-                    const Ticked_reset_boxes& ticked) {
+platform::Write_result reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
+                                      const Ticked_reset_boxes& ticked) {
     Tilverra_scenario source;
     TESK::VV_file(source_file.c_str(), true).get(source);
 
     Tilverra_scenario target;
     TESK::VV_file file(target_file.c_str(), true);
     if (!file.get(target) && file.exists())
-        return false;
+        return {platform::Write_error::other, "The file cannot be read."};
     target.redeclare_for_write();
     move_sections(source, target, ticked);
-    file.set_durability(platform::Durability::quick);
-    return file.set(target) && file.get_last_write().ok();
+    if (!file.set(target))
+        return platform::write_failure(platform::Write_error::bad_name);
+    return file.get_last_write();
+}
+
+Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std::vector<std::string>& targets,
+                                  const Ticked_reset_boxes& ticked, Change_backups* backups,
+                                  const Operation_progress& progress) {
+    Operation_outcome outcome;
+    if (backups != nullptr && !targets.empty()) {
+        outcome = backups->put_copies_aside("reset", targets, [&](std::size_t, std::size_t total) {
+            return goes_on(progress, 0, total);
+        });
+        if (!outcome.ok() || outcome.stopped)
+            return outcome;
+        outcome.done = 0;
+    }
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        outcome.stopped = !goes_on(progress, i, targets.size());
+        if (outcome.stopped)
+            return outcome;
+        const platform::Write_result result =
+            reset_scenario(source_file, TESK::File_name(targets[i].c_str()), ticked);
+        if (result.ok())
+            ++outcome.done;
+        else
+            outcome.not_done.push_back({targets[i], result.reason});
+    }
+    return outcome;
 }

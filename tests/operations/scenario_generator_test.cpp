@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -22,15 +23,20 @@ protected:
         project.template_scenario.set("Scenarios\\base.tvn");
     }
 
-    std::uint32_t generate(bool count_only = false) {
+    // Gives how many scenarios were written.
+    std::size_t generate(Change_backups* backups = nullptr) {
         Tilverra_project_directory directory(TESK::File_name("C:\\p.tvp"), 0);
         trace.str("");
         listed.clear();
-        return generate_scenarios(project, directory, count_only, trace, [this](const std::string& name) {
-            EXPECT_FALSE(std::filesystem::exists(drives.host("p/Generated_scenarios/" + name)));
+        outcome = generate_scenarios(project, directory, backups, trace, [this](const std::string& name) {
             listed.push_back(name);
             return on_listed(listed.size());
         });
+        return outcome.done;
+    }
+    Generation_plan plan() {
+        Tilverra_project_directory directory(TESK::File_name("C:\\p.tvp"), 0);
+        return plan_generation(project, directory);
     }
     std::unique_ptr<Tilverra_scenario> generated(const std::string& number) {
         auto scenario = std::make_unique<Tilverra_scenario>();
@@ -65,6 +71,7 @@ protected:
     Tilverra_project_editor_parameters project{"model.exe"};
     std::ostringstream trace;
     std::vector<std::string> listed;
+    Operation_outcome outcome;
     std::function<bool(std::size_t count)> on_listed = [](std::size_t) { return true; };
 };
 
@@ -141,7 +148,8 @@ TEST_F(Scenario_generator_test, overlays_of_each_folder_lie_over_each_other_and_
 
     // One folder without an overlay leaves nothing to combine.
     drives.write("p/Database/initialization/3/readme.txt");
-    EXPECT_EQ(generate(true), 0U);
+    EXPECT_EQ(plan().count, 0U);
+    EXPECT_EQ(generate(), 0U);
 }
 
 TEST_F(Scenario_generator_test, a_file_of_the_users_in_the_place_of_the_working_file_stays) {
@@ -164,7 +172,8 @@ TEST_F(Scenario_generator_test, a_file_of_the_users_in_the_place_of_the_working_
 TEST_F(Scenario_generator_test, a_listener_stops_it_before_the_next_file_and_leaves_nothing_over) {
     write_overlays();
     on_listed = [](std::size_t count) { return count < 3; };
-    EXPECT_EQ(generate(), 3U);
+    EXPECT_EQ(generate(), 2U);
+    EXPECT_TRUE(outcome.stopped);
     EXPECT_EQ(entries("p/Generated_scenarios"), "00001.tvn 00002.tvn ");
     expect_nothing_left_over();
 
@@ -176,23 +185,26 @@ TEST_F(Scenario_generator_test, a_listener_stops_it_before_the_next_file_and_lea
     std::filesystem::remove_all(drives.host("p/Generated_scenarios"));
     std::filesystem::remove_all(drives.host("p/Database/initialization"));
     on_listed = [](std::size_t) { return false; };
-    EXPECT_EQ(generate(), 1U);
-    EXPECT_FALSE(std::filesystem::exists(drives.host("p/Generated_scenarios/00001.tvn")));
+    EXPECT_EQ(generate(), 0U);
+    EXPECT_EQ(entries("p/Generated_scenarios"), "");
 }
 
-TEST_F(Scenario_generator_test, counting_makes_nothing) {
+TEST_F(Scenario_generator_test, a_plan_tells_what_there_will_be_and_makes_nothing) {
     write_overlays();
-    EXPECT_EQ(generate(true), 4U);
+    drives.write("p/Generated_scenarios/00003.TVN", "old");
+    drives.write("p/Generated_scenarios/00005.tvn", "beyond");
+    EXPECT_EQ(plan().count, 4U);
+    EXPECT_EQ(plan().replaced, std::vector<std::string>{"C:\\p\\Generated_scenarios\\00003.tvn"});
     std::filesystem::remove_all(drives.host("p/Database"));
-    EXPECT_EQ(generate(true), 1U);
-    EXPECT_EQ(entries("p"), "Scenarios ");
-    EXPECT_EQ(trace.str(), "");
+    EXPECT_EQ(plan().count, 1U);
+    EXPECT_EQ(entries("p/Generated_scenarios"), "00003.TVN 00005.tvn ");
 }
 
-TEST_F(Scenario_generator_test, what_cannot_be_written_is_passed_over_and_so_is_what_would_be_made_from_it) {
+TEST_F(Scenario_generator_test, what_cannot_be_written_is_told_and_so_is_what_would_be_made_from_it) {
     write_overlays();
     drives.write("p/Generated_scenarios", "a file");
-    EXPECT_EQ(generate(), 4U);
+    EXPECT_EQ(generate(), 0U);
+    EXPECT_EQ(outcome.not_done.size(), 4U);
     expect_nothing_left_over();
 
     // Without a base there is nothing to lay an overlay over.
@@ -204,16 +216,101 @@ TEST_F(Scenario_generator_test, what_cannot_be_written_is_passed_over_and_so_is_
             faults.clear();
         return true;
     };
-    EXPECT_EQ(generate(), 4U);
+    EXPECT_EQ(generate(), 0U);
+    ASSERT_EQ(outcome.not_done.size(), 4U);
+    EXPECT_EQ(outcome.not_done[3].reason, "The disk is full.");
     EXPECT_EQ(entries("p/Generated_scenarios"), "");
     expect_nothing_left_over();
 }
 
-TEST_F(Scenario_generator_test, a_template_that_is_not_there_is_one_of_defaults) {
+TEST_F(Scenario_generator_test, what_cannot_be_read_generates_nothing_and_is_named) {
+    drives.write("p/Generated_scenarios/00001.tvn", "old");
+    drives.write("p/Database/Soil/clay.sil");
+    const auto expect_refused = [this](const char* reason) {
+        EXPECT_EQ(generate(), 0U);
+        EXPECT_EQ(outcome.refused, reason);
+        EXPECT_EQ(plan().refused, reason);
+        EXPECT_EQ(drives.read("p/Generated_scenarios/00001.tvn"), "old");
+    };
     project.template_scenario.set("Scenarios\\gone.tvn");
-    EXPECT_EQ(generate(), 1U);
-    EXPECT_EQ(generated("00001")->description, "");
-    EXPECT_EQ(generated("00001")->soil, "<Required (This must be selected)>");
+    expect_refused("The template scenario cannot be read: C:\\p\\Scenarios\\gone.tvn");
+    project.template_scenario.set("Scenarios\\base.tvn");
+    platform::File_faults faults;
+    faults.fail(platform::Write_step::list, EIO);
+    expect_refused("The folder cannot be read: C:\\p\\Database\\Soil");
+}
+
+// A template with some of the lines that a scenario can have, some of other programs, and events.
+std::string random_template(std::mt19937& random, const std::string& all_lines) {
+    std::istringstream lines(all_lines);
+    std::string text;
+    for (std::string line; std::getline(lines, line);) {
+        const unsigned draw = random() % 8;
+        if (line.starts_with('[') || line.starts_with("event:count") || draw > 3)
+            text += line + '\n';
+        else if (draw == 1)
+            text += line.substr(0, line.find('=') + 1) + std::to_string(random() % 500) + '\n';
+        else if (draw == 2)
+            text += "stranger" + std::to_string(random() % 9) + "=x\n";
+    }
+    const unsigned events = random() % 4;
+    text += "[scenario]\nevent:count=" + std::to_string(events) + '\n';
+    for (unsigned i = 1; i <= events; ++i)
+        text += "[event:" + std::to_string(i) + "]\nID=" + std::to_string(random()) + "\nenabled=true\n";
+    return text;
+}
+
+TEST_F(Scenario_generator_test, each_scenario_is_the_one_that_the_template_read_afresh_would_give) {
+    const std::vector<std::string> soils = {"a", "much longer", "b"};
+    for (const std::string& soil : soils)
+        drives.write("p/Database/Soil/" + soil + ".sil");
+    for (const char* file : {"Rotation/r.rot", "Rotation/s.rot", "water_table/w.wtb"})
+        drives.write(std::string("p/Database/") + file);
+    const auto saved = [this](const std::string& name, auto change) {
+        Tilverra_scenario scenario;
+        TESK::VV_file("C:\\p\\Scenarios\\base.tvn").get(scenario);
+        change(scenario);
+        TESK::VV_file(("C:\\" + name).c_str()).set(scenario);
+        return drives.read(name);
+    };
+    const std::string all_lines = saved("plain.tvn", [](Tilverra_scenario&) {});
+    std::mt19937 random(7);
+    for (int round = 0; round < 25; ++round) {
+        drives.write("p/Scenarios/base.tvn", random_template(random, all_lines));
+        ASSERT_EQ(generate(), 6U);
+        for (int i = 0; i < 6; ++i) {
+            const std::string soil = soils[i / 2 == 0 ? 0 : 3 - i / 2];
+            const std::string rotation = i % 2 == 0 ? "r.rot" : "s.rot";
+            const std::string expected = saved("afresh.tvn", [&](Tilverra_scenario& scenario) {
+                scenario.description += " " + soil + ".sil " + rotation + " w.wtb";
+                scenario.soil.set("C:\\p\\Database\\Soil\\" + soil + ".sil");
+                scenario.rotation.set("C:\\p\\Database\\Rotation\\" + rotation);
+                scenario.water_table.set("C:\\p\\Database\\water_table\\w.wtb");
+            });
+            ASSERT_EQ(drives.read("p/Generated_scenarios/0000" + std::to_string(i + 1) + ".tvn"), expected);
+        }
+    }
+}
+
+TEST_F(Scenario_generator_test, a_generation_over_an_earlier_one_can_be_undone_also_when_it_was_stopped) {
+    for (const char* soil : {"a", "b", "c"})
+        drives.write(std::string("p/Database/Soil/") + soil + ".sil");
+    drives.write("p/Generated_scenarios/00001.tvn", "first");
+    drives.write("p/Generated_scenarios/00003.tvn", "third");
+    const auto contents = [this] {
+        std::string text;
+        for (const char* number : {"1", "2", "3"})
+            text += drives.read(std::string("p/Generated_scenarios/0000") + number + ".tvn").substr(0, 10) + ';';
+        return text;
+    };
+    Change_backups backups(TESK::Directory_name(std::string("C:\\p")));
+    on_listed = [](std::size_t count) { return count < 3; };
+    EXPECT_EQ(generate(&backups), 2U);
+    EXPECT_EQ(contents(), "[scenario];[scenario];third;");
+    EXPECT_EQ(backups.undo_last({}).done, 2U);
+    EXPECT_EQ(contents(), "first;;third;");
+    EXPECT_EQ(backups.undo_last({}).done, 2U);
+    EXPECT_EQ(contents(), "[scenario];[scenario];third;");
 }
 
 } // namespace

@@ -32,7 +32,8 @@ protected:
                 std::find(captions.begin(), captions.end(), reset_boxes[box].caption) != captions.end();
         EXPECT_EQ(ticked.count(), captions.size());
         return reset_scenario(TESK::File_name(folder.name("source.tvn").c_str()),
-                              TESK::File_name(folder.name("target.tvn").c_str()), ticked);
+                              TESK::File_name(folder.name("target.tvn").c_str()), ticked)
+            .ok();
     }
     // What a reader finds in the text: the values behind "section/key", by their present names. A count under
     // its old key counts. What stands in none of the sections is passed over, and so are versions.

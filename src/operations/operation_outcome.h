@@ -1,0 +1,34 @@
+// What came of an operation on many files, and how it tells of its progress.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+// Hears how many of the files have been dealt with, before each of them. False stops the operation: what was
+// done until then stands. Empty for who does not care.
+using Operation_progress = std::function<bool(std::size_t done, std::size_t total)>;
+
+struct Not_done {
+    std::string file;   // in code page 1252, as the operation was given it
+    std::string reason; // a plain English sentence
+};
+
+struct Operation_outcome {
+    std::size_t done = 0; // files dealt with as asked
+    std::vector<Not_done> not_done;
+    bool stopped = false;
+    std::string refused; // why nothing was done at all, a plain English sentence; empty when it was begun
+
+    bool ok() const { return refused.empty() && not_done.empty(); }
+};
+
+// What to tell a user of what was not done: why the operation was refused, or the files that failed with the
+// reasons, the first ten of them by name. Empty when all went well.
+std::string describe_failures(const Operation_outcome& outcome);
+
+// Whether the operation goes on, with `done` of `total` files dealt with.
+inline bool goes_on(const Operation_progress& progress, std::size_t done, std::size_t total) {
+    return !progress || progress(done, total);
+}

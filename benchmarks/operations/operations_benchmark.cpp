@@ -1,9 +1,9 @@
 // Operations on many scenarios, each beside the bare cost of the files that it reads and writes: generating
 // 10,000 scenarios from a template, and resetting 1,000.
+#include "model/tilverra_scenario.h"
 #include "operations/carbon_sequestration_count.h"
 #include "operations/scenario_generator.h"
 #include "operations/scenario_reset.h"
-#include "model/tilverra_scenario.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
 #include "support/inputs.h"

@@ -132,15 +132,22 @@ void Options_page::combinatorial_scenario_generation_buttonClick() {
     lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
     lists.set_current_list();
     TFileCheckListBox& list = lists.generated_scenarios_filelistbox;
-    generate_scenarios(record(), *workspace().project_directory, false, std::cout,
-                       [&list](const std::string& file_name) {
-                           list.add_line(screen_text(file_name));
-                           list.show_line(list.count() - 1);
-                           return paint_pending();
-                       });
+    const Operation_outcome outcome = generate_scenarios(record(), *workspace().project_directory, nullptr,
+                                                         std::cout, [&list](const std::string& file_name) {
+                                                             list.add_line(screen_text(file_name));
+                                                             list.show_line(list.count() - 1);
+                                                             return paint_pending();
+                                                         });
     workspace().enter_project_folder();
     form.show_hide();
     lists.relist_scenarios_button_onclick();
+    show_failures(outcome, outcome.refused.empty() ? "Scenarios not generated" : "No scenarios generated");
+    if (outcome.stopped)
+        message_box("The generation was stopped. Scenarios generated until then: " +
+                        std::to_string(outcome.done),
+                    "Generation stopped", Button_set::ok);
+    if (outcome.stopped || !outcome.refused.empty())
+        return;
     message_box("The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]",
                 "Scenarios have been generated", Button_set::ok);
 }

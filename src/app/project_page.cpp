@@ -40,6 +40,11 @@ bool paint_pending() {
     return current_desktop == nullptr || current_desktop->process_messages();
 }
 
+void show_failures(const Operation_outcome& outcome, const std::string& title) {
+    if (const std::string failures = describe_failures(outcome); !failures.empty())
+        message_box(screen_text(failures), title, Button_set::ok);
+}
+
 void show_folder(TFileListBox& list, const std::string& folder) {
     const std::string name = screen_text(folder);
     if (list.folder() != name)

@@ -4,6 +4,7 @@
 
 #include "editing/file_edit_bar.h"
 #include "editing/page_parts.h"
+#include "operations/operation_outcome.h"
 #include "operations/project_workspace.h"
 #include "toolkit/file_list_box.h"
 
@@ -51,6 +52,9 @@ private:
 
 // Lets what changed be painted. False once the user closes the program.
 bool paint_pending();
+
+// Tells the user what an operation could not do; nothing when it did all.
+void show_failures(const Operation_outcome& outcome, const std::string& title);
 
 // Points the list at a folder; one that it shows already is not read again.
 void show_folder(TFileListBox& list, const std::string& folder);

@@ -9,6 +9,19 @@
 #include <cstring>
 #include <vector>
 
+namespace {
+
+Import_answer ask_to_replace(const std::string& scenario) {
+    switch (message_box("Replace the scenario " + screen_text(scenario) + "?", "Scenario already exists",
+                        Button_set::yes_no_cancel)) {
+    case Modal_result::yes: return Import_answer::replace;
+    case Modal_result::no: return Import_answer::keep;
+    default: return Import_answer::stop;
+    }
+}
+
+} // namespace
+
 Scenario_edit_page::Scenario_edit_page(TTilverra_project_form& project_form, TPageControl& pages)
     : Project_page(project_form),
       scenario_edit_tabsheet(pages.add<TTabSheet>("scenario_edit_tabsheet", "Edit")),
@@ -25,7 +38,7 @@ Scenario_edit_page::Scenario_edit_page(TTilverra_project_form& project_form, TPa
                      "Select a scenario of any project, make it the active one and edit it where it is.")),
       scenario_open_SIM(
           add_button(scenario_edit_tabsheet, "scenario_open_SIM", "Import version 3 (.SIM) file",
-                     "Make scenarios of files of version 3. A scenario of the same name is replaced.")),
+                     "Make scenarios of files of version 3. You are asked before a scenario is replaced.")),
       scenario_delete_button(add_button(
           scenario_edit_tabsheet, "scenario_delete_button", "Delete scenario(s)",
           "Delete the checked scenarios with their outputs or, without check marks, the file of the "
@@ -71,8 +84,11 @@ void Scenario_edit_page::scenario_create_button_onclick() {
         show_message("To create a new scenario, first enter the new scenario name");
         return;
     }
-    if (!create_scenario(workspace(), new_name, checkbox_copy_active_scenario.checked()))
+    const Operation_outcome outcome =
+        create_scenario(workspace(), new_name, checkbox_copy_active_scenario.checked());
+    if (!outcome.refused.empty())
         return;
+    show_failures(outcome, "Scenario not copied");
     form.scenarios.lists.created_scenarios_filelistbox.add_line(
         screen_text(record().active_scenario.get_name(true)));
     form.scenarios.active_scenario_editbar.Update();
@@ -103,12 +119,11 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     std::vector<std::string> files;
     for (const std::string& file : SIM_dialog.files)
         files.push_back(record_text(file));
-    {
-        const Busy_pointer busy;
-        import_version_3_scenarios(workspace(), files);
-    }
+    const Operation_outcome outcome =
+        import_version_3_scenarios(workspace(), files, ask_to_replace, nullptr, {});
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
+    show_failures(outcome, "Files not imported");
 }
 
 void Scenario_edit_page::scenario_delete_button_onclick() {
@@ -124,24 +139,26 @@ void Scenario_edit_page::scenario_delete_button_onclick() {
     TFileCheckListBox& list = lists.current();
     if (!workspace().need_project_directory())
         return;
-    int deleted = 0;
-    {
+    std::vector<std::string> checked;
+    for (int i = 0; i < list.count(); ++i)
+        if (list.checked(i))
+            checked.push_back(record_text(list.line(i).text));
+    const TVN_filename& active = record().active_scenario;
+    Operation_outcome outcome;
+    if (!checked.empty()) {
         const Busy_pointer busy;
-        for (int i = 0; i < list.count(); ++i) {
-            if (!list.checked(i))
-                continue;
-            ++deleted;
-            list.set_item_index(i);
-            delete_scenario(workspace().scenarios_directory(lists.current_folder(), false),
-                            record_text(list.line(i).text), permanently);
-        }
+        outcome = delete_scenarios(workspace().scenarios_directory(lists.current_folder(), false), checked,
+                                   permanently, nullptr, [&](std::size_t done, std::size_t) {
+                                       list.set_item_index(list.index_of(screen_text(checked[done])));
+                                       return true;
+                                   });
+    } else if (!active.starts_with('<') && workspace().active_scenario_exists()) {
+        // The folder of the active scenario stays.
+        outcome = delete_scenario_file(active, permanently, nullptr);
     }
-    // The folder of the active scenario stays.
-    TVN_filename& active = record().active_scenario;
-    if (deleted == 0 && !active.starts_with('<') && workspace().active_scenario_exists())
-        active.recycle(permanently);
     list.Update();
     form.scenarios.list_changed();
+    show_failures(outcome, "Scenarios not deleted");
 }
 
 void Scenario_edit_page::parameter_database_onclick() {

@@ -41,13 +41,26 @@ void Scenario_reset_page::reset_scenario_button_onclick() {
     source = std::string(record().active_scenario);
     source.qualify();
     const std::string active_name = source.get_name(true);
-    const Busy_pointer busy;
-    form.scenarios.begin_progress();
-    const Ticked_reset_boxes ticked = ticked_reset_boxes();
+    std::vector<std::string> targets;
+    std::vector<int> lines;
     for (int i = 0; i < list.count(); ++i) {
-        form.scenarios.sim_run_progressbar.step();
-        if (list.checked(i) && record_text(list.line(i).text) != active_name)
-            reset_scenario(source, TESK::File_name(lists.scenario_of_line(i).c_str()), ticked);
+        if (!list.checked(i) || record_text(list.line(i).text) == active_name)
+            continue;
+        targets.push_back(lists.scenario_of_line(i));
+        lines.push_back(i);
     }
-    form.scenarios.sim_run_progressbar.set_visible(false);
+    TProgressBar& bar = form.scenarios.sim_run_progressbar;
+    form.scenarios.begin_progress();
+    Operation_outcome outcome;
+    {
+        const Busy_pointer busy;
+        outcome = reset_scenarios(source, targets, ticked_reset_boxes(), nullptr,
+                                  [&](std::size_t done, std::size_t) {
+                                      bar.set_position(lines[done]);
+                                      return true;
+                                  });
+    }
+    bar.set_position(list.count());
+    bar.set_visible(false);
+    show_failures(outcome, "Scenarios not reset");
 }

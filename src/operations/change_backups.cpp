@@ -318,7 +318,7 @@ Operation_outcome Change_backups::undo(const std::string& name, const Operation_
     const bool holds_copies = std::any_of(old.entries.begin(), old.entries.end(),
                                           [](const Entry& entry) { return entry.kind == Kind::copied; });
     if (!holds_copies && outcome.not_done.empty() && !outcome.stopped)
-        remove(name); // nothing is left in it
+        remove(name);  // nothing is left in it
     forget_old_sets(); // only now: the set that is brought back may be an old one
     return outcome;
 }

@@ -43,8 +43,8 @@ std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std
         Import import{file, TESK::Smart_file_name(file.c_str())};
         import.target.set_ext(scenario_extension);
         import.target.set_path(folder);
-        const auto same =
-            std::find_if(imports.begin(), imports.end(), [&](const Import& one) { return one.target == import.target; });
+        const auto same = std::find_if(imports.begin(), imports.end(),
+                                       [&](const Import& one) { return one.target == import.target; });
         if (same == imports.end() && !platform::exists(import.target)) {
             imports.push_back(std::move(import));
             continue;
@@ -136,8 +136,7 @@ Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
     return outcome;
 }
 
-std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder,
-                                           const std::string& file_name) {
+std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder, const std::string& file_name) {
     TESK::File_name file;
     folder.append_to(file_name.c_str(), file);
     std::vector<std::string> files{file};

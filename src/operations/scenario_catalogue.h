@@ -14,9 +14,9 @@
 std::string new_scenario_name(const std::string& typed);
 
 // Makes a scenario of that name (in code page 1252, no path) the active one of the project and, with
-// `copies_active` and as long as there is no such file, makes its file a copy of the one that was active: what
-// was not done is the copy. Without that the scenario editor makes the file. Refused, with nothing changed,
-// when the project has no folder.
+// `copies_active` and as long as there is no such file, makes its file a copy of the one that was active:
+// what was not done is the copy. Without that the scenario editor makes the file. Refused, with nothing
+// changed, when the project has no folder.
 Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active);
 
 enum class Import_answer { replace, replace_all, keep, keep_all, stop };

@@ -63,7 +63,8 @@ template <class Name, class Listed>
 bool list(const TESK::Smart_directory_name& folder, std::uint8_t kind, const char* extension,
           std::vector<Name>& names) {
     TESK::Unidirectional_list list;
-    const bool is_whole = folder.list_entries(list, false, true, true, false, false, kind, extension, nullptr);
+    const bool is_whole =
+        folder.list_entries(list, false, true, true, false, false, kind, extension, nullptr);
     for (const Listed& entry : TESK::Items_of<Listed>(list))
         names.emplace_back(entry);
     return is_whole || !platform::exists(folder);
@@ -86,7 +87,8 @@ std::string scenario_number(std::uint32_t number) {
 // What the scenarios are made from.
 class Family {
 public:
-    Family(const TESK::File_name& template_file, Database_directory& database) : template_file_(template_file) {
+    Family(const TESK::File_name& template_file, Database_directory& database)
+        : template_file_(template_file) {
         if (!TESK::VV_file(template_file.c_str()).get(scenario_)) {
             failure_ = "The template scenario cannot be read: " + template_file;
             return;
@@ -151,8 +153,8 @@ public:
               const std::vector<std::string>& replaced, Change_backups* backups, std::ostream& trace,
               const Scenario_listener& listener)
         : family_(family), target_folder_(target_folder), replaced_(replaced.begin(), replaced.end()),
-          backups_(backups), trace_(trace), listener_(listener),
-          description_(family.scenario_.description), text_(family.scenario_, changing_fields(family)) {}
+          backups_(backups), trace_(trace), listener_(listener), description_(family.scenario_.description),
+          text_(family.scenario_, changing_fields(family)) {}
 
     Operation_outcome run() {
         target_folder_.create();

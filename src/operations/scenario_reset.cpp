@@ -56,9 +56,8 @@ Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std:
                                   const Operation_progress& progress) {
     Operation_outcome outcome;
     if (backups != nullptr && !targets.empty()) {
-        outcome = backups->put_copies_aside("reset", targets, [&](std::size_t, std::size_t total) {
-            return goes_on(progress, 0, total);
-        });
+        outcome = backups->put_copies_aside(
+            "reset", targets, [&](std::size_t, std::size_t total) { return goes_on(progress, 0, total); });
         if (!outcome.ok() || outcome.stopped)
             return outcome;
         outcome.done = 0;

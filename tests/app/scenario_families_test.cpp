@@ -69,13 +69,14 @@ protected:
             drives.write(std::string("projects/study/Database/Soil/") + file);
         drives.write("projects/study/Generated_scenarios/00009.tvn");
     }
-    void generate() {
+    void
+    generate(const char* title = "Scenarios have been generated",
+             const char* text =
+                 "The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]") {
         open();
         record->template_scenario = "Scenarios\\base.tvn";
         form.Update();
-        desktop.expect_message(
-            "Scenarios have been generated",
-            "The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]");
+        desktop.expect_message(title, text);
         EXPECT_TRUE(press(form.options.combinatorial_scenario_generation_button));
         EXPECT_TRUE(desktop.script_done());
         EXPECT_EQ(form.scenarios.lists.pagecontrol_scenarios.active_page(),
@@ -95,7 +96,7 @@ TEST_F(Generation, the_list_grows_while_it_works_and_is_listed_anew_afterwards) 
 
 TEST_F(Generation, a_user_who_closes_the_window_stops_it) {
     desktop.closing = true;
-    generate();
+    generate("Generation stopped", "The generation was stopped. Scenarios generated until then: 0");
     EXPECT_EQ(lines(generated()), "00009.tvn;");
 }
 

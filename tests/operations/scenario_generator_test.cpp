@@ -300,7 +300,8 @@ TEST_F(Scenario_generator_test, a_generation_over_an_earlier_one_can_be_undone_a
     const auto contents = [this] {
         std::string text;
         for (const char* number : {"1", "2", "3"})
-            text += drives.read(std::string("p/Generated_scenarios/0000") + number + ".tvn").substr(0, 10) + ';';
+            text +=
+                drives.read(std::string("p/Generated_scenarios/0000") + number + ".tvn").substr(0, 10) + ';';
         return text;
     };
     Change_backups backups(TESK::Directory_name(std::string("C:\\p")));

@@ -12,6 +12,7 @@
 #include "desktop_qt/qt_desktop.h"
 #include "editing/bound_control.h"
 #include "main/host_functions.h"
+#include "maps_shapelib/shapelib_reader.h"
 #include "platform/files.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
@@ -299,7 +300,9 @@ private:
 int open(const QString& folder, Journey_desktop::Work work, std::vector<std::string> arguments) {
     if (!folder.isEmpty())
         QDir().mkpath(folder);
+    Shapelib_reader polygons;
     Program_services services;
+    services.polygons = &polygons;
     services.make_desktop = [&] { return std::make_unique<Journey_desktop>(folder, work); };
     return run_program(arguments, services, std::cerr);
 }

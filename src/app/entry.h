@@ -3,6 +3,7 @@
 #pragma once
 
 #include "operations/file_transfer_client.h"
+#include "operations/polygon_reader.h"
 #include "toolkit/desktop.h"
 
 #include <functional>
@@ -17,6 +18,8 @@ struct Program_services {
     std::function<std::unique_ptr<Desktop>()> make_desktop;
     // Null for none; then nothing is downloaded.
     File_transfer_client* file_transfer = nullptr;
+    // Null for none; then no map is shown.
+    Polygon_reader* polygons = nullptr;
 };
 
 // Runs the program from its start to its end. The arguments are as the host gives them: the program's own

@@ -5,7 +5,8 @@
 
 TTilverra_project_form::TTilverra_project_form()
     : TForm("Tilverra_project_form"), project_pagecontrol(add<TPageControl>("project_pagecontrol")),
-      scenarios(*this), options(*this), optimization(*this), GIS(*this), tallies(*this), comparisons(*this) {
+      scenarios(*this), options(*this), optimization(*this), GIS(*this), map(*this), tallies(*this),
+      comparisons(*this) {
     fill(project_pagecontrol);
     TVN_filedialog.title = "Simulation scenario";
     TVN_filedialog.filter = "Tilverra scenario file (*.tvn)|*.tvn";
@@ -97,6 +98,7 @@ void TTilverra_project_form::show_hide() {
     workspace_->project_parameters.project_type = workspace_->requested_project_type;
     show_hide_pages();
     GIS.show_hide();
+    map.show_hide();
     scenarios.run.show_hide_run_button();
     show_hide_run_buttons();
     optimization.tabsheet_optimization.set_visible(workspace_->requested_project_type ==

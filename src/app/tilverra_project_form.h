@@ -5,6 +5,7 @@
 
 #include "app/comparison_page.h"
 #include "app/gis_page.h"
+#include "app/map_page.h"
 #include "app/optimization_page.h"
 #include "app/options_page.h"
 #include "app/scenarios_page.h"
@@ -54,6 +55,7 @@ public:
     Options_page options;
     Optimization_page optimization;
     GIS_page GIS;
+    Map_page map;
     Tally_page tallies;
     Comparison_page comparisons;
 

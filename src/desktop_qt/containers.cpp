@@ -70,7 +70,8 @@ bool has_use_for_height(const TControl& control) {
     case Control_kind::shell_list:
     case Control_kind::shell_tree:
     case Control_kind::page_control:
-    case Control_kind::web_view: return true;
+    case Control_kind::web_view:
+    case Control_kind::map_view: return true;
     case Control_kind::panel:
     case Control_kind::group_box: break;
     default: return false;

@@ -3,6 +3,7 @@
 #include "desktop_qt/qt_desktop.h"
 #include "file_transfer_curl/curl_file_transfer.h"
 #include "main/host_functions.h"
+#include "maps_shapelib/shapelib_reader.h"
 #include "runs/run_supervisor.h"
 
 #include <QtWidgets/QApplication>
@@ -14,8 +15,10 @@ int main(int argc, char** argv) {
         return *exit_code;
     const QApplication application(argc, argv);
     Curl_file_transfer file_transfer;
+    Shapelib_reader polygons;
     Program_services services;
     services.make_desktop = [] { return std::make_unique<Qt_desktop>(host_functions()); };
     services.file_transfer = &file_transfer;
+    services.polygons = &polygons;
     return run_program({argv, argv + argc}, services, std::cerr);
 }

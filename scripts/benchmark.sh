@@ -6,8 +6,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run package test benchmark
 cd "$top"
-cmake --preset benchmarks >/dev/null
-cmake --build --preset benchmarks -- --quiet
+scripts/build.sh benchmarks
 export BENCHMARK_INPUTS="$top/build/benchmark_inputs"
 [ -e "$BENCHMARK_INPUTS/coverage_1k.dbf" ] || python3 benchmarks/make_inputs.py "$BENCHMARK_INPUTS"
 

@@ -23,8 +23,7 @@ if [ ! -e "$runtime" ]; then
 fi
 
 cd "$top"
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -- --quiet
+scripts/build.sh fuzz
 while read -r target seeds; do
     [ -n "$target" ] || continue
     [ $# -eq 0 ] || [[ " $* " == *" $target "* ]] || continue

@@ -5,7 +5,6 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run package
 cd "$top"
-cmake --preset release >/dev/null
-cmake --build --preset release -- --quiet
+scripts/build.sh release
 (cd build/release && cpack -B "$top/build/package" >/dev/null)
 ls "$top"/build/package/*.deb

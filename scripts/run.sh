@@ -7,8 +7,7 @@ set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run
-[ -x "$top/build/release/bin/project_editor.exe" ] || echo "Building the program, which takes some minutes the first time"
-(cd "$top" && cmake --preset release >/dev/null && cmake --build --preset release -- --quiet)
+"$top/scripts/build.sh" release
 bin="$top/build/release/bin"
 
 has_display() {

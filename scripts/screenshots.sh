@@ -6,8 +6,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run
 cd "$top"
-cmake --preset release >/dev/null
-cmake --build --preset release --target gallery -- --quiet
+scripts/build.sh release gallery
 pictures=build/screenshots
 rm -rf "$pictures"
 mkdir -p "$pictures"

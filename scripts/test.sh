@@ -5,6 +5,5 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run package test
 cd "$top"
-cmake --preset dev
-cmake --build --preset dev
+scripts/build.sh dev
 ctest --preset dev

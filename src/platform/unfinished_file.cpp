@@ -40,17 +40,15 @@ void clear_if_nobody_holds(int folder, const char* entry) {
 }
 
 // Whether the folder was looked at a moment ago; notes that it is now.
-bool was_just_cleared(const Host_handle& folder) {
+bool was_just_cleared(const std::string& folder) {
     constexpr std::time_t a_moment = 5;
     constexpr std::size_t most_folders = 100;
-    static std::map<std::pair<dev_t, ino_t>, std::time_t> cleared;
-    struct stat state {};
+    static std::map<std::string, std::time_t> cleared;
     timespec now{};
-    if (fstat(folder.get(), &state) != 0 || clock_gettime(CLOCK_MONOTONIC, &now) != 0)
-        return true;
+    clock_gettime(CLOCK_MONOTONIC, &now);
     if (cleared.size() > most_folders)
         cleared.clear();
-    const auto [known, is_new] = cleared.try_emplace({state.st_dev, state.st_ino}, now.tv_sec);
+    const auto [known, is_new] = cleared.try_emplace(folder, now.tv_sec);
     if (!is_new && now.tv_sec - known->second < a_moment)
         return true;
     known->second = now.tv_sec;
@@ -152,9 +150,9 @@ int Unfinished_folder::create(const std::string& folder) {
 }
 
 void clear_unfinished_saves(const std::string& folder) {
-    const Host_handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!handle.is_open() || was_just_cleared(handle))
+    if (was_just_cleared(folder))
         return;
+    const Host_handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (const std::string& entry : entries_of(handle).names)
         if (is_unfinished_save(entry))
             clear_if_nobody_holds(handle.get(), entry.c_str());

@@ -1,5 +1,6 @@
 #include "trees/user_settings.h"
 
+#include "platform/folder_lock.h"
 #include "platform/shell.h"
 #include "records/vv_file.h"
 
@@ -45,6 +46,9 @@ Application_data_directory::Application_data_directory(const File_name& program)
 
 void Application_data_directory::save(User_settings& settings, const std::string& section) const {
     create();
+    // What another program writes at the same moment would be missing in the file that is read and written
+    // here.
+    const platform::Folder_lock lock(*this);
     Data_record record(section_name(section));
     record.set_preserve_unexpected(true);
     record.expect_structure(true);

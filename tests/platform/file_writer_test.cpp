@@ -6,7 +6,9 @@
 #include "support/temporary_drives.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -175,6 +177,24 @@ TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their
     const std::size_t name = result.reason.find("Z:\\");
     ASSERT_NE(name, std::string::npos) << result.reason;
     EXPECT_EQ(read_file(result.reason.substr(name, result.reason.size() - name - 1)).contents, "old text");
+}
+
+TEST_F(file_writer, what_killed_saves_left_is_cleared_unless_somebody_holds_it) {
+    const auto unfinished = [&](const char* digits) {
+        return drives.host("sub/.~saving-" + std::string(digits));
+    };
+    for (const char* digits : {"000000000001", "000000000002", "000000000003/below", "00000000000x"}) {
+        fs::create_directories(fs::path(unfinished(digits)).parent_path());
+        std::ofstream(unfinished(digits)) << "half";
+    }
+    fs::create_symlink("nowhere", unfinished("000000000004"));
+    const int held = open(unfinished("000000000002").c_str(), O_RDONLY);
+    flock(held, LOCK_EX);
+    EXPECT_TRUE(write_file("sub\\x", "text", Durability::quick).ok());
+    // A link cannot be held; this one is too young to be left behind.
+    EXPECT_EQ(entries_in(drives.host("sub")), 4);
+    EXPECT_TRUE(fs::exists(unfinished("000000000002")) && fs::exists(unfinished("00000000000x")));
+    close(held);
 }
 
 TEST_F(file_writer, the_contents_before_an_interrupted_save_are_found_and_brought_back) {

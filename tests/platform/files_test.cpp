@@ -231,29 +231,30 @@ TEST_F(files, a_copy_of_a_tree_is_all_of_it_or_nothing) {
     EXPECT_EQ(replaced_by_copy("from", "to"), std::vector<std::string>{"C:\\to\\b"});
     EXPECT_TRUE(replaced_by_copy("from", "none").empty());
     const std::string before = picture("");
-    int failures = 0;
-    for (const std::string target : {"to", "none\\new"})
-        for (const int error : {ENOSPC, EIO, EACCES, EMFILE, EINTR}) {
-            bool has_failed = true;
-            for (std::size_t call = 1; has_failed; ++call) {
-                make_target();
-                File_faults faults;
-                faults.fail_call(call, error, 1);
-                const Copy_result result = copy_tree("from", target);
-                has_failed = faults.call_has_failed();
-                faults.clear();
-                // It may have been a short write, after which the rest was written.
-                if (result.ok()) {
-                    EXPECT_EQ(drives.read(target == "to" ? "to/b" : "none/new/B"), "new b");
-                    continue;
-                }
-                ++failures;
-                EXPECT_EQ(result.error, write_result_from_errno(error).error);
-                EXPECT_EQ(result.not_copied.size() + (result.reason.empty() ? 0 : 1), 2U) << call;
-                EXPECT_EQ(picture(""), before) << target << " call " << call;
+    constexpr int errors[] = {ENOSPC, EIO, EACCES, EMFILE, EINTR};
+    std::size_t failures = 0;
+    for (const std::string target : {"to", "none\\new"}) {
+        bool has_failed = true;
+        for (std::size_t call = 1; has_failed; ++call) {
+            make_target();
+            const int error = errors[call % std::size(errors)];
+            File_faults faults;
+            faults.fail_call(call, error, 1);
+            const Copy_result result = copy_tree("from", target);
+            has_failed = faults.call_has_failed();
+            faults.clear();
+            // It may have been a short write, after which the rest was written.
+            if (result.ok()) {
+                EXPECT_EQ(drives.read(target == "to" ? "to/b" : "none/new/B"), "new b");
+                continue;
             }
+            ++failures;
+            EXPECT_EQ(result.error, write_result_from_errno(error).error);
+            EXPECT_TRUE(result.not_copied.size() == 1 && !result.reason.empty()) << call;
+            EXPECT_EQ(picture(""), before) << target << " call " << call;
         }
-    EXPECT_GT(failures, 100);
+    }
+    EXPECT_GT(failures, 30U);
     make_target();
     EXPECT_TRUE(copy_tree("from", "to").ok());
     EXPECT_EQ(picture("to"), "a = new a\nb = new b\nsub\nsub/d = d\nsub/deep\nsub/deep/c = new c\n");

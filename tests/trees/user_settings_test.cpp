@@ -3,6 +3,8 @@
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using TESK::Application_data_directory;
 using TESK::File_name;
@@ -53,6 +55,28 @@ TEST_F(User_settings_test, each_record_file_keeps_a_section_of_its_own) {
     EXPECT_EQ(loaded.top, 11);
     EXPECT_EQ(loaded.language, "es");
     EXPECT_TRUE(loaded.advanced);
+}
+
+TEST_F(User_settings_test, programs_that_save_at_the_same_time_keep_the_sections_of_both) {
+    constexpr int programs = 3;
+    constexpr int sections = 8;
+    for (int program = 0; program < programs; ++program)
+        if (fork() == 0) {
+            User_settings settings;
+            for (int i = 1; i <= sections; ++i) {
+                settings.top = static_cast<std::int16_t>(i);
+                directory.save(settings, std::to_string(program) + '-' + std::to_string(i));
+            }
+            _exit(0);
+        }
+    while (wait(nullptr) > 0) {
+    }
+    for (int program = 0; program < programs; ++program)
+        for (int i = 1; i <= sections; ++i) {
+            User_settings settings;
+            directory.load(settings, std::to_string(program) + '-' + std::to_string(i));
+            EXPECT_EQ(settings.top, i) << program;
+        }
 }
 
 TEST_F(User_settings_test, a_disk_that_cannot_be_written_is_quiet) {

@@ -29,6 +29,12 @@ private:
 
 constexpr const char* level_words[] = {"", "Master ", "Project ", "Scenario "};
 
+// Why a utility was not started; "" when there was nothing against it.
+void tell(const std::string& refusal) {
+    if (!refusal.empty())
+        show_message(refusal);
+}
+
 Place filling() {
     Place place;
     place.stretch = 1;
@@ -189,7 +195,7 @@ std::string Tdatabase_editor_form::selected_file() {
 
 void Tdatabase_editor_form::run_utility(const TESK::File_name& program, const std::string& option,
                                         const std::string& file, bool wait) {
-    ::run_utility(program, option, file, wait);
+    tell(::run_utility(program, option, file, wait));
 }
 
 void Tdatabase_editor_form::create_crop(const char* option) {
@@ -199,7 +205,7 @@ void Tdatabase_editor_form::create_crop(const char* option) {
     if (name.empty())
         show_message("To create a new file, enter first the new file name above");
     else
-        ::create_crop(*database, name, option);
+        tell(::create_crop(*database, name, option));
 }
 
 void Tdatabase_editor_form::export_XEB() {
@@ -214,13 +220,13 @@ void Tdatabase_editor_form::import_soil() {
     if (database == nullptr)
         return;
     const Busy_pointer busy;
-    import_soils(*database);
+    tell(import_soils(*database));
     file_manager()->Update();
 }
 
 void Tdatabase_editor_form::management_button_combinatorial_generationClick() {
     if (database != nullptr)
-        generate_managements(*database);
+        tell(generate_managements(*database));
 }
 
 void Tdatabase_editor_form::explore() {

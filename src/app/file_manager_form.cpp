@@ -1,7 +1,8 @@
 #include "app/file_manager_form.h"
 
+#include "editing/program_starter.h"
+#include "platform/command_line.h"
 #include "platform/current_directory.h"
-#include "platform/process.h"
 
 namespace {
 
@@ -121,7 +122,7 @@ void TFile_manager_form::edit_files() {
 
 void TFile_manager_form::edit_files_with_notepad() {
     for (const TESK::Smart_file_name& file : selected_files())
-        platform::launcher().execute("notepad.exe \"" + file + '"', platform::normal_window);
+        start_or_tell("notepad.exe " + platform::in_quotes(file), false, show_normal);
 }
 
 void TFile_manager_form::create_file() {

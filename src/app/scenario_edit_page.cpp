@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_catalogue.h"
+#include "platform/command_line.h"
 #include "platform/process.h"
 #include "toolkit/desktop.h"
 #include "trees/suite_directory.h"
@@ -183,6 +184,8 @@ void Scenario_edit_page::button_launch_TVS_suiteClick() {
 
 std::string scenario_name_characters(const std::string& screen_text) {
     std::string characters = typable_text(screen_text);
-    std::erase_if(characters, [](char c) { return std::strchr("\\/:*?\"<>|", c) != nullptr; });
+    std::erase_if(characters, [](char c) {
+        return !platform::can_be_handed_over(c) || std::strchr("\\/:*?<>|", c) != nullptr;
+    });
     return characters;
 }

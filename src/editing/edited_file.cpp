@@ -2,6 +2,7 @@
 
 #include "editing/recent_file_selector_form.h"
 #include "foundation/code_page_1252.h"
+#include "platform/command_line.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
@@ -122,6 +123,11 @@ bool Edited_file::run_dialog() {
     dialog.title = worded("Save %1 as", shown_type());
     while (dialog.execute() && !dialog.file_name.empty()) {
         // A character that names lack would be left out, and another file written.
+        const std::string refusal = platform::refusal_of_name(dialog.file_name);
+        if (!refusal.empty()) {
+            message_box(refusal, "Unable to save", Button_set::ok);
+            continue;
+        }
         if (typable_text(dialog.file_name) == dialog.file_name)
             return true;
         if (ask_after_failed_save() != Save_outcome::saved)

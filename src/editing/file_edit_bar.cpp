@@ -1,6 +1,8 @@
 #include "editing/file_edit_bar.h"
 
-#include "platform/process.h"
+#include "editing/program_starter.h"
+
+#include "platform/command_line.h"
 
 #include <iterator>
 
@@ -148,7 +150,8 @@ void TAutoFileEditBar::edit_button_clicked() {
         file->open();
         return;
     }
-    platform::launcher().execute('"' + *edit_program + "\" \"" + *file + "\" ", platform::normal_window);
+    start_or_tell(platform::in_quotes(*edit_program) + ' ' + platform::in_quotes(*file) + ' ', false,
+                  show_normal);
     after_change();
 }
 

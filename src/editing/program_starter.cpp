@@ -2,18 +2,26 @@
 
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
+#include "platform/command_line.h"
 #include "platform/process.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/screen_language.h"
 
 namespace {
 
 constexpr int started_from = 31; // a start that answers less has failed
 
-std::string quoted(const std::string& text) {
-    return '"' + text + "\" ";
-}
-
 } // namespace
+
+bool start_or_tell(const std::string& command_line, bool wait, int show_state) {
+    const std::string refusal = platform::refusal_of_command(command_line);
+    if (!refusal.empty()) {
+        message_box(refusal, "Unable to start", Button_set::ok);
+        return false;
+    }
+    return wait ? platform::launcher().create_and_wait(command_line, show_state).has_value()
+                : platform::launcher().execute(command_line, show_state) >= started_from;
+}
 
 Program_starter::Program_starter(TTabSheet& commands)
     : command_history_memo([&commands]() -> TMemo& {
@@ -28,16 +36,21 @@ Program_starter::Program_starter(TTabSheet& commands)
 
 bool Program_starter::start(const std::string& program, const char* options, const std::string& file,
                             const char* extra, bool wait, int show_state) {
-    command = quoted(program);
+    command = platform::in_quotes(program) + ' ';
     if (options != nullptr)
         command += options;
-    command += ' ' + quoted(file);
+    command += ' ' + platform::in_quotes(file) + ' ';
     if (extra != nullptr && *extra != '\0')
-        command += quoted(extra);
+        command += platform::in_quotes(extra) + ' ';
     command_history_memo.append_line(screen_text(command));
-    const bool started = wait ? platform::launcher().create_and_wait(command, show_state).has_value()
-                              : platform::launcher().execute(command, show_state) >= started_from;
-    if (!started)
+    const std::string refusal = platform::refusal_of_command(command);
+    const bool is_told = !refusal.empty() && refusal == last_refusal_;
+    last_refusal_ = refusal;
+    // In a batch, once is enough.
+    const bool started = !is_told && start_or_tell(command, wait, show_state);
+    if (!refusal.empty())
+        command_history_memo.append_line(worded("The program was not started. %1", worded(refusal)));
+    else if (!started)
         command_history_memo.append_line(
             worded("The program could not be started. Looked for: %1", screen_text(program)));
     return started;

@@ -12,6 +12,10 @@ constexpr int show_normal = 1;
 constexpr int show_maximised = 3;
 constexpr int show_minimised = 6;
 
+// Starts a program by a command line. Where a name in it cannot be handed to a program, the user is told and
+// nothing is started. True when the program was started.
+bool start_or_tell(const std::string& command_line, bool wait, int show_state);
+
 class Program_starter {
 public:
     explicit Program_starter(TTabSheet& commands);
@@ -26,5 +30,6 @@ public:
     TMemo& command_history_memo;
 
 private:
-    TESK::Ustring command; // the last one
+    TESK::Ustring command;     // the last one
+    std::string last_refusal_; // of the last start; "" when there was nothing against it
 };

@@ -1,6 +1,8 @@
 #include "editing/view_file_button.h"
 
-#include "platform/process.h"
+#include "editing/program_starter.h"
+
+#include "platform/command_line.h"
 
 namespace {
 
@@ -35,7 +37,7 @@ void TAutoViewFileButton::update_status_indicator() {
 
 void TAutoViewFileButton::do_click() {
     if (file && edit_program)
-        platform::launcher().execute(*edit_program + " \"" + *file + '"', platform::normal_window);
+        start_or_tell(*edit_program + ' ' + platform::in_quotes(*file), false, show_normal);
     else if (file)
         file->open();
     TButton::do_click();

@@ -1,9 +1,11 @@
 #include "model/model_command.h"
 
+#include "platform/command_line.h"
+
 namespace {
 
 std::string quoted(const std::string& text) {
-    return '"' + text + "\" ";
+    return platform::in_quotes(text) + ' ';
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "foundation/code_page_1252.h"
 #include "names/directory_name.h"
 #include "names/name_texts.h"
+#include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
 #include "platform/process.h"
@@ -107,11 +108,9 @@ void Directory_entry_name::decompose() const {
 }
 
 bool Directory_entry_name::explore(bool select) const {
-    std::string command = "explorer /n,/e,";
-    if (select)
-        command += "/select,";
-    command.append("\"").append(*this).append("\"");
-    platform::launcher().execute(command, platform::normal_window);
+    const std::string command = select ? "explorer /n,/e,/select," : "explorer /n,/e,";
+    if (platform::refusal_of_name(*this).empty())
+        platform::launcher().execute(command + platform::in_quotes(*this), platform::normal_window);
     return true;
 }
 

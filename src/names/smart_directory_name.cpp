@@ -2,6 +2,7 @@
 
 #include "foundation/code_page_1252.h"
 #include "names/file_name.h"
+#include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
 #include "platform/host_names.h"
@@ -163,7 +164,9 @@ bool Smart_directory_name::set_as_current() const {
 
 int Smart_directory_name::open() const {
     // The lone quote is what the desktop is given.
-    platform::launcher().execute("explorer /n,/e," + *this + '"', platform::normal_window);
+    const std::string folder = platform::in_quotes(*this).substr(1);
+    if (platform::refusal_of_name(*this).empty())
+        platform::launcher().execute("explorer /n,/e," + folder, platform::normal_window);
     return 1;
 }
 

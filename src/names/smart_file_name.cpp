@@ -1,6 +1,7 @@
 #include "names/smart_file_name.h"
 
 #include "names/name_texts.h"
+#include "platform/command_line.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/shell.h"
@@ -23,7 +24,8 @@ bool shell_accepts(const char* verb, const std::string& name, int show_mode) {
 // The command with the file's name in it. What stands behind the place of the name is lost.
 std::string command_for(const std::string& command, const std::string& name) {
     const std::size_t place = command.find("%1");
-    return place == std::string::npos ? command + " \"" + name + '"' : command.substr(0, place) + name;
+    return place == std::string::npos ? command + ' ' + platform::in_quotes(name)
+                                      : command.substr(0, place) + name;
 }
 
 } // namespace
@@ -52,6 +54,8 @@ bool Smart_file_name::shell_open() const {
 }
 
 int Smart_file_name::open_with_verb(const char* verb) const {
+    if (!platform::refusal_of_name(*this).empty())
+        return platform::result_refused;
     std::string type = get_ext().substr(0, longest_extension);
     type.erase(std::min(type.find('#'), type.size()));
     const std::optional<std::string> command =
@@ -63,7 +67,8 @@ int Smart_file_name::open_with_verb(const char* verb) const {
         result = platform::launcher().execute(command_for(*command, *this), platform::shown_window);
     }
     if (result == 0)
-        result = platform::launcher().execute("explorer \"" + *this + '"', platform::shown_window);
+        result =
+            platform::launcher().execute("explorer " + platform::in_quotes(*this), platform::shown_window);
     return result > highest_start_error ? 0 : result;
 }
 

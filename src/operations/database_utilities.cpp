@@ -1,5 +1,6 @@
 #include "operations/database_utilities.h"
 
+#include "platform/command_line.h"
 #include "platform/process.h"
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
@@ -19,35 +20,46 @@ Database_file_names& database_file_names() {
     return names;
 }
 
-void run_utility(const std::string& program, const std::string& option, const std::string& file, bool wait) {
-    const std::string command = program + " \"" + file + "\" " + option;
+std::string run_utility(const std::string& program, const std::string& option, const std::string& file,
+                        bool wait) {
+    const std::string command = program + ' ' + platform::in_quotes(file) + ' ' + option;
+    std::string refusal = platform::refusal_of_command(command);
+    if (!refusal.empty())
+        return refusal;
     if (wait)
         platform::launcher().create_and_wait(command, platform::normal_window);
     else
         platform::launcher().execute(command, platform::normal_window);
+    return refusal;
 }
 
-void create_crop(Database_directory& database, const std::string& name, const std::string& option) {
+std::string create_crop(Database_directory& database, const std::string& name, const std::string& option) {
+    std::string refusal;
     if (enter(database.get_crop_directory(true))) {
         TESK::Filtered_file_name& crop = database_file_names().CRP_filename;
         crop.set_name(name.c_str());
-        run_utility(suite_directory->get_tilverra_directory().get_crop_editor_exe(), option, crop, false);
+        refusal =
+            run_utility(suite_directory->get_tilverra_directory().get_crop_editor_exe(), option, crop, false);
     }
     database.set_as_current();
+    return refusal;
 }
 
-void import_soils(Database_directory& database) {
+std::string import_soils(Database_directory& database) {
+    std::string refusal;
     const TESK::Smart_directory_name& folder = database.get_soil_directory(true);
     if (enter(folder))
-        run_utility(suite_directory->get_tilverra_directory().get_soil_convertor_exe(), "", folder, true);
+        refusal =
+            run_utility(suite_directory->get_tilverra_directory().get_soil_convertor_exe(), "", folder, true);
     database.set_as_current();
+    return refusal;
 }
 
-void generate_managements(Database_directory& database) {
+std::string generate_managements(Database_directory& database) {
     const TESK::Smart_directory_name& folder = database.get_management_directory(true);
     if (!folder.create())
-        return;
+        return "";
     TESK::File_name generator = program_directory->program_file;
     generator.set_name("management_generator");
-    run_utility(generator, "", folder, false);
+    return run_utility(generator, "", folder, false);
 }

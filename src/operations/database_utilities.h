@@ -24,18 +24,20 @@ struct Database_file_names {
 Database_file_names& database_file_names();
 
 // Starts a program on a file with an option, each of the two perhaps empty. The program stands without quotes
-// in the command. With `wait` it has ended afterwards. A failed start passes in silence.
-void run_utility(const std::string& program, const std::string& option, const std::string& file, bool wait);
+// in the command. With `wait` it has ended afterwards. A failed start passes in silence; where a name cannot
+// be handed to a program nothing is started, and the reason is returned.
+std::string run_utility(const std::string& program, const std::string& option, const std::string& file,
+                        bool wait);
 
 // Each of these starts a utility with the folder of its kind as the current directory or as its file, and
 // leaves the process in the folder of the database. Where the folder cannot be made or entered, nothing is
-// started.
+// started. Returned is what run_utility() returns.
 
 // Has the crop editor make a crop of that name, with a new crop's kind as the option.
-void create_crop(Database_directory& database, const std::string& name, const std::string& option);
+std::string create_crop(Database_directory& database, const std::string& name, const std::string& option);
 
 // Has the soil convertor bring soils into the database, and waits for its end.
-void import_soils(Database_directory& database);
+std::string import_soils(Database_directory& database);
 
 // Has the generator of managements work on those of the database. The current directory stays.
-void generate_managements(Database_directory& database);
+std::string generate_managements(Database_directory& database);

@@ -1,5 +1,6 @@
 #include "operations/parameter_folder.h"
 
+#include "platform/command_line.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 
@@ -25,7 +26,7 @@ std::optional<TESK::Smart_file_name> Parameter_folder::add_copy(const TESK::File
 std::optional<TESK::Smart_file_name> Parameter_folder::make_file(const std::string& typed,
                                                                  const TESK::Filtered_file_name& kind) const {
     const std::string name = TESK::File_name(typed.c_str()).get_name(false);
-    if (name.empty() || !is_ready())
+    if (name.empty() || !platform::refusal_of_name(name).empty() || !is_ready())
         return std::nullopt;
     std::string extension;
     TESK::Smart_file_name made = file(name);

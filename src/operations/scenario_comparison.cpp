@@ -2,15 +2,12 @@
 
 #include "foundation/lists.h"
 #include "operations/scenario_runs.h"
+#include "platform/command_line.h"
 #include "platform/process.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
 
 namespace {
-
-std::string quoted(const std::string& text) {
-    return '"' + text + '"';
-}
 
 // The record that would stand for the comparison. A point in the name begins no extension: it is part of a
 // scenario's name.
@@ -59,8 +56,8 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
         if (!(active.folder.*output).exists() || !(other.folder.*output).exists())
             continue;
         workspace.host.run(suite_directory->get_XEB_directory().get_compare_exe(),
-                           quoted(result.folder.*output), active.folder.*output, other.folder.*output, true,
-                           platform::normal_window);
+                           platform::in_quotes(result.folder.*output), active.folder.*output,
+                           other.folder.*output, true, platform::normal_window);
         if (workspace.host.was_cancelled())
             break;
     }

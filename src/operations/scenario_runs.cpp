@@ -2,6 +2,7 @@
 
 #include "model/model_command.h"
 #include "model/tilverra_scenario.h"
+#include "platform/command_line.h"
 #include "records/vv_file.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
@@ -10,10 +11,6 @@ namespace {
 
 constexpr int maximised = 3;
 constexpr int minimised = 6;
-
-std::string quoted(const std::string& text) {
-    return '"' + text + '"';
-}
 
 } // namespace
 
@@ -36,7 +33,8 @@ std::string outputs_of_scenario(const Project_workspace& workspace, const std::s
     workspace.enter_project_folder();
     if (!folder.has_output())
         return {};
-    return quoted(scenario_file) + ' ' + quoted(folder.output_directory) + ' ' + quoted(folder.CPF);
+    return platform::in_quotes(scenario_file) + ' ' + platform::in_quotes(folder.output_directory) + ' ' +
+           platform::in_quotes(folder.CPF);
 }
 
 bool view_output(Project_workspace& workspace) {

@@ -46,7 +46,49 @@ std::string take_argument(std::string_view& text) {
     return argument;
 }
 
+constexpr const char* refusal =
+    "A name that holds a quotation mark or a control character cannot be handed to a program.";
+
+bool is_handed_over(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), can_be_handed_over);
+}
+
 } // namespace
+
+std::string in_quotes(std::string_view text) {
+    std::string_view name = text.substr(0, text.find_last_not_of('\\') + 1);
+    const bool is_root = name.size() < text.size() && (name.empty() || name.back() == ':');
+    std::string result = "\"";
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] == '"') {
+            const std::size_t text_end = name.find_last_not_of('\\', i == 0 ? 0 : i - 1);
+            const std::size_t begin = i == 0 || text_end == std::string_view::npos ? 0 : text_end + 1;
+            result.append(i - std::min(begin, i) + 1, '\\');
+        }
+        result += name[i];
+    }
+    return result + (is_root ? "\\\\\"" : "\"");
+}
+
+std::string refusal_of_name(std::string_view name) {
+    return is_handed_over(name) ? "" : refusal;
+}
+
+std::string refusal_of_command(std::string_view command_line) {
+    const bool has_control = std::any_of(command_line.begin(), command_line.end(),
+                                         [](char c) { return c != '"' && !can_be_handed_over(c); });
+    if (has_control)
+        return refusal;
+    for (const Command_reading& reading : command_readings(command_line)) {
+        // Behind the closing quote of a program something else than a blank was meant for its name.
+        if (!reading.arguments.empty() && !is_blank(reading.arguments.front()))
+            return refusal;
+        const std::vector<std::string> arguments = split_arguments(reading.arguments);
+        if (!std::all_of(arguments.begin(), arguments.end(), is_handed_over))
+            return refusal;
+    }
+    return "";
+}
 
 std::vector<std::string> split_arguments(std::string_view text) {
     std::vector<std::string> arguments;

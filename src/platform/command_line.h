@@ -1,6 +1,6 @@
-// Taking a command line apart, as the desktop that the suite grew up on does: which part of it is the
-// program, and what the arguments behind it are. Texts are bytes in code page 1252; nothing here looks at a
-// file.
+// Command lines, by the rules of the desktop that the suite grew up on: putting names into quotes, what can
+// be handed to a program at all, and taking a command line apart. Texts are bytes in code page 1252; nothing
+// here looks at a file.
 #pragma once
 
 #include <string>
@@ -8,6 +8,22 @@
 #include <vector>
 
 namespace platform {
+
+// The text in quotes, so that split_arguments() gives it back as one argument. A separator at its end is left
+// out, since in front of the closing quote it would make that a part of the text; that of a drive's root is
+// doubled instead.
+std::string in_quotes(std::string_view text);
+
+// Whether the programs of the suite can be handed a name with the character: no quote and no control
+// character can stand between the quotes of their command lines.
+constexpr bool can_be_handed_over(char c) {
+    return c != '"' && static_cast<unsigned char>(c) >= ' ' && c != '\x7F';
+}
+
+// Why no program can be handed the name, or be started by the command line, as a plain English sentence; ""
+// when there is nothing against it.
+std::string refusal_of_name(std::string_view name);
+std::string refusal_of_command(std::string_view command_line);
 
 // The arguments in the text, by the rules of that desktop's C run-time:
 // - Blanks and tabs separate arguments, outside double quotes. "" is an empty argument.

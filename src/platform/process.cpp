@@ -178,11 +178,14 @@ int result_of_absence(const std::string& program) {
 
 Plan plan_for(const std::string& command_line) {
     const std::vector<Command_reading> readings = command_readings(command_line);
+    const bool is_refused = !refusal_of_command(command_line).empty();
     for (const Command_reading& reading : readings) {
         if (is_called(reading.program, "explorer"))
             return file_manager_plan(reading.arguments);
         if (is_called(reading.program, "notepad"))
             return text_editor_plan(reading.arguments);
+        if (is_refused)
+            return Plan::refused(result_refused);
         if (const auto program = find_program(std::string(reading.program)))
             return program_plan(*program, reading.arguments);
     }

@@ -35,6 +35,7 @@ constexpr int result_too_many_open = 4;
 constexpr int result_access_denied = 5;
 constexpr int result_out_of_memory = 8;
 constexpr int result_bad_format = 11; // not a program, or one that this host cannot run
+constexpr int result_refused = 13;    // a name in the command line cannot be handed over (see command_line.h)
 constexpr int result_no_association = 31;
 constexpr int result_started = 33;
 

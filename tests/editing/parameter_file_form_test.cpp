@@ -143,6 +143,23 @@ TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word
     EXPECT_FALSE(form.run_button.visible());
 }
 
+TEST_F(Parameter_file_form, a_name_that_no_program_can_be_handed_is_neither_started_on_nor_saved_under) {
+    const std::string refusal =
+        "A name that holds a quotation mark or a control character cannot be handed to a program.";
+    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    desktop.expect_message("Unable to start", refusal, Modal_result::ok);
+    EXPECT_FALSE(form.run("p.exe", nullptr, "C:\\a\" \"b.tvn", nullptr, true, show_normal));
+    // Once is enough in a batch.
+    EXPECT_FALSE(form.run("p.exe", nullptr, "C:\\b\".tvn", nullptr, true, show_normal));
+    EXPECT_EQ(launcher.started, "");
+    EXPECT_TRUE(form.programs.command_history_memo.text().ends_with("was not started. " + refusal + "\n"));
+
+    desktop.expect_file_dialog(save_title, {"C:\\work\\a\"b.tvp"});
+    desktop.expect_message("Unable to save", refusal, Modal_result::ok);
+    desktop.expect_file_dialog(save_title, {});
+    EXPECT_EQ(form.save_as(), Save_outcome::aborted);
+}
+
 TEST_F(Parameter_file_form, enter_moves_on_and_presses_no_button_and_a_memo_keeps_it) {
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
     const Key enter{Key_code::enter, "\n", false, false};

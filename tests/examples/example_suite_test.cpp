@@ -265,7 +265,7 @@ TEST_F(Example_suite_test, what_a_stand_in_cannot_do_ends_with_an_honest_code_an
     const Case cases[] = {
         {tilverra("tilverra_5"), 2},
         {tilverra("tilverra_5") + " \"\" \"\"", 1},
-        {tilverra("tilverra_5") + " x \"C:\\\"", 1},
+        {tilverra("tilverra_5") + " x \"C:\\\\\"", 1},
         {tilverra("tilverra_5") + " x Q:\\a.tvn", 1},
         {tilverra("tilverra_5") + " x Z:\\dev\\zero", 1},
         {tilverra("tilverra_5") + " x \"<none>\"", 1},
@@ -290,8 +290,8 @@ TEST_F(Example_suite_test, what_a_stand_in_cannot_do_ends_with_an_honest_code_an
 
 TEST_F(Example_suite_test, the_log_goes_where_the_environment_says) {
     const Environment_guard variable("TVS_STAND_IN_LOG", folder.path("log"));
-    EXPECT_EQ(run(std::string("\"") + suite_folder + "\\TVS_suite.exe\" \"two\nlines\""), 0);
-    EXPECT_EQ(folder.read("log"), std::string("\"") + suite_folder + "\\TVS_suite.exe\" \"two lines\"\n");
+    EXPECT_EQ(run(std::string("\"") + suite_folder + "\\TVS_suite.exe\" \"two words\""), 0);
+    EXPECT_EQ(folder.read("log"), std::string("\"") + suite_folder + "\\TVS_suite.exe\" \"two words\"\n");
     EXPECT_EQ(log(), "");
 }
 

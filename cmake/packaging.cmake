@@ -9,6 +9,7 @@ set(adjunct_folder ${program_folder}/project_editor)
 install(TARGETS project_editor RUNTIME DESTINATION ${program_folder})
 install(PROGRAMS data/project_editor.sh DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME project_editor)
 install(DIRECTORY examples/translations/ DESTINATION ${adjunct_folder})
+install(DIRECTORY examples/suite/drive_c/Simulation/ DESTINATION ${adjunct_folder}/example)
 
 install(FILES data/project_editor.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES data/project_editor.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)

@@ -9,6 +9,7 @@
 #include "model/project_editor_parameters.h"
 #include "model/simulation_paths.h"
 #include "names/typed_filenames.h"
+#include "operations/example_project.h"
 #include "platform/host_names.h"
 #include "platform/process.h"
 #include "trees/program_directory.h"
@@ -23,6 +24,7 @@ namespace {
 constexpr int exit_done = 0;
 constexpr int exit_no_file = 1;
 constexpr const char* suite_name = "TVS_suite";
+constexpr const char* example_folder = "\\example";
 
 // The version of the master simulation record.
 constexpr std::uint8_t master_major = 4;
@@ -76,6 +78,14 @@ struct Forms {
     Tdatabase_editor_form database_editor_form;
     Trecent_file_selector_form recent_file_selector_form;
 };
+
+// The file of the example, once it lies where a user can work in it; "" when that could not be.
+std::string put_in_place(const Example_project& example) {
+    const platform::Write_result result = example.put_in_place();
+    if (!result.ok())
+        show_message("The example could not be put in place:\n" + result.reason);
+    return result.ok() ? example.file() : "";
+}
 
 // The lists of all forms read folders through the one source, as long as the scope lives.
 class Folder_source_scope {
@@ -139,6 +149,10 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     editor.user_settings_file = &application_data_directory;
     if (phrases.head() != nullptr)
         editor.phrases = &phrases;
+    const Example_project example(TESK::Directory_name((*program_directory + example_folder).c_str()),
+                                  *simulation_paths);
+    if (example.is_available())
+        forms.recent_file_selector_form.make_example = [&example] { return put_in_place(example); };
     if (!forms.parameter_file_form.bind_to(editor))
         return exit_no_file;
     forms.parameter_file_form.set_explorer_program(suite_directory->get_explorer_exe());

@@ -67,6 +67,7 @@ bool Edited_file::choose(Trecent_file_selector_form* selector, const std::string
         if (selector->show_modal() != Modal_result::ok)
             return false;
         is_given_ = take_choice();
+        is_wanted_at_once_ = selector->makes_new_file();
     }
     if (!is_given_ && mode != Directory_mode::file_folder && !require_name())
         return false;

@@ -30,6 +30,8 @@ public:
     // question where the record needs a name at once. False when they refused.
     bool choose(Trecent_file_selector_form* selector, const std::string& help_folder,
                 const std::string& other_masks);
+    // Whether the user asked for a new file, to work in it from now on.
+    bool is_wanted_at_once() const { return is_wanted_at_once_ && is_new_file_; }
     void set_name(const std::string& file_name);
     // "" while there is none.
     std::string name() const;
@@ -97,6 +99,7 @@ private:
     std::unique_ptr<TESK::Filtered_file_name> own_name_;
     bool is_given_ = false;
     bool is_new_file_ = false;
+    bool is_wanted_at_once_ = false;
     bool could_not_read_ = false;   // the file is there, and its contents are not in the record
     std::string agreed_to_replace_; // the name that the user lets the next save replace
     bool is_outdated_ = false;

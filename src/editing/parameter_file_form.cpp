@@ -116,6 +116,10 @@ bool Tparameter_file_form::bind_to(const Editor& editor) {
     documentation.update_documentation_buttons();
     file.take_for_saved();
     update_title();
+    if (file.is_wanted_at_once() && save() == Save_outcome::saved) {
+        file.folder(true);
+        update_folder_controls();
+    }
     if (!backup.ok())
         notice(worded("This file could not be backed up: %1", worded(backup.reason)));
     return true;

@@ -56,68 +56,6 @@ TEST_F(Parameter_file_form, closing_by_cancel_or_the_frame_saves_nothing_and_thr
     EXPECT_TRUE(has_line("work/study.tvp", "description=changed"));
 }
 
-TEST_F(Parameter_file_form, without_a_file_the_selector_asks_and_its_cancel_ends_the_start) {
-    platform::shell().add_to_recent_documents("C:\\work\\study.tvp");
-    drives.write("work/gone.tvp", "");
-    platform::shell().add_to_recent_documents("C:\\work\\gone.tvp");
-    drives.write("work/marked/.TVS_project", "");
-    platform::shell().add_to_recent_documents("C:\\work\\marked\\.TVS_project");
-    platform::shell().add_to_recent_documents("C:\\Suite\\Tilverra\\project_editor.exe");
-    std::filesystem::remove(drives.host("work/gone.tvp"));
-
-    const auto frame = [](TForm& shown) { shown.close(); };
-    desktop.expect_modal("recent_file_selector_form", frame);
-    EXPECT_FALSE(bind("C:\\noname.tvp", false));
-    const auto escape = [](TForm& shown) { shown.offer_key(Key{Key_code::escape, "", false, false}); };
-    desktop.expect_modal("recent_file_selector_form", escape);
-    EXPECT_FALSE(bind("C:\\noname.tvp", false));
-    EXPECT_FALSE(selector.cancel_button.visible());
-    EXPECT_TRUE(selector.required_label.visible());
-
-    desktop.expect_modal("recent_file_selector_form", [&](TForm& shown) {
-        std::string lines;
-        for (int i = 0; i < selector.recent_shelllistview.count(); ++i)
-            lines += selector.recent_shelllistview.line(i).text + ";";
-        EXPECT_EQ(lines, "marked.TVS_project;gone.tvp;study.tvp;");
-        EXPECT_TRUE(selector.recent_shelllistview.double_click(1)); // its file is gone
-        EXPECT_TRUE(shown.visible());
-        EXPECT_EQ(name, "C:\\noname.tvp");
-        EXPECT_TRUE(selector.recent_shelllistview.double_click(2));
-    });
-    ASSERT_TRUE(bind("C:\\noname.tvp", false));
-    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
-}
-
-TEST_F(Parameter_file_form, a_start_without_a_choice_asks_for_a_name_until_there_is_one) {
-    const std::string text =
-        "Tilverra project file type has an associated directory.\nIn order for this editor "
-        "to work correctly you must give a file name now.";
-    const auto press_ok = [this](TForm&) { selector.ok_button.click(); };
-    desktop.expect_modal("recent_file_selector_form", press_ok);
-    desktop.expect_message("File name required now", text, Modal_result::cancel);
-    EXPECT_FALSE(bind("C:\\noname.tvp", false));
-    desktop.expect_modal("recent_file_selector_form", press_ok);
-    desktop.expect_message("File name required now", text, Modal_result::ok);
-    desktop.expect_file_dialog(save_title, {});
-    desktop.expect_message("File name required now", text, Modal_result::ok);
-    desktop.expect_file_dialog(save_title, {"C:\\work\\named.tvp"});
-    ASSERT_TRUE(bind("C:\\noname.tvp", false));
-    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\named.tvp");
-    EXPECT_TRUE(form.file.is_new_file());
-}
-
-TEST_F(Parameter_file_form, a_name_typed_in_the_selector_is_a_new_file_of_the_type) {
-    desktop.expect_modal("recent_file_selector_form", [this](TForm&) {
-        TEdit& edit = selector.selected_fileeditbar.filename_edit;
-        edit.focus();
-        edit.select_all();
-        edit.type_text("C:\\work\\fresh");
-        edit.key(Key{Key_code::enter, "", false, false});
-    });
-    ASSERT_TRUE(bind("C:\\noname.tvp", false));
-    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\fresh.tvp");
-}
-
 TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word) {
     ASSERT_TRUE(bind("C:\\work\\study.tvp"));
     describe("before the run");

@@ -24,16 +24,18 @@ void Comparison_page::bind() {
             &programs->get_output_manager_advanced_exe(), "Edit");
 }
 
-// The folders are copied: the bar looks at them longer than a directory object lives.
+// The folders are copied: the bar looks at them longer than a directory object lives. A project
+// that was never saved has no level of its own.
 void Comparison_page::Update() {
     if (workspace().master_database)
         master_output_ = std::string(workspace().master_database->get_output_directory(false));
-    if (workspace().project_directory)
+    const bool has_folder = workspace().project_directory != nullptr;
+    if (has_folder)
         project_output_ = std::string(
             workspace().project_directory->get_database_directory(false).get_output_directory(false));
     comparison_output_generation_filebar.bind_to(
         &record().output_options_file, "Output report generation options", nullptr, nullptr, nullptr, nullptr,
-        &project_output_, &master_output_, TESK::Directory_name(""));
+        has_folder ? &project_output_ : nullptr, &master_output_, TESK::Directory_name(""));
 }
 
 void Comparison_page::list_again() {

@@ -76,6 +76,8 @@ void Scenario_analysis_page::button_compare_project_scenariosClick() {
         form.scenarios.sim_run_progressbar.step();
         goes_on = paint_pending();
     }
+    form.scenarios.sim_run_progressbar.set_visible(false);
+    form.scenarios.show_active_scenario();
     if (compared > 0)
         form.comparisons.list_again();
     if (compared == 0 && goes_on && !form.was_cancelled())
@@ -83,7 +85,6 @@ void Scenario_analysis_page::button_compare_project_scenariosClick() {
                     "No scenarios selected to compare", Button_set::ok_cancel);
     else if (compared > 0)
         form.project_pagecontrol.set_active_page(form.comparisons.tabsheet_scenario_comparison);
-    form.scenarios.sim_run_progressbar.set_visible(false);
 }
 
 void Scenario_analysis_page::button_compare_other_scenarioClick() {

@@ -90,9 +90,7 @@ void Scenario_edit_page::scenario_create_button_onclick() {
     if (!outcome.refused.empty())
         return;
     show_failures(outcome, "Scenario not copied");
-    form.scenarios.lists.created_scenarios_filelistbox.add_line(
-        screen_text(record().active_scenario.get_name(true)));
-    form.scenarios.active_scenario_editbar.Update();
+    form.scenarios.lists.add_created_line(record().active_scenario.get_name(true));
     form.scenarios.list_changed();
     scenario_open_active_button_onclick();
     edit_new_scenario_name.set_text("");
@@ -109,8 +107,7 @@ void Scenario_edit_page::scenario_open_other_onclick() {
     if (!has_project() || !form.TVN_filedialog.execute())
         return;
     record().active_scenario = record_text(form.TVN_filedialog.file_name);
-    form.scenarios.update_active_scenario();
-    form.scenarios.run.show_hide_run_button();
+    form.scenarios.show_active_scenario();
     scenario_open_active_button_onclick();
 }
 

@@ -1,6 +1,19 @@
 #include "app/scenario_lists.h"
 
 #include "app/tilverra_project_form.h"
+#include "foundation/code_page_1252.h"
+
+namespace {
+
+// The line of a file's name, whose case does not count; -1 for none.
+int line_of(const TListBox& list, const std::string& file_name) {
+    for (int i = 0; i < list.count(); ++i)
+        if (TESK::compare_ignoring_case(record_text(list.line(i).text), file_name) == 0)
+            return i;
+    return -1;
+}
+
+} // namespace
 
 Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& panel)
     : Project_page(project_form),
@@ -36,7 +49,7 @@ Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& pan
 void Scenario_lists::wire() {
     for (TFileCheckListBox* list : {&created_scenarios_filelistbox, &generated_scenarios_filelistbox}) {
         list->on_change = [this] { created_scenarios_listbox_onchange(); };
-        list->on_check = [this](int) { form.scenarios.checks_changed(); };
+        list->on_check = [this](int) { form.scenarios.run.show_hide_run_button(); };
         list->on_double_click = [this] { form.scenarios.edit.scenario_open_active_button_onclick(); };
         list->on_key = [this](const Key& key) {
             if (key.code != Key_code::del)
@@ -108,16 +121,50 @@ void Scenario_lists::created_scenarios_listbox_onchange() {
         active.set_path(workspace().project_directory->get_scenarios_directory(true));
     }
     form.scenarios.update_active_scenario();
-    form.scenarios.run.show_hide_run_button();
+    // The line that was chosen keeps the cursor, even one of the generated list.
+    point_at_active(&current() == &created_scenarios_filelistbox ? generated_scenarios_filelistbox
+                                                                 : created_scenarios_filelistbox);
+}
+
+void Scenario_lists::point_at_active() {
+    point_at_active(created_scenarios_filelistbox);
+    point_at_active(generated_scenarios_filelistbox);
+}
+
+void Scenario_lists::point_at_active(TFileCheckListBox& list) {
+    TVN_filename active = record().active_scenario;
+    int index = -1;
+    if (!active.empty() && !active.starts_with('<')) {
+        workspace().enter_project_folder();
+        active.qualify();
+        TESK::Directory_name folder("");
+        active.get_path(folder, true);
+        if (TESK::compare_ignoring_case(folder, record_text(list.folder())) == 0)
+            index = line_of(list, active.get_name(true));
+    }
+    list.set_item_index(index);
+    list.show_line(index);
+}
+
+// In the order in which a folder is listed. A name that is there already is listed once more, until the
+// folder is read again.
+void Scenario_lists::add_created_line(const std::string& file_name) {
+    TFileCheckListBox& list = created_scenarios_filelistbox;
+    int index = 0;
+    while (index < list.count() &&
+           TESK::compare_ignoring_case(record_text(list.line(index).text), file_name) <= 0)
+        ++index;
+    list.insert_line(index, screen_text(file_name));
 }
 
 void Scenario_lists::senerios_select_all_button_onclick() {
     current().set_all_checked(true);
-    form.scenarios.checks_changed();
+    form.scenarios.run.show_hide_run_button();
 }
 
 void Scenario_lists::scenerios_select_none_button_onclick() {
     current().set_all_checked(false);
+    form.scenarios.run.show_hide_run_button();
 }
 
 void Scenario_lists::relist_scenarios_button_onclick() {

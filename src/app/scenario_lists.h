@@ -19,6 +19,10 @@ public:
     // The list that operations work on: the one in front.
     TFileCheckListBox& current() { return *current_scenarios_listbox; }
     Scenario_folder current_folder() const;
+    // Puts the cursor of each list on the line of the active scenario; on none where it has no such line.
+    void point_at_active();
+    // Lists a new file of the created ones, in its place.
+    void add_created_line(const std::string& file_name);
     // The file of a line of that list; needs a project directory.
     std::string scenario_of_line(int index);
 
@@ -44,4 +48,5 @@ public:
 
 private:
     void wire();
+    void point_at_active(TFileCheckListBox& list);
 };

@@ -43,9 +43,11 @@ void Scenario_run_page::bind() {
 void Scenario_run_page::show_hide_run_button() {
     if (!has_project())
         return;
-    const bool exists = workspace().active_scenario_exists();
-    senerios_run_button.set_visible(exists);
-    senerios_run_button.set_enabled(exists);
+    TFileCheckListBox& list = form.scenarios.lists.current();
+    workspace().enter_project_folder();
+    const bool can_run = list.checked_count() > 0 || workspace().active_scenario_exists();
+    senerios_run_button.set_visible(can_run || list.count() > 0);
+    senerios_run_button.set_enabled(can_run);
 }
 
 void Scenario_run_page::run_active() {
@@ -90,6 +92,7 @@ void Scenario_run_page::senerios_run_button_onclick() {
     if (workspace().need_project_directory() && run_checked(batch, checked) && checked == 0)
         run_active();
     form.scenarios.sim_run_progressbar.set_visible(false);
+    form.scenarios.show_active_scenario();
     if (batch && current_desktop != nullptr)
         current_desktop->restore();
 }

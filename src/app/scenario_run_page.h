@@ -19,6 +19,8 @@ public:
     void senerios_run_button_onclick();
     void view_output_button_onclick();
     void run_statistical_analysis_checkbox_onclick();
+    // There is something to run when a line is checked or the active scenario exists. The button is on view
+    // as long as there are lines, too.
     void show_hide_run_button();
 
     // Runs the active scenario, as the record names it, without waiting.

@@ -8,6 +8,8 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
     : Project_page(project_form), scenarios_tabsheet(form.project_pagecontrol.add<TTabSheet>(
                                       "scenarios_tabsheet", "Simulation scenarios")),
       active_scenario_editbar(scenarios_tabsheet.add<TAutoFileEditBar>("active_scenario_editbar")),
+      active_scenario_outside_note(add_note(scenarios_tabsheet, "active_scenario_outside_note",
+                                            "This scenario lies outside the folder of this project.")),
       left_(
           fill(fill(scenarios_tabsheet.add<TPanel>("panel_halves", Layout::row)).add<TPanel>("panel_left"))),
       right_(left_.parent()->add<TPanel>("panel_right")), lists(form, left_),
@@ -15,6 +17,7 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
       edit(form, edit_run_pagecontrol), run(form, edit_run_pagecontrol, scenarios_tabsheet),
       reset(form, edit_run_pagecontrol), analysis(form, edit_run_pagecontrol),
       sim_run_progressbar(scenarios_tabsheet.add<TProgressBar>("sim_run_progressbar")) {
+    active_scenario_outside_note.set_visible(false);
     sim_run_progressbar.set_visible(false);
     edit_run_pagecontrol.on_change = [this] {
         run.report_format_filebar.set_visible(edit_run_pagecontrol.active_page() ==
@@ -24,8 +27,8 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
     active_scenario_editbar.OnChange = active_scenario_editbar.on_enter;
     active_scenario_editbar.on_exit = [this] {
         active_scenario_editbar_set_to_scenarios_dir();
-        active_scenario_editbar.Update();
-        run.show_hide_run_button();
+        if (has_project())
+            show_active_scenario();
     };
     active_scenario_editbar.on_after_change = active_scenario_editbar.on_exit;
 }
@@ -54,30 +57,27 @@ void Scenarios_page::active_scenario_editbar_set_to_scenarios_dir() {
 void Scenarios_page::update_active_scenario() {
     workspace().enter_project_folder();
     active_scenario_editbar.Update();
+    active_scenario_outside_note.set_visible(workspace().active_scenario_is_outside());
+    run.show_hide_run_button();
 }
 
-void Scenarios_page::show_hide_scenario_buttons() {
-    const bool has_lines = lists.current().count() > 0;
-    for (TButton* button :
-         {&lists.scenerios_select_all_button, &lists.scenerios_select_none_button, &run.senerios_run_button,
-          &edit.scenario_open_active_button, &edit.scenario_open_other})
-        button->set_visible(has_lines);
+void Scenarios_page::show_active_scenario() {
+    update_active_scenario();
+    lists.point_at_active();
 }
 
 void Scenarios_page::list_changed() {
     show_hide_scenario_buttons();
-    if (lists.current().count() == 0)
-        run.show_hide_run_button();
-    else if (has_project())
-        run.senerios_run_button.set_enabled(workspace().active_scenario_exists() ||
-                                            lists.current().checked_count() > 0);
+    if (has_project())
+        show_active_scenario();
 }
 
-void Scenarios_page::checks_changed() {
-    if (lists.current().checked_count() == 0)
-        return;
-    show_hide_scenario_buttons();
-    run.senerios_run_button.set_enabled(true);
+void Scenarios_page::show_hide_scenario_buttons() {
+    const bool has_lines = lists.current().count() > 0;
+    for (TButton* button : {&lists.scenerios_select_all_button, &lists.scenerios_select_none_button,
+                            &edit.scenario_open_active_button, &edit.scenario_open_other})
+        button->set_visible(has_lines);
+    run.show_hide_run_button();
 }
 
 void Scenarios_page::begin_progress() {

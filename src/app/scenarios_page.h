@@ -16,13 +16,13 @@ public:
     void Update();
 
     void active_scenario_editbar_set_to_scenarios_dir();
-    // Shows the active scenario that an operation has set.
+    // Shows which scenario is the active one, and whether it is there. To be called when the record has
+    // another one, and when files have come or gone.
     void update_active_scenario();
-
-    // The lines of the list in front came or went. An active scenario can be run although there are none.
+    // The same, and the cursors of the lists go to its line.
+    void show_active_scenario();
+    // The lines of the list in front came or went.
     void list_changed();
-    // Check marks were set. Checked lines can be run whatever the active scenario is.
-    void checks_changed();
     void show_hide_scenario_buttons();
 
     // The bar that shows how far an operation on the lines of the list in front has come.
@@ -30,6 +30,7 @@ public:
 
     TTabSheet& scenarios_tabsheet;
     TAutoFileEditBar& active_scenario_editbar;
+    TLabel& active_scenario_outside_note;
 
 private:
     TPanel& left_;

@@ -3,6 +3,8 @@
 #include "model/simulation_paths.h"
 #include "trees/suite_directory.h"
 
+#include <utility>
+
 TTilverra_project_form::TTilverra_project_form()
     : TForm("Tilverra_project_form"), project_pagecontrol(add<TPageControl>("project_pagecontrol")),
       scenarios(*this), options(*this), optimization(*this), GIS(*this), map(*this), tallies(*this),
@@ -30,8 +32,10 @@ bool TTilverra_project_form::save() {
 bool TTilverra_project_form::run(const std::string& program, const std::string& options_text,
                                  const std::string& file, const std::string& extra, bool wait,
                                  int show_state) {
-    const bool started = parameter_form->run(program.c_str(), options_text.c_str(), file.c_str(),
-                                             extra.c_str(), wait, show_state);
+    // The save that goes before may change the record that the names were taken from.
+    const std::string texts[] = {program, options_text, file, extra};
+    const bool started = parameter_form->run(texts[0].c_str(), texts[1].c_str(), texts[2].c_str(),
+                                             texts[3].c_str(), wait, show_state);
     last_save_ = parameter_form->get_last_save();
     return started;
 }
@@ -49,6 +53,7 @@ void TTilverra_project_form::explore(const std::string& folder) {
 void TTilverra_project_form::bind(Tilverra_project_editor_parameters& record,
                                   Tilverra_project_type requested_type, Tparameter_file_form& host_form) {
     parameter_form = &host_form;
+    shown_as_template_.reset();
     workspace_ = std::make_unique<Project_workspace>(record, *this, requested_type);
     if (simulation_paths != nullptr)
         workspace_->master_database = std::make_unique<Database_directory>(*simulation_paths);
@@ -62,10 +67,13 @@ void TTilverra_project_form::bind(Tilverra_project_editor_parameters& record,
 
 // ---- bringing the form up to date
 
-void TTilverra_project_form::show_template_page() {
+// The page in front stays, unless another kind of project has been loaded or has come of a save.
+void TTilverra_project_form::show_template() {
     const bool is_template = workspace_ && workspace_->is_template_project();
     options.show_template(is_template);
     scenarios.scenarios_tabsheet.set_visible(!is_template);
+    if (std::exchange(shown_as_template_, is_template) == is_template)
+        return;
     project_pagecontrol.set_active_page(is_template ? options.options_tabsheet
                                                     : scenarios.scenarios_tabsheet);
     if (is_template)
@@ -73,7 +81,7 @@ void TTilverra_project_form::show_template_page() {
 }
 
 void TTilverra_project_form::Update() {
-    show_template_page();
+    show_template();
     if (!workspace_)
         return;
     in_update = true;

@@ -16,6 +16,7 @@
 #include "toolkit/form.h"
 
 #include <memory>
+#include <optional>
 
 class TTilverra_project_form : public TForm, public Program_host {
 public:
@@ -60,11 +61,12 @@ public:
     Comparison_page comparisons;
 
 private:
-    void show_template_page();
+    void show_template();
     void show_hide_pages();
 
     Tparameter_file_form* parameter_form = nullptr;
     std::unique_ptr<Project_workspace> workspace_;
+    std::optional<bool> shown_as_template_; // nothing before the first Update of what is bound
     bool in_update = false;
     bool in_show_hide = false;
     Save_outcome last_save_ = Save_outcome::saved;

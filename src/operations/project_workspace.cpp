@@ -1,5 +1,6 @@
 #include "operations/project_workspace.h"
 
+#include "foundation/code_page_1252.h"
 #include "platform/files.h"
 #include "tables/dbase_data_source.h"
 #include "trees/suite_directory.h"
@@ -49,6 +50,18 @@ bool Project_workspace::coverage_exists() const {
 
 bool Project_workspace::active_scenario_exists() const {
     return platform::is_file(project_parameters.active_scenario);
+}
+
+bool Project_workspace::active_scenario_is_outside() const {
+    TVN_filename scenario = project_parameters.active_scenario;
+    if (!project_directory || scenario.empty() || scenario.starts_with('<'))
+        return false;
+    enter_project_folder();
+    scenario.qualify();
+    std::string folder = *project_directory;
+    if (!folder.ends_with('\\'))
+        folder += '\\';
+    return TESK::compare_ignoring_case(scenario.substr(0, folder.size()), folder) != 0;
 }
 
 Project_workspace::Run_choice Project_workspace::choose_run(bool on_optimization_page) const {

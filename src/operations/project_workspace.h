@@ -38,6 +38,9 @@ public:
     bool is_GIS() const { return requested_project_type == Tilverra_project_type::gis; }
     bool coverage_exists() const;
     bool active_scenario_exists() const;
+    // Whether an active scenario is chosen that lies neither in the project's folder nor below it. False
+    // without a project directory.
+    bool active_scenario_is_outside() const;
 
     // The program that the form's run button starts on a page, and its caption; both empty for none.
     struct Run_choice {

@@ -1,5 +1,7 @@
 #include "project_support.h"
 
+#include <functional>
+
 namespace {
 
 class Workspace : public Project_test {};
@@ -136,14 +138,21 @@ TEST_F(Workspace, the_tally_lists_bind_the_words_of_the_line_chosen) {
     EXPECT_EQ(lists.variables.line(7).text, "<This variable is not talliable>");
 }
 
-TEST_F(Workspace, saving_under_another_name_moves_the_lists_to_the_new_project) {
+TEST_F(Workspace, saving_under_another_name_moves_lists_and_active_scenario_and_leaves_the_page_in_front) {
     open();
     EXPECT_EQ(created().folder(), "C:\\projects\\study\\Scenarios");
+    created().bring_to_front();
+    EXPECT_TRUE(created().select(1));
+    TTabSheet& page = form.comparisons.tabsheet_scenario_comparison;
+    form.project_pagecontrol.set_active_page(page);
     desktop.expect_file_dialog("Save Tilverra project as", {"C:\\projects\\second.tvp"});
     EXPECT_TRUE(parameter_form.save_as_button.click());
     EXPECT_EQ(created().folder(), "C:\\projects\\second\\Scenarios");
-    EXPECT_EQ(created().count(), 3);
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+    EXPECT_EQ(created().item_index(), 1);
+    EXPECT_EQ(record->active_scenario, "C:\\projects\\second\\Scenarios\\dry.tvn");
     EXPECT_EQ(platform::current_directory(), "C:\\projects\\second");
+    EXPECT_EQ(form.project_pagecontrol.active_page(), &page);
 }
 
 class Catalogue : public Project_test {};
@@ -169,7 +178,7 @@ TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
     EXPECT_TRUE(new_name.type_text("dry"));
     EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
     EXPECT_EQ(drives.read("projects/study/Scenarios/dry.tvn"), "mine");
-    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;dry.tvn;");
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;");
     // Without the copy box there is no file before the scenario editor saves one.
     EXPECT_TRUE(form.scenarios.edit.checkbox_copy_active_scenario.check(false));
     EXPECT_TRUE(new_name.type_text("later"));
@@ -287,6 +296,72 @@ TEST_F(Catalogue, exploring_shows_the_folder_of_the_page_in_front) {
     EXPECT_NE(started().find("\"C:\\projects\\study\\Database\""), std::string::npos);
 }
 
+// The line under the cursor is that of the active scenario, whatever has been done; where that is not in the
+// list, no line is highlighted.
+TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
+    drives.write("projects/study/Generated_scenarios/00001.tvn", "");
+    copy_data("base.tvn", "elsewhere/wet.tvn");
+    desktop.closing = false;
+    open();
+    const auto activate = [this](const char* file) {
+        record->active_scenario = file;
+        form.Update();
+    };
+    const auto under_cursor = [this] { return created().item_text(); };
+    TLabel& outside = form.scenarios.active_scenario_outside_note;
+    activate("Scenarios\\DRY.tvn"); // at the start; case does not count
+    EXPECT_EQ(under_cursor(), "dry.tvn");
+    EXPECT_FALSE(outside.visible());
+    activate("Scenarios\\dry.tvn");
+
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    desktop.expect_message("Sequential batch run",
+                           "Multiple scenarios were selected, these will need to be run sequentially. the "
+                           "project editor will be suspended during the runs. Continue?",
+                           Modal_result::ok);
+    form.scenarios.run.senerios_run_button_onclick();
+    EXPECT_EQ(under_cursor(), "dry.tvn");
+    drives.write("projects/study/Scenarios/dry/Output/season.xeb");
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    desktop.expect_message("No scenarios selected to compare",
+                           "To compare scenarios, you must select scenarios to compare (click check boxes)");
+    form.scenarios.analysis.button_compare_project_scenariosClick();
+    EXPECT_EQ(under_cursor(), "dry.tvn");
+
+    form.scenarios.edit.edit_new_scenario_name.set_text("cold");
+    form.scenarios.edit.scenario_create_button_onclick();
+    EXPECT_EQ(lines(created()), "base.tvn;cold.tvn;dry.tvn;wet.tvn;");
+    EXPECT_EQ(under_cursor(), "cold.tvn");
+
+    TAutoFileEditBar& bar = form.scenarios.active_scenario_editbar;
+    bar.bring_to_front();
+    const auto light = [&bar] { return bar.panel_caption.colour(); };
+    desktop.expect_file_dialog("", {"C:\\projects\\study\\Scenarios\\base.tvn"});
+    EXPECT_TRUE(press(bar.filename_button));
+    EXPECT_EQ(under_cursor(), "base.tvn");
+    const auto there_light = light();
+    desktop.expect_file_dialog("", {"C:\\elsewhere\\wet.tvn"});
+    EXPECT_TRUE(press(bar.filename_button));
+    EXPECT_EQ(under_cursor(), "");
+    EXPECT_TRUE(outside.visible());
+    EXPECT_EQ(light(), there_light);
+
+    // A file that is gone is not green, and no line of the list is it.
+    activate("Scenarios\\base.tvn");
+    std::filesystem::remove(drives.host("projects/study/Scenarios/base.tvn"));
+    EXPECT_TRUE(press(form.scenarios.lists.relist_scenarios_button));
+    EXPECT_EQ(under_cursor(), "");
+    EXPECT_NE(light(), there_light);
+
+    // A line of the generated list keeps the cursor that was put on it.
+    TFileCheckListBox& generated = form.scenarios.lists.generated_scenarios_filelistbox;
+    generated.bring_to_front();
+    EXPECT_TRUE(generated.select(0));
+    EXPECT_EQ(generated.item_index(), 0);
+    EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
+    EXPECT_EQ(under_cursor(), "");
+}
+
 class Runs : public Project_test {
 protected:
     static constexpr const char* model = "\"C:\\Suite\\Tilverra\\tilverra_5.exe\" ";
@@ -376,6 +451,23 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), run_of("base.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
+}
+
+TEST_F(Runs, there_is_something_to_run_when_a_line_is_checked_or_the_active_scenario_is_there) {
+    open_with_base();
+    TButton& run = form.scenarios.run.senerios_run_button;
+    created().check(2);
+    for (const char* active : {"Scenarios\\gone.tvn", "Scenarios\\base.tvn", "<Currently not selected>"}) {
+        record->active_scenario = active;
+        for (const auto& event : std::initializer_list<std::function<void()>>{
+                 [this] { form.show_hide(); }, [this] { form.Update(); },
+                 [this] { form.scenarios.active_scenario_editbar.on_after_change(); }}) {
+            event();
+            EXPECT_TRUE(run.visible() && run.enabled()) << active;
+        }
+    }
+    form.scenarios.lists.scenerios_select_none_button_onclick();
+    EXPECT_FALSE(run.enabled());
 }
 
 TEST_F(Runs, output_is_shown_by_the_format_of_the_scenario_once_there_is_some) {

@@ -1,6 +1,7 @@
 #include "app/database_editor_form.h"
 
 #include "operations/database_utilities.h"
+#include "operations/parameter_folder.h"
 #include "operations/statsgo_installation.h"
 #include "toolkit/desktop.h"
 #include "trees/program_directory.h"
@@ -202,7 +203,7 @@ void Tdatabase_editor_form::create_crop(const char* option) {
     if (database == nullptr || file_manager() == nullptr)
         return;
     const std::string name = record_text(file_manager()->create_filename_edit.text());
-    if (name.empty())
+    if (new_parameter_file_name(name, database_file_names().CRP_filename).empty())
         show_message("To create a new file, enter first the new file name above");
     else
         tell(::create_crop(*database, name, option));

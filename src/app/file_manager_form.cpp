@@ -1,5 +1,6 @@
 #include "app/file_manager_form.h"
 
+#include "app/new_name_form.h"
 #include "editing/program_starter.h"
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
@@ -52,6 +53,7 @@ TFile_manager_form::TFile_manager_form(const TESK::Filtered_file_name& kind)
     file_select_dialog.title = copy_button.text();
     file_select_dialog.must_exist = true;
     file_select_dialog.filter = screen_text(kind.get_dialog_filter(filter));
+    create_filename_edit.input_filter = file_name_characters;
     parameter_StShellListView.on_double_click = [this] { edit_files(); };
     refresh_button.on_click = [this] { Update(); };
     explore_category_button.on_click = [this] {

@@ -119,6 +119,8 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
           add_table_list(GIS_output_tabsheet, "GIS_tally_shellistview", "Tables of the runs")),
       GIS_aggregation_shellistview(
           add_table_list(GIS_output_tabsheet, "GIS_aggregation_shellistview", "Aggregated tables")),
+      explore_GIS_button(add_button(GIS_tabsheet, "explore_GIS_button", "Explore",
+                                    "Show the folder of the page in front in the suite's explorer.")),
       PAT_attributes(std::make_unique<TESK::Text_list>()) {
     Place wide = MUID_found_note.place();
     wide.span = 2;
@@ -134,6 +136,7 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
 }
 
 void GIS_page::wire() {
+    explore_GIS_button.on_click = [this] { form.scenarios.lists.explore_scenarios_buttonClick(); };
     // A run leaves its tables while the project is open.
     GIS_output_tabsheet.on_show = [this] {
         GIS_tally_shellistview.Update();

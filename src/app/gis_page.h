@@ -87,6 +87,8 @@ public:
     TShellListView& GIS_tally_shellistview;
     TShellListView& GIS_aggregation_shellistview;
 
+    TButton& explore_GIS_button; // below all the pages
+
 private:
     void wire();
     void reload_PAT_attributes();

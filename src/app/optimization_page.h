@@ -50,5 +50,6 @@ public:
     TLabel& opt_template_note;
     TAutoInt16Edit& carbon_seq_scenario_count_output;
     TButton& opt_C_seq_view_results;
+    TButton& explore_optimization_button;
     TButton& optimization_run_button; // without a use: the optimizer is started by the form's run button
 };

@@ -1,13 +1,12 @@
 #include "app/scenario_edit_page.h"
 
+#include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_catalogue.h"
-#include "platform/command_line.h"
 #include "platform/process.h"
 #include "toolkit/desktop.h"
 #include "trees/suite_directory.h"
 
-#include <cstring>
 #include <vector>
 
 namespace {
@@ -62,7 +61,7 @@ Scenario_edit_page::Scenario_edit_page(TTilverra_project_form& project_form, TPa
 void Scenario_edit_page::wire() {
     scenario_edit_tabsheet.on_enter = [this] { form.scenarios.run.report_format_filebar.set_visible(false); };
     scenario_create_button.on_click = [this] { scenario_create_button_onclick(); };
-    edit_new_scenario_name.input_filter = scenario_name_characters;
+    edit_new_scenario_name.input_filter = file_name_characters;
     edit_new_scenario_name.on_key = [this](const Key& key) {
         if (key.code != Key_code::enter)
             return false;
@@ -177,12 +176,4 @@ void Scenario_edit_page::open_project_database() {
 void Scenario_edit_page::button_launch_TVS_suiteClick() {
     if (has_project())
         form.run(suite_directory->get_suite_exe(), "", "", "", false, platform::normal_window);
-}
-
-std::string scenario_name_characters(const std::string& screen_text) {
-    std::string characters = typable_text(screen_text);
-    std::erase_if(characters, [](char c) {
-        return !platform::can_be_handed_over(c) || std::strchr("\\/:*?<>|", c) != nullptr;
-    });
-    return characters;
 }

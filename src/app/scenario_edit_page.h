@@ -37,6 +37,3 @@ public:
 private:
     void wire();
 };
-
-// What remains of a text that is typed as the name of a new scenario: the characters that a name can have.
-std::string scenario_name_characters(const std::string& screen_text);

@@ -22,6 +22,9 @@ Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& pan
                                                                       "Scenarios created for this project")),
       tabsheet_generated_scenarios(
           pagecontrol_scenarios.add<TTabSheet>("tabsheet_generated_scenarios", "Generated scenarios")),
+      no_scenarios_note(add_note(
+          tabsheet_created_scenarios, "no_scenarios_note",
+          "This project has no scenarios yet. To make one, enter its name beside [<- New] and press that.")),
       created_scenarios_filelistbox(
           fill(tabsheet_created_scenarios.add<TFileCheckListBox>("created_scenarios_filelistbox"))),
       generated_scenarios_filelistbox(

@@ -35,6 +35,7 @@ public:
     TPageControl& pagecontrol_scenarios;
     TTabSheet& tabsheet_created_scenarios;
     TTabSheet& tabsheet_generated_scenarios;
+    TLabel& no_scenarios_note; // while none is created
     TFileCheckListBox& created_scenarios_filelistbox;
     TFileCheckListBox& generated_scenarios_filelistbox;
     TFileCheckListBox* current_scenarios_listbox;

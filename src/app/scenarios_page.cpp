@@ -77,6 +77,7 @@ void Scenarios_page::show_hide_scenario_buttons() {
     for (TButton* button : {&lists.scenerios_select_all_button, &lists.scenerios_select_none_button,
                             &edit.scenario_open_active_button, &edit.scenario_open_other})
         button->set_visible(has_lines);
+    lists.no_scenarios_note.set_visible(lists.created_scenarios_filelistbox.count() == 0);
     run.show_hide_run_button();
 }
 

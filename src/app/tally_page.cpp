@@ -12,6 +12,24 @@ constexpr const char* prob_10_captions[] = {"10%", "20%", "30%", "40%",  "50%", 
 constexpr const char* prob_5_captions[] = {"5%",  "15%", "25%", "35%", "45%",  "55%",
                                            "65%", "75%", "85%", "95%", nullptr};
 
+// A list of what can be tallied, below its heading.
+TAutoBitCheckListBox& add_list(TControl& row, const std::string& name, const char* heading) {
+    TPanel& column = fill(row.add<TPanel>("panel_" + name));
+    column.add<TLabel>("label_" + name, heading).set_names_next(true);
+    return fill(column.add<TAutoBitCheckListBox>(name));
+}
+
+// Shows the variables of a table; what cannot be tallied is faint.
+template <class Rows>
+void show_variables(TListBox& list, const Rows& rows, const char* (*line_of)(std::size_t row)) {
+    std::vector<std::string> lines;
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        lines.emplace_back(line_of(row));
+    list.set_lines(lines);
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        list.set_line_faint(static_cast<int>(row), lines[row] == not_talliable);
+}
+
 } // namespace
 
 Tally_page::Lists::Lists(TTabSheet& page, const std::string& prefix)
@@ -19,9 +37,11 @@ Tally_page::Lists::Lists(TTabSheet& page, const std::string& prefix)
           TPanel& row = fill(add_row(page, ("panel_" + prefix).c_str()));
           return fill(row.add<TListBox>(prefix + "variable_listbox"), 3);
       }()),
-      statistics(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "stats_bitcheckbox"))),
-      prob_10(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "prob_10_bitcheckbox"))),
-      prob_5(fill(variables.parent()->add<TAutoBitCheckListBox>(prefix + "prob_5_bitcheckbox"))) {
+      choose_note(add_note(page, (prefix + "choose_note").c_str(),
+                           "Choose a variable to select what of it is tallied.")),
+      statistics(add_list(*variables.parent(), prefix + "stats_bitcheckbox", "Statistics")),
+      prob_10(add_list(*variables.parent(), prefix + "prob_10_bitcheckbox", "10% probabilities")),
+      prob_5(add_list(*variables.parent(), prefix + "prob_5_bitcheckbox", "5% probabilities")) {
     statistics.set_hint("Statistics of the variable");
     prob_10.set_hint("Probabilities, in steps of 10%");
     prob_5.set_hint("Probabilities, in steps of 5%");
@@ -49,14 +69,8 @@ Tally_page::Tally_page(TTilverra_project_form& project_form)
 }
 
 void Tally_page::bind() {
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < growing_season_tally_rows.size(); ++row)
-        lines.push_back(get_growing_season_tally_line(row));
-    growing_season.variables.set_lines(lines);
-    lines.clear();
-    for (std::size_t row = 0; row < annual_tally_rows.size(); ++row)
-        lines.push_back(get_annual_tally_line(row));
-    annual.variables.set_lines(lines);
+    show_variables(growing_season.variables, growing_season_tally_rows, get_growing_season_tally_line);
+    show_variables(annual.variables, annual_tally_rows, get_annual_tally_line);
 }
 
 void Tally_page::Update() {

@@ -17,6 +17,7 @@ public:
     // The variables of one kind of table, and what is tallied of the one chosen.
     struct Lists {
         TListBox& variables;
+        TLabel& choose_note; // until a variable is chosen
         TAutoBitCheckListBox& statistics;
         TAutoBitCheckListBox& prob_10;
         TAutoBitCheckListBox& prob_5;
@@ -27,6 +28,7 @@ public:
         void bind_line(Masks& masks) {
             if (variables.item_index() < 0)
                 return;
+            choose_note.set_visible(false);
             const auto row = static_cast<std::size_t>(variables.item_index());
             bind_words(&masks.statistics[row], &masks.prob10[row], &masks.prob5[row]);
         }

@@ -109,8 +109,10 @@ void TTilverra_project_form::show_hide() {
     map.show_hide();
     scenarios.run.show_hide_run_button();
     show_hide_run_buttons();
-    optimization.tabsheet_optimization.set_visible(workspace_->requested_project_type ==
-                                                   Tilverra_project_type::grazing);
+    // Who has opened the page of the optimization models in another project is not thrown off it.
+    optimization.tabsheet_optimization.set_visible(
+        workspace_->requested_project_type == Tilverra_project_type::grazing ||
+        project_pagecontrol.active_page() == &optimization.tabsheet_optimization);
     options.show_hide();
     scenarios.lists.show_hide_generated();
     in_show_hide = false;

@@ -37,7 +37,7 @@ public:
             // Without roles the whole list is laid out anew.
             const bool wider = measure(change.first, last);
             emit dataChanged(index(change.first), index(last),
-                             wider ? QList<int>() : QList<int>{Qt::DisplayRole});
+                             wider ? QList<int>() : QList<int>{Qt::DisplayRole, Qt::ForegroundRole});
             break;
         }
         default:
@@ -61,6 +61,8 @@ public:
             return to_qt(list_->line(index.row()).text);
         if (role == Qt::CheckStateRole && list_->has_check_marks())
             return list_->line(index.row()).checked ? Qt::Checked : Qt::Unchecked;
+        if (role == Qt::ForegroundRole && list_->line(index.row()).faint)
+            return view_.palette().brush(QPalette::Disabled, QPalette::Text);
         return role == Qt::DecorationRole && !icon_.isNull() ? QVariant(icon_) : QVariant();
     }
 

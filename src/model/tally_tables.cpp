@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr const char* not_talliable = "<This variable is not talliable>";
-
 constexpr const char* date_format = "YYYY/Mmm/DD";
 constexpr const char* text_format = "";
 constexpr const char* whole_format = "######";

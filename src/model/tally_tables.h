@@ -17,6 +17,9 @@ struct Tally_row {
 extern const std::array<Tally_row, Tilverra_project::growing_season_variables> growing_season_tally_rows;
 extern const std::array<Tally_row, Tilverra_project::annual_variables> annual_tally_rows;
 
+// The line of a variable that cannot be tallied.
+inline constexpr const char* not_talliable = "<This variable is not talliable>";
+
 // The text of a row in its list: the label, or that the variable cannot be tallied. Dates of a growing season
 // cannot; those of a year are told like any other variable. The row must be in the table.
 const char* get_growing_season_tally_line(std::size_t row);

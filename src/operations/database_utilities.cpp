@@ -1,5 +1,6 @@
 #include "operations/database_utilities.h"
 
+#include "operations/parameter_folder.h"
 #include "platform/command_line.h"
 #include "platform/process.h"
 #include "trees/program_directory.h"
@@ -35,9 +36,10 @@ std::string run_utility(const std::string& program, const std::string& option, c
 
 std::string create_crop(Database_directory& database, const std::string& name, const std::string& option) {
     std::string refusal;
-    if (enter(database.get_crop_directory(true))) {
-        TESK::Filtered_file_name& crop = database_file_names().CRP_filename;
-        crop.set_name(name.c_str());
+    TESK::Filtered_file_name& crop = database_file_names().CRP_filename;
+    const std::string file_name = new_parameter_file_name(name, crop);
+    if (!file_name.empty() && enter(database.get_crop_directory(true))) {
+        crop.set(file_name);
         refusal =
             run_utility(suite_directory->get_tilverra_directory().get_crop_editor_exe(), option, crop, false);
     }

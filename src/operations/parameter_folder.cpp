@@ -1,8 +1,17 @@
 #include "operations/parameter_folder.h"
 
+#include "operations/scenario_catalogue.h"
 #include "platform/command_line.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
+
+std::string new_parameter_file_name(const std::string& typed, const TESK::Filtered_file_name& kind) {
+    std::string name = new_scenario_name(typed);
+    std::string extension;
+    if (name.empty() || TESK::File_name(name.c_str()).has_ext(kind.get_default_extension(extension).c_str()))
+        return name;
+    return name + '.' + extension;
+}
 
 bool Parameter_folder::is_ready() const {
     return is_set() && (may_be_made_ ? folder_.create() : folder_.exists());
@@ -25,12 +34,10 @@ std::optional<TESK::Smart_file_name> Parameter_folder::add_copy(const TESK::File
 
 std::optional<TESK::Smart_file_name> Parameter_folder::make_file(const std::string& typed,
                                                                  const TESK::Filtered_file_name& kind) const {
-    const std::string name = TESK::File_name(typed.c_str()).get_name(false);
+    const std::string name = new_parameter_file_name(typed, kind);
     if (name.empty() || !platform::refusal_of_name(name).empty() || !is_ready())
         return std::nullopt;
-    std::string extension;
-    TESK::Smart_file_name made = file(name);
-    made.set_ext(kind.get_default_extension(extension).c_str());
+    const TESK::Smart_file_name made = file(name);
     if (platform::is_file(made))
         return made;
     if (platform::exists(made) || platform::is_link(made) ||

@@ -7,6 +7,11 @@
 
 #include <optional>
 
+// The name of the file that a typed name means, in code page 1252: as it was typed, completed by the
+// extension of the kind where it does not end in that, and without the folder that may have been typed with
+// it. Empty when nothing is left that names a file.
+std::string new_parameter_file_name(const std::string& typed, const TESK::Filtered_file_name& kind);
+
 class Parameter_folder {
 public:
     // No folder, in which nothing can be done.
@@ -22,9 +27,8 @@ public:
     // not be made, or when the folder has a file of that name already.
     std::optional<TESK::Smart_file_name> add_copy(const TESK::File_name& source) const;
 
-    // The file of the folder that a typed name means: its path is left out of account and its extension is
-    // that of the kind. An empty file is made where there is none. Nothing for an empty name, and when the
-    // file could not be made.
+    // The file of the folder that a typed name means, as new_parameter_file_name() says. An empty file is
+    // made where there is none. Nothing for a name that names no file, and when the file could not be made.
     std::optional<TESK::Smart_file_name> make_file(const std::string& typed,
                                                    const TESK::Filtered_file_name& kind) const;
 

@@ -70,6 +70,10 @@ void TListBox::set_line_enabled(int index, bool enabled) {
     set_in_line(index, &Line::enabled, enabled);
 }
 
+void TListBox::set_line_faint(int index, bool faint) {
+    set_in_line(index, &Line::faint, faint);
+}
+
 void TListBox::set_checked(int index, bool checked) {
     set_in_line(index, &Line::checked, checked);
 }

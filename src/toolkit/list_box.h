@@ -10,6 +10,7 @@ struct Line {
     bool checked = false;
     bool enabled = true;
     bool selected = false;
+    bool faint = false; // drawn as one that is of little use; it can be chosen all the same
 };
 
 class TListBox : public TControl {
@@ -36,6 +37,7 @@ public:
 
     void set_line_text(int index, const std::string& text);
     void set_line_enabled(int index, bool enabled);
+    void set_line_faint(int index, bool faint);
     void set_checked(int index, bool checked);
     void set_all_checked(bool checked);
     bool checked(int index) const { return line(index).checked; }

@@ -230,6 +230,14 @@ TEST_F(Database_editor, a_crop_is_created_in_its_folder_under_the_name_that_was_
                                  option + "\n");
         EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
     }
+    name.set_text("C:\\elsewhere\\wheat 1.5");
+    click("create_generic_crop_button");
+    EXPECT_NE(started().find("\"wheat 1.5.crp\" crop"), std::string::npos);
+    name.set_text("..\\");
+    desktop.expect_message("", name_wanted);
+    click("create_generic_crop_button");
+    EXPECT_EQ(started(), "");
+    name.set_text("rye");
     // Where the folder cannot be, the program is not let loose elsewhere.
     std::filesystem::remove_all(drives.host("P/Database/Crop"));
     drives.write("P/Database/Crop");
@@ -381,8 +389,13 @@ TEST_F(File_manager, a_new_file_lies_in_the_folder_whatever_was_typed_and_an_old
         const char* file; // null for none
     };
     const Case cases[] = {
-        {"", nullptr},          {"..\\", nullptr}, {"barley", "barley.crp"}, {"..\\..\\rye.txt", "rye.crp"},
+        {"", nullptr},
+        {"..\\", nullptr},
+        {"barley", "barley.crp"},
+        {"..\\..\\rye.txt", "rye.txt.crp"},
         {"maize", "maize.crp"},
+        {"wheat 1.5", "wheat 1.5.crp"},
+        {"oats.CRP", "oats.CRP"},
     };
     for (const Case& c : cases) {
         create(c.typed);

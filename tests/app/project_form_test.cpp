@@ -52,10 +52,25 @@ TEST_F(Workspace, the_project_of_templates_has_no_scenarios_and_asks_for_a_templ
 TEST_F(Workspace, a_new_project_touches_nothing_before_an_operation_saves_it) {
     platform::change_directory("C:\\projects");
     open("C:\\projects\\fresh.tvp");
+    EXPECT_TRUE(form.scenarios.lists.no_scenarios_note.visible());
+    // It has no database of its own yet, in which files could be made.
+    EXPECT_EQ(form.comparisons.comparison_output_generation_filebar.database_radiogroup.items(),
+              (std::vector<std::string>{"Arbitrary", "Master"}));
     EXPECT_FALSE(there("projects/fresh.tvp") || there("projects/fresh") || there("projects/Scenarios"));
     EXPECT_TRUE(press(form.scenarios.lists.relist_scenarios_button));
     EXPECT_TRUE(there("projects/fresh.tvp") && there("projects/fresh/Scenarios"));
     EXPECT_FALSE(there("projects/Scenarios"));
+}
+
+TEST_F(Workspace, the_optimizer_starts_on_a_project_that_has_to_be_saved_first) {
+    open("C:\\projects\\fresh.tvp");
+    EXPECT_TRUE(press(form.options.show_optimization_model_button));
+    EXPECT_TRUE(parameter_form.run_button.click());
+    EXPECT_EQ(started(), "\"C:\\Suite\\Tilverra\\carbon_sequestration_optimizer.exe\"  "
+                         "\"C:\\projects\\fresh.tvp\"  [1]\n");
+    EXPECT_EQ(form.project_pagecontrol.active_page(), &form.optimization.tabsheet_optimization);
+    EXPECT_TRUE(press(form.optimization.explore_optimization_button));
+    EXPECT_NE(started().find("fresh\\Carbon_sequestration_optimization\""), std::string::npos);
 }
 
 TEST_F(Workspace, statistics_show_their_page_with_a_word_and_the_model_type_buttons_do_as_told) {
@@ -123,8 +138,10 @@ TEST_F(Workspace, the_tally_lists_bind_the_words_of_the_line_chosen) {
     auto& lists = form.tallies.growing_season;
     EXPECT_EQ(lists.variables.count(), 90);
     EXPECT_EQ(form.tallies.annual.variables.count(), 42);
+    EXPECT_TRUE(lists.choose_note.visible());
     lists.variables.bring_to_front();
     EXPECT_TRUE(lists.variables.select(7));
+    EXPECT_FALSE(lists.choose_note.visible());
     EXPECT_EQ(lists.statistics.count(), 10);
     EXPECT_TRUE(lists.statistics.check(9));
     EXPECT_TRUE(lists.prob_5.check(0));
@@ -136,6 +153,8 @@ TEST_F(Workspace, the_tally_lists_bind_the_words_of_the_line_chosen) {
     EXPECT_TRUE(annual.prob_10.check(1));
     EXPECT_EQ(record->annual_tally.prob10[41] & 2U, 2U);
     EXPECT_EQ(lists.variables.line(7).text, "<This variable is not talliable>");
+    EXPECT_TRUE(lists.variables.line(7).faint);
+    EXPECT_FALSE(annual.variables.line(41).faint);
 }
 
 TEST_F(Workspace, saving_under_another_name_moves_lists_and_active_scenario_and_leaves_the_page_in_front) {

@@ -53,9 +53,7 @@ std::string Local_engine::start() {
     is_owner_ = true;
     Run_journal journal(folder_, set_.scenarios.size());
     journal.update();
-    for (std::size_t run = 0; run < journal.runs().size(); ++run)
-        if (journal.runs()[run].is_left())
-            left_.push_back(run);
+    left_ = journal.left();
     start_next();
     return "";
 }

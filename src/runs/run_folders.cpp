@@ -71,7 +71,7 @@ std::vector<std::string> list_run_sets(const std::string& runs_folder) {
 bool delete_run_set(const std::string& folder, bool permanently) {
     Run_journal journal(folder, 0);
     journal.update();
-    if (is_owned(journal))
+    if (is_owned(journal) && !(journal.job() && journal.job()->is_list()))
         return false;
     return TESK::Smart_directory_name(folder.c_str()).recycle(permanently);
 }

@@ -97,12 +97,11 @@ private:
     std::string_view rest_;
 };
 
-Run_journal::Run_journal(const std::string& folder, std::size_t runs)
-    : file_(folder + journal_file), runs_(runs) {}
+Run_journal::Run_journal(const std::string& folder, std::size_t runs) : folder_(folder), runs_(runs) {}
 
 bool Run_journal::update() {
     changed_.clear();
-    platform::File_stream file(file_, false);
+    platform::File_stream file(folder_ + journal_file, false);
     const std::int64_t size = file.good() ? file.size() : 0;
     if (size < place_)
         forget_all();
@@ -156,16 +155,11 @@ void Run_journal::take_line(std::string_view line) {
             owner_.reset();
         return;
     }
+    if (kind == "job")
+        return take_job(time, words);
+    if (kind == "cancel" || kind == "closed")
+        return take_job_end(kind, words.next());
     std::size_t run = 0;
-    if (kind == "job") {
-        Scheduler_job job{std::string(words.next()), 0, 1};
-        if (number_from(words.next(), job.tasks) && number_from(words.next(), job.per_task)) {
-            job_ = std::move(job);
-            owned_since_ = time;
-            ended_since_ = 0;
-        }
-        return;
-    }
     if (!number_from(words.next(), run) || run >= runs_.size())
         return;
     if (kind == "start") {
@@ -213,6 +207,35 @@ void Run_journal::take_owner(Moment time, std::string_view identity) {
     ended_since_ = 0;
 }
 
+void Run_journal::take_job(Moment time, Words& words) {
+    Scheduler_job job;
+    job.number = words.next();
+    if (!number_from(words.next(), job.tasks) || !number_from(words.next(), job.per_task) ||
+        job.per_task == 0)
+        return;
+    job.list = words.next();
+    job_ = std::move(job);
+    owned_since_ = time;
+    ended_since_ = 0;
+}
+
+void Run_journal::take_job_end(std::string_view kind, std::string_view number) {
+    if (!job_ || job_->number != number)
+        return;
+    if (kind == "closed")
+        job_.reset();
+    else
+        job_->is_cancelled = true;
+}
+
+std::vector<std::size_t> Run_journal::left() const {
+    std::vector<std::size_t> left;
+    for (std::size_t run = 0; run < runs_.size(); ++run)
+        if (runs_[run].is_left())
+            left.push_back(run);
+    return left;
+}
+
 std::string Run_journal::reason(std::size_t run) const {
     const auto found = std::find_if(reasons_.rbegin(), reasons_.rend(),
                                     [&](const auto& reason) { return reason.first == run; });
@@ -228,7 +251,15 @@ void Journal_writer::own() {
 
 void Journal_writer::own_job(const Scheduler_job& job) {
     add("job " + text_of_moment(moment_now()) + ' ' + job.number + ' ' + std::to_string(job.tasks) + ' ' +
-        std::to_string(job.per_task));
+        std::to_string(job.per_task) + ' ' + job.list);
+}
+
+void Journal_writer::cancel_job(const std::string& number) {
+    add("cancel " + text_of_moment(moment_now()) + ' ' + number);
+}
+
+void Journal_writer::close_job(const std::string& number) {
+    add("closed " + text_of_moment(moment_now()) + ' ' + number);
 }
 
 void Journal_writer::leave(std::string_view reason, const platform::Process_identity& owner) {
@@ -267,7 +298,8 @@ bool Journal_writer::flush() {
 }
 
 bool is_owned(const Run_journal& journal) {
-    return journal.owner() && platform::presence_of(*journal.owner()) != platform::Process_presence::gone;
+    return journal.job() ||
+           (journal.owner() && platform::presence_of(*journal.owner()) != platform::Process_presence::gone);
 }
 
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer, bool take_over) {
@@ -275,9 +307,12 @@ bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writ
     journal.update();
     const auto presence =
         journal.owner() ? platform::presence_of(*journal.owner()) : platform::Process_presence::gone;
-    if (presence == platform::Process_presence::alive ||
-        (presence == platform::Process_presence::elsewhere && !take_over))
+    const bool is_elsewhere = presence == platform::Process_presence::elsewhere;
+    if ((journal.job() && !journal.job()->is_list()) || presence == platform::Process_presence::alive ||
+        (is_elsewhere && !take_over))
         return false;
+    if (journal.job())
+        writer.close_job(journal.job()->number);
     if (journal.owner())
         writer.leave("gone", *journal.owner());
     writer.own();

@@ -4,7 +4,11 @@
 // a command, a machine on the same disk. A line that was cut, or that is none, is passed over.
 //
 //     owner TIME HOST BOOT PROCESS STARTED .     a process has the set run
-//     job TIME NUMBER TASKS PER_TASK .           a scheduler has; TASKS as in its array, from 0
+//     job TIME NUMBER TASKS PER_TASK LIST .      a scheduler has, in so many tasks of so many runs, which
+//     stand
+//                                                in the file LIST of the folder
+//     cancel TIME NUMBER .                       somebody has the scheduler end that job
+//     closed TIME NUMBER .                       that job is over
 //     start TIME RUN .
 //     end TIME RUN exit CODE SECONDS output .    how it ended: "exit", "signal", "unstarted" (with the
 //     launch's
@@ -63,12 +67,19 @@ struct Run_record {
     bool is_left() const { return !has_ended() || outcome == Outcome::stopped; }
 };
 
-// A job that a scheduler runs for the set: task t has the runs from t * per_task on, of those that `first`
-// and the following numbers of the job's own list name.
+// A job that has the runs of a set done elsewhere: the scheduler's, or a list for whoever runs such lists.
 struct Scheduler_job {
+    static constexpr const char* list_number = "list";
+
     std::string number;
     std::size_t tasks = 0;
     std::size_t per_task = 1;
+    std::string
+        list; // name of the file with the runs, a number a line; task t has those from t * per_task on
+    bool is_cancelled = false;
+
+    // Nobody can be asked what became of a list.
+    bool is_list() const { return number == list_number; }
 };
 
 // Reads a journal, as often as asked, each time what is new.
@@ -80,7 +91,10 @@ public:
     // Reads what has been added. True when anything was; changed() tells which runs.
     bool update();
 
+    const std::string& folder() const { return folder_; }
     const std::vector<Run_record>& runs() const { return runs_; }
+    // The numbers of the runs that are left, in order.
+    std::vector<std::size_t> left() const;
     // The runs of which the last update() read anything new, in no order, some perhaps twice.
     const std::vector<std::size_t>& changed() const { return changed_; }
     // The scheduler's reason why it lost a run; "" when it gave none.
@@ -92,7 +106,7 @@ public:
     // When the present or last owner took it on, and how many runs have ended since; 0 for never.
     Moment owned_since() const { return owned_since_; }
     std::size_t ended_since() const { return ended_since_; }
-    // The latest job of a scheduler.
+    // The job that has the set run; nothing when there is none, or it is over.
     const std::optional<Scheduler_job>& job() const { return job_; }
 
 private:
@@ -100,9 +114,11 @@ private:
     void take_line(std::string_view line);
     void take_end(std::size_t run, Moment time, Words& words);
     void take_owner(Moment time, std::string_view identity);
+    void take_job(Moment time, Words& words);
+    void take_job_end(std::string_view kind, std::string_view number);
     void forget_all();
 
-    std::string file_;
+    std::string folder_;
     std::vector<Run_record> runs_;
     std::vector<std::size_t> changed_;
     std::vector<std::pair<std::size_t, std::string>> reasons_;
@@ -122,6 +138,8 @@ public:
 
     void own();
     void own_job(const Scheduler_job& job);
+    void cancel_job(const std::string& number);
+    void close_job(const std::string& number);
     // Says that the owner, this process unless told otherwise, has gone.
     void leave(std::string_view reason, const platform::Process_identity& owner = platform::own_identity());
     void start(std::size_t run);
@@ -146,6 +164,6 @@ private:
 // succeeds.
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer, bool take_over = false);
 
-// Whether a process of this machine or another one has the set run, as far as can be told: one elsewhere
-// counts.
+// Whether a process of this machine or another one, or a job, has the set run, as far as can be told: one
+// elsewhere counts.
 bool is_owned(const Run_journal& journal);

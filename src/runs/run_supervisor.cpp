@@ -1,5 +1,7 @@
 #include "runs/run_supervisor.h"
 
+#include "runs/slurm_engine.h"
+
 #include <chrono>
 #include <string_view>
 
@@ -77,5 +79,5 @@ void Supervised_engine::take_words(const std::string& words) {
 }
 
 bool stop_run_set(const Run_journal& journal) {
-    return journal.owner() && platform::ask_to_end(*journal.owner());
+    return (journal.owner() && platform::ask_to_end(*journal.owner())) || cancel_job_of(journal);
 }

@@ -1,0 +1,172 @@
+#include "runs/slurm_engine.h"
+
+#include "platform/file_writer.h"
+#include "platform/files.h"
+#include "platform/host_names.h"
+#include "runs/worker_files.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace {
+
+constexpr const char* no_answer = "The scheduler does not answer.";
+constexpr std::size_t largest_list = std::size_t{64} << 20;
+
+void add_option(std::vector<std::string>& arguments, const char* name, const std::string& value) {
+    if (!value.empty())
+        arguments.push_back(std::string("--") + name + '=' + value);
+}
+
+// The name of a list that is not there yet.
+std::string new_list_name(const std::string& folder) {
+    for (std::size_t number = 1;; ++number) {
+        std::string name = "job-" + std::to_string(number) + ".txt";
+        if (!platform::exists(folder + '\\' + name))
+            return name;
+    }
+}
+
+} // namespace
+
+Slurm_engine::Slurm_engine(const std::string& folder, Run_set set, std::chrono::milliseconds pause)
+    : folder_(folder), set_(std::move(set)), pause_(pause), journal_(folder, set_.scenarios.size()),
+      writer_(folder) {}
+
+std::string Slurm_engine::start() {
+    journal_.update();
+    if (!writer_.state().ok())
+        return writer_.state().reason;
+    if (!journal_.job()) {
+        if (!claim_set(folder_, set_.scenarios.size(), writer_))
+            return writer_.state().ok() ? "Another program has this set run." : writer_.state().reason;
+        journal_.update();
+        const std::vector<std::size_t> left = journal_.left();
+        const std::string reason = left.empty() ? "" : submit(left);
+        writer_.leave(reason.empty() ? "submitted" : "refused");
+        journal_.update();
+        if (!reason.empty())
+            return reason;
+    }
+    read_list();
+    return "";
+}
+
+std::string Slurm_engine::submit(const std::vector<std::size_t>& runs) {
+    std::string reason = write_worker_files(folder_, set_);
+    const auto most_tasks = slurm::largest_array();
+    if (reason.empty() && !most_tasks)
+        reason = no_answer;
+    if (!reason.empty())
+        return reason;
+    Scheduler_job job;
+    job.list = new_list_name(folder_);
+    const std::size_t most = std::max<std::size_t>(*most_tasks, 1);
+    job.per_task = (runs.size() + most - 1) / most;
+    job.tasks = (runs.size() + job.per_task - 1) / job.per_task;
+    std::string text;
+    for (const std::size_t run : runs)
+        text += std::to_string(run) + '\n';
+    const platform::Write_result result =
+        platform::write_file(folder_ + '\\' + job.list, text, platform::Durability::durable);
+    if (!result.ok())
+        return result.reason;
+    const slurm::Submission submission = slurm::submit(sbatch_arguments(job));
+    if (submission.job.empty())
+        return submission.reason;
+    job.number = submission.job;
+    writer_.own_job(job);
+    return "";
+}
+
+std::vector<std::string> Slurm_engine::sbatch_arguments(const Scheduler_job& job) const {
+    std::string array = "--array=0-" + std::to_string(job.tasks - 1);
+    if (set_.at_once > 0)
+        array += '%' + std::to_string(set_.at_once);
+    std::vector<std::string> arguments{"--parsable",        "--job-name=runs", "--output=/dev/null",
+                                       "--error=/dev/null", "--chdir=/",       array};
+    add_option(arguments, "partition", set_.slurm.partition);
+    add_option(arguments, "time", set_.slurm.time);
+    add_option(arguments, "mem", set_.slurm.memory);
+    std::istringstream options(set_.slurm.options);
+    for (std::string option; options >> option;)
+        arguments.push_back(option);
+    for (const std::string& argument :
+         {platform::host_path(worker_script(folder_)), platform::host_path(folder_), std::string("task"),
+          job.list, std::to_string(job.per_task)})
+        arguments.push_back(argument);
+    return arguments;
+}
+
+void Slurm_engine::read_list() {
+    list_.clear();
+    if (!journal_.job())
+        return;
+    std::istringstream lines(
+        platform::read_file(folder_ + '\\' + journal_.job()->list, largest_list).contents);
+    for (std::size_t run = 0; lines >> run;)
+        list_.push_back(run);
+}
+
+bool Slurm_engine::poll() {
+    writer_.flush();
+    journal_.update();
+    if (!journal_.job())
+        return false;
+    if (std::chrono::steady_clock::now() < next_question_)
+        return true;
+    next_question_ = std::chrono::steady_clock::now() + pause_;
+    const auto job = slurm::ask_for(journal_.job()->number);
+    trouble_ = job ? writer_.state().reason : no_answer;
+    if (job)
+        settle(*job);
+    journal_.update();
+    return journal_.job().has_value();
+}
+
+// What a task has noted in its last moments may be seen later than its end: only what was over before counts.
+void Slurm_engine::settle(const slurm::Job& job) {
+    std::set<std::size_t> over;
+    bool is_over = true;
+    for (std::size_t task = 0; task < journal_.job()->tasks; ++task) {
+        const auto found = job.tasks.find(task);
+        const bool is_at_work = found != job.tasks.end() && !found->second.is_over;
+        is_over = is_over && !is_at_work;
+        if (is_at_work)
+            continue;
+        over.insert(task);
+        if (over_.contains(task))
+            settle_task(task, found == job.tasks.end() ? "" : found->second.state);
+    }
+    over_ = std::move(over);
+    if (is_over && was_over_ && writer_.state().ok())
+        writer_.close_job(journal_.job()->number);
+    was_over_ = is_over;
+}
+
+void Slurm_engine::settle_task(std::size_t task, const std::string& state) {
+    const Scheduler_job& job = *journal_.job();
+    const std::size_t end = std::min(list_.size(), (task + 1) * job.per_task);
+    for (std::size_t place = task * job.per_task; place < end; ++place) {
+        const std::size_t run = list_[place];
+        const Run_record& known = journal_.runs().at(run);
+        if (known.has_ended() || (job.is_cancelled && known.outcome == Run_record::Outcome::waiting))
+            continue;
+        Run_record record;
+        record.outcome = job.is_cancelled ? Run_record::Outcome::stopped : Run_record::Outcome::lost;
+        writer_.end(run, record, state.empty() ? "gone" : state);
+    }
+}
+
+void Slurm_engine::stop() {
+    journal_.update();
+    cancel_job_of(journal_);
+    next_question_ = {};
+}
+
+bool cancel_job_of(const Run_journal& journal) {
+    if (!journal.job() || !slurm::cancel(journal.job()->number))
+        return false;
+    Journal_writer(journal.folder()).cancel_job(journal.job()->number);
+    return true;
+}

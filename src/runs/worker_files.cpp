@@ -1,0 +1,134 @@
+#include "runs/worker_files.h"
+
+#include "names/file_name.h"
+#include "platform/file_writer.h"
+#include "platform/host_names.h"
+#include "platform/shell_text.h"
+#include "runs/printed_text.h"
+#include "trees/scenario_directory.h"
+
+namespace {
+
+// What it begins with is set by script_text().
+constexpr const char* script = R"sh(
+# Has runs of a run set done, one after the other, and notes them in the set's journal:
+#   worker.sh FOLDER run RUN...                  the runs of these numbers
+#   worker.sh FOLDER task LIST PER_TASK          as a task of a job array: its share of the runs in the file LIST
+# FOLDER is the set's. Line n + 1 of commands.txt there is the command of run n, of outputs.txt the folder of its
+# output.
+
+folder=$1
+mode=$2
+shift 2
+
+# Adds a line to the journal in one write, again and again while the disk is full. What was cut then stays a
+# line of its own, which every reader passes over.
+note() {
+    tries=0
+    printf '%s .\n' "$1" >>"$folder/journal.txt" && return
+    while [ $tries -lt 60 ]; do
+        sleep 5
+        printf '\n%s .\n' "$1" >>"$folder/journal.txt" && return
+        tries=$((tries + 1))
+    done
+} 2>/dev/null
+time_now() {
+    date -u +%Y-%m-%dT%H:%M:%S.%3NZ
+}
+# What is in an output folder, as a text that is another one after every change.
+files_of() {
+    find "$1" -type f -printf '%T@ %p\n' 2>/dev/null | sort
+}
+command_of() {
+    if [ $longest_seconds -gt 0 ]; then
+        exec timeout -k 5 $longest_seconds sh -c "$1"
+    fi
+    exec sh -c "$1"
+}
+
+do_run() {
+    line=$(sed -n "$(($1 + 1)){p;q;}" "$folder/commands.txt")
+    output=$(sed -n "$(($1 + 1)){p;q;}" "$folder/outputs.txt")
+    printed=$folder/printed/$1.txt
+    mkdir -p "$folder/printed"
+    before=$(files_of "$output")
+    began=$(date +%s%3N)
+    note "start $(time_now) $1"
+    # The exit code comes by descriptor 3 around what takes the text.
+    code=$( {
+        { (command_of "$line") </dev/null 2>&1 3>&-; echo $? >&3; } |
+            { head -c $longest_print >>"$printed"; cat >/dev/null; }
+    } 3>&1)
+    lasted=$(($(date +%s%3N) - began))
+    [ -s "$printed" ] || rm -f "$printed"
+    after=$(files_of "$output")
+    left=nothing
+    [ -z "$after" ] || [ "$after" = "$before" ] || left=output
+    how="exit $code"
+    if [ $longest_seconds -gt 0 ] && [ $lasted -ge $((longest_seconds * 1000)) ]; then
+        how="slow 0"
+    elif [ "$code" -gt 128 ]; then
+        how="signal $((code - 128))"
+    fi
+    note "end $(time_now) $1 $how $((lasted / 1000)).$(printf '%03d' $((lasted % 1000))) $left"
+}
+
+if [ "$mode" = task ]; then
+    first=$((SLURM_ARRAY_TASK_ID * $2 + 1))
+    set -- $(sed -n "$first,$((first + $2 - 1))p" "$folder/$1")
+fi
+for run; do
+    # A task that the scheduler begins anew does not repeat what it has done.
+    [ "$mode" = task ] && grep -qE "^end [^ ]* $run (exit|signal|slow) " "$folder/journal.txt" || do_run "$run"
+done
+)sh";
+
+std::string script_text(const Run_set& set) {
+    return "#!/bin/sh\nlongest_print=" + std::to_string(Printed_text::longest_beginning) +
+           "\nlongest_seconds=" + std::to_string(set.longest.count()) + script;
+}
+
+std::string write(const std::string& file, const std::string& text) {
+    return platform::write_file(file, text, platform::Durability::durable).reason;
+}
+
+} // namespace
+
+std::string worker_script(const std::string& folder) {
+    return folder + "\\worker.sh";
+}
+
+std::string commands_file(const std::string& folder) {
+    return folder + "\\commands.txt";
+}
+
+std::string run_list_file(const std::string& folder) {
+    return folder + "\\list.txt";
+}
+
+std::string write_worker_files(const std::string& folder, const Run_set& set) {
+    std::string commands;
+    std::string outputs;
+    for (std::size_t run = 0; run < set.scenarios.size(); ++run) {
+        const std::string command = platform::shell_command(set.command_line(run), set.folder);
+        if (command.empty())
+            return "The model cannot be started: " + set.model;
+        commands += command + '\n';
+        outputs += platform::host_path(output_folder_of(TESK::File_name(set.scenarios[run].c_str()))) + '\n';
+    }
+    std::string reason = write(commands_file(folder), commands);
+    if (reason.empty())
+        reason = write(folder + "\\outputs.txt", outputs);
+    if (reason.empty())
+        reason = write(worker_script(folder), script_text(set));
+    return reason;
+}
+
+std::string write_run_list(const std::string& folder, const std::vector<std::size_t>& runs) {
+    const std::string command = "sh " + platform::shell_word(platform::host_path(worker_script(folder))) +
+                                ' ' + platform::shell_word(platform::host_path(folder)) + " run ";
+    std::string text;
+    for (const std::size_t run : runs)
+        text += command + std::to_string(run) + '\n';
+    return write(run_list_file(folder), text);
+}

@@ -1,0 +1,100 @@
+// The engines that leave the runs to others: a scheduler, or whoever runs a list of command lines.
+
+#include "platform/files.h"
+#include "platform/host_names.h"
+#include "runs/printed_text.h"
+#include "runs/private_slurm.h"
+#include "runs/run_progress.h"
+#include "runs/run_project.h"
+#include "runs/run_supervisor.h"
+#include "runs/slurm_engine.h"
+#include "runs/worker_files.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class Other_engines_test : public testing::Test {
+protected:
+    std::string ends_of(const std::string& folder, std::size_t runs) const {
+        Run_journal journal(folder, runs);
+        journal.update();
+        std::string text;
+        for (std::size_t run = 0; run < runs; ++run) {
+            const Run_record& record = journal.runs()[run];
+            text += std::string(word_for(state_of(record, is_owned(journal)))) + ' ' +
+                    describe_end(record, journal.reason(run)) + '\n';
+        }
+        return text;
+    }
+
+    Run_project project;
+};
+
+TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_a_shell_and_is_noted) {
+    Run_set set = project.set_of({"good", "fail", "killed", "silent", "loud", "it's & $HOME", "wait"});
+    set.engine = Engine_kind::list;
+    set.longest = 1s;
+    const std::string folder = project.make(set);
+    const auto engine = make_engine(folder);
+    ASSERT_EQ(engine->start(), "");
+    EXPECT_FALSE(engine->poll());
+    Run_journal journal(folder, 7);
+    journal.update();
+    EXPECT_TRUE(is_owned(journal));
+    ASSERT_EQ(
+        std::system(
+            ("cd / && sh " + platform::host_path(run_list_file(folder)).replace(0, 0, "'") + "'").c_str()),
+        0);
+    EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
+                                  "done \ndone \nfailed longer than the time allowed\n");
+    EXPECT_EQ(platform::read_file(printed_file(folder, 1)).contents, "it is wrong\n");
+    EXPECT_EQ(platform::read_file(printed_file(folder, 4)).contents.size(), Printed_text::longest_beginning);
+    EXPECT_FALSE(platform::exists(printed_file(folder, 0)));
+    // What is done is not on the list the next time.
+    ASSERT_EQ(make_engine(folder)->start(), "");
+    EXPECT_EQ(platform::read_file(run_list_file(folder)).contents, "");
+}
+
+TEST_F(Other_engines_test, a_scheduler_runs_an_array_that_can_be_stopped_and_whose_lost_tasks_are_found) {
+    const Private_slurm slurm(4);
+    if (!slurm.is_ready())
+        GTEST_SKIP() << "munged, slurmctld and slurmd cannot be started on this machine";
+
+    // More runs than an array can have tasks; one that is cancelled; one whose task is killed.
+    Run_set set = project.set_of({"good", "fail", "silent", "more", "other", "it's"});
+    Run_set waiting = project.set_of({"wait", "good"}, 1);
+    Run_set waiting_more = project.set_of({"wait_more"});
+    std::vector<std::string> folders;
+    std::vector<std::unique_ptr<Slurm_engine>> engines;
+    for (Run_set* asked : {&set, &waiting, &waiting_more}) {
+        asked->engine = Engine_kind::slurm;
+        asked->slurm = {"main", "5", "", "--nice=1 --comment=none"};
+        folders.push_back(project.make(*asked));
+        engines.push_back(std::make_unique<Slurm_engine>(folders.back(), *asked, 100ms));
+        ASSERT_EQ(engines.back()->start(), "");
+    }
+    EXPECT_EQ(Slurm_engine(folders[0], set, 100ms).start(), "") << "a second one looks after the same job";
+
+    const pid_t run = project.await_number("wait.pid");
+    Run_journal journal(folders[1], 2);
+    journal.update();
+    EXPECT_TRUE(stop_run_set(journal));
+    kill(-getpgid(project.await_number("wait_more.pid")), SIGKILL);
+    for (const auto& engine : engines)
+        while (engine->poll())
+            std::this_thread::sleep_for(20ms);
+    EXPECT_EQ(ends_of(folders[0], 6), "done \nfailed exit code 3\nfailed no output\ndone \ndone \ndone \n");
+    EXPECT_TRUE(is_soon_gone(run));
+    EXPECT_EQ(ends_of(folders[1], 2), "stopped stopped\nwaiting \n");
+    EXPECT_EQ(ends_of(folders[2], 1), "failed scheduler: FAILED\n");
+    EXPECT_EQ(project.started().size(), 8U);
+
+    waiting.slurm.partition = "none";
+    EXPECT_NE(Slurm_engine(project.make(waiting), waiting).start().find("invalid partition"),
+              std::string::npos);
+}
+
+} // namespace

@@ -14,6 +14,9 @@
 #include "main/host_functions.h"
 #include "maps_shapelib/shapelib_reader.h"
 #include "platform/files.h"
+#include "platform/host_names.h"
+#include "run_set_journey.h"
+#include "runs/run_supervisor.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/edit.h"
@@ -192,8 +195,11 @@ private:
 
         step("All combinations of the project's parameter files");
         press("combinatorial_scenario_generation_button");
-        auto& generated = control<TListBox>("generated_scenarios_filelistbox");
+        auto& generated = control<TFileListBox>("generated_scenarios_filelistbox");
         std::cout << "  came of it: " << generated.count() << " scenarios\n";
+
+        step("A run set of 20 of them beside the program, two of which fail");
+        show_run_set(platform::full_name(project_folder() + ".tvp"), record_text(generated.folder()));
         control<TListBox>("created_scenarios_filelistbox");
         select("my own.tvn");
 
@@ -310,6 +316,8 @@ int open(const QString& folder, Journey_desktop::Work work, std::vector<std::str
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const auto exit_code = supervise_if_asked(argc, argv))
+        return *exit_code;
     if (argc < 5 || (std::string(argv[1]) != "pages" && std::string(argv[1]) != "work")) {
         std::cerr << "journey pages|work FOLDER PROGRAM PROJECT [TYPE]\n";
         return 2;

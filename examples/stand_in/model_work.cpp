@@ -6,7 +6,10 @@
 #include "works.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 #include <map>
+#include <thread>
 
 namespace {
 
@@ -119,12 +122,31 @@ bool write_schedule(const Tilverra_scenario& scenario, const TESK::File_name& fi
     return text.write(file, out);
 }
 
+// Lets as much time go by as the environment asks for.
+void take_time() {
+    constexpr double longest = 3600;
+    if (const char* seconds = std::getenv("TVS_STAND_IN_SECONDS"))
+        std::this_thread::sleep_for(
+            std::chrono::duration<double>(std::clamp(std::atof(seconds), 0.0, longest)));
+}
+
+// Whether the environment names the scenario among those that are to fail.
+bool is_to_fail(const TESK::File_name& file) {
+    const char* const names = std::getenv("TVS_STAND_IN_FAILURES");
+    return names != nullptr &&
+           (';' + std::string(names) + ';').find(';' + shown(file.get_name(false)) + ';') !=
+               std::string::npos;
+}
+
 } // namespace
 
 int run_model(const Arguments& arguments, std::ostream& out) {
     if (arguments.size() < 2)
         return misused("[format] project scenario", out);
     const TESK::File_name file(platform::full_name(arguments.back()).c_str());
+    take_time();
+    if (is_to_fail(file))
+        return failed("The run was told to fail: " + shown(file), out);
     Tilverra_scenario scenario;
     if (!read(file, scenario, out))
         return exit_failed;

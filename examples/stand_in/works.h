@@ -21,7 +21,9 @@ std::string shown(std::string_view text);
 // Each takes the program's arguments, says on `out` what it did or why it could not, and gives the exit code.
 
 // [format] project scenario: writes the tables of a run into the scenario's output folder, with numbers of
-// the scenario's record in them. The scenario's output options choose the tables.
+// the scenario's record in them. The scenario's output options choose the tables. The environment can ask for
+// more time (TVS_STAND_IN_SECONDS) and for failures (TVS_STAND_IN_FAILURES, names of scenarios with ";"
+// between them).
 int run_model(const Arguments& arguments, std::ostream& out);
 // scenario: makes the file, with what a new scenario has, where there is none.
 int edit_scenario(const Arguments& arguments, std::ostream& out);

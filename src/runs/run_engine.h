@@ -13,7 +13,8 @@ public:
     virtual ~Run_engine() = default;
 
     // Takes the set on. "" when that went well, else why it could not be: another process has it, its folder
-    // cannot be written, no scheduler. The project must have been saved before.
+    // cannot be written, no scheduler. The project must have been saved before, and its folder be the current
+    // one, from which relative names count.
     virtual std::string start() = 0;
     // Does what can be done without waiting: to be called when the descriptor is readable, and once a second.
     // False when there is nothing more to do, because all runs have ended, or the set was stopped.

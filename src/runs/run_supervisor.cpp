@@ -1,5 +1,7 @@
 #include "runs/run_supervisor.h"
 
+#include "platform/current_directory.h"
+#include "runs/run_folders.h"
 #include "runs/slurm_engine.h"
 
 #include <chrono>
@@ -22,6 +24,9 @@ void say(const platform::Companion_life& life, char what, const std::string& why
 
 int supervise(const std::string& folder) {
     platform::Companion_life life;
+    // Relative names count from the project's folder.
+    if (const auto set = read_run_set(folder))
+        platform::change_directory(set->folder);
     const std::unique_ptr<Run_engine> engine = make_engine(folder);
     const std::string reason = engine ? engine->start() : "There is no run set in " + folder;
     if (!reason.empty()) {

@@ -36,12 +36,8 @@ Program_starter::Program_starter(TTabSheet& commands)
 
 bool Program_starter::start(const std::string& program, const char* options, const std::string& file,
                             const char* extra, bool wait, int show_state) {
-    command = platform::in_quotes(program) + ' ';
-    if (options != nullptr)
-        command += options;
-    command += ' ' + platform::in_quotes(file) + ' ';
-    if (extra != nullptr && *extra != '\0')
-        command += platform::in_quotes(extra) + ' ';
+    command = platform::program_command(program, options == nullptr ? "" : options, file,
+                                        extra == nullptr ? "" : extra);
     command_history_memo.append_line(screen_text(command));
     const std::string refusal = platform::refusal_of_command(command);
     const bool is_told = !refusal.empty() && refusal == last_refusal_;

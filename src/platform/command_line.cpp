@@ -70,6 +70,13 @@ std::string in_quotes(std::string_view text) {
     return result + (is_root ? "\\\\\"" : "\"");
 }
 
+std::string program_command(std::string_view program, std::string_view options, std::string_view file,
+                            std::string_view extra) {
+    std::string command = in_quotes(program) + ' ';
+    command.append(options) += ' ' + in_quotes(file) + ' ';
+    return extra.empty() ? command : command + in_quotes(extra) + ' ';
+}
+
 std::string refusal_of_name(std::string_view name) {
     return is_handed_over(name) ? "" : refusal;
 }

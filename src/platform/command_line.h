@@ -14,6 +14,12 @@ namespace platform {
 // doubled instead.
 std::string in_quotes(std::string_view text);
 
+// The command line by which every program of the suite is started: "program" options "file" "extra", with a
+// blank behind each part and one in front of the file. `options` stand as they are; without `extra` the file
+// is the last.
+std::string program_command(std::string_view program, std::string_view options, std::string_view file,
+                            std::string_view extra);
+
 // Whether the programs of the suite can be handed a name with the character: no quote and no control
 // character can stand between the quotes of their command lines.
 constexpr bool can_be_handed_over(char c) {

@@ -1,6 +1,7 @@
 #include "runs/run_folders.h"
 
 #include "names/smart_directory_name.h"
+#include "platform/command_line.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "platform/listing.h"
@@ -39,7 +40,7 @@ std::string make_new_folder(const std::string& runs_folder) {
 Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set) {
     const std::string unusable = unusable_name(set);
     if (!unusable.empty())
-        return {"", {platform::Write_error::bad_name, "No command line can hold the name " + unusable}};
+        return {"", {platform::Write_error::bad_name, platform::refusal_of_name(unusable)}};
     platform::make_folders(runs_folder);
     const std::string folder = make_new_folder(runs_folder);
     if (folder.empty())

@@ -1,6 +1,7 @@
 #include "runs/run_set.h"
 
 #include "model/model_command.h"
+#include "platform/command_line.h"
 
 #include <algorithm>
 #include <array>
@@ -31,9 +32,7 @@ constexpr Slurm_key slurm_keys[] = {{"slurm_partition", &Slurm_request::partitio
                                     {"slurm_options", &Slurm_request::options}};
 
 bool is_usable(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) {
-        return c == '"' || c == '\177' || (static_cast<unsigned char>(c) < ' ');
-    });
+    return std::all_of(text.begin(), text.end(), platform::can_be_handed_over);
 }
 
 void add(std::string& text, std::string_view key, std::string_view value) {

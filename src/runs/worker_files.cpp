@@ -1,6 +1,7 @@
 #include "runs/worker_files.h"
 
 #include "names/file_name.h"
+#include "platform/current_directory.h"
 #include "platform/file_writer.h"
 #include "platform/host_names.h"
 #include "platform/shell_text.h"
@@ -107,6 +108,9 @@ std::string run_list_file(const std::string& folder) {
 }
 
 std::string write_worker_files(const std::string& folder, const Run_set& set) {
+    // Relative names count from the project's folder.
+    const platform::Directory_guard current;
+    platform::change_directory(set.folder);
     std::string commands;
     std::string outputs;
     for (std::size_t run = 0; run < set.scenarios.size(); ++run) {

@@ -81,6 +81,14 @@ bool Shell::recycle(const std::string& name) {
     return !holds_drive_root(name) && move_to_trash(host_path(name));
 }
 
+std::vector<bool> Shell::recycle_all(const std::vector<std::string>& names,
+                                     const std::function<bool(std::size_t done)>& progress) {
+    std::vector<std::string> paths;
+    for (const std::string& name : names)
+        paths.push_back(holds_drive_root(name) ? "" : host_path(name));
+    return move_to_trash(paths, progress);
+}
+
 bool Shell::delete_permanently(const std::string& name) {
     return (exists(name) || is_link(name)) && remove_tree(name);
 }

@@ -4,6 +4,8 @@
 // shell, or some of its operations, for a scope.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +36,11 @@ public:
     // Moves a file, a folder with all that is in it, or a link to the trash, from which the user's file
     // manager can restore it. False, with everything still in its place, when that cannot be.
     virtual bool recycle(const std::string& name);
+
+    // The same for many, at less cost. `progress` is told after each how many are in the trash, and may say
+    // stop by false. Gives whether each is in the trash; those behind a stop are not.
+    virtual std::vector<bool> recycle_all(const std::vector<std::string>& names,
+                                          const std::function<bool(std::size_t done)>& progress);
 
     // Deletes a file, a folder with all that is in it, or a link. False when nothing is there, or when
     // something of it is still there afterwards. Links in a folder are deleted, never what they point to.

@@ -1,14 +1,16 @@
 #include "platform/trash.h"
 
 #include "platform/entry_names.h"
-#include "platform/file_replacement.h"
+#include "platform/file_steps.h"
 #include "platform/host_handle.h"
 #include "platform/percent_encoding.h"
 #include "platform/user_folders.h"
 
+#include <algorithm>
 #include <climits>
 #include <ctime>
 #include <fcntl.h>
+#include <map>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -72,6 +74,14 @@ std::optional<Trash> trash_for(const std::string& real_folder, dev_t device) {
     return is_ready ? std::optional(Trash{home_trash, ""}) : std::nullopt;
 }
 
+// The same with the folders in it.
+std::optional<Trash> ready_trash_for(const std::string& real_folder, dev_t device) {
+    auto trash = trash_for(real_folder, device);
+    const bool is_ready = trash && make_host_folders(join_host_path(trash->folder, "files")) &&
+                          make_host_folders(join_host_path(trash->folder, "info"));
+    return is_ready ? trash : std::nullopt;
+}
+
 std::string deletion_time() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
@@ -106,53 +116,129 @@ struct Place {
     std::string record;
 };
 
-// Finds a name that neither an entry nor a record has yet, and makes the record, still empty, so that nobody
-// else takes it.
-std::optional<Place> reserve_place(const Trash& trash, const std::string& entry) {
+// Takes a name that neither an entry nor a record has yet, by making the record.
+std::optional<Place> reserve_place(const Trash& trash, const std::string& entry, Host_handle& record) {
     const std::string entries = join_host_path(trash.folder, "files");
     const std::string records = join_host_path(trash.folder, "info");
-    if (!make_host_folders(entries) || !make_host_folders(records))
-        return std::nullopt;
     const std::string first_name = entry.size() > longest_trashed_name ? "long-name" : entry;
     std::string name = first_name;
     constexpr int most_tries = 100;
     for (int tries = 0; tries < most_tries; ++tries) {
         Place place{join_host_path(entries, name), join_host_path(records, name + ".trashinfo")};
-        if (!host_entry_exists(place.entry) &&
-            Host_handle(open(place.record.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)).is_open())
-            return place;
+        if (!host_entry_exists(place.entry)) {
+            record = Host_handle(open(place.record.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+            if (record.is_open())
+                return place;
+        }
         name = other_name(first_name);
     }
     return std::nullopt;
 }
 
-// The record comes first and is taken back when the entry cannot follow.
-bool move_into(const Trash& trash, const std::string& path) {
-    const std::string entry = host_entry_of(path);
-    const auto place = reserve_place(trash, entry);
-    if (!place)
-        return false;
-    const std::string record = record_of(trash, path);
-    Folder_change change(host_folder_of(path));
-    if (replace_file(place->record, Content(record), 0600, Durability::durable).ok() &&
-        rename(path.c_str(), place->entry.c_str()) == 0) {
-        change.removed(entry);
+// Entries that go to the trash together: their records come first and are on the disk before the entries
+// follow. A record whose entry cannot follow is taken back.
+class Trash_batch {
+public:
+    Trash_batch() = default;
+    Trash_batch(const Trash_batch&) = delete;
+    Trash_batch& operator=(const Trash_batch&) = delete;
+    ~Trash_batch() {
+        for (const Entry& entry : entries_)
+            unlink(entry.place.record.c_str());
+    }
+
+    void add(std::size_t number, const Trash& trash, const std::string& path) {
+        Entry entry{number, path, {}, Host_handle()};
+        const auto place = reserve_place(trash, host_entry_of(path), entry.record);
+        if (!place)
+            return;
+        entry.place = *place;
+        const std::string record = record_of(trash, path);
+        if (write_all(Write_step::write, entry.record, Content(record)) == 0)
+            entries_.push_back(std::move(entry));
+        else
+            unlink(entry.place.record.c_str());
+    }
+
+    // Moves them until `done`, which is told the number of each, says stop by false.
+    bool move(const std::function<bool(std::size_t number)>& done) {
+        if (!flush())
+            return true;
+        while (!entries_.empty()) {
+            const Entry entry = std::move(entries_.back());
+            entries_.pop_back();
+            Folder_change change(host_folder_of(entry.path));
+            const int error = outcome_of(
+                Write_step::rename, [&] { return rename(entry.path.c_str(), entry.place.entry.c_str()); });
+            if (error != 0) {
+                unlink(entry.place.record.c_str());
+                continue;
+            }
+            change.removed(host_entry_of(entry.path));
+            if (!done(entry.number))
+                return false;
+        }
         return true;
     }
-    unlink(place->record.c_str());
-    return false;
-}
+
+private:
+    struct Entry {
+        std::size_t number;
+        std::string path;
+        Place place;
+        Host_handle record;
+    };
+
+    // All at once costs less than many one by one.
+    bool flush() {
+        constexpr std::size_t few = 4;
+        const auto brought = [](const Host_handle& record) {
+            return outcome_of(Write_step::flush, [&] { return fsync(record.get()); }) == 0;
+        };
+        if (entries_.size() <= few)
+            return std::all_of(entries_.begin(), entries_.end(),
+                               [&](const Entry& entry) { return brought(entry.record); });
+        return outcome_of(Write_step::flush, [&] { return syncfs(entries_.front().record.get()); }) == 0;
+    }
+
+    std::vector<Entry> entries_;
+};
 
 } // namespace
 
 bool move_to_trash(const std::string& path) {
-    const std::string folder = real_path(host_folder_of(path));
-    const std::string real = join_host_path(folder, host_entry_of(path));
-    const auto state = state_of(folder);
-    if (!state || real == "/" || !host_entry_exists(real))
-        return false;
-    const auto trash = trash_for(folder, state->st_dev);
-    return trash && move_into(*trash, real);
+    return move_to_trash(std::vector{path}, nullptr).front();
+}
+
+std::vector<bool> move_to_trash(const std::vector<std::string>& paths,
+                                const std::function<bool(std::size_t done)>& progress) {
+    constexpr std::size_t batch_size = 64;
+    std::vector<bool> moved(paths.size(), false);
+    std::map<std::string, std::optional<Trash>> trashes; // by the folder of the entries
+    std::size_t done = 0;
+    const auto one_more = [&](std::size_t number) {
+        moved[number] = true;
+        return !progress || progress(++done);
+    };
+    for (std::size_t begin = 0; begin < paths.size(); begin += batch_size) {
+        Trash_batch batch;
+        // From behind, since a batch moves its last entry first.
+        for (std::size_t number = std::min(begin + batch_size, paths.size()); number-- > begin;) {
+            const std::string folder = real_path(host_folder_of(paths[number]));
+            const std::string path = join_host_path(folder, host_entry_of(paths[number]));
+            const auto state = state_of(folder);
+            if (!state || path == "/" || !host_entry_exists(path))
+                continue;
+            const auto [known, is_new] = trashes.try_emplace(folder);
+            if (is_new)
+                known->second = ready_trash_for(folder, state->st_dev);
+            if (known->second)
+                batch.add(number, *known->second, path);
+        }
+        if (!batch.move(one_more))
+            break;
+    }
+    return moved;
 }
 
 } // namespace platform

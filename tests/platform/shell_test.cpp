@@ -130,6 +130,28 @@ TEST_F(Desktop_shell, what_is_recycled_can_be_restored) {
     EXPECT_EQ(fs::status(trash("info")).permissions(), fs::perms::owner_all);
 }
 
+TEST_F(Desktop_shell, many_go_to_the_trash_in_order_until_the_user_says_stop) {
+    std::vector<std::string> names{"C:\\", "C:\\none", ""};
+    for (int i = 0; i < 150; ++i)
+        drives.write(names.emplace_back(std::to_string(i) + ".tvn"));
+    std::size_t told = 0;
+    const auto until_100 = [&](std::size_t done) {
+        EXPECT_EQ(done, ++told);
+        return done < 100;
+    };
+    const std::vector<bool> moved = shell().recycle_all(names, until_100);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(moved[i], i >= 3 && i < 103) << names[i];
+        EXPECT_EQ(is_file(names[i]), i >= 103) << names[i];
+    }
+    EXPECT_EQ(entries_in(trash("info")), 100u);
+    EXPECT_EQ(entries_in(trash("files")), 100u);
+    File_faults faults;
+    faults.fail(Write_step::flush, EIO);
+    EXPECT_EQ(shell().recycle_all(names, nullptr), std::vector<bool>(names.size(), false));
+    EXPECT_EQ(entries_in(trash("info")), 100u);
+}
+
 TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {
     drives.write("file.txt", "kept");
     EXPECT_FALSE(shell().recycle("C:\\"));

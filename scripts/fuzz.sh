@@ -13,6 +13,10 @@ dbase       tests/data/*.dbf
 project     tests/data/*.tvp
 scenario    tests/data/*.tvn tests/data/*.sim
 value       tests/fuzz/value_corpus.txt
+translation examples/translations/*/*.txt
+settings    tests/fuzz/settings_corpus.ini
+name        tests/fuzz/name_corpus.txt
+command     tests/fuzz/name_corpus.txt
 '
 
 runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a 2>/dev/null || true)

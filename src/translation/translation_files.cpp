@@ -111,12 +111,20 @@ void read_files(const std::vector<Directory_name>& holders, const char* sub_fold
 
 } // namespace
 
+void add_ANSI_translations(std::string_view text, Translations_phrases& phrases) {
+    read_lines(utf8_from_code_page(text), phrases);
+}
+
+void add_Unicode_translations(std::string_view text, Translations_phrases& phrases) {
+    read_lines(utf8_from_big_endian(text), phrases);
+}
+
 void read_ANSI_translations(const std::string& file, Translations_phrases& phrases) {
-    read_lines(utf8_from_code_page(platform::read_file(file, largest_file).contents), phrases);
+    add_ANSI_translations(platform::read_file(file, largest_file).contents, phrases);
 }
 
 void read_Unicode_translations(const std::string& file, Translations_phrases& phrases) {
-    read_lines(utf8_from_big_endian(platform::read_file(file, largest_file).contents), phrases);
+    add_Unicode_translations(platform::read_file(file, largest_file).contents, phrases);
 }
 
 void load_translations(Translations_phrases& phrases, const std::vector<Directory_name>& holding_ANSI,

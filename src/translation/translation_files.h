@@ -10,15 +10,20 @@
 #include "translation/translations_phrases.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace TESK {
 
-// Appends the phrases of a file in code page 1252.
-void read_ANSI_translations(const std::string& file, Translations_phrases& phrases);
+// Appends the phrases of a text in code page 1252.
+void add_ANSI_translations(std::string_view text, Translations_phrases& phrases);
 
-// Appends the phrases of a file in 16-bit Unicode, high byte first, with or without a byte order mark. Halves
+// Appends the phrases of a text in 16-bit Unicode, high byte first, with or without a byte order mark. Halves
 // of surrogate pairs that stand alone become U+FFFD.
+void add_Unicode_translations(std::string_view text, Translations_phrases& phrases);
+
+// The same for the text of a file.
+void read_ANSI_translations(const std::string& file, Translations_phrases& phrases);
 void read_Unicode_translations(const std::string& file, Translations_phrases& phrases);
 
 // Appends the phrases of all files in the sub-folder "ANSI" of each of the first folders, and then of those

@@ -33,6 +33,21 @@ bool User_settings::setup_structure(Data_record& record, bool for_write) {
     return true;
 }
 
+void write_settings(User_settings& settings, const std::string& section, Data_source& file) {
+    Data_record record(section_name(section));
+    record.set_preserve_unexpected(true);
+    record.expect_structure(true);
+    settings.setup_structure(record, false);
+    file.set(record);
+}
+
+void read_settings(User_settings& settings, const std::string& section, Data_source& file) {
+    Data_record record(section_name(section));
+    record.expect_structure(false);
+    settings.setup_structure(record, false);
+    file.get(record);
+}
+
 Application_data_directory::Application_data_directory(const File_name& program)
     : Smart_directory_name(platform::folder_local_application_data),
       settings_file(std::string(program.get_name(false) + ".ini").c_str()) {
@@ -49,18 +64,13 @@ void Application_data_directory::save(User_settings& settings, const std::string
     // What another program writes at the same moment would be missing in the file that is read and written
     // here.
     const platform::Folder_lock lock(*this);
-    Data_record record(section_name(section));
-    record.set_preserve_unexpected(true);
-    record.expect_structure(true);
-    settings.setup_structure(record, false);
-    VV_file(settings_file.c_str()).set(record);
+    VV_file file(settings_file.c_str());
+    write_settings(settings, section, file);
 }
 
 void Application_data_directory::load(User_settings& settings, const std::string& section) const {
-    Data_record record(section_name(section));
-    record.expect_structure(false);
-    settings.setup_structure(record, false);
-    VV_file(settings_file.c_str()).get(record);
+    VV_file file(settings_file.c_str());
+    read_settings(settings, section, file);
 }
 
 } // namespace TESK

@@ -5,6 +5,7 @@
 #include "names/smart_directory_name.h"
 #include "names/smart_file_name.h"
 #include "records/data_record.h"
+#include "records/data_source.h"
 
 #include <cstdint>
 
@@ -31,16 +32,19 @@ public:
     Ustring language;
 };
 
+// Writes the settings as the section that the record file's name makes; all other sections stay.
+void write_settings(User_settings& settings, const std::string& section, Data_source& file);
+// Reads them; what the file does not hold stays as it is.
+void read_settings(User_settings& settings, const std::string& section, Data_source& file);
+
 // The folder of a program's settings, in the user's folder for such data, named after the program's folder.
 class Application_data_directory : public Smart_directory_name {
 public:
     // Touches no disk.
     explicit Application_data_directory(const File_name& program);
 
-    // Writes the settings as the section that the record file's name makes; all other sections of the file
-    // stay. Failures are quiet.
+    // Each writes or reads the file of settings. Failures are quiet.
     void save(User_settings& settings, const std::string& section) const;
-    // Reads them; what the file does not hold stays as it is.
     void load(User_settings& settings, const std::string& section) const;
 
     Smart_file_name settings_file;

@@ -55,8 +55,9 @@ TEST(command_line, what_cannot_stand_between_quotes_is_refused) {
             EXPECT_FALSE(refusal_of_command(command).empty()) << command;
     }
     EXPECT_EQ(refusal_of_name("C:\\caf\xE9 (1)\\it's a.tvn"), "");
-    for (const std::string& command : {good + "  " + good + ' ', "C:\\My programs\\x.exe " + good + " -o",
-                                       good, std::string(), in_quotes("C:\\") + ' ' + in_quotes("")})
+    for (const std::string& command :
+         {good + "  " + good + ' ', "C:\\My programs\\x.exe " + good + " -o", good, std::string(),
+          "x.exe " + in_quotes("C:\\") + ' ' + in_quotes("")})
         EXPECT_EQ(refusal_of_command(command), "") << command;
 }
 

@@ -1,0 +1,57 @@
+// Any bytes are a file of user settings: what was read comes back from what is written, and a second section
+// leaves the first as it is.
+#include "records/vv_text.h"
+#include "trees/user_settings.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+std::string written(TESK::User_settings& settings, const std::string& section, const std::string& text) {
+    TESK::VV_text file(text);
+    TESK::write_settings(settings, section, file);
+    return file.text();
+}
+
+TESK::User_settings read(const std::string& section, const std::string& text) {
+    TESK::User_settings settings;
+    TESK::VV_text file(text);
+    TESK::read_settings(settings, section, file);
+    return settings;
+}
+
+bool are_same(const TESK::User_settings& a, const TESK::User_settings& b) {
+    return a.top == b.top && a.left == b.left && a.width == b.width && a.height == b.height &&
+           a.activepageindex == b.activepageindex && a.active_control == b.active_control &&
+           a.auto_explore_context == b.auto_explore_context && a.advanced == b.advanced &&
+           a.recent_context == b.recent_context && a.language == b.language;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string text(reinterpret_cast<const char*>(data), size);
+    // A carriage return inside a value is a blank when it is written.
+    std::erase(text, '\r');
+    // The first section of the file, when it has one.
+    const std::size_t end = text.find(']');
+    std::string section = text.starts_with('[') && end != std::string::npos ? text.substr(1, end - 1) : "";
+    std::erase_if(section, [](char c) { return c == '\n' || c == '\0'; });
+    section.insert(0, section.empty() ? "name" : "");
+
+    TESK::User_settings settings = read(section, text);
+    const std::string once = written(settings, section, text);
+    TESK::User_settings again = read(section, once);
+    if (!are_same(settings, again) || written(again, section, once) != once)
+        std::abort();
+    if (size % 2 != 0) // once in a while is enough
+        return 0;
+    TESK::User_settings other;
+    other.top = 7;
+    const std::string both = written(other, section + " 2", once);
+    if (!are_same(settings, read(section, both)) || !are_same(other, read(section + " 2", both)))
+        std::abort();
+    return 0;
+}

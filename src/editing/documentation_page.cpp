@@ -3,6 +3,7 @@
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
 #include "platform/shell.h"
+#include "toolkit/screen_language.h"
 
 #include <algorithm>
 #include <iterator>
@@ -31,9 +32,12 @@ Documentation_page::Documentation_page(const TESK::File_name& program_file, TTab
     : documentation_label_installed(
           add_note(sheet.add<TGroupBox>("documentation_group_installed", "On this computer"),
                    "documentation_label_installed", installed)),
+      label_where_documentation_lies(
+          add_note(*documentation_label_installed.parent(), "label_where_documentation_lies", "")),
       documentation_web_label(add_note(sheet.add<TGroupBox>("documentation_group_web", "On the web"),
                                        "documentation_web_label", "Documentation on the web")),
       program_directory_(program_file) {
+    label_where_documentation_lies.set_text_is_data(true);
     TPanel& on_disk = add_row(*documentation_label_installed.parent(), "panel_documentation_installed");
     TPanel& on_web = add_row(*documentation_web_label.parent(), "panel_documentation_web");
     for (std::size_t i = 0; i < std::size(topics); ++i) {
@@ -79,6 +83,10 @@ void Documentation_page::update_documentation_buttons() {
                                                                 : not_connected);
     }
     documentation_label_installed.set_text(any_installed ? installed : none_found);
+    label_where_documentation_lies.set_text(
+        worded("Documentation is looked for in %1, where the installation of the suite puts it.",
+               screen_text(program_directory_)));
+    label_where_documentation_lies.set_visible(!any_installed);
     documentation_web_label.parent()->set_visible(web_ != nullptr);
     if (on_new_texts)
         on_new_texts();

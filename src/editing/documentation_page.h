@@ -29,6 +29,7 @@ public:
     std::function<void()> on_new_texts; // captions were set that may have to be translated
 
     TLabel& documentation_label_installed;
+    TLabel& label_where_documentation_lies; // shown while there is none
     TLabel& documentation_web_label;
     // In the order help, FAQ, manual, tutorial.
     std::array<TButton*, 4> documentation_buttons{};

@@ -81,7 +81,7 @@ void Tparameter_file_form::wire() {
         if (parameter_form != nullptr)
             parameter_form->Update();
     };
-    file.on_notice = [this](const std::string& text) { notice(text); };
+    file.on_notice = programs.on_notice = [this](const std::string& text) { notice(text); };
     file.on_reload = [this] { reload(); };
     details.edit_as_text = notes.edit_as_text = [this](const std::string& text_file) {
         run("notepad.exe", nullptr, text_file.c_str(), nullptr, false, show_normal);

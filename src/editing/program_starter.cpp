@@ -49,5 +49,7 @@ bool Program_starter::start(const std::string& program, const char* options, con
     else if (!started)
         command_history_memo.append_line(
             worded("The program could not be started. Looked for: %1", screen_text(program)));
+    if (!started && on_notice)
+        on_notice(worded("Not started: %1; see Commands", screen_text(program)));
     return started;
 }

@@ -5,6 +5,7 @@
 #include "toolkit/edit.h"
 #include "toolkit/page_control.h"
 
+#include <functional>
 #include <string>
 
 // How a window of a started program is to appear.
@@ -26,6 +27,9 @@ public:
                bool wait, int show_state);
 
     const TESK::Ustring& get_command_line() const { return command; }
+
+    // Tells in a line that a program was not started.
+    std::function<void(const std::string& text)> on_notice;
 
     TMemo& command_history_memo;
 

@@ -1,6 +1,7 @@
 #include "editing/recent_file_selector_form.h"
 
 #include "editing/page_parts.h"
+#include "platform/command_line.h"
 #include "platform/file_stream.h"
 #include "platform/files.h"
 #include "platform/listing.h"
@@ -212,8 +213,10 @@ void Trecent_file_selector_form::new_button_onclick() {
     if (file_name_ == nullptr || !ask_for_file(dialog))
         return;
     const std::string name = record_text(dialog.file_name);
-    if (screen_text(name) != dialog.file_name) {
-        show_message("The suite cannot write this name down:\n" + dialog.file_name);
+    const std::string refusal = platform::refusal_of_name(name);
+    if (screen_text(name) != dialog.file_name || !refusal.empty()) {
+        show_message(refusal.empty() ? "The suite cannot write this name down:\n" + dialog.file_name
+                                     : refusal);
         return;
     }
     // A file that is there is nobody's new file: it is edited as it is, if that is what the user wants.

@@ -74,6 +74,7 @@ TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word
               "\"p.exe\"  \"C:\\work\\study.tvp\" \"C:\\s.tvn\" \n"
               "\"C:\\gone.exe\"  \"f\" \n"
               "The program could not be started. Looked for: C:\\gone.exe\n");
+    EXPECT_EQ(form.status_line.text(), "Not started: C:\\gone.exe; see Commands");
     form.show_run_button("Run GIS", "C:\\GIS_runner.exe");
     EXPECT_TRUE(form.run_button.click());
     EXPECT_EQ(form.get_command_line(), "\"C:\\GIS_runner.exe\"  \"C:\\work\\study.tvp\" ");
@@ -131,6 +132,8 @@ TEST_F(Parameter_file_form, documentation_is_local_where_there_is_a_page_and_els
     Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
     bare.set_web_documentation(nullptr, nullptr);
     EXPECT_EQ(bare.documentation.documentation_label_installed.text(), "No documentation found");
+    EXPECT_EQ(bare.documentation.label_where_documentation_lies.text(),
+              "Documentation is looked for in C:\\work\\other, where the installation of the suite puts it.");
 }
 
 TEST_F(Parameter_file_form, each_file_has_its_window_and_a_position_of_0_is_stored_as_1) {

@@ -6,9 +6,6 @@
 namespace {
 
 constexpr const char* html_file = "<HTML>\r\n</HTML>\r\n";
-// A view lays out the whole of a page before it shows any of it.
-constexpr std::int64_t largest_page = std::int64_t{1} << 20; // bytes
-
 } // namespace
 
 Details_page::Details_page(Edited_file& file, TTabSheet& sheet)
@@ -95,9 +92,11 @@ void Details_page::reload_details() {
     }
 }
 
+// A view lays out the whole of a page before it shows any of it.
 void Details_page::show_local_page() {
     const TESK::Smart_file_name page = text_.name();
-    const bool is_long = platform::File_stream(page, false).size() > largest_page;
+    const bool is_long =
+        platform::File_stream(page, false).size() > static_cast<std::int64_t>(Companion_text::largest_shown);
     long_page_note.panel.set_visible(is_long);
     details_html_viewer.navigate(page.exists() && !is_long ? screen_text(page) : "");
 }

@@ -1,0 +1,124 @@
+// Each call of the system that an operation makes on files fails once, with each kind of error: what is found
+// afterwards is the old or the new, whole, and a failure is told.
+#include "model/project_editor_parameters.h"
+#include "operations/scenario_reset.h"
+#include "platform/file_writer.h"
+#include "platform/files.h"
+#include "platform/interrupted_save.h"
+#include "records/vv_file.h"
+#include "support/temporary_drives.h"
+
+#include <cerrno>
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+#include <utility>
+
+namespace fs = std::filesystem;
+using namespace platform;
+
+namespace {
+
+// With the bytes that a write has written before; one of them makes a short write.
+constexpr std::pair<int, std::size_t> failures_of_a_call[] = {{ENOSPC, 0}, {ENOSPC, 1}, {EIO, 0},
+                                                              {EACCES, 0}, {EMFILE, 0}, {EINTR, 0}};
+
+class Failing_calls : public testing::Test {
+protected:
+    // All files of c:, with their contents. Unfinished saves are of no account.
+    std::set<std::string> picture() const {
+        std::set<std::string> lines;
+        for (const auto& entry : fs::recursive_directory_iterator(drives.host()))
+            if (entry.is_regular_file())
+                lines.insert(entry.path().string() + "=" +
+                             drives.read(entry.path().lexically_relative(drives.host())));
+        return lines;
+    }
+
+    // The operation tells whether it succeeded. `arrange` puts everything back before each try. What is found
+    // after a failure is what `arrange` made or what a success makes, and nothing is told to have worked that
+    // has not.
+    void fail_each_call(const std::function<void()>& arrange, const std::function<bool()>& operation) {
+        arrange();
+        const std::set<std::string> old = picture();
+        ASSERT_TRUE(operation());
+        const std::set<std::string> success = picture();
+        std::size_t failures = 0;
+        for (const auto& [error, after_bytes] : failures_of_a_call) {
+            bool has_failed = true;
+            for (std::size_t call = 1; has_failed; ++call) {
+                arrange();
+                bool is_done = false;
+                {
+                    File_faults faults;
+                    faults.fail_call(call, error, after_bytes);
+                    is_done = operation();
+                    has_failed = faults.call_has_failed();
+                }
+                const std::set<std::string> found = picture();
+                EXPECT_TRUE(found == success || (!is_done && found == old))
+                    << "error " << error << " at call " << call << (is_done ? ", told as done" : "");
+                failures += is_done ? 0 : 1;
+            }
+        }
+        EXPECT_GT(failures, 10U);
+    }
+
+    static bool save(const char* name, const std::string& description) {
+        Tilverra_project_editor_parameters project("C:\\model.exe");
+        project.description = description;
+        TESK::VV_file file(name);
+        return file.set(project) && file.get_last_write().ok();
+    }
+
+    Temporary_drives drives;
+};
+
+} // namespace
+
+TEST_F(Failing_calls, of_a_save) {
+    fail_each_call(
+        [&] { drives.write("study.tvp", "[project]\r\ndescription=old\r\n[other]\r\nkey=kept\r\n"); },
+        [] { return save("study.tvp", "new"); });
+}
+
+TEST_F(Failing_calls, of_a_first_save) {
+    fail_each_call([&] { fs::remove(drives.host("study.tvp")); }, [] { return save("study.tvp", "new"); });
+}
+
+TEST_F(Failing_calls, of_a_save_into_a_file_with_several_hard_links) {
+    fail_each_call(
+        [&] {
+            fs::remove(drives.host("twin"));
+            drives.write("study.tvp", "[project]\r\ndescription=old\r\n");
+            fs::create_hard_link(drives.host("study.tvp"), drives.host("twin"));
+        },
+        [] { return save("study.tvp", "new"); });
+    EXPECT_FALSE(interrupted_save("study.tvp"));
+}
+
+TEST_F(Failing_calls, of_a_save_under_another_name) {
+    drives.write("old/study.tvp", "[project]\r\ndescription=old\r\n");
+    drives.write("old/study/notes.txt", "notes");
+    drives.write("old/study/Scenarios/a.tvn", "[scenario]\r\n");
+    fail_each_call([&] { fs::remove_all(drives.host("new")); },
+                   [] {
+                       if (copy_tree("old\\study", "new\\study").ok() && save("new\\study.tvp", "new"))
+                           return true;
+                       remove_tree("new");
+                       return false;
+                   });
+}
+
+TEST_F(Failing_calls, of_a_reset) {
+    drives.write("source.tvn", "[CO2]\r\nactual=400\r\n");
+    Ticked_reset_boxes ticked;
+    ticked[1] = true;
+    fail_each_call(
+        [&] { drives.write("target.tvn", "[scenario]\r\n[CO2]\r\nactual=300\r\n[other]\r\nkey=kept\r\n"); },
+        [&] {
+            return reset_scenario(TESK::File_name("C:\\source.tvn"), TESK::File_name("C:\\target.tvn"),
+                                  ticked)
+                .ok();
+        });
+}

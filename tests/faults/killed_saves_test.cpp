@@ -1,0 +1,251 @@
+// Programs that are killed while they save, at random moments: what is found afterwards is the old or the
+// new, whole. TVS_KILLS says how often each kind of save is killed; a few times by default.
+#include "model/project_editor_parameters.h"
+#include "model/tilverra_scenario.h"
+#include "names/recycling.h"
+#include "platform/file_writer.h"
+#include "platform/files.h"
+#include "platform/interrupted_save.h"
+#include "platform/listing.h"
+#include "platform/shell.h"
+#include "records/vv_file.h"
+#include "records/vv_text.h"
+#include "support/temporary_drives.h"
+#include "tables/dbase_data_source.h"
+#include "trees/user_settings.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace platform;
+
+namespace {
+
+constexpr std::size_t usual_kills = 8;
+
+struct Project : Tilverra_project_editor_parameters {
+    Project() : Tilverra_project_editor_parameters("C:\\model.exe") {}
+};
+
+// A row of a table.
+struct Row : TESK::Data_record {
+    explicit Row(std::size_t number) : Data_record(""), text("row " + std::to_string(number)) {}
+    void expect_structure(bool) override { expect_string("TEXT", text, 20); }
+    TESK::Ustring text;
+};
+
+class Killed_saves : public testing::Test {
+protected:
+    // Has a program do the work over and over until it is killed, and then looks at what is there. The work
+    // is told how often it has been done.
+    template <class Work, class Check>
+    void kill_often(Work work, Check check, useconds_t longest = 40'000) {
+        const char* asked = std::getenv("TVS_KILLS");
+        const std::size_t kills = asked != nullptr ? std::strtoul(asked, nullptr, 10) : usual_kills;
+        const unsigned seed = std::random_device()();
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        for (std::size_t kill_number = 0; kill_number < kills && !HasFailure(); ++kill_number) {
+            const pid_t program = fork();
+            if (program == 0)
+                for (std::size_t round = 0;; ++round)
+                    work(round);
+            usleep(std::uniform_int_distribution<useconds_t>(500, longest)(random));
+            kill(program, SIGKILL);
+            waitpid(program, nullptr, 0);
+            check();
+        }
+        // The next save into the folder clears away what was left.
+        EXPECT_TRUE(write_file("after", "x", Durability::quick).ok());
+    }
+
+    // A record of two kinds of contents, one after the other.
+    template <class Record>
+    void kill_saves_of(const char* name) {
+        const auto filled = [](bool second) {
+            auto record = std::make_unique<Record>();
+            record->description = second ? std::string(250, 'x') : "first";
+            return record;
+        };
+        const auto text_of = [&](bool second) {
+            TESK::VV_text text;
+            text.set(*filled(second));
+            return text.text();
+        };
+        const std::string texts[] = {text_of(false), text_of(true)};
+        kill_often([&](std::size_t round) { TESK::VV_file(name).set(*filled(round % 2 != 0)); },
+                   [&] {
+                       const Read_result found = read_file(name);
+                       EXPECT_TRUE(found.outcome == Read_outcome::absent || found.contents == texts[0] ||
+                                   found.contents == texts[1])
+                           << found.contents;
+                   });
+    }
+
+    Temporary_drives drives;
+    Environment_guard config{"XDG_CONFIG_HOME", drives.host("config")};
+};
+
+} // namespace
+
+TEST_F(Killed_saves, of_a_project) {
+    kill_saves_of<Project>("study.tvp");
+}
+
+TEST_F(Killed_saves, of_a_scenario) {
+    kill_saves_of<Tilverra_scenario>("base.tvn");
+}
+
+TEST_F(Killed_saves, of_a_file_with_several_hard_links) {
+    const std::string texts[] = {std::string(2'000'000, 'a'), std::string(1'500'000, 'b')};
+    drives.write("file", texts[0]);
+    fs::create_hard_link(drives.host("file"), drives.host("twin"));
+    std::size_t damaged = 0;
+    kill_often([&](std::size_t round) { write_file("file", texts[(round + 1) % 2], Durability::durable); },
+               [&] {
+                   std::string found = drives.read("twin");
+                   if (found != texts[0] && found != texts[1]) {
+                       ++damaged;
+                       const auto save = interrupted_save("twin");
+                       ASSERT_TRUE(save);
+                       ASSERT_TRUE(restore("twin", *save).ok());
+                       found = drives.read("twin");
+                   }
+                   EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size();
+                   EXPECT_FALSE(interrupted_save("twin"));
+               },
+               400'000);
+    RecordProperty("damaged_and_restored", static_cast<int>(damaged));
+    std::cout << "damaged and restored: " << damaged << '\n';
+}
+
+TEST_F(Killed_saves, of_new_files_in_bulk) {
+    const std::string text(9000, 'x');
+    fs::create_directory(drives.host("bulk"));
+    kill_often(
+        [&](std::size_t round) {
+            write_file("bulk\\" + std::to_string(round) + ".tvn", text, Durability::quick);
+        },
+        [&] {
+            for (const Folder_entry& entry : list_folder("bulk"))
+                EXPECT_EQ(read_file("bulk\\" + entry.name).contents, text) << entry.name;
+            EXPECT_TRUE(remove_tree("bulk") && make_folder("bulk"));
+        });
+}
+
+TEST_F(Killed_saves, of_settings) {
+    const TESK::Application_data_directory directory(TESK::File_name("C:\\Suite\\editor.exe"));
+    const auto section = [](std::size_t number) { return "C:\\" + std::to_string(number) + ".tvp"; };
+    std::size_t known = 0; // sections that are there for sure
+    kill_often(
+        [&](std::size_t round) {
+            TESK::User_settings settings;
+            settings.top = static_cast<std::int16_t>(known + round + 1);
+            directory.save(settings, section(known + round));
+        },
+        [&] {
+            for (std::size_t number = 0;; ++number) {
+                TESK::User_settings settings;
+                directory.load(settings, section(number));
+                if (settings.top == 0) {
+                    EXPECT_GE(number, known);
+                    known = number;
+                    break;
+                }
+                EXPECT_EQ(settings.top, static_cast<std::int16_t>(number + 1));
+            }
+            if (known > 100) {
+                delete_file(directory.settings_file);
+                known = 0;
+            }
+        });
+}
+
+TEST_F(Killed_saves, of_the_list_of_recent_files) {
+    for (int i = 0; i < 60; ++i)
+        drives.write(std::to_string(i) + ".tvp");
+    for (int i = 0; i < 10; ++i)
+        shell().add_to_recent_documents(std::to_string(i) + ".tvp");
+    kill_often(
+        [&](std::size_t round) { shell().add_to_recent_documents(std::to_string(round % 60) + ".tvp"); },
+        [&] {
+            // One of them may be on its way to the front.
+            const std::vector<std::string> shortcuts = shell().recent_documents();
+            EXPECT_GE(shortcuts.size(), 9U);
+            for (const std::string& shortcut : shortcuts)
+                EXPECT_TRUE(shell().resolve_shortcut(shortcut)) << shortcut;
+        });
+}
+
+TEST_F(Killed_saves, of_the_trash) {
+    constexpr int files = 40;
+    const fs::path trash = drives.user_data() + "/Trash";
+    kill_often(
+        [&](std::size_t) {
+            std::vector<std::string> names;
+            for (int i = 0; i < files; ++i)
+                write_file(names.emplace_back(std::to_string(i) + ".tvn"), "text", Durability::quick);
+            TESK::recycle_all(names, false, nullptr);
+        },
+        [&] {
+            // What has gone to the trash can be restored from there.
+            if (fs::exists(trash / "files"))
+                for (const auto& entry : fs::directory_iterator(trash / "files")) {
+                    const std::string record =
+                        trash / "info" / (entry.path().filename().string() + ".trashinfo");
+                    std::ifstream in(record);
+                    const std::string text{std::istreambuf_iterator<char>(in), {}};
+                    EXPECT_TRUE(text.starts_with("[Trash Info]\nPath=") && text.ends_with('\n')) << record;
+                    EXPECT_EQ(fs::file_size(entry.path()), 4U);
+                }
+            for (const Folder_entry& entry : list_folder("C:\\", "*.tvn"))
+                EXPECT_EQ(read_file(entry.name).contents, "text");
+            fs::remove_all(trash);
+        });
+}
+
+TEST_F(Killed_saves, of_a_copied_folder) {
+    for (int i = 0; i < 30; ++i)
+        drives.write("from/sub " + std::to_string(i % 3) + "/" + std::to_string(i), std::string(3000, 'x'));
+    fs::create_directory(drives.host("copies"));
+    kill_often([&](std::size_t round) { copy_tree("from", "copies\\" + std::to_string(round)); },
+               [&] {
+                   for (const Folder_entry& copy : list_folder("copies")) {
+                       std::size_t files = 0;
+                       for (const auto& entry :
+                            fs::recursive_directory_iterator(drives.host("copies/" + copy.name)))
+                           files += entry.is_regular_file() && entry.file_size() == 3000 ? 1 : 0;
+                       EXPECT_EQ(files, 30U) << copy.name;
+                   }
+                   EXPECT_TRUE(remove_tree("copies") && make_folder("copies"));
+               });
+}
+
+TEST_F(Killed_saves, of_a_table) {
+    const auto add_row = [](std::size_t round) {
+        TESK::Binary_file_fstream file("C:\\table.dbf", false);
+        TESK::dBase_data_source table(file);
+        Row row(round);
+        table.set(row);
+        table.finish();
+    };
+    for (std::size_t row = 0; row < 100; ++row)
+        add_row(row);
+    kill_often(add_row, [&] {
+        // The rows of before are there; one that was being written may be there in part.
+        TESK::Binary_file_fstream file("C:\\table.dbf", false);
+        TESK::dBase_data_source table(file);
+        ASSERT_TRUE(table.read_structure());
+        ASSERT_NE(table.find_field("TEXT"), nullptr);
+        ASSERT_GE(table.get_header().record_count, 100U);
+        for (std::uint32_t row = 0; row < 100; ++row) {
+            ASSERT_TRUE(table.goto_record(row + 1));
+            EXPECT_EQ(table.get_field_text(*table.find_field("TEXT")).substr(0, 7),
+                      ("row " + std::to_string(row) + "   ").substr(0, 7));
+        }
+    });
+}

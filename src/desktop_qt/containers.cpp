@@ -33,6 +33,8 @@ void fill_box(View_context& context, TContainer& container, QWidget& widget, QBo
     const bool asked = std::any_of(children.begin(), children.end(),
                                    [](const TControl* child) { return child->place().stretch > 0; });
     for (TControl* child : children) {
+        if (child->kind() == Control_kind::main_menu)
+            continue;
         const Place& place = child->place();
         layout.addWidget(&widget_of(context, *child, &widget), place.stretch,
                          alignment_of(place.align, !is_row));
@@ -48,6 +50,8 @@ void fill_grid(View_context& context, TContainer& container, QWidget& widget, QG
     int row = 0;
     int column = 0;
     for (TControl* child : container.children()) {
+        if (child->kind() == Control_kind::main_menu)
+            continue;
         const Place& place = child->place();
         const int span = std::clamp(place.span, 1, container.columns());
         if (column + span > container.columns()) {
@@ -70,6 +74,8 @@ bool has_use_for_height(const TControl& control) {
     case Control_kind::shell_list:
     case Control_kind::shell_tree:
     case Control_kind::page_control:
+    case Control_kind::splitter:
+    case Control_kind::table:
     case Control_kind::web_view:
     case Control_kind::map_view: return true;
     case Control_kind::panel:
@@ -261,6 +267,9 @@ void lay_out(View_context& context, TContainer& container, QWidget& widget) {
     }
     if (container.kind() == Control_kind::panel)
         widget.layout()->setContentsMargins(0, 0, 0, 0);
+    for (TControl* child : container.children())
+        if (child->kind() == Control_kind::main_menu)
+            widget.layout()->setMenuBar(&widget_of(context, *child, &widget));
     connect_labels(container);
 }
 

@@ -64,6 +64,9 @@ Modal_result Qt_desktop::message_box(const Message& message) {
                        : parent               ? parent->windowTitle()
                                               : QString());
     box.setStandardButtons(shown_buttons(message.buttons));
+    for (const Button& button : buttons)
+        if (button.result == message.preset)
+            box.setDefaultButton(button.shown);
     const int pressed = box.exec();
     throw_kept();
     for (const Button& button : buttons)

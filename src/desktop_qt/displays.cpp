@@ -1,21 +1,71 @@
 // The views of what is only looked at.
+#include "desktop_qt/picture_painter.h"
 #include "desktop_qt/views.h"
 #include "toolkit/label.h"
 #include "toolkit/ruler.h"
 
+#include <QtGui/QAccessible>
+#include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
-
-#include <numbers>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QToolTip>
 
 namespace {
 
-class Label_view : public View_of<TLabel, QLabel> {
+// A label that leaves out a part of what is wider than its room, where it is told which.
+class Cut_label : public QLabel {
+public:
+    explicit Cut_label(QWidget* parent) : QLabel(parent) {}
+
+    void set_cut(Cut cut) {
+        cut_ = cut;
+        if (cut != Cut::none)
+            setSizePolicy(QSizePolicy::Expanding, sizePolicy().verticalPolicy());
+    }
+
+    QSize minimumSizeHint() const override {
+        const QSize whole = QLabel::minimumSizeHint();
+        return cut_ == Cut::none ? whole : QSize(fontMetrics().averageCharWidth() * 8, whole.height());
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && shown_text() != text()) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+            return true;
+        }
+        return QLabel::event(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        if (cut_ == Cut::none || shown_text() == text()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        drawFrame(&painter);
+        style()->drawItemText(&painter, contentsRect().adjusted(margin(), margin(), -margin(), -margin()),
+                              static_cast<int>(alignment()) | Qt::TextSingleLine, palette(), isEnabled(),
+                              shown_text(), foregroundRole());
+    }
+
+private:
+    QString shown_text() const {
+        const Qt::TextElideMode mode = cut_ == Cut::none     ? Qt::ElideNone
+                                       : cut_ == Cut::middle ? Qt::ElideMiddle
+                                                             : Qt::ElideRight;
+        return fontMetrics().elidedText(text(), mode, contentsRect().width() - 2 * margin());
+    }
+
+    Cut cut_ = Cut::none;
+};
+
+class Label_view : public View_of<TLabel, Cut_label> {
 public:
     Label_view(View_context& context, TControl& control, QWidget* parent)
-        : View_of(context, control, *new QLabel(parent)) {
+        : View_of(context, control, *new Cut_label(parent)) {
         widget().setTextFormat(Qt::PlainText);
         widget().setWordWrap(this->control().wraps());
     }
@@ -24,6 +74,7 @@ protected:
     void show_state() override {
         const QString mark = to_qt(mark_text(control().mark()));
         const QString text = to_qt(control().text());
+        widget().set_cut(control().cut());
         widget().setText(mark.isEmpty() ? text : mark + " " + text);
         widget().setMargin(control().colour() == desktop_colour ? 0 : 3);
     }
@@ -31,6 +82,25 @@ protected:
         View::show_change(change);
         if (change.aspect == Aspect::colour)
             show_state();
+    }
+};
+
+// A notice is also spoken.
+class Status_line_view : public Label_view {
+public:
+    Status_line_view(View_context& context, TControl& control, QWidget* parent)
+        : Label_view(context, control, parent) {
+        widget().setFrameShape(QFrame::StyledPanel);
+    }
+
+protected:
+    void show_change(const Change& change) override {
+        Label_view::show_change(change);
+        if (change.aspect == Aspect::text && !control().text().empty()) {
+            widget().setAccessibleName(widget().text());
+            QAccessibleEvent spoken(&widget(), QAccessible::Alert);
+            QAccessible::updateAccessibility(&spoken);
+        }
     }
 };
 
@@ -45,44 +115,6 @@ protected:
         widget().setValue(control().position());
     }
 };
-
-QPolygonF regular_polygon(const QRectF& box, int corners, double first_angle) {
-    QPolygonF polygon;
-    for (int i = 0; i < corners; ++i) {
-        const double angle = first_angle + 2 * std::numbers::pi * i / corners;
-        polygon << box.center() + QPointF(std::cos(angle) * box.width(), std::sin(angle) * box.height()) / 2;
-    }
-    return polygon;
-}
-
-QPainterPath outline(Shape shape, const QRectF& box) {
-    constexpr double up = -std::numbers::pi / 2;
-    QPainterPath path;
-    switch (shape) {
-    case Shape::square: path.addRoundedRect(box, box.width() / 8, box.height() / 8); break;
-    case Shape::diamond: path.addPolygon(regular_polygon(box, 4, up)); break;
-    case Shape::triangle:
-        path.addPolygon(
-            QPolygonF({QPointF(box.center().x(), box.top()), box.bottomRight(), box.bottomLeft()}));
-        break;
-    case Shape::hexagon: path.addPolygon(regular_polygon(box, 6, up)); break;
-    case Shape::octagon: path.addPolygon(regular_polygon(box, 8, up + std::numbers::pi / 8)); break;
-    case Shape::cut_corners: {
-        const double cut = box.width() / 4;
-        const QRectF narrow = box.adjusted(box.width() / 10, 0, -box.width() / 10, 0);
-        path.addPolygon(
-            QPolygonF({narrow.topLeft() + QPointF(cut, 0), narrow.topRight() - QPointF(cut, 0),
-                       narrow.topRight() + QPointF(0, cut), narrow.bottomRight() - QPointF(0, cut),
-                       narrow.bottomRight() - QPointF(cut, 0), narrow.bottomLeft() + QPointF(cut, 0),
-                       narrow.bottomLeft() - QPointF(0, cut), narrow.topLeft() + QPointF(0, cut)}));
-        break;
-    }
-    case Shape::none: break;
-    default: path.addEllipse(box); break;
-    }
-    path.closeSubpath();
-    return path;
-}
 
 // Paints a picture by lines and areas, so that it is sharp at every size.
 class Picture_widget : public QWidget {
@@ -106,47 +138,12 @@ protected:
     void paintEvent(QPaintEvent*) override {
         if (picture_.shape == Shape::none)
             return;
-        const QColor fill = to_qt(picture_.colour);
-        const double side = std::min(width(), height()) - 2.0;
-        const QRectF box((width() - side) / 2, (height() - side) / 2, side, side);
-        const QPainterPath path = outline(picture_.shape, box);
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.setOpacity(isEnabled() ? 1.0 : 0.4);
-        const bool hollow = picture_.shape == Shape::ring;
-        painter.setPen(QPen(hollow ? fill : fill.darker(180), hollow ? side / 8 : side / 16));
-        painter.setBrush(hollow ? QBrush() : QBrush(fill));
-        painter.drawPath(path);
-        if (picture_.faceted)
-            paint_facets(painter, path, box, fill);
-        paint_mark(painter, box, hollow ? fill : QColor(Qt::black));
+        paint_picture(painter, picture_, rect(), font(), palette().color(QPalette::Window));
     }
 
 private:
-    static void paint_facets(QPainter& painter, const QPainterPath& path, const QRectF& box,
-                             const QColor& fill) {
-        QTransform inward;
-        inward.translate(box.center().x(), box.center().y());
-        inward.scale(0.5, 0.5);
-        inward.translate(-box.center().x(), -box.center().y());
-        const QPainterPath table = inward.map(path);
-        painter.setBrush(fill.lighter(125));
-        painter.drawPath(table);
-        for (int i = 0; i < path.elementCount() && i < table.elementCount() && path.elementCount() < 12; ++i)
-            painter.drawLine(QPointF(path.elementAt(i)), QPointF(table.elementAt(i)));
-    }
-
-    void paint_mark(QPainter& painter, const QRectF& box, const QColor& ink) const {
-        const bool low_centre = picture_.shape == Shape::triangle;
-        const QRectF field = low_centre ? box.translated(0, box.height() / 8) : box;
-        QFont bold = font();
-        bold.setBold(true);
-        bold.setPixelSize(std::max(static_cast<int>(box.height() * (low_centre ? 0.55 : 0.7)), 6));
-        painter.setFont(bold);
-        painter.setPen(ink);
-        painter.drawText(field, Qt::AlignCenter, to_qt(mark_text(picture_.mark)));
-    }
-
     Picture picture_;
 };
 
@@ -214,6 +211,10 @@ protected:
 
 View& make_label_view(View_context& context, TControl& control, QWidget* parent) {
     return *new Label_view(context, control, parent);
+}
+
+View& make_status_line_view(View_context& context, TControl& control, QWidget* parent) {
+    return *new Status_line_view(context, control, parent);
 }
 
 View& make_progress_view(View_context& context, TControl& control, QWidget* parent) {

@@ -52,6 +52,12 @@ protected:
     }
     void settle() override {}
 
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &widget() && event->type() == QEvent::WindowActivate)
+            act([this] { control().activate(); });
+        return View::eventFilter(watched, event);
+    }
+
     void show_change(const Change& change) override {
         switch (change.aspect) {
         case Aspect::text: widget().setWindowTitle(to_qt(control().text())); break;

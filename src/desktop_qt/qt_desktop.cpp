@@ -1,11 +1,15 @@
 #include "desktop_qt/qt_desktop.h"
 
 #include "desktop_qt/dark_style.h"
+#include "desktop_qt/menus.h"
 #include "desktop_qt/usual_pointer.h"
 #include "desktop_qt/window_icon.h"
+#include "toolkit/descriptor_watch.h"
 #include "toolkit/timer.h"
 
+#include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
+#include <QtGui/QClipboard>
 #include <QtGui/QCursor>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
@@ -110,15 +114,16 @@ void Qt_desktop::hidden(TForm& form) {
         QCoreApplication::exit();
 }
 
-int Qt_desktop::choose(const TPopupMenu& menu, int rise) {
+Item_path Qt_desktop::choose(TPopupMenu& menu, int rise) {
+    update_items(menu.items);
     QMenu shown;
-    for (const Menu_item& item : menu.items)
-        shown.addAction(to_qt(item.text))->setEnabled(item.enabled);
+    fill_menu(
+        shown, menu.items, [](const Menu_item& item) { return item.text; },
+        [](const Menu_item& item) { return item.hint; });
     const Usual_pointer usual;
-    const int chosen =
-        static_cast<int>(shown.actions().indexOf(shown.exec(QCursor::pos() - QPoint(0, rise))));
+    const QAction* const chosen = shown.exec(QCursor::pos() - QPoint(0, rise));
     throw_kept();
-    return chosen;
+    return path_of(chosen);
 }
 
 void Qt_desktop::run_action(const std::function<void()>& action) {
@@ -197,6 +202,31 @@ void Qt_desktop::stop_timer(TTimer& timer) {
         found->second.release()->deleteLater();
         timers_.erase(found);
     }
+}
+
+void Qt_desktop::start_watch(TDescriptor_watch& watch) {
+    auto notifier = std::make_unique<QSocketNotifier>(watch.descriptor(), QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
+                     [this, &watch] { run_action([&] { watch.fire(); }); });
+    watches_[&watch] = std::move(notifier);
+}
+
+void Qt_desktop::stop_watch(TDescriptor_watch& watch) {
+    const auto found = watches_.find(&watch);
+    if (found != watches_.end()) {
+        // The notifier may be the one that is telling at this moment.
+        found->second->setEnabled(false);
+        found->second.release()->deleteLater();
+        watches_.erase(found);
+    }
+}
+
+std::string Qt_desktop::clipboard_text() const {
+    return from_qt(QGuiApplication::clipboard()->text());
+}
+
+void Qt_desktop::set_clipboard_text(const std::string& text) {
+    QGuiApplication::clipboard()->setText(to_qt(text));
 }
 
 void Qt_desktop::open_web_address(const std::string& address) {

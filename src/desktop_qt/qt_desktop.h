@@ -11,6 +11,7 @@
 #include <memory>
 
 class QDialog;
+class QSocketNotifier;
 class QTimer;
 
 // How the drawing layer reaches the rest of the host. A name passes unchanged, and an address is not opened,
@@ -31,12 +32,16 @@ public:
     void run(TForm& main_form) override;
     Modal_result message_box(const Message& message) override;
     bool run_file_dialog(TFileDialog& dialog) override;
-    int choose(const TPopupMenu& menu, int rise) override;
+    Item_path choose(TPopupMenu& menu, int rise) override;
     void set_busy(bool busy) override;
     void minimise() override;
     void restore() override;
     void start_timer(TTimer& timer) override;
     void stop_timer(TTimer& timer) override;
+    void start_watch(TDescriptor_watch& watch) override;
+    void stop_watch(TDescriptor_watch& watch) override;
+    std::string clipboard_text() const override;
+    void set_clipboard_text(const std::string& text) override;
     void open_web_address(const std::string& address) override;
 
 protected:
@@ -62,4 +67,5 @@ private:
     TForm* main_form_ = nullptr;
     std::vector<QDialog*> dialogs_;
     std::map<TTimer*, std::unique_ptr<QTimer>> timers_;
+    std::map<TDescriptor_watch*, std::unique_ptr<QSocketNotifier>> watches_;
 };

@@ -4,9 +4,11 @@
 
 #include <QtGui/QFocusEvent>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QPainter>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QStyleOptionFrame>
 
 namespace {
 
@@ -53,6 +55,39 @@ struct Difference {
     int start;
     int end;
     QString text;
+};
+
+// A line that leaves out the middle of a text that is wider than it, while nobody types there.
+class Cut_line : public QLineEdit {
+public:
+    explicit Cut_line(QWidget* parent) : QLineEdit(parent) {}
+
+    void set_cuts_middle(bool cuts) {
+        cuts_ = cuts;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        constexpr int margin = 2;
+        const QRect room = style()
+                               ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+                               .adjusted(margin, 0, -margin, 0);
+        if (!cuts_ || hasFocus() || fontMetrics().horizontalAdvance(text()) <= room.width()) {
+            QLineEdit::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+        style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                              fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()),
+                              QPalette::Text);
+    }
+
+private:
+    bool cuts_ = false;
 };
 
 // What an edit and the text of a combo box have in common.
@@ -161,8 +196,17 @@ private:
 
 class Edit_view : public Line_view {
 public:
-    Edit_view(View_context& context, TControl& control, QLineEdit& line)
-        : Line_view(context, control, line, &line) {}
+    Edit_view(View_context& context, TControl& control, Cut_line& line)
+        : Line_view(context, control, line, &line), line_(line) {}
+
+protected:
+    void show_state() override {
+        line_.set_cuts_middle(control().cuts_middle());
+        Line_view::show_state();
+    }
+
+private:
+    Cut_line& line_;
 };
 
 class Combo_view : public Line_view {
@@ -315,7 +359,7 @@ private:
 } // namespace
 
 View& make_edit_view(View_context& context, TControl& control, QWidget* parent) {
-    return *new Edit_view(context, control, *new QLineEdit(parent));
+    return *new Edit_view(context, control, *new Cut_line(parent));
 }
 
 View& make_combo_view(View_context& context, TControl& control, QWidget* parent) {

@@ -32,8 +32,16 @@ Key_code code_of(int key) {
     case Qt::Key_Right: return Key_code::right;
     case Qt::Key_Down: return Key_code::down;
     case Qt::Key_Delete: return Key_code::del;
-    default: return Key_code::character;
+    case Qt::Key_Insert: return Key_code::insert;
+    case Qt::Key_PageUp: return Key_code::page_up;
+    case Qt::Key_PageDown: return Key_code::page_down;
+    case Qt::Key_Menu: return Key_code::menu;
+    default: break;
     }
+    const int function_key = key - Qt::Key_F1;
+    return function_key >= 0 && function_key < 12
+               ? static_cast<Key_code>(static_cast<int>(Key_code::f1) + function_key)
+               : Key_code::character;
 }
 
 bool has_one_line(Control_kind kind) {
@@ -194,10 +202,20 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-bool View::offer(const QKeyEvent& event) {
+Key to_key(const QKeyEvent& event) {
     Key key{code_of(event.key()), from_qt(event.text())};
     key.shift = event.modifiers().testFlag(Qt::ShiftModifier);
     key.control = event.modifiers().testFlag(Qt::ControlModifier);
+    key.alt = event.modifiers().testFlag(Qt::AltModifier);
+    // With these the text is a control character or nothing.
+    const bool is_letter = event.key() > Qt::Key_Space && event.key() <= Qt::Key_AsciiTilde;
+    if (key.code == Key_code::character && (key.control || key.alt) && is_letter)
+        key.text = static_cast<char>(event.key());
+    return key;
+}
+
+bool View::offer(const QKeyEvent& event) {
+    const Key key = to_key(event);
     bool used = false;
     act([&] { used = observed()->offer_key(key); });
     return used;

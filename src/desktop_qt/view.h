@@ -32,6 +32,7 @@ public:
 QColor to_qt(Colour colour);
 // Black or white, whichever is easier to read on the background, in a light and in a dark theme.
 QColor readable_on(const QColor& background);
+Key to_key(const QKeyEvent& event);
 QString to_qt(const std::string& text);
 QStringList to_qt(const std::vector<std::string>& texts);
 std::string from_qt(const QString& text);

@@ -9,6 +9,8 @@
 #include "toolkit/label.h"
 #include "toolkit/month_grid.h"
 #include "toolkit/page_control.h"
+#include "toolkit/splitter.h"
+#include "toolkit/table.h"
 #include "toolkit/web_view.h"
 
 #include <QtCore/QDir>
@@ -247,6 +249,83 @@ void draw_lists(Gallery& gallery) {
     gallery.picture(form, 900, 620, "lists");
 }
 
+// Scenarios as a table shows them.
+class Sample_scenarios : public Table_rows {
+public:
+    int count() const override { return 10000; }
+    Table_cell cell(int row, int column) const override {
+        constexpr const char* crops[] = {"maize", "winter wheat", "barley, undersown"};
+        const int status = row % 14;
+        switch (column) {
+        case 0:
+            return {crops[row % 3] + std::string(" ") + std::to_string(1990 + row) + ".tvn",
+                    status_light(status)};
+        case 1: return {status_light(status).meaning};
+        case 2: return {std::to_string(row * 7 % 100) + ".5"};
+        case 3: return {"low", {}, row == 3 ? Colour{0x6677ff} : desktop_colour};
+        default: return {"Rotation of four years with irrigation after the second"};
+        }
+    }
+    bool ticked(int row) const override { return row % 4 == 1; }
+    std::optional<Cell_editor> editor(int, int column) const override {
+        return column == 3 ? std::optional(Cell_editor{Cell_editor::Kind::choice, {"low", "high"}})
+                           : std::nullopt;
+    }
+};
+
+std::vector<Menu_item> sample_menus() {
+    const auto plain = [](const char* text) { return Menu_item{.text = text, .on_click = [] {}}; };
+    return {
+        {.text = "&File",
+         .items = {{.text = "&Open", .on_click = [] {}, .shortcut = "Ctrl+O"},
+                   {.text = "&Save", .enabled = false, .shortcut = "Ctrl+S", .hint = "Nothing was changed"},
+                   {.text = "-"},
+                   {.text = "Open &recent", .items = {plain("irrigation.tvp")}},
+                   {.text = "&Light", .on_click = [] {}, .checkable = true, .checked = true}}},
+        {.text = "&Edit", .items = {plain("&Undo")}},
+        {.text = "&Help", .items = {plain("&Guide")}}};
+}
+
+void draw_tables(Gallery& gallery) {
+    Sample_scenarios scenarios;
+    const std::vector<Table_column> columns = {{"name", "Scenario", 24},
+                                               {"state", "State", 24},
+                                               {"depth", "Depth (cm)", 12, Align::end},
+                                               {"level", "Level", 10},
+                                               {"notes", "Description", 30, Align::start, true, false}};
+    TForm form("tables", "Tables, menu bar, splitter, status line");
+    form.add<TMainMenu>("menu").set_items(sample_menus());
+    auto& path = form.add<TPanel>("path", Layout::row);
+    auto& cut =
+        path.add<TLabel>("cut", "C:\\Projects\\A folder with a long name\\and one below it\\irrigation.tvp");
+    cut.set_cut(Cut::middle);
+    auto& name = path.add<TEdit>("name");
+    name.set_text(
+        "C:\\Projects\\A folder with a long name\\and one below it with another\\irrigation_of_maize.tvn");
+    name.set_cuts_middle(true);
+    auto& splitter = form.add<TSplitter>("splitter");
+    splitter.set_place({.stretch = 1});
+    splitter.set_position(650);
+    auto& table = splitter.add<TTable>("table", TTable::Selects::rows, true);
+    table.set_columns(columns);
+    table.set_rows(&scenarios);
+    table.set_sort(0, false);
+    table.set_cursor(2, 0);
+    table.set_selected_rows({{2, 2}, {5, 6}});
+    auto& right = splitter.add<TSplitter>("right", Layout::column);
+    auto& block = right.add<TTable>("block", TTable::Selects::cells);
+    block.set_columns(columns);
+    block.set_rows(&scenarios);
+    block.set_column_visible(1, false);
+    auto& empty = right.add<TTable>("empty");
+    empty.set_columns(columns);
+    empty.set_text("There are no scenarios yet. Press \"<- New\" to make one.");
+    form.add<TStatusLine>("status").show("Model not found: C:\\Tilverra\\tilverra_5.exe; see Commands",
+                                         Mark::cross);
+    table.focus();
+    gallery.picture(form, 1100, 560, "tables");
+}
+
 void draw_calendar(Gallery& gallery) {
     struct Sample {
         std::int32_t date_num;
@@ -350,7 +429,7 @@ void draw_dialogs(Gallery& gallery) {
             "Unable to save", Button_set::abort_retry_ignore),
         "message_abort_retry_ignore");
     TPopupMenu menu;
-    menu.items = {{"Master database", {}}, {"Project database", {}}, {"Disabled", {}, false}};
+    menu.items = sample_menus()[0].items;
     gallery.picture_of_dialog([&] { menu.popup(); }, "menu");
 }
 
@@ -374,6 +453,7 @@ void draw_all(Gallery& gallery, const std::string& page) {
     draw_controls(gallery);
     draw_lights(gallery);
     draw_lists(gallery);
+    draw_tables(gallery);
     draw_calendar(gallery);
     draw_year(gallery);
     draw_pages(gallery, page);

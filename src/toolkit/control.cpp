@@ -15,6 +15,34 @@ Control_view::~Control_view() {
         observed_->view_ = nullptr;
 }
 
+std::string key_name(const Key& key) {
+    struct Named {
+        Key_code code;
+        const char* name;
+    };
+    constexpr Named names[] = {
+        {Key_code::backspace, "Backspace"}, {Key_code::tab, "Tab"},     {Key_code::enter, "Enter"},
+        {Key_code::escape, "Esc"},          {Key_code::space, "Space"}, {Key_code::page_up, "PgUp"},
+        {Key_code::page_down, "PgDown"},    {Key_code::end, "End"},     {Key_code::home, "Home"},
+        {Key_code::left, "Left"},           {Key_code::up, "Up"},       {Key_code::right, "Right"},
+        {Key_code::down, "Down"},           {Key_code::insert, "Ins"},  {Key_code::del, "Del"},
+        {Key_code::menu, "Menu"},
+    };
+    std::string name = key.control ? "Ctrl+" : "";
+    name += key.alt ? "Alt+" : "";
+    name += key.shift ? "Shift+" : "";
+    if (key.code == Key_code::character) {
+        for (const char letter : key.text)
+            name += letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+        return name;
+    }
+    if (key.code >= Key_code::f1 && key.code <= Key_code::f12)
+        return name + "F" + std::to_string(static_cast<int>(key.code) - static_cast<int>(Key_code::f1) + 1);
+    const auto found = std::find_if(std::begin(names), std::end(names),
+                                    [&](const Named& named) { return named.code == key.code; });
+    return found == std::end(names) ? std::string() : name + found->name;
+}
+
 bool Wording::show(const std::string& text) {
     if (text == shown_)
         return false;

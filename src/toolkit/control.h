@@ -36,6 +36,10 @@ enum class Control_kind {
     ruler,
     web_view,
     map_view,
+    table,
+    splitter,
+    main_menu,
+    status_line,
 };
 
 // Blue, green, red: 0xbbggrr.
@@ -62,21 +66,34 @@ enum class Key_code {
     enter = 0x0D,
     escape = 0x1B,
     space = 0x20,
+    page_up = 0x21,
+    page_down = 0x22,
     end = 0x23,
     home = 0x24,
     left = 0x25,
     up = 0x26,
     right = 0x27,
     down = 0x28,
+    insert = 0x2D,
     del = 0x2E,
+    menu = 0x5D, // the key that opens the menu of what has the focus
+    f1 = 0x70,   // the others follow, up to f12
+    f2,
+    f5 = 0x74,
+    f10 = 0x79,
+    f12 = 0x7B,
 };
 
 struct Key {
     Key_code code = Key_code::character;
-    std::string text; // what the key writes, in UTF-8
+    std::string text{}; // what the key writes, in UTF-8; with control or alt the letter on the key
     bool shift = false;
     bool control = false;
+    bool alt = false;
 };
+
+// The key as a menu shows it: "Ctrl+Shift+S", "F5", "Alt+Left".
+std::string key_name(const Key& key);
 
 // What changed in a control. `first` and `count` say which lines, where the aspect is about lines.
 enum class Aspect {
@@ -96,6 +113,7 @@ enum class Aspect {
     all_lines,
     cursor,
     line_on_view,
+    editing, // of the cell in the line `first` and the column `count`
     page,
     value,
     state,

@@ -3,6 +3,7 @@
 
 #include "toolkit/dialogs.h"
 
+class TDescriptor_watch;
 class TTimer;
 
 class Desktop {
@@ -19,8 +20,8 @@ public:
     virtual Modal_result message_box(const Message& message) = 0;
     // Fills in what was chosen; false when nothing was.
     virtual bool run_file_dialog(TFileDialog& dialog) = 0;
-    // The index of the item chosen, or -1.
-    virtual int choose(const TPopupMenu& menu, int rise) = 0;
+    // Which item was chosen, as find_item takes it; empty for none.
+    virtual Item_path choose(TPopupMenu& menu, int rise) = 0;
 
     // Lets what changed be painted during a long operation. What the user does meanwhile has no effect,
     // except closing a window: the answer is false from then on, the operation should end early, and the
@@ -34,6 +35,12 @@ public:
 
     virtual void start_timer(TTimer& timer) = 0;
     virtual void stop_timer(TTimer& timer) = 0;
+    virtual void start_watch(TDescriptor_watch& watch) = 0;
+    virtual void stop_watch(TDescriptor_watch& watch) = 0;
+
+    // The text that was copied last, here or in another program, in UTF-8; empty for none.
+    virtual std::string clipboard_text() const = 0;
+    virtual void set_clipboard_text(const std::string& text) = 0;
 
     // Hands an address on the web to the user's browser.
     virtual void open_web_address(const std::string& address) = 0;

@@ -3,8 +3,9 @@
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 
-Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons) {
-    return current_desktop ? current_desktop->message_box({worded(title), worded_lines(text), buttons})
+Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons,
+                         Modal_result preset) {
+    return current_desktop ? current_desktop->message_box({worded(title), worded_lines(text), buttons, preset})
                            : Modal_result::none;
 }
 
@@ -19,17 +20,4 @@ bool TFileDialog::execute() {
     const bool chosen = current_desktop->run_file_dialog(*this);
     title = native;
     return chosen;
-}
-
-void TPopupMenu::popup(int rise) {
-    TPopupMenu shown = *this;
-    for (Menu_item& item : shown.items)
-        item.text = worded(item.text);
-    const int chosen = current_desktop ? current_desktop->choose(shown, rise) : -1;
-    if (chosen >= 0 && chosen < static_cast<int>(items.size())) {
-        // A copy: the menu may be changed by what it starts.
-        const Menu_item item = items[static_cast<std::size_t>(chosen)];
-        if (item.enabled && item.on_click)
-            item.on_click();
-    }
 }

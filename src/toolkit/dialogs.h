@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/form.h"
+#include "toolkit/menu.h"
 
 enum class Button_set { ok, ok_cancel, yes_no, yes_no_cancel, abort_retry_ignore };
 
@@ -9,11 +10,13 @@ struct Message {
     std::string title;
     std::string text;
     Button_set buttons = Button_set::ok;
+    Modal_result preset = Modal_result::none; // the button that enter presses; none lets the desktop choose
 };
 
 // Shows a message and answers the button; closing it answers cancel, or no, or abort, or ok, by what there
-// is.
-Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons);
+// is. Where pressing enter too soon would lose something, `preset` names the harmless button.
+Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons,
+                         Modal_result preset = Modal_result::none);
 // A plain message, without a title of its own.
 void show_message(const std::string& text);
 
@@ -37,18 +40,4 @@ public:
     std::vector<std::string> files; // all that were chosen
     bool multi_select = false;
     bool must_exist = false;
-};
-
-struct Menu_item {
-    std::string text;
-    std::function<void()> on_click;
-    bool enabled = true;
-};
-
-class TPopupMenu {
-public:
-    // Shows the menu at the pointer, `rise` desktop units above it, and runs what is chosen.
-    void popup(int rise = 0);
-
-    std::vector<Menu_item> items;
 };

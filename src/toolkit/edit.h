@@ -32,6 +32,10 @@ public:
     // Characters of one width, as for source text and commands.
     bool fixed_pitch() const { return fixed_pitch_; }
     void set_fixed_pitch(bool fixed) { assign(fixed_pitch_, fixed, Aspect::state); }
+    // Whether a text that is wider than its room is shown without its middle while the focus is elsewhere, as
+    // for paths.
+    bool cuts_middle() const { return cuts_middle_; }
+    void set_cuts_middle(bool cuts) { assign(cuts_middle_, cuts, Aspect::state); }
 
     // What a user does. Text typed or pasted at the caret takes the place of the selection.
     bool type_text(const std::string& text);
@@ -66,6 +70,7 @@ private:
     bool modified_ = false;
     bool right_aligned_ = false;
     bool fixed_pitch_ = false;
+    bool cuts_middle_ = false;
 };
 
 class TEdit : public TCustomEdit {

@@ -2,6 +2,8 @@
 
 #include "toolkit/button.h"
 #include "toolkit/desktop.h"
+#include "toolkit/label.h"
+#include "toolkit/menu.h"
 #include "toolkit/screen_language.h"
 #include "toolkit/timer.h"
 
@@ -137,6 +139,35 @@ bool TForm::focus_next(bool backward) {
     return move_focus(*next);
 }
 
+void TForm::notice(const std::string& text, Mark mark) {
+    if (on_notice) {
+        on_notice(text, mark);
+        return;
+    }
+    walk([&](TControl& control) {
+        if (control.kind() != Control_kind::status_line)
+            return true;
+        static_cast<TStatusLine&>(control).show(text, mark);
+        return false;
+    });
+}
+
+bool TForm::activate() {
+    if (!in_reach())
+        return false;
+    if (on_activate)
+        on_activate();
+    return true;
+}
+
+bool TForm::press_shortcut(const Key& key) {
+    bool used = false;
+    for (TControl* child : children())
+        if (!used && child->kind() == Control_kind::main_menu)
+            used = static_cast<TMainMenu*>(child)->press_shortcut(key);
+    return used;
+}
+
 bool TForm::press_button(bool (*wanted)(const TButton&)) {
     TButton* found = nullptr;
     walk([&](TControl& control) {
@@ -154,6 +185,8 @@ bool TForm::offer_key(const Key& key) {
         return true;
     if (!in_reach())
         return false;
+    if (press_shortcut(key))
+        return true;
     switch (key.code) {
     case Key_code::tab: return focus_next(key.shift);
     case Key_code::enter: return press_button([](const TButton& button) { return button.is_default(); });

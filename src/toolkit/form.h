@@ -3,6 +3,7 @@
 #pragma once
 
 #include "toolkit/panel.h"
+#include "toolkit/picture.h"
 
 // What a dialog ends with, and what a message box answers.
 enum class Modal_result { none = 0, ok = 1, cancel = 2, abort = 3, retry = 4, ignore = 5, yes = 6, no = 7 };
@@ -49,11 +50,20 @@ public:
     // False when there is none.
     bool focus_next(bool backward = false);
 
-    // The keys that the controls leave: the form's handler, then the tabulator, the default button for enter,
-    // and for escape the cancel button, or the end of a dialog.
+    // Tells the user something that needs no answer, in the form's status line. A form without one, or
+    // without on_notice, tells nothing.
+    void notice(const std::string& text, Mark mark = Mark::none);
+    // What a user does: turns to this window from another. The desktop also calls it when the form is shown.
+    bool activate();
+
+    // The keys that the controls leave: the form's handler, then its menu, the tabulator, the default button
+    // for enter, and for escape the cancel button, or the end of a dialog.
     bool offer_key(const Key& key) override;
 
     std::function<void()> on_show;
+    std::function<void()> on_activate; // the window has become the one that the user works in
+    // Where notices go in place of the form's own status line.
+    std::function<void(const std::string& text, Mark mark)> on_notice;
     std::function<bool()> on_close_query; // answers whether the form may close
     std::function<void()> on_close;
 
@@ -64,6 +74,7 @@ private:
     void appear();
     bool move_focus(TControl* target);
     void forget_focus_in(const TControl& control);
+    bool press_shortcut(const Key& key);
     bool press_button(bool (*wanted)(const TButton&));
     void begin_modal_result(Modal_result result) { modal_result_ = result; }
     void end_if_asked();

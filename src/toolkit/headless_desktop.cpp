@@ -1,5 +1,6 @@
 #include "toolkit/headless_desktop.h"
 
+#include "toolkit/descriptor_watch.h"
 #include "toolkit/timer.h"
 
 #include <algorithm>
@@ -69,6 +70,7 @@ bool Headless_desktop::take_step(const std::string& met, Step& step) {
 void Headless_desktop::run_modal(TForm& form) {
     Step step;
     if (take_step(form_in_words(form.name()), step)) {
+        form.activate();
         step.user(form);
         if (form.visible())
             on_fault_("still open: " + step.met);
@@ -100,17 +102,14 @@ bool Headless_desktop::run_file_dialog(TFileDialog& dialog) {
     return true;
 }
 
-int Headless_desktop::choose(const TPopupMenu& menu, int) {
+Item_path Headless_desktop::choose(TPopupMenu& menu, int) {
     Step step;
     if (!take_step("menu", step) || step.item.empty())
-        return -1;
-    const auto found = std::find_if(menu.items.begin(), menu.items.end(),
-                                    [&](const Menu_item& item) { return item.text == step.item; });
-    if (found == menu.items.end() || !found->enabled) {
+        return {};
+    Item_path path = find_item(menu.items, step.item);
+    if (path.empty())
         on_fault_("the menu offers no " + step.item);
-        return -1;
-    }
-    return static_cast<int>(found - menu.items.begin());
+    return path;
 }
 
 bool Headless_desktop::paint_pending() {
@@ -146,4 +145,12 @@ void Headless_desktop::advance(int milliseconds) {
         next->timer->fire();
     }
     now_ = end;
+}
+
+// A copy: a watch may end itself, or others, when it is told.
+void Headless_desktop::descriptor_ready(int descriptor) {
+    for (TDescriptor_watch* watch : std::vector(watches_))
+        if (std::find(watches_.begin(), watches_.end(), watch) != watches_.end() &&
+            watch->descriptor() == descriptor)
+            watch->fire();
 }

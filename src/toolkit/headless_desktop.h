@@ -23,7 +23,7 @@ public:
     void expect_file_dialog(const std::string& title, std::vector<std::string> chosen);
     // A form of this name run as a dialog; `user` works on it and must end it.
     void expect_modal(const std::string& form_name, std::function<void(TForm&)> user);
-    // A menu that has this item, which is chosen; empty leaves the menu.
+    // A menu that has this item ("Sub-menu|Item" below another), which is chosen; empty leaves the menu.
     void expect_menu(std::string item);
     bool script_done() const { return script_.empty(); }
 
@@ -38,6 +38,9 @@ public:
     // Lets time go by: the timers that are due meanwhile fire, in the order of their times.
     void advance(int milliseconds);
 
+    // The descriptor has something to read: what watches it is told.
+    void descriptor_ready(int descriptor);
+
     // What was asked.
     const std::vector<Message>& messages() const { return messages_; }
     const std::vector<std::string>& web_addresses() const { return web_addresses_; }
@@ -47,17 +50,21 @@ public:
     bool minimised() const { return minimised_; }
     int minimised_count() const { return minimised_count_; }
 
-    void show(TForm&) override {}
+    void show(TForm& form) override { form.activate(); }
     void run_modal(TForm& form) override;
     void run(TForm& main_form) override;
     Modal_result message_box(const Message& message) override;
     bool run_file_dialog(TFileDialog& dialog) override;
-    int choose(const TPopupMenu& menu, int rise) override;
+    Item_path choose(TPopupMenu& menu, int rise) override;
     void set_busy(bool busy) override { busy_ += busy ? 1 : -1; }
     void minimise() override;
     void restore() override { minimised_ = false; }
     void start_timer(TTimer& timer) override;
     void stop_timer(TTimer& timer) override;
+    void start_watch(TDescriptor_watch& watch) override { watches_.push_back(&watch); }
+    void stop_watch(TDescriptor_watch& watch) override { std::erase(watches_, &watch); }
+    std::string clipboard_text() const override { return clipboard_; }
+    void set_clipboard_text(const std::string& text) override { clipboard_ = text; }
     void open_web_address(const std::string& address) override { web_addresses_.push_back(address); }
 
 protected:
@@ -85,6 +92,8 @@ private:
     std::vector<TFileDialog> dialogs_;
     std::vector<std::string> web_addresses_;
     std::vector<Armed_timer> timers_;
+    std::vector<TDescriptor_watch*> watches_;
+    std::string clipboard_;
     long long now_ = 0;
     int messages_processed_ = 0;
     int busy_ = 0;

@@ -1,12 +1,16 @@
-// Text on a form, and a bar that shows how far something has come.
+// Text on a form, the line of notices at its bottom, and a bar that shows how far something has come.
 #pragma once
 
 #include "toolkit/picture.h"
 
+// What of a text that is wider than its room is left out: nothing, so that the room grows, its middle (for
+// paths), or its end. The whole text is shown as a hint then.
+enum class Cut { none, middle, end };
+
 class TLabel : public TControl {
 public:
     explicit TLabel(std::string name, std::string text = {}, bool wraps = false)
-        : TControl(Control_kind::label, std::move(name), std::move(text)), wraps_(wraps) {}
+        : TLabel(Control_kind::label, std::move(name), std::move(text), wraps) {}
 
     // Whether the text breaks into lines where it is wider than its room.
     bool wraps() const { return wraps_; }
@@ -17,11 +21,32 @@ public:
     // A sign before the text, for what its colour tells.
     Mark mark() const { return mark_; }
     void set_mark(Mark mark) { assign(mark_, mark, Aspect::state); }
+    Cut cut() const { return cut_; }
+    void set_cut(Cut cut) { assign(cut_, cut, Aspect::state); }
+
+protected:
+    TLabel(Control_kind kind, std::string name, std::string text, bool wraps)
+        : TControl(kind, std::move(name), std::move(text)), wraps_(wraps) {}
 
 private:
     bool wraps_;
+    Cut cut_ = Cut::none;
     bool names_next_ = false;
     Mark mark_ = Mark::none;
+};
+
+// One line at the bottom of a form, which tells what was just done or could not be.
+class TStatusLine : public TLabel {
+public:
+    explicit TStatusLine(std::string name) : TLabel(Control_kind::status_line, std::move(name), {}, false) {
+        set_text_is_data(true);
+        set_cut(Cut::end);
+    }
+
+    void show(const std::string& text, Mark mark = Mark::none) {
+        set_mark(mark);
+        set_text(text);
+    }
 };
 
 class TProgressBar : public TControl {

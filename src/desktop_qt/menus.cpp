@@ -1,6 +1,7 @@
 #include "desktop_qt/menus.h"
 
 #include "desktop_qt/views.h"
+#include "toolkit/screen_language.h"
 
 #include <QtGui/QAction>
 #include <QtWidgets/QMenu>
@@ -9,8 +10,8 @@
 namespace {
 
 // The shortcut is shown only: a key that the controls leave reaches the form, which knows its menu.
-QString caption_of(const Menu_item& item, const Wording_of& shown) {
-    const QString caption = to_qt(shown(item));
+QString caption_of(const Menu_item& item) {
+    const QString caption = to_qt(shown_text(item));
     return item.shortcut.empty() ? caption : caption + '\t' + to_qt(item.shortcut);
 }
 
@@ -28,7 +29,7 @@ protected:
         const auto& items = control().items();
         for (int index = 0; index < static_cast<int>(items.size()); ++index) {
             const Menu_item& item = items[static_cast<std::size_t>(index)];
-            QMenu& menu = *widget().addMenu(to_qt(control().shown(item)));
+            QMenu& menu = *widget().addMenu(to_qt(shown_text(item)));
             menu.menuAction()->setEnabled(item.enabled);
             connect(&menu, &QMenu::aboutToShow, this, [this, &menu, index] { open(menu, index); });
             connect(&menu, &QMenu::triggered, this, [this](const QAction* action) {
@@ -47,16 +48,13 @@ private:
         act([&] { update_items(items); });
         menu.clear();
         qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-        fill_menu(
-            menu, items, [this](const Menu_item& item) { return control().shown(item); },
-            [this](const Menu_item& item) { return control().shown_hint(item); }, {index});
+        fill_menu(menu, items, {index});
     }
 };
 
 } // namespace
 
-void fill_menu(QMenu& menu, const std::vector<Menu_item>& items, const Wording_of& shown,
-               const Wording_of& hint, const Item_path& above) {
+void fill_menu(QMenu& menu, const std::vector<Menu_item>& items, const Item_path& above) {
     menu.setToolTipsVisible(true);
     for (int index = 0; index < static_cast<int>(items.size()); ++index) {
         const Menu_item& item = items[static_cast<std::size_t>(index)];
@@ -68,14 +66,14 @@ void fill_menu(QMenu& menu, const std::vector<Menu_item>& items, const Wording_o
         }
         QAction* action = nullptr;
         if (item.items.empty()) {
-            action = menu.addAction(caption_of(item, shown));
+            action = menu.addAction(caption_of(item));
         } else {
-            QMenu& below = *menu.addMenu(caption_of(item, shown));
-            fill_menu(below, item.items, shown, hint, path);
+            QMenu& below = *menu.addMenu(caption_of(item));
+            fill_menu(below, item.items, path);
             action = below.menuAction();
         }
         action->setEnabled(item.enabled);
-        action->setToolTip(to_qt(hint(item)));
+        action->setToolTip(to_qt(worded(item.hint)));
         action->setCheckable(item.checkable);
         action->setChecked(item.checked);
         action->setData(QVariant::fromValue(QList<int>(path.begin(), path.end())));

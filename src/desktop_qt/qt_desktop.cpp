@@ -117,9 +117,7 @@ void Qt_desktop::hidden(TForm& form) {
 Item_path Qt_desktop::choose(TPopupMenu& menu, int rise) {
     update_items(menu.items);
     QMenu shown;
-    fill_menu(
-        shown, menu.items, [](const Menu_item& item) { return item.text; },
-        [](const Menu_item& item) { return item.hint; });
+    fill_menu(shown, menu.items);
     const Usual_pointer usual;
     const QAction* const chosen = shown.exec(QCursor::pos() - QPoint(0, rise));
     throw_kept();

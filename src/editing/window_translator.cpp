@@ -1,6 +1,8 @@
 #include "editing/window_translator.h"
 
 #include "toolkit/check_box.h"
+#include "toolkit/menu.h"
+#include "toolkit/table.h"
 #include "translation/translation_files.h"
 
 #include <optional>
@@ -18,6 +20,7 @@ bool has_caption(Control_kind kind) {
     case Control_kind::radio_group:
     case Control_kind::group_box:
     case Control_kind::tab_sheet:
+    case Control_kind::table:
     case Control_kind::form: return true;
     default: return false;
     }
@@ -35,6 +38,10 @@ public:
             control.translate_hint(*hint);
             changed = true;
         }
+        if (control.kind() == Control_kind::main_menu)
+            changed |= static_cast<TMainMenu&>(control).refresh_words();
+        if (control.kind() == Control_kind::table)
+            changed |= translate_captions(static_cast<TTable&>(control));
         if (control.text_is_data() || !has_caption(control.kind()))
             return changed;
         if (const auto text = new_wording(control.native_text(), control.text())) {
@@ -47,6 +54,20 @@ public:
     }
 
 private:
+    bool translate_captions(TTable& table) const {
+        std::vector<std::string> captions;
+        bool changed = false;
+        for (int column = 0; column < table.column_count(); ++column) {
+            const std::string& shown = table.shown_caption(column);
+            const auto caption =
+                new_wording(table.columns()[static_cast<std::size_t>(column)].caption, shown);
+            captions.push_back(caption.value_or(shown));
+            changed |= caption.has_value();
+        }
+        table.translate_captions(captions);
+        return changed;
+    }
+
     bool translate_items(TRadioGroup& group) const {
         std::vector<std::string> items = group.items();
         bool changed = false;

@@ -5,6 +5,7 @@
 #include "toolkit/edit.h"
 #include "toolkit/label.h"
 #include "toolkit/list_box.h"
+#include "toolkit/screen_language.h"
 #include "toolkit/splitter.h"
 
 #include <QtGui/QAccessible>
@@ -212,10 +213,19 @@ TEST_F(Table_views, a_menu_bar_opens_brought_up_to_date_and_its_shortcuts_work) 
     can_save = true;
     QTest::keyClick(&widget(edit), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(log_, "save ");
-    menu.set_translator([](const std::string& text) { return text == "&Save" ? "En&registrer" : text; });
+    struct French : Screen_language {
+        std::string wording(const std::string& text) const override {
+            return text == "&Save" ? "En&registrer" : text == "&File" ? "&Fichier" : text;
+        }
+        void prepare(TForm&) override {}
+    } french;
+    current_screen_language = &french;
+    EXPECT_TRUE(menu.refresh_words());
+    EXPECT_EQ(bar.actions()[0]->text(), "&Fichier");
     QMenu& again = *bar.actions()[0]->menu();
     emit again.aboutToShow();
     EXPECT_EQ(again.actions()[0]->text(), "En&registrer\tCtrl+S");
+    current_screen_language = nullptr;
     QMenu& language = *again.actions()[2]->menu();
     EXPECT_TRUE(language.actions()[0]->isChecked());
     language.actions()[0]->trigger();

@@ -6,6 +6,7 @@
 #include "toolkit/page_control.h"
 
 #include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QGroupBox>
@@ -185,7 +186,18 @@ protected:
     }
     void settle() override {}
 
+    // Qt hides a page and moves the focus on to whatever comes next before it tells that another page is in
+    // front. The tabs get it first: so what had it is left, and nothing that the user did not mean is
+    // entered.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QWidget* const focus = QApplication::focusWidget();
+        if (watched == &widget() && event->type() == QEvent::Hide && focus && widget().isAncestorOf(focus))
+            focus_tabs();
+        return View::eventFilter(watched, event);
+    }
+
 private:
+    void focus_tabs();
     void show_tab(const Change& change);
 };
 
@@ -202,6 +214,7 @@ public:
                 if (index >= 0 && index < static_cast<int>(this->control().children().size()))
                     this->control().select_page(page(index));
             });
+            enter_what_has_focus(widget());
         });
     }
 
@@ -245,6 +258,15 @@ private:
             widget().setCurrentIndex(control().active_index());
     }
 };
+
+void Sheet_view::focus_tabs() {
+    const Control_view* const holder = observed() ? control().parent()->view() : nullptr;
+    if (!holder)
+        return;
+    const auto& tabs = static_cast<QTabWidget&>(static_cast<const View*>(holder)->widget());
+    if (tabs.isVisible())
+        tabs.tabBar()->setFocus();
+}
 
 void Sheet_view::show_tab(const Change& change) {
     if (change.aspect == Aspect::enabled)

@@ -38,15 +38,13 @@ QMessageBox::Icon icon_of(Button_set set) {
     }
 }
 
-// "Text (*.a;*.b)|*.a;*.b|Any|*.*" as Qt writes it: "Text (*.a *.b)", "Any (*)".
-QStringList name_filters(const std::string& filter) {
-    const QStringList parts = to_qt(filter).split('|');
+// As Qt writes them: "Text (*.a *.b)", "Any (*)".
+QStringList name_filters(const TFileDialog& asked) {
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString description = parts[i].section('(', 0, 0).trimmed();
-        QStringList wildcards = parts[i + 1].split(';', Qt::SkipEmptyParts);
-        wildcards.replaceInStrings("*.*", "*");
-        filters.append(description + " (" + wildcards.join(' ') + ")");
+    for (const File_kind& kind : asked.kinds()) {
+        QStringList masks = to_qt(kind.masks);
+        masks.replaceInStrings("*.*", "*");
+        filters.append(to_qt(kind.description).section('(', 0, 0).trimmed() + " (" + masks.join(' ') + ")");
     }
     return filters;
 }
@@ -85,7 +83,7 @@ bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
                                           : QFileDialog::AnyFile);
     // The program asks itself before it replaces a file; drives are links, and names keep them.
     dialog.setOptions(QFileDialog::DontConfirmOverwrite | QFileDialog::DontResolveSymlinks);
-    dialog.setNameFilters(name_filters(asked.filter));
+    dialog.setNameFilters(name_filters(asked));
     if (asked.default_extension != "*")
         dialog.setDefaultSuffix(to_qt(asked.default_extension));
     if (!asked.initial_folder.empty())

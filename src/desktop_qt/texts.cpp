@@ -2,13 +2,17 @@
 #include "desktop_qt/views.h"
 #include "toolkit/combo_box.h"
 
+#include <QtCore/QMimeData>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QPainter>
+#include <QtGui/QValidator>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QStyleOptionFrame>
+
+#include <optional>
 
 namespace {
 
@@ -57,10 +61,27 @@ struct Difference {
     QString text;
 };
 
-// A line that leaves out the middle of a text that is wider than it, while nobody types there.
-class Cut_line : public QLineEdit {
+// Refuses what the control would not take, before it is on view and among what can be undone: an undo would
+// bring it back, and be refused in its turn.
+class Admission : public QValidator {
 public:
-    explicit Cut_line(QWidget* parent) : QLineEdit(parent) {}
+    Admission(QObject* parent, std::function<bool(const QString&, int)> admits)
+        : QValidator(parent), admits_(std::move(admits)) {}
+
+    State validate(QString& text, int& caret) const override {
+        return admits_(text, caret) ? Acceptable : Invalid;
+    }
+
+private:
+    std::function<bool(const QString&, int)> admits_;
+};
+
+// A line that leaves out the middle of a text that is wider than it, while nobody types there.
+class Text_line : public QLineEdit {
+public:
+    explicit Text_line(QWidget* parent) : QLineEdit(parent) {}
+
+    std::function<void()> on_key_done;
 
     void set_cuts_middle(bool cuts) {
         cuts_ = cuts;
@@ -68,6 +89,11 @@ public:
     }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QLineEdit::keyPressEvent(event);
+        on_key_done();
+    }
+
     void paintEvent(QPaintEvent* event) override {
         QStyleOptionFrame option;
         initStyleOption(&option);
@@ -94,7 +120,7 @@ private:
 class Line_view : public View_of<TCustomEdit, QWidget> {
 protected:
     // Without a line there is no text to type.
-    Line_view(View_context& context, TControl& control, QWidget& widget, QLineEdit* line)
+    Line_view(View_context& context, TControl& control, QWidget& widget, Text_line* line)
         : View_of(context, control, widget), line_(line) {
         if (!line) {
             return;
@@ -106,6 +132,9 @@ protected:
         });
         connect(line, &QLineEdit::cursorPositionChanged, this, [this] { report_selection(); });
         connect(line, &QLineEdit::selectionChanged, this, [this] { report_selection(); });
+        line->on_key_done = [this] { report_refused(); };
+        line->setValidator(
+            new Admission(line, [this](const QString& text, int caret) { return admits(text, caret); }));
     }
 
     void show_state() override {
@@ -160,6 +189,27 @@ private:
         act([&] { control().select_text(to_characters(text, anchor), to_characters(text, caret)); });
     }
 
+    // What the program sets is admitted as it is.
+    bool admits(const QString& text, int caret) {
+        if (!observed() || showing() || acting() || !line_->hasFocus())
+            return true;
+        const std::string edited = from_qt(text);
+        if (control().outcome_of(edited, to_characters(text, caret)).text == edited)
+            return true;
+        refused_ = {edited, to_characters(text, caret)};
+        // A key is told when the line is done with it, a paste by the mouse next.
+        QMetaObject::invokeMethod(
+            this, [this] { report_refused(); }, Qt::QueuedConnection);
+        return false;
+    }
+
+    // The control takes what it can of the edit, and says why not the rest. Unless another came after it.
+    void report_refused() {
+        const auto refused = std::exchange(refused_, std::nullopt);
+        if (refused && observed() && from_qt(line_->text()) == control().text())
+            act([&] { control().edit_text(refused->first, refused->second); });
+    }
+
     void show_text() {
         const QString wanted = to_qt(control().text());
         if (!line_ || line_->text() == wanted) {
@@ -190,13 +240,14 @@ private:
         }
     }
 
-    QLineEdit* line_;
+    Text_line* line_;
+    std::optional<std::pair<std::string, int>> refused_; // an edit, and the caret behind it
     bool came_by_mouse_ = false;
 };
 
 class Edit_view : public Line_view {
 public:
-    Edit_view(View_context& context, TControl& control, Cut_line& line)
+    Edit_view(View_context& context, TControl& control, Text_line& line)
         : Line_view(context, control, line, &line), line_(line) {}
 
 protected:
@@ -206,13 +257,13 @@ protected:
     }
 
 private:
-    Cut_line& line_;
+    Text_line& line_;
 };
 
 class Combo_view : public Line_view {
 public:
     Combo_view(View_context& context, TControl& control, QComboBox& box)
-        : Line_view(context, control, box, box.lineEdit()), box_(box) {
+        : Line_view(context, control, box, static_cast<Text_line*>(box.lineEdit())), box_(box) {
         box.setInsertPolicy(QComboBox::NoInsert);
         // A wheel that scrolls the page must not change a value on the way.
         box.setFocusPolicy(Qt::StrongFocus);
@@ -271,24 +322,72 @@ private:
     QStringList shown_;
 };
 
-class Memo_view : public View_of<TCustomEdit, QPlainTextEdit> {
+// An editor that asks what of a text may come in, before it is on view and among what can be undone.
+class Memo_text : public QPlainTextEdit {
+public:
+    explicit Memo_text(QWidget* parent) : QPlainTextEdit(parent) {}
+
+    std::function<QString(const QString& text)> admitted;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
+        const bool writes = !text.isEmpty() && text[0].isPrint() && !isReadOnly();
+        if (!writes || admitted(text) == text)
+            QPlainTextEdit::keyPressEvent(event);
+    }
+
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        const QString stays = admitted(event->commitString());
+        event->setCommitString(stays, event->replacementStart(), event->replacementLength());
+        QPlainTextEdit::inputMethodEvent(event);
+    }
+
+    void insertFromMimeData(const QMimeData* source) override {
+        if (source->hasText() && !isReadOnly())
+            insertPlainText(admitted(source->text()));
+    }
+};
+
+// The text of a memo may be long. What the user does to it stays in the widget's own document until the
+// control asks: nothing here goes through the whole text for a key.
+class Memo_view : public View_of<TCustomEdit, Memo_text>, private Text_holder {
 public:
     Memo_view(View_context& context, TControl& control, QWidget* parent)
-        : View_of(context, control, *new QPlainTextEdit(parent)) {
+        : View_of(context, control, *new Memo_text(parent)) {
+        document_.setDocumentLayout(new QPlainTextDocumentLayout(&document_));
+        document_.setDefaultFont(widget().font());
+        widget().setDocument(&document_);
         widget().setTabChangesFocus(true);
-        connect(&widget(), &QPlainTextEdit::textChanged, this, [this] { report_text(); });
+        widget().admitted = [this](const QString& text) {
+            QString stays = text;
+            act([&] { stays = to_qt(this->control().admit(from_qt(text))); });
+            return stays;
+        };
+        connect(&document_, &QTextDocument::contentsChange, this, [this](int, int removed, int added) {
+            if (removed > 0 || added > 0)
+                report_text();
+        });
         connect(&widget(), &QPlainTextEdit::cursorPositionChanged, this, [this] { report_selection(); });
         connect(&widget(), &QPlainTextEdit::selectionChanged, this, [this] { report_selection(); });
+    }
+
+    // The widget is gone already, the document not yet.
+    ~Memo_view() override {
+        if (observed())
+            control().catch_up();
     }
 
 protected:
     void show_state() override {
         widget().setReadOnly(control().read_only());
         if (control().fixed_pitch()) {
-            widget().setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+            document_.setDefaultFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+            widget().setFont(document_.defaultFont());
             widget().setLineWrapMode(QPlainTextEdit::NoWrap);
         }
-        settle();
+        show_text();
+        show_caret();
     }
 
     void show_change(const Change& change) override {
@@ -299,37 +398,43 @@ protected:
         }
     }
 
-    void settle() override {
-        show_text();
-        show_caret();
-    }
+    // What the control took otherwise, it has told.
+    void settle() override {}
 
 private:
+    // Blanks that do not break stay what they are.
+    std::string held_text() const override {
+        QString text = document_.toRawText();
+        for (const char16_t line_end : {u'\u2028', u'\u2029', u'\ufdd0', u'\ufdd1'})
+            text.replace(QChar(line_end), u'\n');
+        return from_qt(text);
+    }
+
+    std::pair<int, int> held_selection() const override {
+        const QTextCursor cursor = widget().textCursor();
+        const QString text = document_.toRawText();
+        return {to_characters(text, cursor.anchor()), to_characters(text, cursor.position())};
+    }
+
     void report_text() {
-        const QString text = widget().toPlainText();
-        act([&] {
-            control().edit_text(from_qt(text), to_characters(text, widget().textCursor().position()));
-        });
+        if (showing())
+            return;
+        bool taken = false;
+        act([&] { taken = control().edit_in_place(*this); });
+        if (!taken && observed())
+            changed({Aspect::text});
     }
 
     void report_selection() {
-        const QString text = widget().toPlainText();
-        if (!widget().hasFocus() || text != to_qt(control().text())) {
-            return;
-        }
-        const QTextCursor cursor = widget().textCursor();
-        act([&] {
-            control().select_text(to_characters(text, cursor.anchor()),
-                                  to_characters(text, cursor.position()));
-        });
+        if (widget().hasFocus())
+            act([&] { control().select_in_place(*this); });
     }
 
     void show_text() {
-        const QString shown = widget().toPlainText();
+        const QString shown = to_qt(held_text());
         const QString wanted = to_qt(control().text());
-        if (shown == wanted) {
+        if (shown == wanted)
             return;
-        }
         // A text that only grows is not laid out anew.
         const bool grows = control().read_only() && !shown.isEmpty() && wanted.startsWith(shown);
         if (!acting() && !grows) {
@@ -337,14 +442,14 @@ private:
             return;
         }
         const Difference difference(shown, wanted);
-        QTextCursor cursor(widget().document());
+        QTextCursor cursor(&document_);
         cursor.setPosition(difference.start);
         cursor.setPosition(difference.end, QTextCursor::KeepAnchor);
         cursor.insertText(difference.text);
     }
 
     void show_caret() {
-        const QString text = widget().toPlainText();
+        const QString text = document_.toRawText();
         QTextCursor cursor = widget().textCursor();
         const int caret = to_units(text, control().caret());
         const int anchor = to_units(text, anchor_of(control()));
@@ -354,17 +459,20 @@ private:
             widget().setTextCursor(cursor);
         }
     }
+
+    QTextDocument document_;
 };
 
 } // namespace
 
 View& make_edit_view(View_context& context, TControl& control, QWidget* parent) {
-    return *new Edit_view(context, control, *new Cut_line(parent));
+    return *new Edit_view(context, control, *new Text_line(parent));
 }
 
 View& make_combo_view(View_context& context, TControl& control, QWidget* parent) {
     auto& box = *new QComboBox(parent);
-    box.setEditable(static_cast<TComboBox&>(control).editable());
+    if (static_cast<TComboBox&>(control).editable())
+        box.setLineEdit(new Text_line(&box));
     return *new Combo_view(context, control, box);
 }
 

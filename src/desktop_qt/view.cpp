@@ -86,6 +86,15 @@ View::View(View_context& context, TControl& control, QWidget& widget)
         watch(*area->viewport());
 }
 
+View* View::of(const QWidget& widget) {
+    if (auto* const watching = static_cast<View*>(widget.property(watched_by).value<void*>()))
+        return watching;
+    for (QObject* child : widget.children())
+        if (auto* const view = dynamic_cast<View*>(child))
+            return view;
+    return nullptr;
+}
+
 View::~View() {
     --views_alive;
 }
@@ -192,7 +201,7 @@ bool View::has_seen_key(const QObject* watched) const {
 
 bool View::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::FocusIn: act([this] { observed()->focus(); }); break;
+    case QEvent::FocusIn: enter(); break;
     case QEvent::KeyPress: return !has_seen_key(watched) && offer(static_cast<QKeyEvent&>(*event));
     case QEvent::DragEnter:
     case QEvent::DragMove:
@@ -219,6 +228,15 @@ bool View::offer(const QKeyEvent& event) {
     bool used = false;
     act([&] { used = observed()->offer_key(key); });
     return used;
+}
+
+void enter_what_has_focus(const QWidget& holder) {
+    for (const QWidget* at = QApplication::focusWidget(); at && holder.isAncestorOf(at);
+         at = at->parentWidget())
+        if (View* const view = View::of(*at)) {
+            view->enter();
+            return;
+        }
 }
 
 bool View::take_files(QEvent& event) {

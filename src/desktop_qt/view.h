@@ -48,6 +48,13 @@ public:
     void show_all();
     void changed(const Change& change) final;
 
+    // The view that a widget belongs to, null for none.
+    static View* of(const QWidget& widget);
+    // The user put the focus into the widget.
+    void enter() {
+        act([this] { observed()->focus(); });
+    }
+
     // How many views there are.
     static int alive();
 
@@ -67,6 +74,8 @@ protected:
     View_context& context() const { return context_; }
     // Whether the control is at this moment taking what the user did here.
     bool acting() const { return acting_; }
+    // Whether the widget is at this moment shown what the control has.
+    bool showing() const { return showing_; }
 
     // Runs what the user does to the control. Nothing comes of what the widget reports while it is shown
     // something.
@@ -119,6 +128,10 @@ private:
     Control& control_;
     Widget& widget_;
 };
+
+// Enters the control whose widget has the focus, where that is below `holder`: Qt moved it there before the
+// control could take it.
+void enter_what_has_focus(const QWidget& holder);
 
 // Makes the view of a control, and its widget as a child of `parent`, by the control's kind.
 View& make_view(View_context& context, TControl& control, QWidget* parent);

@@ -142,7 +142,17 @@ void TAutoCalendar_form::nodate_button_onclick() {
 
 void TAutoCalendar_form::year_intedit_onchange(bool typing) {
     take_year();
+    if (!typing && year_intedit.modified())
+        limit_day();
     update_calendar(typing ? &year_intedit : nullptr);
+}
+
+// The last day of a leap year is the last one of a common year, too. While a year is typed the day waits: the
+// years on the way are not meant.
+void TAutoCalendar_form::limit_day() {
+    const std::uint16_t last = date->get_days_in_this_year();
+    if (date->get_day_of_year() > last)
+        date->set_day_of_year(last);
 }
 
 // Leaving the edit must not touch a date whose year it cannot hold, nor make a date of none.
@@ -182,6 +192,7 @@ void TAutoCalendar_form::year_updown_onchangingex(int years, bool upward) {
     year = static_cast<std::int16_t>(
         std::clamp<int>(year + (upward ? years : -years), Limits::min(), Limits::max()));
     take_year();
+    limit_day();
     update_calendar();
 }
 

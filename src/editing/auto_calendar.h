@@ -60,6 +60,7 @@ private:
     void restore_original_date();
 
     void take_year();
+    void limit_day();
     // Brings all controls in line with the date, but for the edit that the user is typing in.
     void update_calendar(const TControl* typed_in = nullptr);
     void update_month(std::uint8_t month, std::uint8_t day_of_month);

@@ -2,6 +2,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int bit_count = 32;
+
+}
+
 void TAutoCheckBox::bind_to(bool* flag, const char* help_URL) {
     value = flag;
     Help_link::set(help_URL);
@@ -66,18 +72,26 @@ void TAutoBitCheckListBox::bind_to(std::uint32_t* bits, const char* const* capti
 }
 
 void TAutoBitCheckListBox::Update() {
-    constexpr int bit_count = 32;
     for (int i = 0; i < count(); ++i)
         set_checked(i, bits_ != nullptr && i < bit_count && (*bits_ >> i & 1U) != 0);
 }
 
-void TAutoBitCheckListBox::update_value() {
-    if (bits_ == nullptr)
-        return;
-    constexpr int bit_count = 32;
-    *bits_ = 0;
+std::uint32_t TAutoBitCheckListBox::shown_bits() const {
+    std::uint32_t shown = 0;
     for (int i = 0; i < std::min(count(), bit_count); ++i)
-        *bits_ |= static_cast<std::uint32_t>(checked(i)) << i;
+        shown |= static_cast<std::uint32_t>(checked(i)) << i;
+    return shown;
+}
+
+void TAutoBitCheckListBox::update_value() {
+    if (bits_ != nullptr)
+        *bits_ = shown_bits();
+}
+
+void TAutoBitCheckListBox::leave() {
+    const std::uint32_t lines = count() < bit_count ? (1U << count()) - 1U : ~0U;
+    if ((*bits_ & lines) != shown_bits())
+        update_value();
 }
 
 void TAutoBitCheckListBox::do_check(int index) {

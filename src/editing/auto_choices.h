@@ -8,14 +8,15 @@
 
 #include <cstdint>
 
-class TAutoCheckBox : public TCheckBox, public Help_link {
+class TAutoCheckBox : public TAutoChoice<TCheckBox> {
 public:
-    using TCheckBox::TCheckBox;
+    using TAutoChoice<TCheckBox>::TAutoChoice;
 
     // Null shows an empty box.
     void bind_to(bool* flag, const char* help_URL);
     void Update() override { set_checked(value != nullptr && *value); }
-    void update_value();
+    void update_value() override;
+    bool is_bound() const override { return value != nullptr; }
 
 protected:
     void do_click() override;
@@ -25,15 +26,16 @@ private:
 };
 
 // One of several: the index of an enumeration, or a byte that is the index and an offset.
-class TAutoRadioGroup : public TRadioGroup, public Help_link {
+class TAutoRadioGroup : public TAutoChoice<TRadioGroup> {
 public:
-    using TRadioGroup::TRadioGroup;
+    using TAutoChoice<TRadioGroup>::TAutoChoice;
 
     // Null chooses nothing, and so does a value without a line, which stays until the user chooses.
     void bind_to(Labeled_enum* value, const char* help_URL);
     void bind_to(std::int8_t* value, std::int8_t offset, const char* help_URL);
     void Update() override;
-    void update_value();
+    void update_value() override;
+    bool is_bound() const override { return enumeration_ != nullptr || byte_ != nullptr; }
 
 protected:
     void do_click() override;
@@ -45,19 +47,24 @@ private:
 };
 
 // A set of 32 bits: bit i is line i.
-class TAutoBitCheckListBox : public TCheckListBox, public Help_link {
+class TAutoBitCheckListBox : public TAutoChoice<TCheckListBox> {
 public:
-    using TCheckListBox::TCheckListBox;
+    using TAutoChoice<TCheckListBox>::TAutoChoice;
 
     // The captions become the lines, up to a null. Null for the bits checks nothing.
     void bind_to(std::uint32_t* bits, const char* const* captions, const char* help_URL);
     void Update() override;
     // The bits are those of the lines alone.
-    void update_value();
+    void update_value() override;
+    bool is_bound() const override { return bits_ != nullptr; }
 
 protected:
     void do_check(int index) override;
+    // Leaves bits that have no line alone as long as no mark differs.
+    void leave() override;
 
 private:
+    std::uint32_t shown_bits() const;
+
     std::uint32_t* bits_ = nullptr;
 };

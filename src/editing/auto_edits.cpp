@@ -2,16 +2,29 @@
 
 #include "foundation/code_page_1252.h"
 #include "foundation/numbers.h"
+#include "toolkit/screen_language.h"
 #include "toolkit/utf8.h"
 
 #include <algorithm>
+#include <limits>
+
+namespace {
+
+bool fits_int16(const std::string& digits) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    constexpr std::size_t longest = 5;
+    const std::size_t first = std::min(digits.find_first_not_of("-0"), digits.size());
+    const auto number = TESK::parse_integer(digits.c_str());
+    return digits.size() - first <= longest && number >= Limits::min() && number <= Limits::max();
+}
+
+} // namespace
 
 TAutoNumberEdit::TAutoNumberEdit(std::string name) : TAutoEntry<TEdit>(std::move(name)) {
     set_right_aligned(true);
 }
 
 void TAutoNumberEdit::do_change() {
-    clean_up(allows_point());
     update_value();
     TEdit::do_change();
 }
@@ -25,23 +38,22 @@ void TAutoNumberEdit::do_exit() {
     }
 }
 
-void TAutoNumberEdit::clean_up(bool allow_point) {
+// The caret steps back once for each character that goes, wherever it stood.
+void TAutoNumberEdit::clean(Edit_outcome& outcome) const {
     std::string kept;
-    int cleaned_caret = caret();
     int points = 0;
-    for (std::size_t i = 0; i < text().size(); ++i) {
-        const char c = text()[i];
+    for (std::size_t i = 0; i < outcome.text.size(); ++i) {
+        const char c = outcome.text[i];
         points += c == '.' ? 1 : 0;
-        if (TESK::is_digit(c) || (c == '-' && i == 0) || (allow_point && c == '.' && points == 1))
+        if (TESK::is_digit(c) || (c == '-' && i == 0) || (allows_point() && c == '.' && points == 1)) {
             kept += c;
-        else if (!utf8::is_continuation(c))
-            --cleaned_caret;
+        } else {
+            outcome.refused += c;
+            outcome.caret -= utf8::is_continuation(c) ? 0 : 1;
+        }
     }
-    if (kept.size() == text().size())
-        return;
-    set_text(kept);
-    set_modified(true);
-    set_caret(std::max(cleaned_caret, 0));
+    outcome.text = kept;
+    outcome.caret = std::max(outcome.caret, 0);
 }
 
 void TAutoFloat32Edit::bind_to(float* number, std::uint8_t decimals, const char* help_URL) {
@@ -58,6 +70,10 @@ void TAutoFloat32Edit::Update() {
 void TAutoFloat32Edit::update_value() {
     if (value != nullptr)
         *value = static_cast<float>(TESK::parse_float64(text().c_str()));
+}
+
+std::string TAutoFloat32Edit::refusal(const std::string&) const {
+    return worded("Only digits, a minus sign in front and one point can stand here.");
 }
 
 void TAutoFloat32Edit::leave() {
@@ -83,6 +99,18 @@ void TAutoInt16Edit::Update() {
 void TAutoInt16Edit::update_value() {
     if (value != nullptr)
         *value = static_cast<std::int16_t>(TESK::parse_integer(text().c_str()));
+}
+
+void TAutoInt16Edit::clean(Edit_outcome& outcome) const {
+    TAutoNumberEdit::clean(outcome);
+    if (fits_int16(outcome.text))
+        return;
+    outcome = {text(), caret(), outcome.text, outcome.differs};
+}
+
+std::string TAutoInt16Edit::refusal(const std::string& refused) const {
+    return worded(fits_int16(refused) ? "Only digits and a minus sign in front can stand here."
+                                      : "Only a whole number from -32768 to 32767 can stand here.");
 }
 
 void TAutoInt16Edit::leave() {

@@ -25,9 +25,8 @@ protected:
 
     void do_change() override;
     void do_exit() override;
-
     // Drops what is no digit, no minus at the front and, where one is allowed, no first point.
-    void clean_up(bool allow_point);
+    void clean(Edit_outcome& outcome) const override;
     virtual bool allows_point() const = 0;
 };
 
@@ -44,6 +43,7 @@ public:
 protected:
     void leave() override;
     bool allows_point() const override { return true; }
+    std::string refusal(const std::string& refused) const override;
 
 private:
     float* value = nullptr;
@@ -61,7 +61,10 @@ public:
 
 protected:
     void leave() override;
+    // A number that 16 bits do not hold is not taken: the text stays as it was.
+    void clean(Edit_outcome& outcome) const override;
     bool allows_point() const override { return false; }
+    std::string refusal(const std::string& refused) const override;
 
 private:
     std::int16_t* value = nullptr;
@@ -93,6 +96,7 @@ protected:
         update_value();
         this->update_parent();
     }
+    std::string refusal(const std::string& refused) const override { return untypable(refused); }
 
 private:
     TESK::Ustring* value = nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editing/bound_control.h"
+#include "toolkit/form.h"
 
 #include <utility>
 
@@ -34,16 +35,25 @@ protected:
     // What the control itself does when the focus leaves.
     virtual void leave() = 0;
 
+    // What is refused is told at the bottom of the window, until an edit is taken.
+    void do_edited(const std::string& refused) override {
+        TForm* const holder = this->form();
+        if (holder && (told_ || !refused.empty()))
+            holder->notice(refused.empty() ? std::string() : refusal(refused),
+                           refused.empty() ? Mark::none : Mark::exclamation);
+        told_ = !refused.empty();
+    }
+    // Why the characters were not taken, in the user's language.
+    virtual std::string refusal(const std::string& refused) const = 0;
+
     // Does nothing while the control is disabled, which has a colour of its own.
     void restore_colour() {
         if (this->enabled())
             this->set_colour(normal_color);
     }
-    void update_parent() {
-        if (this->parent() != nullptr)
-            this->parent()->Update();
-    }
+    void update_parent() { update_parent_of(*this); }
 
 private:
     Colour normal_color;
+    bool told_ = false;
 };

@@ -20,20 +20,22 @@ public:
 protected:
     void do_change() override;
     void leave() override;
+    std::string refusal(const std::string& refused) const override { return untypable(refused); }
 
 private:
     TESK::Ustring* value = nullptr;
     TESK::Container* container_ = nullptr;
 };
 
-class TAutoContainerListBox : public TListBox, public Help_link {
+class TAutoContainerListBox : public TAutoChoice<TListBox> {
 public:
     explicit TAutoContainerListBox(std::string name, bool multi_select = true)
-        : TListBox(std::move(name), multi_select) {}
+        : TAutoChoice<TListBox>(std::move(name), multi_select) {}
 
     // Null shows nothing.
     void bind_to(TESK::Container* items, const char* help_URL);
     void Update() override;
+    bool is_bound() const override { return container_ != nullptr; }
 
     // Deletes the items of the selected lines.
     void delete_selected();
@@ -45,15 +47,16 @@ private:
 };
 
 // The marks of the lines are the items' own.
-class TAutoContainerCheckListBox : public TCheckListBox, public Help_link {
+class TAutoContainerCheckListBox : public TAutoChoice<TCheckListBox> {
 public:
-    using TCheckListBox::TCheckListBox;
+    using TAutoChoice<TCheckListBox>::TAutoChoice;
 
     // Null shows nothing.
     void bind_to(TESK::Container* items, const char* help_URL);
     void Update() override;
+    bool is_bound() const override { return container_ != nullptr; }
     // Writes each line's marks into its item.
-    void update_value();
+    void update_value() override;
 
 protected:
     void do_check(int index) override;

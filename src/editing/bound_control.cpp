@@ -1,6 +1,7 @@
 #include "editing/bound_control.h"
 
 #include "foundation/code_page_1252.h"
+#include "toolkit/screen_language.h"
 #include "toolkit/utf8.h"
 
 std::string screen_text(const std::string& record_text) {
@@ -25,6 +26,15 @@ std::string typable_text(const std::string& screen_text) {
 
 std::string record_text(const std::string& screen_text) {
     return TESK::code_page_from_utf8(typable_text(screen_text)).value_or("");
+}
+
+std::string untypable(const std::string& refused) {
+    return worded("The file cannot hold these characters: %1", refused);
+}
+
+void update_parent_of(const TControl& control) {
+    if (control.parent() != nullptr)
+        control.parent()->Update();
 }
 
 void Help_link::set(const char* help_URL) {

@@ -19,6 +19,12 @@ std::string record_text(const std::string& screen_text);
 // What remains of a text that is typed into a field of a record.
 std::string typable_text(const std::string& screen_text);
 
+// Says that a record cannot hold these characters, in the user's language.
+std::string untypable(const std::string& refused);
+
+// Brings what holds a control in line with the value that the control left behind.
+void update_parent_of(const TControl& control);
+
 // The address of the help on a control.
 class Help_link {
 public:
@@ -31,4 +37,26 @@ public:
 
 private:
     std::optional<TESK::Smart_file_name> help_URL_;
+};
+
+// What is chosen, not typed: when the focus leaves a control that is bound, the value and what holds the
+// control follow once more, as with an edit.
+template <class Choice>
+class TAutoChoice : public Choice, public Help_link {
+public:
+    using Choice::Choice;
+
+    // The control to the value. Does nothing while nothing is bound.
+    virtual void update_value() {}
+    virtual bool is_bound() const = 0;
+
+protected:
+    void do_exit() override {
+        if (is_bound()) {
+            leave();
+            update_parent_of(*this);
+        }
+        Choice::do_exit();
+    }
+    virtual void leave() { update_value(); }
 };

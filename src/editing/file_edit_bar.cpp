@@ -5,6 +5,7 @@
 #include "platform/command_line.h"
 
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -59,6 +60,7 @@ TAutoFileEditBar::TAutoFileEditBar(std::string name)
     Place place;
     place.stretch = 1;
     filename_edit.set_place(place);
+    filename_edit.set_cuts_middle(true);
     Place narrow;
     narrow.width = 3;
     for (TButton* button : {&qualify_button, &validate_button, &cancel_button, &help_button})
@@ -179,16 +181,18 @@ void TAutoFileEditBar::filename_button_clicked() {
     dialog.initial_folder = screen_text(directory);
     if (!dialog.execute())
         return;
-    show_name(dialog.file_name);
-    Update();
-    after_change();
+    take_name(dialog.file_name);
+    name_changed();
 }
 
+// No file has no status of its own.
 void TAutoFileEditBar::cancel_button_clicked() {
     if (file == nullptr)
         return;
     file->set(no_file);
-    Update();
+    own_status = TESK::Validation_status::unknown;
+    show_status();
+    name_changed();
 }
 
 void TAutoFileEditBar::validate_button_clicked() {
@@ -196,33 +200,44 @@ void TAutoFileEditBar::validate_button_clicked() {
         status_file->open();
 }
 
+// The edit itself has put its text into the file already.
 void TAutoFileEditBar::name_left() {
     if (has_file())
-        file->set(record_text(filename_edit.text()));
+        take_name(filename_edit.text());
+    if (std::exchange(is_typed, false))
+        name_changed();
 }
 
 void TAutoFileEditBar::name_typed() {
     if (OnChange)
         OnChange();
-    if (!has_file())
+    is_typed = true;
+    if (file == nullptr || filename_edit.text().starts_with('<'))
         return;
-    file->decompose();
-    if (!file->is_qualified(true) && !directory_is_fixed) {
-        file->set_path(directory);
-        show_status();
-    }
+    take_name(filename_edit.text());
+    show_status();
 }
 
 void TAutoFileEditBar::take_dropped(const std::vector<std::string>& names) {
     for (const std::string& name : names)
-        show_name(name);
+        take_name(name);
+    name_changed();
 }
 
-void TAutoFileEditBar::show_name(const std::string& name) {
+// A name without any folder belongs into the one of the file before it. One that is given from the current
+// folder, as the qualify button makes it, stays.
+void TAutoFileEditBar::take_name(const std::string& name) {
     if (file == nullptr) {
         filename_edit.set_text(name);
         return;
     }
+    const bool is_bare = name.find_first_of("\\/:") == std::string::npos;
     file->set(record_text(name));
-    filename_edit.Update();
+    if (is_bare && !name.empty() && !directory_is_fixed && !directory.empty())
+        file->set_path(directory);
+}
+
+void TAutoFileEditBar::name_changed() {
+    Update();
+    after_change();
 }

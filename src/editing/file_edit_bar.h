@@ -41,7 +41,7 @@ public:
     void validate_button_clicked();
 
     std::function<void()> OnChange;        // the user types a name
-    std::function<void()> on_after_change; // a name was chosen, or an editor started
+    std::function<void()> on_after_change; // the name is another, however it came, or an editor was started
 
     TLabel& panel_caption;
     TAutoStringEdit& filename_edit;
@@ -58,8 +58,10 @@ private:
     void show_status();
     void name_typed();
     void name_left();
-    // The user chose a name: it goes into the file, or into the edit where there is none.
-    void show_name(const std::string& name);
+    // The user gave a name: it goes into the file, or into the edit where there is none.
+    void take_name(const std::string& name);
+    // What follows from another name, whether it was typed, selected, dropped or cleared.
+    void name_changed();
     void take_dropped(const std::vector<std::string>& names);
     void after_change();
 
@@ -70,4 +72,5 @@ private:
     TESK::Validation_status* status = &own_status;
     TESK::Smart_directory_name directory{""};
     bool directory_is_fixed = false;
+    bool is_typed = false; // and not yet told
 };

@@ -119,6 +119,8 @@ void TControl::release_views(bool with_holder) {
 }
 
 void TControl::release_view(bool with_holder) {
+    if (view_)
+        view_goes();
     if (Control_view* const view = std::exchange(view_, nullptr)) {
         view->observed_ = nullptr;
         view->control_gone(with_holder);

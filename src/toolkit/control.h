@@ -205,12 +205,15 @@ public:
     TControl* find(const std::string& wanted);
 
     // Setting fires no event: events tell what the user does.
-    const std::string& text() const { return text_.shown(); }
+    virtual const std::string& text() const { return text_.shown(); }
     virtual void set_text(const std::string& text);
     const std::string& hint() const { return hint_.shown(); }
     void set_hint(const std::string& hint);
     // What the program set, whether a translation of it is on view or not.
-    const std::string& native_text() const { return text_.native(); }
+    const std::string& native_text() const {
+        text(); // what is typed may still be in the view alone
+        return text_.native();
+    }
     const std::string& native_hint() const { return hint_.native(); }
     // Shows a translation in place of the text or the hint. It stays until the program sets another text:
     // setting the same one again, as an Update does, leaves the translation on view.
@@ -285,6 +288,10 @@ protected:
         return true;
     }
 
+    // Takes over a text that is on view already.
+    void adopt_text(const std::string& text) { text_.set(text); }
+    // What only the view knows is asked for now: it goes.
+    virtual void view_goes() {}
     // What the control itself does with a key that its handler left. True when the key is used up.
     virtual bool press(const Key& key);
     // Whether a child is among those on view, as far as this control decides it.

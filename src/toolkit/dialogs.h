@@ -21,6 +21,12 @@ Modal_result message_box(const std::string& text, const std::string& title, Butt
 void show_message(const std::string& text);
 
 // Asks for the name of a file. The fields say how to ask; a dialog that ended with OK has put the answer in.
+// One kind of file that a file dialog offers.
+struct File_kind {
+    std::string description;
+    std::vector<std::string> masks;
+};
+
 class TFileDialog {
 public:
     enum class Purpose { open, save };
@@ -29,10 +35,14 @@ public:
 
     // Answers whether a file was chosen.
     bool execute();
+    // The kinds of file that the filter names: several masks behind a description are one kind, the one of
+    // the default extension first.
+    std::vector<File_kind> kinds() const;
 
     Purpose purpose;
     std::string title;
-    // Descriptions and wildcards, "|" between all: "Scenario (*.tvn)|*.tvn|All files (*.*)|*.*".
+    // Descriptions, each with its wildcards behind it, "|" or ";" between all:
+    // "Scenario (*.tvn)|*.old|*.tvn|All files (*.*)|*.*".
     std::string filter;
     std::string default_extension; // for a name without one; without point
     std::string initial_folder;

@@ -3,6 +3,7 @@
 #include "toolkit/utf8.h"
 
 #include <algorithm>
+#include <tuple>
 
 TCustomEdit::TCustomEdit(Control_kind kind, std::string name, bool multi_line)
     : TControl(kind, std::move(name)), multi_line_(multi_line) {
@@ -22,6 +23,21 @@ std::string TCustomEdit::without_line_breaks(const std::string& text) const {
     return result;
 }
 
+// The characters that are missing in what stays.
+std::string TCustomEdit::refused_of(const std::string& came, const std::string& stays) const {
+    const std::string plain = without_line_breaks(came);
+    std::string refused;
+    std::size_t kept = 0;
+    for (std::size_t start = 0; start < plain.size();) {
+        const std::size_t size = utf8::offset(std::string_view(plain).substr(start), 1);
+        const bool stayed = stays.compare(kept, size, plain, start, size) == 0;
+        kept += stayed ? size : 0;
+        refused += stayed ? std::string() : plain.substr(start, size);
+        start += size;
+    }
+    return refused;
+}
+
 std::string TCustomEdit::admitted(const std::string& text) const {
     const std::string plain = without_line_breaks(text);
     return input_filter ? input_filter(plain) : plain;
@@ -37,6 +53,7 @@ void TCustomEdit::set_text(const std::string& text) {
 }
 
 int TCustomEdit::selection_start() const {
+    catch_up();
     return std::min(anchor_, caret_);
 }
 
@@ -79,12 +96,11 @@ void TCustomEdit::replace(int start, int removed, const std::string& inserted) {
     const std::string stays = admitted(inserted);
     const std::size_t from = utf8::offset(text(), start);
     const std::size_t to = utf8::offset(text(), start + removed);
-    finish_edit(text().substr(0, from) + stays + text().substr(to), start + utf8::length(stays));
+    finish_edit(cleaned({text().substr(0, from) + stays + text().substr(to), start + utf8::length(stays),
+                         refused_of(inserted, stays)}));
 }
 
-bool TCustomEdit::edit_text(const std::string& edited, int caret) {
-    if (!begin_edit())
-        return false;
+Edit_outcome TCustomEdit::outcome_of(const std::string& edited, int caret) const {
     const std::string& old = text();
     const std::size_t shorter = std::min(old.size(), edited.size());
     std::size_t head = 0;
@@ -102,19 +118,64 @@ bool TCustomEdit::edit_text(const std::string& edited, int caret) {
     const std::string stays = admitted(came);
     const int refused = utf8::length(came) - utf8::length(stays);
     const int behind_head = std::max(caret - utf8::length(before), 0);
-    finish_edit(before + stays + edited.substr(edited.size() - tail), caret - std::min(refused, behind_head));
+    return cleaned({before + stays + edited.substr(edited.size() - tail),
+                    caret - std::min(refused, behind_head), refused_of(came, stays)});
+}
+
+bool TCustomEdit::edit_text(const std::string& edited, int caret) {
+    if (!begin_edit())
+        return false;
+    finish_edit(outcome_of(edited, caret));
     return true;
 }
 
-void TCustomEdit::finish_edit(const std::string& edited, int caret) {
-    const bool differs = edited != text();
-    if (differs) {
-        TControl::set_text(edited);
+Edit_outcome TCustomEdit::cleaned(Edit_outcome outcome) const {
+    outcome.differs = outcome.text != text();
+    clean(outcome);
+    return outcome;
+}
+
+void TCustomEdit::finish_edit(const Edit_outcome& outcome) {
+    if (outcome.text != text())
+        TControl::set_text(outcome.text);
+    if (outcome.differs)
         modified_ = true;
-    }
-    set_caret(caret);
-    if (differs)
+    set_caret(outcome.caret);
+    if (outcome.differs)
         do_change();
+    do_edited(outcome.refused);
+}
+
+bool TCustomEdit::edit_in_place(const Text_holder& holder) {
+    if (!begin_edit())
+        return false;
+    text_ahead_ = caret_ahead_ = &holder;
+    modified_ = true;
+    do_change();
+    return true;
+}
+
+bool TCustomEdit::select_in_place(const Text_holder& holder) {
+    if (!begin_action())
+        return false;
+    caret_ahead_ = &holder;
+    return true;
+}
+
+std::string TCustomEdit::admit(const std::string& text) {
+    const std::string stays = admitted(text);
+    if (in_reach())
+        do_edited(refused_of(text, stays));
+    return stays;
+}
+
+void TCustomEdit::catch_up() const {
+    const Text_holder* const holds_text = std::exchange(text_ahead_, nullptr);
+    const Text_holder* const holds_caret = std::exchange(caret_ahead_, nullptr);
+    if (holds_text)
+        const_cast<TCustomEdit*>(this)->adopt_text(holds_text->held_text());
+    if (holds_caret)
+        std::tie(anchor_, caret_) = holds_caret->held_selection();
 }
 
 bool TCustomEdit::select_text(int anchor, int caret) {

@@ -4,13 +4,37 @@
 
 #include "toolkit/control.h"
 
+// Where a text is that the user edits while its control is not told each time what it has become.
+class Text_holder {
+public:
+    virtual ~Text_holder() = default;
+    virtual std::string held_text() const = 0;
+    // The ends of the selection, the caret second.
+    virtual std::pair<int, int> held_selection() const = 0;
+};
+
+// What an edit comes to: what may not come in is refused.
+struct Edit_outcome {
+    std::string text;
+    int caret = 0;
+    std::string refused{};
+    bool differs = false; // whether anything came in or went, if only to be cleaned away again
+};
+
 class TCustomEdit : public TControl {
 public:
+    const std::string& text() const override {
+        catch_up();
+        return TControl::text();
+    }
     // The caret goes to the start of a text that differs. In a control of one line a line break becomes a
     // blank, and the modified mark is taken away.
     void set_text(const std::string& text) override;
 
-    int caret() const { return caret_; }
+    int caret() const {
+        catch_up();
+        return caret_;
+    }
     // Where the selection begins and how many characters it has, 0 for none; the caret is at one of its ends.
     int selection_start() const;
     int selection_length() const;
@@ -43,6 +67,17 @@ public:
     // in goes through the same filter as what is typed.
     bool edit_text(const std::string& text, int caret);
     bool select_text(int anchor, int caret);
+    // The user edited the text, or moved the caret, in its widget. The control asks what it has become when
+    // somebody wants to know: a key in a long text costs no more than in a short one. What comes in has
+    // passed `admit`.
+    bool edit_in_place(const Text_holder& holder);
+    bool select_in_place(const Text_holder& holder);
+    // What remains of a text that is about to be typed or pasted; of what is refused the user is told.
+    std::string admit(const std::string& text);
+    // What edit_text would come to; nothing happens.
+    Edit_outcome outcome_of(const std::string& text, int caret) const;
+    // Asks what is still in the widget alone.
+    void catch_up() const;
 
     std::function<void()> on_change; // the user changed the text
     // What remains of a text that is about to come in, typed or pasted; none lets everything in.
@@ -53,18 +88,27 @@ protected:
 
     bool press(const Key& key) override;
     virtual void do_change();
+    // What of the whole text that an edit left may stay; the control still has the text before it.
+    virtual void clean(Edit_outcome&) const {}
+    // The user's edit is done; `refused` is what was not taken, empty when all was.
+    virtual void do_edited(const std::string& refused) { static_cast<void>(refused); }
+    void view_goes() override { catch_up(); }
 
     std::string without_line_breaks(const std::string& text) const;
 
 private:
     std::string admitted(const std::string& text) const;
+    std::string refused_of(const std::string& came, const std::string& stays) const;
     bool begin_edit();
     void replace(int start, int removed, const std::string& inserted);
     bool erase(int step);
-    void finish_edit(const std::string& text, int caret);
+    Edit_outcome cleaned(Edit_outcome outcome) const;
+    void finish_edit(const Edit_outcome& outcome);
 
-    int anchor_ = 0;
-    int caret_ = 0;
+    mutable const Text_holder* text_ahead_ = nullptr;
+    mutable const Text_holder* caret_ahead_ = nullptr;
+    mutable int anchor_ = 0;
+    mutable int caret_ = 0;
     bool multi_line_;
     bool read_only_ = false;
     bool modified_ = false;

@@ -11,6 +11,7 @@
 #include "toolkit/web_view.h"
 
 #include <QtCore/QMimeData>
+#include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -75,7 +76,10 @@ TEST_F(Views, what_all_controls_have_is_shown) {
 
 TEST_F(Views, what_is_typed_reaches_the_control_through_its_filter) {
     auto& edit = form_.add<TEdit>("edit");
-    edit.input_filter = [](const std::string& text) { return text == "x" ? std::string() : text; };
+    edit.input_filter = [](std::string text) {
+        std::erase(text, 'x');
+        return text;
+    };
     edit.on_change = count_;
     show(form_);
     QLineEdit& line = widget<QLineEdit>(edit);
@@ -87,9 +91,16 @@ TEST_F(Views, what_is_typed_reaches_the_control_through_its_filter) {
     QTest::keyClick(&line, Qt::Key_Home, Qt::ShiftModifier);
     EXPECT_EQ(edit.selected_text(), "12");
     EXPECT_EQ(edit.caret(), 0);
+    QApplication::clipboard()->setText("3x4");
+    line.paste();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(edit.text(), "34") << "of what is pasted the rest is taken";
     line.undo();
-    EXPECT_EQ(line.text(), "1");
-    EXPECT_EQ(edit.text(), "1");
+    EXPECT_EQ(line.text(), "12") << "what was refused is not among what is undone";
+    line.undo();
+    EXPECT_EQ(edit.text(), "");
+    line.redo();
+    EXPECT_EQ(edit.text(), "12");
 
     edit.set_text("345");
     line.undo();
@@ -131,6 +142,18 @@ TEST_F(Views, a_memo_and_its_widget_hold_the_same_text) {
     EXPECT_TRUE(memo.modified());
     memo.set_selection(0, 3);
     EXPECT_EQ(text.textCursor().selectedText(), "one");
+    memo.input_filter = [](const std::string& came) { return came == "!" ? std::string() : came; };
+    QTest::keyClicks(&text, "a!\302\240b");
+    EXPECT_EQ(memo.text(), "a\302\240b\n\xF0\x9F\x8C\xBE\nx") << "blanks that do not break stay";
+    text.undo();
+    EXPECT_EQ(memo.text(), "one\n\xF0\x9F\x8C\xBE\nx");
+    memo.on_change = [&] { memo.set_text("set by a handler"); };
+    QTest::keyClicks(&text, "y");
+    EXPECT_EQ(text.toPlainText(), "set by a handler");
+    memo.on_change = {};
+    QTest::keyClicks(&text, "z");
+    delete &text;
+    EXPECT_EQ(memo.text(), "zset by a handler") << "what was typed last outlives the window";
 }
 
 TEST_F(Views, a_combo_box_is_chosen_from_and_typed_into) {
@@ -356,6 +379,8 @@ TEST_F(Views, pages_are_chosen_and_hidden_by_their_tabs) {
     third.set_visible(false);
     pages.on_change = count_;
     edit.on_exit = count_;
+    int strangers = 0;
+    form_.add<TEdit>("stranger").on_enter = [&] { ++strangers; };
     show(form_);
     edit.focus();
     QTabWidget& tabs = widget<QTabWidget>(pages);
@@ -365,6 +390,8 @@ TEST_F(Views, pages_are_chosen_and_hidden_by_their_tabs) {
     QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
     EXPECT_EQ(pages.active_page(), &second);
     EXPECT_EQ(fired_, 2);
+    EXPECT_TRUE(inside.focused()) << "where Qt put the focus on the new page";
+    EXPECT_EQ(strangers, 0) << "what lies beside the pages was not entered on the way";
     EXPECT_TRUE(widget(inside).isVisible());
     third.set_visible(true);
     third.set_text("Last");

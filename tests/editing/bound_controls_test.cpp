@@ -6,6 +6,8 @@
 #include "support/launcher_record.h"
 #include "support/temporary_user.h"
 #include "toolkit/headless_desktop.h"
+#include "toolkit/label.h"
+#include "toolkit/panel.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +32,60 @@ protected:
     TButton& elsewhere = form.add<TButton>("elsewhere", "elsewhere");
 };
 
+TEST_F(Bound_controls, what_a_field_cannot_hold_is_refused_with_its_reason) {
+    auto& status = form.add<TStatusLine>("status");
+    auto& whole_edit = form.add<TAutoInt16Edit>("whole");
+    auto& text_edit = form.add<TAutoStringEdit>("text");
+    std::int16_t whole = 9;
+    TESK::Ustring text;
+    whole_edit.bind_to(&whole, nullptr);
+    text_edit.bind_to(&text, nullptr);
+    type(whole_edit, "9999");
+    whole_edit.type_text("9");
+    EXPECT_EQ(whole_edit.text(), "9999");
+    EXPECT_EQ(whole, 9999);
+    EXPECT_EQ(status.text(), "Only a whole number from -32768 to 32767 can stand here.");
+    type(whole_edit, "18446744073709551617");
+    EXPECT_EQ(whole, 9999);
+    type(whole_edit, "4x");
+    EXPECT_EQ(whole, 4);
+    EXPECT_EQ(status.text(), "Only digits and a minus sign in front can stand here.");
+    EXPECT_EQ(status.mark(), Mark::exclamation);
+    whole_edit.type_text("5");
+    EXPECT_EQ(status.text(), "") << "an edit that is taken ends the notice";
+    type(text_edit, "a\xE2\x89\xA5\xC3\xA9\xD0\x96");
+    EXPECT_EQ(text_edit.text(), "a\xC3\xA9");
+    EXPECT_EQ(status.text(), "The file cannot hold these characters: \xE2\x89\xA5\xD0\x96");
+}
+
+TEST_F(Bound_controls, a_choice_that_is_left_brings_its_value_and_its_holder_along) {
+    struct Holder : TPanel {
+        using TPanel::TPanel;
+        void Update() override { ++updates; }
+        int updates = 0;
+    };
+    auto& holder = form.add<Holder>("holder");
+    auto& check = holder.add<TAutoCheckBox>("check");
+    auto& list = holder.add<TAutoBitCheckListBox>("list");
+    auto& unbound = holder.add<TAutoCheckBox>("unbound");
+    bool flag = false;
+    std::uint32_t bits = 0x82;
+    const char* const captions[] = {"first", "second", nullptr};
+    check.bind_to(&flag, nullptr);
+    list.bind_to(&bits, captions, nullptr);
+    const auto leave = [&](TControl& control) {
+        control.focus();
+        elsewhere.focus();
+        return std::exchange(holder.updates, 0);
+    };
+    check.set_checked(true);
+    EXPECT_EQ(leave(check), 1);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(leave(list), 1);
+    EXPECT_EQ(bits, 0x82U) << "a bit without a line stays, as long as nothing was checked";
+    EXPECT_EQ(leave(unbound), 0);
+}
+
 TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {
     struct Case {
         const char* typed;
@@ -45,7 +101,8 @@ TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {
         {"abc", "", 0, "", 0},
         {" 7 kg", "7", 7, "7", 7},
         {"1,5", "15", 15, "15", 15},
-        {"70000", "70000", 70000, "70000", 4464},
+        {"-32768", "-32768", -32768, "-32768", -32768},
+        {"00099", "00099", 99, "00099", 99},
         {"\xE2\x89\xA5"
          "3",
          "3", 3, "3", 3},

@@ -104,6 +104,8 @@ TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
         {"beyond the last year", 32000001, spin("millenia_updown", true), 32767001},
         {"beyond the first year", -32000001, spin("millenia_updown", false), -32768001},
         {"a typed year keeps the day on the way", 2000366, type("year_intedit", "2004"), 2004366},
+        {"the last day of a leap year, a year up", 2000366, spin("year_updown", true), 2001365},
+        {"the last day of a leap year, a common year typed", 2000366, type("year_intedit", "2001"), 2001365},
         {"a typed year before 0", 2000005, type("year_intedit", "-5"), -5005},
         {"no year", 2000005, type("year_intedit", ""), 5},
         {"a typed day", 2001001, type("day_of_year_intedit", "161"), 2001161},

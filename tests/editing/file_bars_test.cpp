@@ -101,6 +101,13 @@ TEST_F(File_bars, the_requestor_offers_the_kinds_of_file_and_all_files) {
     EXPECT_EQ(bar.filename_edit.text(), "C:\\b\\rye.crp");
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(bar.file_requestor_dialog.filter, "Tilverra Crop(*.crp)|*.crp|All files (*.*)|*.*|");
+    TFileDialog two;
+    two.filter = "Tilverra scenario(*.tvn)|*.Tilverra_scenario|*.tvn|All files (*.*)|*.*|";
+    two.default_extension = "tvn";
+    const auto kinds = two.kinds();
+    ASSERT_EQ(kinds.size(), 2U) << "several masks of one class are one kind";
+    EXPECT_EQ(kinds[0].masks, (std::vector<std::string>{"*.tvn", "*.Tilverra_scenario"}));
+    EXPECT_EQ(kinds[1].description, "All files (*.*)");
     EXPECT_EQ(bar.file_requestor_dialog.default_extension, "crp");
     EXPECT_EQ(bar.file_requestor_dialog.initial_folder, "C:\\a");
     bar.cancel_button_clicked();
@@ -110,12 +117,27 @@ TEST_F(File_bars, the_requestor_offers_the_kinds_of_file_and_all_files) {
     EXPECT_EQ(bar.file_requestor_dialog.file_name, "");
 }
 
-TEST_F(File_bars, of_several_dropped_files_the_last_stands) {
+TEST_F(File_bars, a_name_is_a_change_however_it_comes) {
     auto& bar = form.add<TAutoFileEditBar>("bar");
     bar.bind_to(&crop);
+    int changes = 0;
+    bar.on_after_change = [&] { ++changes; };
     EXPECT_TRUE(bar.drop_files({"C:\\a\\one.crp", "C:\\a\\two.crp"}));
-    EXPECT_EQ(crop, "C:\\a\\two.crp");
+    EXPECT_EQ(crop, "C:\\a\\two.crp") << "of several the last stands";
     EXPECT_EQ(bar.filename_edit.text(), "C:\\a\\two.crp");
+    EXPECT_EQ(bar.panel_caption.hint(), "File status unavailable.");
+    type(bar.filename_edit, "wheat.crp");
+    EXPECT_EQ(crop, "C:\\a\\wheat.crp") << "a bare name lies where the file before it lay";
+    EXPECT_EQ(bar.filename_edit.text(), "C:\\a\\wheat.crp");
+    EXPECT_EQ(bar.panel_caption.hint(), "File is good.");
+    bar.filename_edit.focus();
+    elsewhere.focus();
+    EXPECT_EQ(changes, 2) << "looking is none";
+    EXPECT_TRUE(bar.cancel_button.click());
+    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(bar.panel_caption.hint(), "File status unavailable.");
+    type(bar.filename_edit, "..\\b\\rye.crp");
+    EXPECT_EQ(crop, "..\\b\\rye.crp") << "a relative path is meant from the current folder";
 }
 
 class Database_bars : public File_bars {

@@ -1,12 +1,15 @@
 // Operations on many scenarios, each beside the bare cost of the files that it reads and writes: generating
-// 10,000 scenarios from a template, and resetting 1,000.
+// 10,000 scenarios from a template, as many from a table of 20 columns, putting 2,000 aside, and resetting
+// 1,000.
 #include "model/tilverra_scenario.h"
 #include "operations/carbon_sequestration_count.h"
 #include "operations/scenario_generator.h"
 #include "operations/scenario_reset.h"
+#include "operations/scenario_table.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
 #include "support/inputs.h"
+#include "table_csv/csv_table_reader.h"
 
 #include <benchmark/benchmark.h>
 
@@ -114,6 +117,54 @@ void generate(benchmark::State& state) {
     state.counters["growth_MB"] = peak_megabytes() - peak_after_a_tenth;
 }
 BENCHMARK(generate)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+std::string table_text() {
+    std::string text = "name,description";
+    for (int layer = 1; layer <= 9; ++layer)
+        text += ",H2O." + std::to_string(layer) + ",NO3." + std::to_string(layer);
+    text += '\n';
+    for (int row = 0; row < generated; ++row) {
+        text += "plot " + std::to_string(row) + ",\"Wheat, plot " + std::to_string(row) + '"';
+        for (int layer = 1; layer <= 9; ++layer)
+            text += ",0." + std::to_string(1000 + (row * 7 + layer * 13) % 3000) + ',' +
+                    std::to_string((row + layer) % 300);
+        text += '\n';
+    }
+    return text;
+}
+
+// A table read, checked, and written as scenarios.
+void generate_from_table(benchmark::State& state) {
+    make_project();
+    scenario_text();
+    const std::string text = table_text();
+    for (auto _ : state) {
+        state.PauseTiming();
+        make_targets("\\study\\Generated_scenarios", 0, "");
+        state.ResumeTiming();
+        Scenario_table family(Csv_table_reader().read(text), TESK::File_name(template_name().c_str()),
+                              TESK::Directory_name(folder() + "\\study\\Generated_scenarios"));
+        if (family.write(nullptr, {}).done != generated)
+            state.SkipWithError(describe_table_check(family.check()).c_str());
+    }
+}
+BENCHMARK(generate_from_table)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void put_2000_aside(benchmark::State& state) {
+    constexpr int put_aside = 2'000;
+    make_project();
+    const std::string text = scenario_text();
+    make_targets("\\study\\Scenarios\\", put_aside, text);
+    std::vector<std::string> names;
+    for (int i = 1; i <= put_aside; ++i)
+        names.push_back(numbered("\\study\\Scenarios\\", i));
+    for (auto _ : state) {
+        Change_backups backups(TESK::Directory_name(folder() + "\\study"));
+        if (!backups.put_copies_aside("reset", names, {}).ok())
+            state.SkipWithError("cannot put aside");
+    }
+}
+BENCHMARK(put_2000_aside)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The same bytes into as many new files.
 void write_as_many(benchmark::State& state) {

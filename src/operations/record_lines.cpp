@@ -45,6 +45,11 @@ const Record_line* Record_lines::find(std::string_view section, std::string_view
     return line.section == section && line.key == key ? &line : nullptr;
 }
 
+bool Record_lines::has_header(std::string_view section) const {
+    return std::any_of(headers_.begin(), headers_.end(),
+                       [&](const Record_line& header) { return header.section == section; });
+}
+
 std::size_t Record_lines::behind_line(std::size_t end) const {
     const std::size_t feed = text_.find('\n', end);
     return feed == std::string_view::npos ? text_.size() : feed + 1;

@@ -22,6 +22,8 @@ public:
 
     // The line whose value counts: the last one of the section and key. Null where there is none.
     const Record_line* find(std::string_view section, std::string_view key) const;
+    // Whether the section begins somewhere; the primary one can have lines without.
+    bool has_header(std::string_view section) const;
     std::string_view value(const Record_line& line) const {
         return text_.substr(line.begin + line.key.size() + 1, line.end - line.begin - line.key.size() - 1);
     }

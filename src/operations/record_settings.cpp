@@ -198,7 +198,6 @@ Setting_change Record_settings::set(std::string_view name, const std::string& va
     return set(setting->section(), setting->key(), value);
 }
 
-// Why the setting cannot be set at all; nothing when it can.
 std::string Record_settings::reason_not_to_set(const Setting& setting) const {
     if (setting.is_fixed())
         return "It follows from the rest of the file and is not set by hand.";

@@ -98,6 +98,8 @@ public:
     // By its name; a section may have points.
     const Setting* find(std::string_view name) const;
 
+    // Why the setting cannot be set, whatever the value; nothing when it can.
+    std::string reason_not_to_set(const Setting& setting) const;
     // Gives the setting the value, where its type and its guard allow that. Keys that are bound to the same
     // field change with it. A key that the record does not know must stand in the file.
     Setting_change set(std::string_view section, std::string_view key, const std::string& value);
@@ -113,7 +115,6 @@ public:
 
 private:
     void list_settings();
-    std::string reason_not_to_set(const Setting& setting) const;
     void write_value(const Setting& setting);
     std::vector<std::string_view> keys_before(const Setting& setting) const;
 

@@ -3,8 +3,8 @@
 #include "foundation/code_page_1252.h"
 #include "foundation/lists.h"
 #include "model/tilverra_scenario.h"
+#include "operations/bulk_files.h"
 #include "operations/repeated_text.h"
-#include "operations/scenario_overview.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "platform/listing.h"
@@ -15,7 +15,6 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
-#include <unordered_set>
 
 namespace {
 
@@ -149,15 +148,11 @@ private:
 
 class Generator {
 public:
-    Generator(Family& family, const TESK::Smart_directory_name& target_folder,
-              const std::vector<std::string>& replaced, Change_backups* backups, std::ostream& trace,
-              const Scenario_listener& listener)
-        : family_(family), target_folder_(target_folder), replaced_(replaced.begin(), replaced.end()),
-          backups_(backups), trace_(trace), listener_(listener), description_(family.scenario_.description),
-          text_(family.scenario_, changing_fields(family)) {}
+    Generator(Family& family, const Bulk_files& files, std::ostream& trace, const Scenario_listener& listener)
+        : family_(family), files_(files), trace_(trace), listener_(listener),
+          description_(family.scenario_.description), text_(family.scenario_, changing_fields(family)) {}
 
     Operation_outcome run() {
-        target_folder_.create();
         if (family_.count() > 0)
             combine(0);
         return std::move(outcome_);
@@ -190,7 +185,7 @@ private:
         if (family_.overlays_.empty()) {
             const std::string target = list_next();
             if (!outcome_.stopped)
-                write_scenario(target, text_.compose());
+                files_.write(target, text_.compose(), outcome_);
             return;
         }
         std::optional<platform::Scratch_file> base;
@@ -228,7 +223,7 @@ private:
             if (is_last) {
                 const std::string target = list_next();
                 if (!outcome_.stopped && !base_result.ok())
-                    outcome_.not_done.push_back({target, base_result.reason});
+                    outcome_.not_done.push_back({files_.full_name(target), base_result.reason});
                 else if (!outcome_.stopped)
                     trace_ << TESK::utf8_from_code_page(write_overlaid(base, file, target)) << '\n';
             } else {
@@ -258,35 +253,19 @@ private:
     std::string write_overlaid(const std::string& base, const TESK::File_name& file,
                                const std::string& target) {
         const auto made = overlaid(base, file);
-        write_scenario(target, made->text);
+        files_.write(target, made->text, outcome_);
         return made->scenario.description;
     }
 
-    void write_scenario(const std::string& target, const std::string& text) {
-        const bool is_moved = backups_ != nullptr && replaced_.contains(target) && backups_->move(target);
-        const platform::Write_result result = write(text, target);
-        if (result.ok()) {
-            ++outcome_.done;
-            return;
-        }
-        if (is_moved)
-            backups_->move_back(target);
-        outcome_.not_done.push_back({target, result.reason});
-    }
-
-    // Tells of the next scenario. Gives where it belongs.
+    // Tells of the next scenario. Gives its file name.
     std::string list_next() {
-        const std::string number = scenario_number(++counter_);
+        std::string number = scenario_number(++counter_);
         outcome_.stopped = !listener_(number);
-        TESK::File_name file;
-        target_folder_.append_to(number.c_str(), file);
-        return file;
+        return number;
     }
 
     Family& family_;
-    const TESK::Smart_directory_name target_folder_;
-    const std::unordered_set<std::string> replaced_;
-    Change_backups* const backups_;
+    const Bulk_files& files_;
     std::ostream& trace_;
     const Scenario_listener& listener_;
     const TESK::Ustring description_; // of the template
@@ -295,23 +274,6 @@ private:
     std::uint32_t counter_ = 0;
     Operation_outcome outcome_;
 };
-
-// The scenarios up to the number that are in the folder.
-std::vector<std::string> numbers_in(const TESK::Directory_name& folder, std::uint64_t highest) {
-    std::vector<std::string> present;
-    std::unordered_set<std::string> names;
-    for (TESK::Ustring name : list_scenarios(folder)) {
-        name.to_lower();
-        names.insert(std::move(name));
-    }
-    for (std::uint32_t number = 1; number <= highest && !names.empty(); ++number)
-        if (names.erase(scenario_number(number)) > 0) {
-            TESK::File_name file;
-            folder.append_to(scenario_number(number).c_str(), file);
-            present.push_back(file);
-        }
-    return present;
-}
 
 // Moves to the project's folder, from which the names of the family count.
 struct Generation {
@@ -322,7 +284,7 @@ struct Generation {
         const Tilverra_project_directory directory(*project_directory.parameter_file,
                                                    generation_project_kind);
         project_directory.set_as_current();
-        target_folder = directory.get_generated_scenarios_directory(false);
+        const TESK::Directory_name target_folder = directory.get_generated_scenarios_directory(false);
         TESK::File_name template_file(project.template_scenario);
         template_file.qualify();
         family = std::make_unique<Family>(template_file, project_directory.get_database_directory(false));
@@ -330,49 +292,47 @@ struct Generation {
         if (!plan.refused.empty())
             return;
         plan.count = family->count();
-        plan.replaced = numbers_in(target_folder, plan.count);
+        files = std::make_unique<Bulk_files>(target_folder);
     }
 
-    TESK::Smart_directory_name target_folder{""};
+    // The file names of the scenarios.
+    std::vector<std::string> numbers() const {
+        std::vector<std::string> numbers;
+        for (std::uint32_t number = 1; number <= plan.count; ++number)
+            numbers.push_back(scenario_number(number));
+        return numbers;
+    }
+
     std::unique_ptr<Family> family;
+    std::unique_ptr<Bulk_files> files; // null when it is refused
     Generation_plan plan;
 };
-
-// Begins the set of what will be replaced or made.
-Operation_outcome announce(const Generation& generation, Change_backups& backups) {
-    constexpr std::uint64_t most_announced = 1'000'000;
-    Operation_outcome outcome;
-    if (generation.plan.count > most_announced) {
-        outcome.refused = "There would be too many scenarios for a change that can be undone.";
-        return outcome;
-    }
-    std::vector<std::string> names;
-    for (std::uint32_t number = 1; number <= generation.plan.count; ++number) {
-        TESK::File_name file;
-        generation.target_folder.append_to(scenario_number(number).c_str(), file);
-        names.push_back(file);
-    }
-    return backups.announce("generation", names);
-}
 
 } // namespace
 
 Generation_plan plan_generation(const Tilverra_project_editor_parameters& project,
                                 Tilverra_project_directory& project_directory) {
-    return std::move(Generation(project, project_directory).plan);
+    Generation generation(project, project_directory);
+    if (generation.plan.refused.empty())
+        for (const std::string& number : generation.numbers())
+            if (generation.files->exists(number))
+                generation.plan.replaced.push_back(generation.files->full_name(number));
+    return std::move(generation.plan);
 }
 
 Operation_outcome generate_scenarios(const Tilverra_project_editor_parameters& project,
                                      Tilverra_project_directory& project_directory, Change_backups* backups,
                                      std::ostream& trace, const Scenario_listener& listener) {
+    constexpr std::uint64_t most_undone = 1'000'000;
     Generation generation(project, project_directory);
     Operation_outcome outcome;
     outcome.refused = generation.plan.refused;
-    if (outcome.refused.empty() && backups != nullptr)
-        outcome.refused = announce(generation, *backups).refused;
+    if (backups != nullptr && generation.plan.count > most_undone)
+        outcome.refused = "There would be too many scenarios for a change that can be undone.";
+    if (outcome.refused.empty())
+        outcome.refused = generation.files->begin(
+            "generation", backups == nullptr ? std::vector<std::string>() : generation.numbers(), backups);
     if (!outcome.refused.empty())
         return outcome;
-    return Generator(*generation.family, generation.target_folder, generation.plan.replaced, backups, trace,
-                     listener)
-        .run();
+    return Generator(*generation.family, *generation.files, trace, listener).run();
 }

@@ -194,7 +194,7 @@ TEST_F(Scenario_generator_test, a_plan_tells_what_there_will_be_and_makes_nothin
     drives.write("p/Generated_scenarios/00003.TVN", "old");
     drives.write("p/Generated_scenarios/00005.tvn", "beyond");
     EXPECT_EQ(plan().count, 4U);
-    EXPECT_EQ(plan().replaced, std::vector<std::string>{"C:\\p\\Generated_scenarios\\00003.tvn"});
+    EXPECT_EQ(plan().replaced, std::vector<std::string>{"C:\\p\\Generated_scenarios\\00003.TVN"});
     std::filesystem::remove_all(drives.host("p/Database"));
     EXPECT_EQ(plan().count, 1U);
     EXPECT_EQ(entries("p/Generated_scenarios"), "00003.TVN 00005.tvn ");

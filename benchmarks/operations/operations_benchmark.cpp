@@ -211,7 +211,7 @@ BENCHMARK(read_20000)->Unit(benchmark::kMillisecond)->UseRealTime();
 void reset_1000(benchmark::State& state) {
     make_project();
     const std::string text = scenario_text();
-    make_targets("\\reset", reset, text);
+    make_targets("\\reset\\", reset, text);
     Ticked_reset_boxes ticked;
     ticked.set();
     const TESK::File_name source(template_name().c_str());
@@ -226,7 +226,7 @@ BENCHMARK(reset_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 void read_twice_and_write_1000(benchmark::State& state) {
     make_project();
     const std::string text = scenario_text();
-    make_targets("\\reset", reset, text);
+    make_targets("\\reset\\", reset, text);
     for (auto _ : state)
         for (int i = 1; i <= reset; ++i) {
             const std::string name = numbered("\\reset\\", i);

@@ -11,6 +11,7 @@ def record(path, sections, keys):
                 v = f"{random.uniform(0,500):.10f} Average annual temperature" if k % 3 else ("true" if k % 2 else f"some\\path\\file_{k}.sil")
                 f.write(f"key_{k}={v}\r\n".encode())
 record(f"{out}/scenario_size.tvn", 30, 17)      # ~ one scenario: 30 sections, 510 keys
+record(f"{out}/wide_500.tvn", 1, 500)
 record(f"{out}/wide_1k.tvn", 1, 1000)           # one section, growing: shows how cost grows
 record(f"{out}/wide_10k.tvn", 1, 10000)
 record(f"{out}/wide_100k.tvn", 1, 100000)

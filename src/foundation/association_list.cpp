@@ -1,5 +1,6 @@
 #include "foundation/association_list.h"
 
+#include "foundation/arena.h"
 #include "foundation/code_page_1252.h"
 
 namespace TESK {
@@ -19,6 +20,10 @@ std::uint64_t mark_of(std::string_view key) {
     if (sum > 1)
         sum += 5U * static_cast<unsigned char>(key.back()) + 7U * static_cast<unsigned char>(key[sum - 2]);
     return std::uint64_t{1} << sum % 64;
+}
+
+std::uint32_t hash_of(std::string_view key) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(key));
 }
 
 } // namespace
@@ -58,48 +63,58 @@ Item* Association_list::find(const char* key, bool case_sensitive) const {
     return nullptr;
 }
 
+class Alias_association_list::Arena_node : public Bidirectional_list::Node, public Arena_object {
+public:
+    using Bidirectional_list::Node::Node;
+};
+
+std::unique_ptr<Unidirectional_list::Node> Alias_association_list::make_node(Item* item) const {
+    return std::make_unique<Arena_node>(item);
+}
+
 void Alias_association_list::Key_table::clear() {
     slots_.clear();
-    used_ = 0;
+    items_.clear();
 }
 
 // The slot of the key or, when it is not there, the free one where it would go. The table is never full.
-std::size_t Alias_association_list::Key_table::place_of(std::size_t hash, std::string_view key) const {
+std::size_t Alias_association_list::Key_table::place_of(std::uint32_t hash, std::string_view key) const {
     const std::size_t mask = slots_.size() - 1;
     std::size_t place = hash & mask;
-    while (slots_[place].item != nullptr &&
-           (slots_[place].hash != hash || slots_[place].item->get_key_view() != key))
+    while (slots_[place].number != 0 &&
+           (slots_[place].hash != hash || items_[slots_[place].number - 1]->get_key_view() != key))
         place = (place + 1) & mask;
     return place;
 }
 
 void Alias_association_list::Key_table::grow() {
-    std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2, Slot{0, nullptr});
+    std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2, Slot{0, 0});
     old.swap(slots_);
     const std::size_t mask = slots_.size() - 1;
     for (const Slot& slot : old) {
-        if (slot.item == nullptr)
+        if (slot.number == 0)
             continue;
         std::size_t place = slot.hash & mask;
-        while (slots_[place].item != nullptr)
+        while (slots_[place].number != 0)
             place = (place + 1) & mask;
         slots_[place] = slot;
     }
 }
 
 void Alias_association_list::Key_table::add(Item& item, std::string_view key) {
-    if (used_ * 2 >= slots_.size())
+    if (items_.size() * 2 >= slots_.size())
         grow();
-    const std::size_t hash = std::hash<std::string_view>()(key);
+    const std::uint32_t hash = hash_of(key);
     Slot& slot = slots_[place_of(hash, key)];
-    if (slot.item == nullptr) {
-        slot = {hash, &item};
-        ++used_;
+    if (slot.number == 0) {
+        items_.push_back(&item);
+        slot = {hash, static_cast<std::uint32_t>(items_.size())};
     }
 }
 
 Item* Alias_association_list::Key_table::find(std::string_view key) const {
-    return slots_.empty() ? nullptr : slots_[place_of(std::hash<std::string_view>()(key), key)].item;
+    const std::uint32_t number = slots_.empty() ? 0 : slots_[place_of(hash_of(key), key)].number;
+    return number == 0 ? nullptr : items_[number - 1];
 }
 
 Item* Alias_association_list::append(Item* item) {

@@ -66,7 +66,8 @@ public:
 
 private:
     // Where the items are found by the hash of their keys: the first item of each key. Short lists are
-    // walked.
+    // walked. The slots hold numbers of items, so that the table of a long list stays small and grows without
+    // a look at the items.
     class Key_table {
     public:
         void clear();
@@ -76,15 +77,18 @@ private:
 
     private:
         struct Slot {
-            std::size_t hash;
-            Item* item; // null where the slot is free
+            std::uint32_t hash;
+            std::uint32_t number; // of the item, from 1; 0 where the slot is free
         };
-        std::size_t place_of(std::size_t hash, std::string_view key) const;
+        std::size_t place_of(std::uint32_t hash, std::string_view key) const;
         void grow();
 
         std::vector<Slot> slots_;
-        std::size_t used_ = 0;
+        std::vector<Item*> items_;
     };
+    class Arena_node;
+
+    std::unique_ptr<Unidirectional_list::Node> make_node(Item* item) const override;
 
     Item* find_here(std::string_view key) const;
     void index_item(Item& item) const;

@@ -30,7 +30,7 @@ bool matches(const Item& item, Item_filter filter);
 class Container {
 public:
     // A place in a list. It owns the item that stands there.
-    class Node : public Recycled {
+    class Node {
     public:
         explicit Node(Item* owned) : item(owned) {}
         virtual ~Node() = default;

@@ -1,8 +1,6 @@
 // The polymorphic items of the suite's lists, and the items that have a text key.
 #pragma once
 
-#include "foundation/recycled.h"
-
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -44,7 +42,7 @@ public:
 };
 
 // The default behaviour: no text, equal to every other item, enabled, never marked.
-class Item : public Item_interface, public Recycled {
+class Item : public Item_interface {
 public:
     std::string& label_to(std::string& buffer) const override;
     int compare(const Item& other) const override;

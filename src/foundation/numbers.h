@@ -8,8 +8,8 @@ namespace TESK {
 
 // The integer that begins the text, behind white space and a sign: 0 when there is none. A number out of
 // range is cut to its low 64 bits, so that a caller that stores fewer bits always stores the low ones. A
-// radix of 16 admits "0x"; with radix 0 the text tells: "0x" 16, "0" 8, otherwise 10. A radix below 2 or above
-// 36 gives 0, and so does a null text.
+// radix of 16 admits "0x"; with radix 0 the text tells: "0x" 16, "0" 8, otherwise 10. A radix below 2 or
+// above 36 gives 0, and so does a null text.
 std::int64_t parse_integer(const char* text, int radix = 10);
 
 // The low 32 bits of the number that begins the text.

@@ -54,12 +54,12 @@ VV_unexpected_entry::VV_unexpected_entry(std::string_view entry_key, std::string
     : VV_base_entry(entry_key, 0, nullptr, nullptr), value(text) {}
 
 bool VV_unexpected_entry::set_value(const char* text) {
-    value = text;
+    value.assign(text);
     return true;
 }
 
 bool VV_unexpected_entry::set_value(const Ustring& text) {
-    value = text;
+    value.assign(text);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // An entry of a section: a key of a record file, and the text that stands behind it.
 #pragma once
 
+#include "foundation/arena.h"
 #include "foundation/item.h"
 #include "foundation/ustring.h"
 
@@ -45,7 +46,7 @@ constexpr std::uint8_t usual_bool_form = 3;
 
 class VV_entry_item : public Association {};
 
-class VV_base_entry : public VV_entry_item {
+class VV_base_entry : public VV_entry_item, public Arena_object {
 public:
     // The annotations must outlive the entry; null for none.
     VV_base_entry(std::string_view entry_key, std::uint16_t longest_value, const char* first_annotation,
@@ -99,9 +100,9 @@ public:
     bool set_value(const char* text) override;
     bool set_value(const Ustring& text) override;
     Entry_type type_code() const override { return Entry_type::unexpected; }
-    void append_value(std::string& text) const override { text += value; }
+    void append_value(std::string& text) const override { text += std::string_view(value); }
 
-    std::string value;
+    Arena_text value;
 };
 
 } // namespace TESK

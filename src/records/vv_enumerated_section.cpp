@@ -49,8 +49,9 @@ void VV_enumerated_section::declare_sections_met_early(Data_record& record) {
         Alias_association_list held;
         held.transfer_all_from(section.entries, Item_filter::all);
         setup_element(record, false, met->first);
+        std::string value;
         for (const VV_base_entry& entry : Items_of<VV_base_entry>(held))
-            section.store(entry.key, static_cast<const VV_unexpected_entry&>(entry).value);
+            section.store(entry.key, entry.get_value(value));
     }
     met_early_.erase(met_early_.begin(), end);
 }

@@ -8,7 +8,7 @@
 
 namespace TESK {
 
-class VV_section : public Association {
+class VV_section : public Association, public Arena_object {
 public:
     explicit VV_section(std::string_view name) : label(name) {}
 

@@ -4,8 +4,16 @@
 
 #include <cstdint>
 
+namespace {
+
+class Fuzzed_project : public Tilverra_project_editor_parameters {
+public:
+    Fuzzed_project() : Tilverra_project_editor_parameters("model.exe") {}
+};
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    expect_round_trip<Tilverra_project_editor_parameters>(
-        std::string(reinterpret_cast<const char*>(data), size));
+    expect_round_trip<Fuzzed_project>(std::string(reinterpret_cast<const char*>(data), size));
     return 0;
 }

@@ -10,11 +10,15 @@ namespace {
 class Fuzzed_scenario : public Tilverra_scenario {
 public:
     void postread() override {
-        rotation.set("<none>");
         for (Common_event& event : TESK::Items_of<Common_event>(events))
             if (event.ID.empty())
                 event.ID = "fuzzed";
+        const bool has_no_mode = cropping_mode == Cropping_system_mode::none;
+        if (has_no_mode)
+            cropping_mode = Cropping_system_mode::single;
         Tilverra_scenario::postread();
+        if (has_no_mode)
+            cropping_mode = Cropping_system_mode::none;
     }
 };
 

@@ -22,21 +22,10 @@ public:
 // A record with a series of elements; makes those that a file counts.
 class Series_record : public Data_record {
 public:
-    class Series : public VV_container_enumerated_section {
-    public:
-        using VV_container_enumerated_section::VV_container_enumerated_section;
-
-    protected:
-        void prepare_to_read() override {
-            for (auto missing = count - static_cast<int>(container.count()); missing > 0; --missing)
-                container.append(new Element);
-        }
-    };
-
     Series_record() : Data_record("primary") {}
     void expect_structure(bool for_write) override {
         Data_record::expect_structure(for_write);
-        expect_enumerated_section(std::make_unique<Series>("thing", true, elements), false);
+        expect_enumerated_section(std::make_unique<Growing_series<Element>>("thing", true, elements), false);
         set_current_section("behind");
         expect_int16("last", last);
     }

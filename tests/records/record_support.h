@@ -2,6 +2,7 @@
 #pragma once
 
 #include "records/data_record.h"
+#include "records/vv_enumerated_section.h"
 #include "records/vv_file.h"
 #include "records/vv_section.h"
 #include "support/temporary_folder.h"
@@ -50,6 +51,19 @@ inline std::string value_of(const TESK::Data_record& record, const std::string& 
 inline std::string text_of(const TESK::Data_record& record) {
     return record.text_of_sections();
 }
+
+// A series that makes the elements that a file counts.
+template <class Element>
+class Growing_series : public TESK::VV_container_enumerated_section {
+public:
+    using VV_container_enumerated_section::VV_container_enumerated_section;
+
+protected:
+    void prepare_to_read() override {
+        for (auto missing = count - static_cast<int>(container.count()); missing > 0; --missing)
+            container.append(new Element);
+    }
+};
 
 class Record_test : public testing::Test {
 protected:

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <new>
+#include <utility>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define ARENA_IS_GUARDED
@@ -58,41 +60,64 @@ void delete_chunk(Chunk* chunk) {
     ::operator delete(chunk, std::align_val_t(chunk_size));
 }
 
-// The chunk that pieces are taken from.
-class Current_chunk {
+// The chunk that a thread takes pieces from, and a few empty ones: without them each record would have the
+// heap return memory to the system and ask for it again.
+class Chunks {
 public:
-    ~Current_chunk() { leave(); }
+    ~Chunks() {
+        is_closed_ = true;
+        leave_current();
+        while (kept_count_ > 0)
+            delete_chunk(kept_[--kept_count_]);
+    }
 
     void* take(std::size_t size) {
         const std::size_t room = (size + alignment - 1) / alignment * alignment + gap;
-        if (chunk == nullptr || chunk->used + room > chunk_size) {
-            leave();
-            chunk = new_chunk(chunk_size);
+        if (current_ == nullptr || current_->used + room > chunk_size) {
+            leave_current();
+            current_ = kept_count_ > 0 ? kept_[--kept_count_] : new_chunk(chunk_size);
         }
-        void* piece = reinterpret_cast<char*>(chunk) + chunk->used;
+        void* piece = reinterpret_cast<char*>(current_) + current_->used;
         allow(piece, size);
-        chunk->used += room;
-        ++chunk->pieces;
+        current_->used += room;
+        ++current_->pieces;
         return piece;
     }
 
-    Chunk* chunk = nullptr;
+    // Takes a chunk that has lost its last piece.
+    void empty(Chunk* chunk) {
+        const bool has_usual_size = chunk->used > sizeof(Chunk);
+        if (chunk == current_ && is_guarded)
+            return;
+        chunk->used = sizeof(Chunk);
+        if (chunk == current_)
+            return;
+        if (has_usual_size && !is_guarded && !is_closed_ && kept_count_ < std::size(kept_))
+            kept_[kept_count_++] = chunk;
+        else
+            delete_chunk(chunk);
+    }
 
 private:
     // The last piece of a chunk that was left takes it along.
-    void leave() {
-        if (chunk != nullptr && chunk->pieces == 0)
-            delete_chunk(chunk);
-        chunk = nullptr;
+    void leave_current() {
+        Chunk* left = std::exchange(current_, nullptr);
+        if (left != nullptr && left->pieces == 0)
+            delete_chunk(left);
     }
+
+    Chunk* current_ = nullptr;
+    Chunk* kept_[16] = {};
+    std::size_t kept_count_ = 0;
+    bool is_closed_ = false;
 };
-thread_local Current_chunk current;
+thread_local Chunks chunks;
 
 } // namespace
 
 void* take_from_arena(std::size_t size) {
     if (size <= largest_piece)
-        return current.take(size);
+        return chunks.take(size);
     Chunk* own = new_chunk(sizeof(Chunk) + size);
     allow(own + 1, size);
     own->pieces = 1;
@@ -102,12 +127,8 @@ void* take_from_arena(std::size_t size) {
 void release_to_arena(void* memory, std::size_t size) {
     forbid(memory, size);
     auto* chunk = reinterpret_cast<Chunk*>(reinterpret_cast<std::uintptr_t>(memory) & ~(chunk_size - 1));
-    if (--chunk->pieces > 0)
-        return;
-    if (chunk != current.chunk)
-        delete_chunk(chunk);
-    else if (!is_guarded)
-        chunk->used = sizeof(Chunk);
+    if (--chunk->pieces == 0)
+        chunks.empty(chunk);
 }
 
 void Arena_text::assign(std::string_view text) {

@@ -8,7 +8,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 cd "$top"
 scripts/build.sh benchmarks
 export BENCHMARK_INPUTS="$top/build/benchmark_inputs"
-[ -e "$BENCHMARK_INPUTS/coverage_1k.dbf" ] || python3 benchmarks/make_inputs.py "$BENCHMARK_INPUTS"
+[ "$BENCHMARK_INPUTS" -nt benchmarks/make_inputs.py ] || python3 benchmarks/make_inputs.py "$BENCHMARK_INPUTS"
 
 [ $# -gt 0 ] || set -- $(cd build/benchmarks/bin && ls ./*_benchmark)
 for name in "$@"; do

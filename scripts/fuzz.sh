@@ -1,22 +1,24 @@
 #!/usr/bin/env bash
 # Feeds what reads files and names with damaged input: fuzz.sh [SECONDS [TARGET...]], 30 for each by default.
+# FUZZ_PRESET=fuzz_quick does without the sanitizers, for long runs.
 # Says so, and does nothing, where clang or its fuzzing run-time is not installed.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 seconds=${1:-30}
+preset=${FUZZ_PRESET:-fuzz}
 shift || true
 
-# Each target, and the files that it starts from.
+# Each target, the most bytes of an input, and the files whose pieces it starts from.
 targets='
-record      tests/data/*.t?? tests/data/*.sim
-dbase       tests/data/*.dbf
-project     tests/data/*.tvp
-scenario    tests/data/*.tvn tests/data/*.sim
-value       tests/fuzz/value_corpus.txt
-translation examples/translations/*/*.txt
-settings    tests/fuzz/settings_corpus.ini
-name        tests/fuzz/name_corpus.txt
-command     tests/fuzz/name_corpus.txt
+record      512   tests/data/*.t?? tests/data/*.sim
+dbase       8192  tests/data/*.dbf
+project     512   tests/data/*.tvp
+scenario    512   tests/data/*.tvn tests/data/*.sim
+value       128   tests/fuzz/value_corpus.txt
+translation 4096  examples/translations/*/*.txt
+settings    1024  tests/fuzz/settings_corpus.ini
+name        256   tests/fuzz/name_corpus.txt
+command     256   tests/fuzz/name_corpus.txt
 '
 
 runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a 2>/dev/null || true)
@@ -27,20 +29,21 @@ if [ ! -e "$runtime" ]; then
 fi
 
 cd "$top"
-scripts/build.sh fuzz
-while read -r target seeds; do
+scripts/build.sh "$preset"
+while read -r target longest seeds; do
     [ -n "$target" ] || continue
     [ $# -eq 0 ] || [[ " $* " == *" $target "* ]] || continue
-    corpus="build/fuzz/corpus_$target"
+    corpus="build/$preset/corpus_$target"
     mkdir -p "$corpus"
-    # shellcheck disable=SC2086
-    cp $seeds "$corpus"
+    for seed in $seeds; do
+        split -C "$longest" -a 3 "$seed" "$corpus/$(basename "$seed")-"
+    done
     echo "fuzz: $target for $seconds seconds"
-    log="build/fuzz/$target.log"
-    if ! "build/fuzz/bin/${target}_fuzz" -max_total_time="$seconds" -max_len=8192 -timeout=10 -verbosity=0 \
-        -print_final_stats=1 -artifact_prefix=build/fuzz/ "$corpus" >"$log" 2>&1 </dev/null; then
+    log="build/$preset/$target.log"
+    if ! "build/$preset/bin/${target}_fuzz" -max_total_time="$seconds" -max_len="$longest" -timeout=10 -verbosity=0 \
+        -entropic=0 -print_final_stats=1 -artifact_prefix="build/$preset/" "$corpus" >"$log" 2>&1 </dev/null; then
         tail -40 "$log"
-        echo "fuzz: $target failed; the input that it failed on is build/fuzz/crash-*"
+        echo "fuzz: $target failed; the input that it failed on is build/$preset/crash-*"
         exit 1
     fi
     grep -E 'average_exec|new_units' "$log"

@@ -1,6 +1,7 @@
 #include "operations/scenario_catalogue.h"
 
 #include "model/tilverra_scenario.h"
+#include "names/recycling.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
 
@@ -71,6 +72,16 @@ std::string delete_entry(const std::string& name, bool permanently, const Change
     const bool is_deleted =
         permanently && backups != nullptr ? backups->move(name) : entry.recycle(permanently);
     return is_deleted ? std::string() : "It could not be deleted.";
+}
+
+// Moves the files of the scenarios from one place of the list up to another to the trash. What stays is for
+// delete_entry() to tell.
+void recycle_together(const std::vector<std::vector<std::string>>& scenarios, std::size_t begin,
+                      std::size_t end) {
+    std::vector<std::string> names;
+    for (std::size_t i = begin; i < std::min(end, scenarios.size()); ++i)
+        names.insert(names.end(), scenarios[i].begin(), scenarios[i].end());
+    TESK::recycle_all(names, false, nullptr);
 }
 
 } // namespace
@@ -161,10 +172,15 @@ Operation_outcome delete_scenarios(const TESK::Directory_name& folder,
         if (!announced.ok())
             return announced;
     }
+    // The trash takes some together at the cost of one; not more than a bar has steps that can be seen.
+    constexpr std::size_t most_steps = 50;
+    const std::size_t step = permanently ? 1 : 1 + scenarios.size() / most_steps;
     for (std::size_t i = 0; i < scenarios.size(); ++i) {
         outcome.stopped = !goes_on(progress, i, scenarios.size());
         if (outcome.stopped)
             return outcome;
+        if (step > 1 && i % step == 0)
+            recycle_together(scenarios, i, i + step);
         const std::size_t failures = outcome.not_done.size();
         for (const std::string& name : scenarios[i])
             if (std::string reason = delete_entry(name, permanently, backups); !reason.empty())

@@ -87,8 +87,8 @@ std::string refusal_of_command(std::string_view command_line) {
     if (has_control)
         return refusal;
     for (const Command_reading& reading : command_readings(command_line)) {
-        // A quote in the name of the program ends it too early: behind the backslash that is to guard it, or in
-        // front of something else than a blank.
+        // A quote in the name of the program ends it too early: behind the backslash that is to guard it, or
+        // in front of something else than a blank.
         const bool ends_in_name = reading.program.ends_with('\\') ||
                                   (!reading.arguments.empty() && !is_blank(reading.arguments.front()));
         if (ends_in_name)

@@ -114,4 +114,23 @@ TEST_F(Catalogue_test, many_are_deleted_with_their_outputs_until_it_is_stopped_a
     EXPECT_EQ(scenario("b.tvn"), "b");
 }
 
+TEST_F(Catalogue_test, many_go_to_the_trash_together_and_none_by_half_when_it_is_stopped) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 120; ++i) {
+        drives.write("p/Scenarios/" + names.emplace_back(std::to_string(i) + ".tvn"));
+        drives.write("p/Scenarios/" + std::to_string(i) + "/Output/annual.XEB");
+    }
+    const TESK::Directory_name folder = workspace.scenarios_directory(Scenario_folder::created, false);
+    const Operation_outcome outcome =
+        delete_scenarios(folder, names, false, nullptr, [](std::size_t done, std::size_t total) {
+            EXPECT_EQ(total, 120U);
+            return done < 60;
+        });
+    EXPECT_EQ(outcome.done, 60U);
+    EXPECT_TRUE(outcome.stopped && outcome.ok());
+    for (int i = 0; i < 120; ++i)
+        for (const char* ending : {"", ".tvn"})
+            EXPECT_EQ(there("Scenarios/" + std::to_string(i) + ending), i >= 60) << i;
+}
+
 } // namespace

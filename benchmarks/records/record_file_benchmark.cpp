@@ -131,8 +131,8 @@ void add(const char* what, void (*run)(benchmark::State&, const std::string&), c
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    for (const char* file :
-         {"scenario_size.tvn", "wide_500.tvn", "wide_1k.tvn", "wide_10k.tvn", "wide_100k.tvn", "many_sections_10k.tvn"}) {
+    for (const char* file : {"scenario_size.tvn", "wide_500.tvn", "wide_1k.tvn", "wide_10k.tvn",
+                             "wide_100k.tvn", "many_sections_10k.tvn"}) {
         add("read_undeclared", read_record<Undeclared_record>, file);
 #if HAS_SIMPLEINI
         add("simpleini_load", simpleini_load, file);

@@ -92,8 +92,8 @@ bool TTable::paste() {
         int column = block.first_column;
         for (std::size_t i = 0; fills ? column <= block.last_column : i < line.size(); ++i) {
             const std::string& text = line[fills ? 0 : i];
-            const std::string why =
-                editor(row, column) ? rows_->set_text(row, column, text) : worded("This cell cannot be edited.");
+            const std::string why = editor(row, column) ? rows_->set_text(row, column, text)
+                                                        : worded("This cell cannot be edited.");
             refused += why.empty() ? 0 : 1;
             reason = reason.empty() ? why : reason;
             const int next = step_column(column, 1);
@@ -103,7 +103,8 @@ bool TTable::paste() {
     rows_changed(block.first_row, last_row - block.first_row + 1);
     TForm* const holder = form();
     if (holder && refused > 0)
-        holder->notice(worded("Cells that were not pasted: %1.", std::to_string(refused)) + " " + reason, Mark::exclamation);
+        holder->notice(worded("Cells that were not pasted: %1.", std::to_string(refused)) + " " + reason,
+                       Mark::exclamation);
     else if (holder)
         holder->notice({});
     return true;

@@ -79,8 +79,8 @@ TEST(Units_convertor, english_measures_become_metric_by_the_rows_of_their_quanti
         expect_conversions({{1, 0xA000 + row, 0x2000, meters[row]}});
     // The rows of acres and of gallons begin with these, end with these, and have nothing behind them.
     for (const auto& [row, acres] : {std::pair(0U, 1.0), {1U, 0.25}, {9U, 2.1169}, {10U, 1.0}})
-        expect_conversions(
-            {{1, 0xAA00 + row, 0x2A00, acres * 40.468563}, {1, 0xAA80 + row, 0x2A80, 1 / (acres * 40.468563)}});
+        expect_conversions({{1, 0xAA00 + row, 0x2A00, acres * 40.468563},
+                            {1, 0xAA80 + row, 0x2A80, 1 / (acres * 40.468563)}});
     for (const auto& [row, gallons] :
          {std::pair(0U, 0.0000130208), {1U, 0.00078125}, {13U, 288.0}, {14U, 1.0}})
         for (const unsigned quantity : {0xB400U, 0xB500U})

@@ -186,7 +186,7 @@ void Run_journal::take_end(std::size_t run, Moment time, Words& words) {
         return;
     record.code = 0;
     if (record.outcome == Outcome::lost)
-        reasons_.emplace_back(run, code);
+        reasons_[run] = code;
     else if (!number_from(code, record.code))
         return;
     record.left_output = words.next() == "output";
@@ -237,9 +237,8 @@ std::vector<std::size_t> Run_journal::left() const {
 }
 
 std::string Run_journal::reason(std::size_t run) const {
-    const auto found = std::find_if(reasons_.rbegin(), reasons_.rend(),
-                                    [&](const auto& reason) { return reason.first == run; });
-    return found == reasons_.rend() ? "" : found->second;
+    const auto found = reasons_.find(run);
+    return found == reasons_.end() ? "" : found->second;
 }
 
 Journal_writer::Journal_writer(const std::string& folder)

@@ -34,6 +34,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // Milliseconds since the beginning of 1970, in UTC.
@@ -121,7 +122,7 @@ private:
     std::string folder_;
     std::vector<Run_record> runs_;
     std::vector<std::size_t> changed_;
-    std::vector<std::pair<std::size_t, std::string>> reasons_;
+    std::unordered_map<std::size_t, std::string> reasons_;
     std::optional<platform::Process_identity> owner_;
     std::optional<Scheduler_job> job_;
     Moment owned_since_ = 0;

@@ -30,8 +30,9 @@ std::optional<std::size_t> number_from(std::string_view text) {
     return number;
 }
 
-// Adds a line for each task: its place, a blank, its state, and whatever stands behind that.
-void add_tasks(const std::string& lines, Job& job) {
+// From a line for each task: its place, a blank, its state, and whatever stands behind that.
+Tasks tasks_of(const std::string& lines) {
+    Tasks tasks;
     std::istringstream stream(lines);
     for (std::string line; std::getline(stream, line);) {
         std::istringstream words(line);
@@ -42,25 +43,9 @@ void add_tasks(const std::string& lines, Job& job) {
         if (!number || task.state.empty())
             continue;
         task.is_over = is_of_the_end(task.state);
-        job.tasks[*number] = task;
+        tasks[*number] = task;
     }
-}
-
-// What the scheduler's book-keeping tells, where it has one: "17_4|NODE_FAIL" with a line for each task.
-void ask_accounting(const std::string& number, Job& job) {
-    const platform::Tool_answer answer = platform::ask_tool(
-        "sacct", {"--jobs=" + number, "--noheader", "--parsable2", "--allocations", "--format=JobID,State"},
-        longest_answer);
-    if (!answer.ok())
-        return;
-    std::string lines = answer.text;
-    std::replace(lines.begin(), lines.end(), '|', ' ');
-    std::string places;
-    std::istringstream stream(lines);
-    for (std::string line; std::getline(stream, line);)
-        if (line.starts_with(number + '_'))
-            places += line.substr(number.size() + 1) + '\n';
-    add_tasks(places, job);
+    return tasks;
 }
 
 } // namespace
@@ -89,22 +74,29 @@ Submission submit(const std::vector<std::string>& arguments) {
     return {last.substr(0, last.find(';')), ""};
 }
 
-std::optional<Job> ask_for(const std::string& number) {
+std::optional<Tasks> ask_for(const std::string& job) {
     const platform::Tool_answer answer = platform::ask_tool(
-        "squeue", {"--jobs=" + number, "--array", "--noheader", "--states=all", "--format=%K %T"},
+        "squeue", {"--jobs=" + job, "--array", "--noheader", "--states=all", "--format=%K %T"},
         longest_answer);
-    if (!answer.was_started)
-        return std::nullopt;
-    Job job;
     const bool is_forgotten = answer.text.find("Invalid job id") != std::string::npos;
-    if (answer.exit_code != 0 && !is_forgotten)
+    if (!answer.ok() && !is_forgotten)
         return std::nullopt;
-    if (!is_forgotten)
-        add_tasks(answer.text, job);
-    job.is_known = !job.tasks.empty();
-    if (!job.is_known)
-        ask_accounting(number, job);
-    return job;
+    return is_forgotten ? Tasks() : tasks_of(answer.text);
+}
+
+// A line of them: "17_4|CANCELLED by 1000".
+Tasks ask_books_for(const std::string& job) {
+    const platform::Tool_answer answer = platform::ask_tool(
+        "sacct", {"--jobs=" + job, "--noheader", "--parsable2", "--allocations", "--format=JobID,State"},
+        longest_answer);
+    std::string lines;
+    std::istringstream stream(answer.ok() ? answer.text : "");
+    for (std::string line; std::getline(stream, line);) {
+        std::replace(line.begin(), line.end(), '|', ' ');
+        if (line.starts_with(job + '_'))
+            lines += line.substr(job.size() + 1) + '\n';
+    }
+    return tasks_of(lines);
 }
 
 bool cancel(const std::string& job) {

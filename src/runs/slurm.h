@@ -23,12 +23,13 @@ struct Task {
     bool is_over = false;
     std::string state; // as the scheduler calls it: "NODE_FAIL"
 };
-struct Job {
-    bool is_known = false;             // false when the scheduler has forgotten it: then it is over
-    std::map<std::size_t, Task> tasks; // by their places in the array; without those that it has forgotten
-};
-// Nothing when the scheduler does not answer.
-std::optional<Job> ask_for(const std::string& job);
+// By their places in the array.
+using Tasks = std::map<std::size_t, Task>;
+// The tasks of a job, without those that the scheduler has forgotten since they were over. Nothing when it
+// does not answer.
+std::optional<Tasks> ask_for(const std::string& job);
+// The same of what its book-keeping tells, which forgets none; none where the cluster keeps no books.
+Tasks ask_books_for(const std::string& job);
 
 // Has it end the job, with all its tasks. False when it does not answer.
 bool cancel(const std::string& job);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 namespace {
 
@@ -105,7 +106,8 @@ void Slurm_engine::read_list() {
     std::istringstream lines(
         platform::read_file(folder_ + '\\' + journal_.job()->list, largest_list).contents);
     for (std::size_t run = 0; lines >> run;)
-        list_.push_back(run);
+        if (run < journal_.runs().size())
+            list_.push_back(run);
 }
 
 bool Slurm_engine::poll() {
@@ -116,44 +118,57 @@ bool Slurm_engine::poll() {
     if (std::chrono::steady_clock::now() < next_question_)
         return true;
     next_question_ = std::chrono::steady_clock::now() + pause_;
-    const auto job = slurm::ask_for(journal_.job()->number);
-    trouble_ = job ? writer_.state().reason : no_answer;
-    if (job)
-        settle(*job);
+    auto tasks = slurm::ask_for(journal_.job()->number);
+    trouble_ = tasks ? writer_.state().reason : no_answer;
+    if (tasks)
+        settle(std::move(*tasks));
     journal_.update();
     return journal_.job().has_value();
 }
 
 // What a task has noted in its last moments may be seen later than its end: only what was over before counts.
-void Slurm_engine::settle(const slurm::Job& job) {
+void Slurm_engine::settle(slurm::Tasks tasks) {
     std::set<std::size_t> over;
-    bool is_over = true;
+    bool has_asked_books = false;
     for (std::size_t task = 0; task < journal_.job()->tasks; ++task) {
-        const auto found = job.tasks.find(task);
-        const bool is_at_work = found != job.tasks.end() && !found->second.is_over;
-        is_over = is_over && !is_at_work;
-        if (is_at_work)
+        const auto found = tasks.find(task);
+        if (found != tasks.end() && !found->second.is_over)
             continue;
         over.insert(task);
-        if (over_.contains(task))
-            settle_task(task, found == job.tasks.end() ? "" : found->second.state);
+        if (!over_.contains(task) || is_settled(task))
+            continue;
+        if (found == tasks.end() && !std::exchange(has_asked_books, true))
+            tasks.merge(slurm::ask_books_for(journal_.job()->number));
+        settle_task(task, tasks[task].state);
     }
-    over_ = std::move(over);
-    if (is_over && was_over_ && writer_.state().ok())
+    const bool is_over = over.size() == journal_.job()->tasks;
+    if (is_over && over_ == over && writer_.state().ok())
         writer_.close_job(journal_.job()->number);
-    was_over_ = is_over;
+    over_ = std::move(over);
+}
+
+std::vector<std::size_t> Slurm_engine::runs_of(std::size_t task) const {
+    const std::size_t per_task = journal_.job()->per_task;
+    const std::size_t begin = std::min(list_.size(), task * per_task);
+    const std::size_t end = std::min(list_.size(), begin + per_task);
+    return {list_.begin() + static_cast<std::ptrdiff_t>(begin),
+            list_.begin() + static_cast<std::ptrdiff_t>(end)};
+}
+
+bool Slurm_engine::is_settled(std::size_t task) const {
+    const std::vector<std::size_t> runs = runs_of(task);
+    return std::all_of(runs.begin(), runs.end(),
+                       [&](std::size_t run) { return journal_.runs().at(run).has_ended(); });
 }
 
 void Slurm_engine::settle_task(std::size_t task, const std::string& state) {
-    const Scheduler_job& job = *journal_.job();
-    const std::size_t end = std::min(list_.size(), (task + 1) * job.per_task);
-    for (std::size_t place = task * job.per_task; place < end; ++place) {
-        const std::size_t run = list_[place];
+    const bool is_cancelled = journal_.job()->is_cancelled;
+    for (const std::size_t run : runs_of(task)) {
         const Run_record& known = journal_.runs().at(run);
-        if (known.has_ended() || (job.is_cancelled && known.outcome == Run_record::Outcome::waiting))
+        if (known.has_ended() || (is_cancelled && known.outcome == Run_record::Outcome::waiting))
             continue;
         Run_record record;
-        record.outcome = job.is_cancelled ? Run_record::Outcome::stopped : Run_record::Outcome::lost;
+        record.outcome = is_cancelled ? Run_record::Outcome::stopped : Run_record::Outcome::lost;
         writer_.end(run, record, state.empty() ? "gone" : state);
     }
 }

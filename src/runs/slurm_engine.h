@@ -32,8 +32,10 @@ public:
 private:
     std::string submit(const std::vector<std::size_t>& runs);
     std::vector<std::string> sbatch_arguments(const Scheduler_job& job) const;
-    void settle(const slurm::Job& job);
+    void settle(slurm::Tasks tasks);
+    bool is_settled(std::size_t task) const;
     void settle_task(std::size_t task, const std::string& state);
+    std::vector<std::size_t> runs_of(std::size_t task) const;
     void read_list();
 
     std::string folder_;
@@ -44,7 +46,6 @@ private:
     std::vector<std::size_t> list_; // the runs of the job
     std::set<std::size_t> over_;    // its tasks that were over when last asked for
     std::chrono::steady_clock::time_point next_question_{};
-    bool was_over_ = false;
     std::string trouble_;
 };
 

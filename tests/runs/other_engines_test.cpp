@@ -33,7 +33,7 @@ protected:
     Run_project project;
 };
 
-TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_a_shell_and_is_noted) {
+TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_other_runners_and_is_noted) {
     Run_set set = project.set_of({"good", "fail", "killed", "silent", "loud", "it's & $HOME", "wait"});
     set.engine = Engine_kind::list;
     set.longest = 1s;
@@ -44,10 +44,11 @@ TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_a_shell_and_is_
     Run_journal journal(folder, 7);
     journal.update();
     EXPECT_TRUE(is_owned(journal));
-    ASSERT_EQ(
-        std::system(
-            ("cd / && sh " + platform::host_path(run_list_file(folder)).replace(0, 0, "'") + "'").c_str()),
-        0);
+    const Environment_guard list("LIST", platform::host_path(run_list_file(folder)));
+    const Environment_guard parallel_home("PARALLEL_HOME", project.drives.host("parallel"));
+    ASSERT_EQ(std::system("cd /; command -v parallel >/dev/null || exec sh <\"$LIST\"\n"
+                          "exec parallel --will-cite -j 2 <\"$LIST\""),
+              0);
     EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
                                   "done \ndone \nfailed longer than the time allowed\n");
     EXPECT_EQ(platform::read_file(printed_file(folder, 1)).contents, "it is wrong\n");
@@ -56,6 +57,37 @@ TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_a_shell_and_is_
     // What is done is not on the list the next time.
     ASSERT_EQ(make_engine(folder)->start(), "");
     EXPECT_EQ(platform::read_file(run_list_file(folder)).contents, "");
+}
+
+// The scheduler's commands are scripts here: what they answer is what a test can have no real one answer.
+TEST_F(Other_engines_test, a_silent_scheduler_settles_nothing_and_its_books_tell_what_it_has_forgotten) {
+    const auto answer = [&](const std::string& tool, const std::string& script) {
+        project.drives.write("tools/" + tool, "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(project.drives.host("tools/" + tool), std::filesystem::perms::owner_all);
+    };
+    const Environment_guard path("PATH", project.drives.host("tools") + ":/usr/bin:/bin");
+    Run_set set = project.set_of({"good", "more", "other"});
+    set.engine = Engine_kind::slurm;
+    const std::string folder = project.make(set);
+    answer("scontrol", "echo 'MaxArraySize            = 1001'");
+    answer("sbatch", "echo '7;cluster'");
+    answer("squeue", "echo 'slurm_load_jobs error: Unable to contact slurm controller'; exit 1");
+    answer("sacct", "echo '7_0|NODE_FAIL'; echo '7_1|CANCELLED by 1000'; echo '7_2|COMPLETED'");
+    Slurm_engine engine(folder, set, 0ms);
+    ASSERT_EQ(engine.start(), "");
+    Run_record done;
+    done.outcome = Run_record::Outcome::exited;
+    done.left_output = true;
+    Journal_writer(folder).end(2, done);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_TRUE(engine.poll());
+    EXPECT_EQ(engine.trouble(), "The scheduler does not answer.");
+    EXPECT_EQ(ends_of(folder, 3), "waiting \nwaiting \ndone \n");
+    answer("squeue", "echo 'slurm_load_jobs error: Invalid job id specified'; exit 1");
+    EXPECT_TRUE(engine.poll());
+    while (engine.poll()) {
+    }
+    EXPECT_EQ(ends_of(folder, 3), "failed scheduler: NODE_FAIL\nfailed scheduler: CANCELLED\ndone \n");
 }
 
 TEST_F(Other_engines_test, a_scheduler_runs_an_array_that_can_be_stopped_and_whose_lost_tasks_are_found) {

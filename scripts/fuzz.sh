@@ -19,6 +19,7 @@ translation 4096  examples/translations/*/*.txt
 settings    1024  tests/fuzz/settings_corpus.ini
 name        256   tests/fuzz/name_corpus.txt
 command     256   tests/fuzz/name_corpus.txt
+journal     1024  tests/fuzz/journal_corpus/*.txt
 '
 
 runtime=$(clang++ -print-file-name=libclang_rt.fuzzer-x86_64.a 2>/dev/null || true)

@@ -14,6 +14,8 @@ namespace {
 constexpr const char* journal_file = "\\journal.txt";
 constexpr std::string_view line_mark = " .";
 constexpr std::size_t moment_length = 24;
+constexpr double longest_run = 1e9; // seconds
+constexpr std::size_t most_runs = 10'000'000;
 constexpr Moment day_length = Moment{24} * 60 * 60 * 1000;
 
 using Outcome = Run_record::Outcome;
@@ -111,19 +113,22 @@ bool Run_journal::update() {
     std::string bytes(std::size_t{1} << 16, '\0');
     while (const std::size_t count = file.read(bytes.data(), bytes.size())) {
         place_ += static_cast<std::int64_t>(count);
-        std::string_view text(bytes.data(), count);
-        for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-            if (rest_.empty()) {
-                take_line(text.substr(0, end));
-            } else {
-                take_line(rest_.append(text.substr(0, end)));
-                rest_.clear();
-            }
-            text.remove_prefix(end + 1);
-        }
-        rest_.append(text);
+        take({bytes.data(), count});
     }
     return true;
+}
+
+void Run_journal::take(std::string_view bytes) {
+    for (std::size_t end = bytes.find('\n'); end != std::string_view::npos; end = bytes.find('\n')) {
+        if (rest_.empty()) {
+            take_line(bytes.substr(0, end));
+        } else {
+            take_line(rest_.append(bytes.substr(0, end)));
+            rest_.clear();
+        }
+        bytes.remove_prefix(end + 1);
+    }
+    rest_.append(bytes);
 }
 
 // The journal is another one than before: somebody has replaced the folder.
@@ -178,7 +183,8 @@ void Run_journal::take_end(std::size_t run, Moment time, Words& words) {
                                     [&](const Outcome_name& outcome) { return outcome.name == name; });
     const std::string_view code = words.next();
     Run_record record = runs_[run];
-    if (found == std::end(outcome_names) || !number_from(words.next(), record.seconds))
+    if (found == std::end(outcome_names) || !number_from(words.next(), record.seconds) ||
+        !(record.seconds >= 0 && record.seconds < longest_run))
         return;
     record.outcome = found->outcome;
     // A run that has ended is not lost, whoever found out what first.
@@ -211,7 +217,7 @@ void Run_journal::take_job(Moment time, Words& words) {
     Scheduler_job job;
     job.number = words.next();
     if (!number_from(words.next(), job.tasks) || !number_from(words.next(), job.per_task) ||
-        job.per_task == 0)
+        job.per_task == 0 || job.per_task > most_runs || job.tasks > most_runs)
         return;
     job.list = words.next();
     job_ = std::move(job);

@@ -91,6 +91,8 @@ public:
 
     // Reads what has been added. True when anything was; changed() tells which runs.
     bool update();
+    // Takes bytes of a journal, as update() does with those of the file: what follows on those taken before.
+    void take(std::string_view bytes);
 
     const std::string& folder() const { return folder_; }
     const std::vector<Run_record>& runs() const { return runs_; }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view first_line = "run set 1";
 constexpr std::string_view last_line = "end";
+constexpr std::size_t longest_limit = std::size_t{10} * 365 * 24 * 60 * 60; // seconds
 constexpr std::array<std::string_view, 3> engine_names = {"local", "slurm", "list"};
 
 // The texts of a set with their keys, in the order of the file.
@@ -63,13 +64,14 @@ void set_value(Run_set& set, std::string_view key, std::string_view value) {
         set.report_format = value;
     else if (key == "scenario")
         set.scenarios.emplace_back(value);
-    else if (key == "engine")
+    else if (key ==
+             "engine") // one that this program does not know is taken for a list: nothing starts by itself
         set.engine = static_cast<Engine_kind>(std::find(engine_names.begin(), engine_names.end() - 1, value) -
                                               engine_names.begin());
     else if (key == "at_once" && number_from(value, number))
         set.at_once = number;
     else if (key == "longest_seconds" && number_from(value, number))
-        set.longest = std::chrono::seconds(number);
+        set.longest = std::chrono::seconds(std::min(number, longest_limit));
     else if (key == "stops_at_first_failure")
         set.stops_at_first_failure = value == "true";
 }

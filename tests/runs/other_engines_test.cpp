@@ -114,7 +114,9 @@ TEST_F(Other_engines_test, a_scheduler_runs_an_array_that_can_be_stopped_and_who
     Run_journal journal(folders[1], 2);
     journal.update();
     EXPECT_TRUE(stop_run_set(journal));
-    kill(-getpgid(project.await_number("wait_more.pid")), SIGKILL);
+    const pid_t task = getpgid(project.await_number("wait_more.pid"));
+    ASSERT_GT(task, 1);
+    kill(-task, SIGKILL);
     for (const auto& engine : engines)
         while (engine->poll())
             std::this_thread::sleep_for(20ms);

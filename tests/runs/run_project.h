@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -62,11 +63,15 @@ public:
         std::sort(names.begin(), names.end());
         return names;
     }
-    // Waits for a number that a run writes, such as the one of its process.
+    // Waits for a number that a run writes, such as the one of its process. Throws when it does not come: no
+    // signal is to go to process 0.
     pid_t await_number(const std::string& file) const {
-        for (int i = 0; i < 1000 && text(file).find('\n') == std::string::npos; ++i)
+        for (int i = 0; i < 4000 && text(file).find('\n') == std::string::npos; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        return std::atoi(text(file).c_str());
+        const pid_t number = std::atoi(text(file).c_str());
+        if (number <= 0)
+            throw std::runtime_error("nothing comes in " + file);
+        return number;
     }
 
     const std::string runs_folder = "C:\\p\\Runs";
@@ -79,10 +84,10 @@ inline std::vector<Run_record> records_of(const std::string& folder, std::size_t
     return journal.runs();
 }
 
-// Waits until a process is gone, or nobody's but a zombie; false after five seconds.
+// Waits until a process is gone, or nobody's but a zombie; false after twenty seconds.
 inline bool is_soon_gone(pid_t process) {
     const std::string status = "/proc/" + std::to_string(process) + "/stat";
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 4000; ++i) {
         std::ifstream file(status);
         std::string text;
         std::getline(file, text);

@@ -13,10 +13,10 @@ using namespace std::chrono_literals;
 
 class Run_supervisor_test : public testing::Test {
 protected:
-    // Waits until the journal tells what is asked; false after five seconds.
+    // Waits until the journal tells what is asked; false after twenty seconds.
     template <class Until>
     static bool await(Run_journal& journal, const Until& until) {
-        for (int i = 0; i < 1000 && !until(); ++i) {
+        for (int i = 0; i < 4000 && !until(); ++i) {
             std::this_thread::sleep_for(5ms);
             journal.update();
         }

@@ -106,6 +106,8 @@ TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {
 template <class Body>
 pid_t in_child(const Body& body) {
     const pid_t child = fork();
+    if (child < 0)
+        throw std::runtime_error("no process can be started");
     if (child == 0) {
         body();
         _exit(0);

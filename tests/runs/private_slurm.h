@@ -113,7 +113,8 @@ private:
             execvp(arguments[0], arguments.data());
             _exit(127);
         }
-        processes_.push_back(process);
+        if (process > 0)
+            processes_.push_back(process);
     }
     // Until the command succeeds; false after ten seconds, and at once when one of the processes has ended.
     bool await(const std::string& command) const {

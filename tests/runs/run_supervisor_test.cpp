@@ -46,6 +46,7 @@ TEST_F(Run_supervisor_test, a_set_outlives_its_starter_only_when_told_to) {
         const Run_set set = project.set_of({name, "good"}, 1);
         const std::string folder = project.make(set);
         const pid_t starter = fork();
+        ASSERT_GE(starter, 0);
         if (starter == 0) {
             Supervised_engine engine(folder);
             engine.start();

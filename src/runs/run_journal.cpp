@@ -307,16 +307,13 @@ bool is_owned(const Run_journal& journal) {
            (journal.owner() && platform::presence_of(*journal.owner()) != platform::Process_presence::gone);
 }
 
-bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer, bool take_over) {
+bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer) {
     Run_journal journal(folder, runs);
     journal.update();
-    const auto presence =
-        journal.owner() ? platform::presence_of(*journal.owner()) : platform::Process_presence::gone;
-    const bool is_elsewhere = presence == platform::Process_presence::elsewhere;
-    if ((journal.job() && !journal.job()->is_list()) || presence == platform::Process_presence::alive ||
-        (is_elsewhere && !take_over))
+    const bool is_list = journal.job() && journal.job()->is_list();
+    if (is_owned(journal) && !is_list)
         return false;
-    if (journal.job())
+    if (is_list)
         writer.close_job(journal.job()->number);
     if (journal.owner())
         writer.leave("gone", *journal.owner());

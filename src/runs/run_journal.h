@@ -162,10 +162,10 @@ private:
     platform::Write_result state_;
 };
 
-// Makes this process the owner of the set. False when another one has it (`take_over`: unless that is on
-// another machine, which cannot be asked), or the journal cannot be written. Of several that try at once, one
-// succeeds.
-bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer, bool take_over = false);
+// Makes this process the owner of the set. False when another one has it, also one of a machine that cannot
+// be asked (what that has left can be repeated in a set of its own), or the journal cannot be written. Of
+// several that try at once, one succeeds.
+bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer);
 
 // Whether a process of this machine or another one, or a job, has the set run, as far as can be told: one
 // elsewhere counts.

@@ -33,6 +33,8 @@ copy_example() {
     trap 'rm -rf -- "$part"' EXIT
     cp -R "$top/examples/suite/drive_c" "$part/drive_c"
     cp -R "$top/examples/translations/." "$part/drive_c/Program Files/TVS_suite/Tilverra/project_editor/"
+    # What the start page offers as an example, should the one in use be deleted.
+    cp -R "$top/examples/suite/drive_c/Simulation" "$part/drive_c/Program Files/TVS_suite/Tilverra/project_editor/example"
     chmod -R u+w "$part/drive_c"
     mv "$part/drive_c" "$dest/drive_c"
 }

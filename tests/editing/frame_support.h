@@ -4,16 +4,19 @@
 #include "editing/parameter_file_form.h"
 #include "model/project_editor_parameters.h"
 #include "platform/file_writer.h"
+#include "platform/host_names.h"
 #include "platform/shell.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 #include "toolkit/headless_desktop.h"
+#include "translation/translation_files.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <filesystem>
+#include <sstream>
 
 constexpr const char* unable =
     "Unable to save to parameter file (check that the file is not marked as read only)";
@@ -26,6 +29,30 @@ protected:
         drives.write("Suite/Tilverra/project_editor.exe");
         std::filesystem::create_directories(drives.host("work/study"));
         std::filesystem::copy_file(TEST_DATA "/irrigation_study.tvp", drives.host("work/study.tvp"));
+    }
+
+    // Whatever message a test meets has words in the languages that come with the program.
+    void TearDown() override {
+        if (current_screen_language != nullptr)
+            return;
+        const TESK::Translations_phrases& phrases = shipped_phrases();
+        const auto names_something = [](const std::string& line) {
+            return line.empty() || line.find(":\\") != std::string::npos ||
+                   line.find(".tvp") != std::string::npos || line.starts_with("Tilverra project");
+        };
+        for (const Message& message : desktop.messages()) {
+            std::istringstream lines(message.title + '\n' + message.text);
+            for (std::string line; std::getline(lines, line);)
+                for (const char* language : {"es", "ru"})
+                    EXPECT_TRUE(names_something(line) || phrases.find_translation(line, language) != nullptr)
+                        << language << ": " << line;
+        }
+    }
+    static const TESK::Translations_phrases& shipped_phrases() {
+        static TESK::Translations_phrases phrases;
+        const TESK::Directory_name folder(platform::name_from_host_path(EXAMPLES "/translations"));
+        TESK::load_translations(phrases, {folder}, {folder});
+        return phrases;
     }
 
     bool bind(const std::string& file, bool given = true) {

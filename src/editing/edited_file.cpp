@@ -285,17 +285,22 @@ Save_outcome Edited_file::write_to(const std::string& name) {
             followed = let_folder_follow(name);
             has_followed = followed.ok();
             if (has_followed && !followed.passed_over.empty())
-                notice("What is no file was not copied:\n" + some_of(followed.passed_over));
+                notice(worded("What is no file was not copied: %1", some_of(followed.passed_over)));
         }
         TESK::VV_file file(name.c_str());
         if (has_followed && file.set(*parameters_) && file.get_last_write().ok())
             return Save_outcome::saved;
         if (has_followed)
-            notice(file.get_last_write().reason);
+            notice(worded(file.get_last_write().reason));
         const Save_outcome answer = ask_after_failed_save(cause_of(followed));
         if (answer != Save_outcome::saved)
             return answer;
     }
+}
+
+void Edited_file::look_at_disk() {
+    if (is_given_ && !is_new_file_ && !could_not_read_ && !has_changes())
+        is_outdated_ = known_.compare(*name_) == Known_contents::Comparison::changed;
 }
 
 // What nobody has changed since it was read is not written: not over what another program has made of it,

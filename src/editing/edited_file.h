@@ -53,9 +53,10 @@ public:
     // Takes the record as it is now for one that nobody has changed.
     void take_for_saved() { saved_text_ = text_of_record(); }
     bool has_changes() const { return text_of_record() != saved_text_; }
-    // Whether another program has changed the file, as a save has seen, while nothing was changed here: what
-    // is on the screen is no longer what is in the file.
+    // Whether another program has changed the file, as a save or a look at the disk has seen, while nothing
+    // was changed here: what is on the screen is no longer what is in the file.
     bool is_outdated() const { return is_outdated_; }
+    void look_at_disk();
 
     // Writes the record under the name that the dialog holds, which is asked for when there is none. The
     // folder follows a change of name, and names of files in it follow the folder. A file that holds the

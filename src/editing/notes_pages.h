@@ -15,6 +15,9 @@ public:
     // Shows the pages while the record has a folder, and in them what lies there.
     void show_folder(bool there);
 
+    // Shows what lies there now, but for notes that are being edited.
+    void show_texts();
+
     bool has_changes() const { return notes_.modified(); }
     Save_outcome save();
 
@@ -31,7 +34,6 @@ public:
     TMemo& status_memo;
 
 private:
-    void show_texts();
     void button_notesClick();
 
     Companion_text notes_;

@@ -44,7 +44,7 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
                                         "Show the folder of this file in the file manager.")),
       button_app_explore(add_button(*ok_button.parent(), "button_app_explore", "Explore",
                                     "Show the folder of this file in the explorer of the suite.")),
-      status_line(add<TLabel>("status_line")), sheets_(page_control_parameters_etc),
+      status_line(add<TStatusLine>("status_line")), sheets_(page_control_parameters_etc),
       details(file, sheets_.details), notes(file, sheets_.notes, sheets_.status),
       documentation(program_file, sheets_.help), programs(sheets_.commands),
       language(sheets_.translation, settings_) {
@@ -52,7 +52,6 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
         "Show advanced parameters and are normally not displayed and are intended "
         "for experienced users.");
     run_button.set_visible(false);
-    status_line.set_text_is_data(true);
     set_text_is_data(true);
     set_bounds(usual_bounds);
     wire();
@@ -63,6 +62,7 @@ Tparameter_file_form::~Tparameter_file_form() = default;
 void Tparameter_file_form::wire() {
     on_key = [this](const Key& key) { return key.code == Key_code::enter && focus_next(); };
     on_close_query = [this] { return may_close(); };
+    on_activate = [this] { return_to_window(); };
     ok_button.on_click = [this] { ok_button_onclick(); };
     cancel_button.on_click = [this] { cancel_button_onclick(); };
     save_as_button.on_click = [this] {
@@ -167,7 +167,7 @@ void Tparameter_file_form::reload() {
     show_record();
     update_folder_controls();
     update_title();
-    notice("Another program has changed this file: it has been loaded again");
+    notice(worded("Another program has changed this file: it has been loaded again"));
 }
 
 // Whatever a user has done, and what other programs have.
@@ -183,8 +183,14 @@ void Tparameter_file_form::look_for_changes() {
         update_title();
 }
 
-void Tparameter_file_form::notice(const std::string& text) {
-    status_line.set_text(worded_lines(text));
+// What other programs have done meanwhile shows where nothing was changed here.
+void Tparameter_file_form::return_to_window() {
+    if (parameters == nullptr)
+        return;
+    file.look_at_disk();
+    look_for_changes();
+    if (file.has_folder())
+        notes.show_texts();
 }
 
 void Tparameter_file_form::apply_settings() {

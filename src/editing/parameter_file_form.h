@@ -80,10 +80,6 @@ public:
     // The record, under a name that is asked for where it has none, and its companions.
     Save_outcome save_all();
 
-    // Says at the bottom of the window what was just done or could not be; it stays until the next notice.
-    // Empty says nothing.
-    void notice(const std::string& text);
-
     // Saves, then starts a program: "program" options "file" "extra". Null leaves out options or extra. With
     // `wait` it ends when the program has ended. True when the program was started; false, too, when the user
     // aborted the save.
@@ -107,7 +103,7 @@ public:
     TAutoCheckBox& checkbox_advanced_mode;
     TButton& button_windows_explore;
     TButton& button_app_explore;
-    TLabel& status_line;
+    TStatusLine& status_line; // where notices go
 
 private:
     // The pages of the rooms, in their order on the screen; they stand here since rooms share the page
@@ -144,6 +140,7 @@ private:
     void show_record();
     void reload();
     void look_for_changes();
+    void return_to_window();
 
     bool may_close();
     void cancel_button_onclick();

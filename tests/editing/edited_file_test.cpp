@@ -206,9 +206,15 @@ TEST_F(Edited_file_test, what_nobody_has_changed_is_not_written_again) {
     desktop.advance(600); // what was seen to be outdated is shown anew
     EXPECT_EQ(form.edit_description.text(), "of a colleague");
     EXPECT_FALSE(form.has_changes());
+    drives.write("work/study.tvp", "[project]\r\ndescription=of a colleague again\r\n");
+    drives.write("work/study/notes.txt", "theirs");
+    EXPECT_TRUE(form.activate()); // the user comes back to the window
+    EXPECT_EQ(form.edit_description.text(), "of a colleague again");
+    EXPECT_EQ(form.notes.memo_notes.text(), "theirs");
+    EXPECT_EQ(form.status_line.text(), "Another program has changed this file: it has been loaded again");
     std::filesystem::remove(drives.host("work/study.tvp"));
     EXPECT_EQ(form.save(), Save_outcome::saved);
-    EXPECT_TRUE(has_line("work/study.tvp", "description=of a colleague"));
+    EXPECT_TRUE(has_line("work/study.tvp", "description=of a colleague again"));
 }
 
 TEST_F(Edited_file_test, what_is_changed_on_both_sides_is_asked_for) {
@@ -290,7 +296,7 @@ TEST_F(Edited_file_test, a_save_as_that_fails_says_why_and_leaves_nothing_behind
     desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
     EXPECT_TRUE(form.save_as_button.click());
     EXPECT_EQ(saved("work/second/Scenarios/dry.tvn"), "[x]\r\n");
-    EXPECT_EQ(form.status_line.text(), "What is no file was not copied:\nC:\\work\\study\\pipe");
+    EXPECT_EQ(form.status_line.text(), "What is no file was not copied: C:\\work\\study\\pipe");
 }
 
 TEST_F(Edited_file_test, what_an_interrupted_save_left_aside_is_offered) {

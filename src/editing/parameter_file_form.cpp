@@ -2,6 +2,7 @@
 
 #include "editing/page_parts.h"
 #include "platform/shell.h"
+#include "toolkit/open_dialog.h"
 
 #include <algorithm>
 #include <limits>
@@ -174,6 +175,11 @@ void Tparameter_file_form::reload() {
 void Tparameter_file_form::look_for_changes() {
     if (parameters == nullptr)
         return;
+    // A handler that waits for an answer must find the record as it left it.
+    if (Open_dialog::is_any_open()) {
+        timer_title_.set_enabled(true);
+        return;
+    }
     const TControl* const focused = focused_control();
     const bool is_typing = focused != nullptr && (focused->kind() == Control_kind::edit) &&
                            static_cast<const TCustomEdit*>(focused)->modified();

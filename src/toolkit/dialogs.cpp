@@ -1,12 +1,14 @@
 #include "toolkit/dialogs.h"
 
 #include "toolkit/desktop.h"
+#include "toolkit/open_dialog.h"
 #include "toolkit/screen_language.h"
 
 #include <algorithm>
 
 Modal_result message_box(const std::string& text, const std::string& title, Button_set buttons,
                          Modal_result preset) {
+    const Open_dialog open;
     return current_desktop
                ? current_desktop->message_box({worded(title), worded_lines(text), buttons, preset})
                : Modal_result::none;
@@ -19,6 +21,7 @@ void show_message(const std::string& text) {
 bool TFileDialog::execute() {
     if (!current_desktop)
         return false;
+    const Open_dialog open;
     const std::string native = std::exchange(title, worded(title));
     const bool chosen = current_desktop->run_file_dialog(*this);
     title = native;

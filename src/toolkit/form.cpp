@@ -4,6 +4,7 @@
 #include "toolkit/desktop.h"
 #include "toolkit/label.h"
 #include "toolkit/menu.h"
+#include "toolkit/open_dialog.h"
 #include "toolkit/screen_language.h"
 #include "toolkit/timer.h"
 
@@ -36,6 +37,7 @@ void TForm::show() {
 }
 
 Modal_result TForm::show_modal() {
+    const Open_dialog open;
     modal_ = true;
     modal_result_ = Modal_result::none;
     const std::unique_ptr<TForm, void (*)(TForm*)> at_the_end(this, [](TForm* form) {

@@ -208,6 +208,12 @@ TEST_F(Edited_file_test, what_nobody_has_changed_is_not_written_again) {
     EXPECT_FALSE(form.has_changes());
     drives.write("work/study.tvp", "[project]\r\ndescription=of a colleague again\r\n");
     drives.write("work/study/notes.txt", "theirs");
+    desktop.expect_modal("asking", [this](TForm& asking) {
+        form.activate();
+        EXPECT_EQ(form.edit_description.text(), "of a colleague") << "not under the hands of who asked";
+        asking.close();
+    });
+    TForm("asking").show_modal();
     EXPECT_TRUE(form.activate()); // the user comes back to the window
     EXPECT_EQ(form.edit_description.text(), "of a colleague again");
     EXPECT_EQ(form.notes.memo_notes.text(), "theirs");

@@ -86,8 +86,8 @@ public:
         auto& column = *new QVBoxLayout;
         column.setSpacing(0);
         row.addLayout(&column);
-        add_arrow(column, true);
-        add_arrow(column, false);
+        up_ = &add_arrow(column, true);
+        down_ = &add_arrow(column, false);
         widget().setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 
@@ -95,10 +95,13 @@ protected:
     void show_state() override {
         label_->setText(to_qt(control().text()));
         label_->setHidden(control().text().empty());
+        const QString step = label_->text().remove(QChar(0xB1)).trimmed();
+        for (QToolButton* arrow : {up_, down_})
+            arrow->setAccessibleName((arrow == up_ ? "+" : "-") + (step.isEmpty() ? QString("1") : step));
     }
 
 private:
-    void add_arrow(QVBoxLayout& column, bool upward) {
+    QToolButton& add_arrow(QVBoxLayout& column, bool upward) {
         auto& arrow = *new QToolButton;
         const int height = widget().fontMetrics().height();
         arrow.setArrowType(upward ? Qt::UpArrow : Qt::DownArrow);
@@ -108,9 +111,12 @@ private:
         connect(&arrow, &QToolButton::clicked, this,
                 [this, upward] { act([&] { control().spin(upward); }); });
         column.addWidget(&arrow);
+        return arrow;
     }
 
     QLabel* label_;
+    QToolButton* up_;
+    QToolButton* down_;
 };
 
 class Check_box_view : public View_of<TCheckBox, QCheckBox> {

@@ -105,7 +105,7 @@ void connect_labels(const TContainer& container) {
             QWidget& named = static_cast<View*>(children[i + 1]->view())->widget();
             auto& label = static_cast<QLabel&>(static_cast<View*>(children[i]->view())->widget());
             label.setBuddy(&named);
-            named.setAccessibleName(label.text().remove('&'));
+            named.setAccessibleName(to_qt(children[i]->text()).remove('&'));
         }
     }
 }

@@ -77,6 +77,8 @@ protected:
         widget().set_cut(control().cut());
         widget().setText(mark.isEmpty() ? text : mark + " " + text);
         widget().setMargin(control().colour() == desktop_colour ? 0 : 3);
+        if (QWidget* const named = widget().buddy())
+            named->setAccessibleName(QString(text).remove('&'));
     }
     void show_change(const Change& change) override {
         View::show_change(change);

@@ -69,12 +69,40 @@ void paint_mark(QPainter& painter, const Picture& picture, const QRectF& box, QF
     painter.drawText(field, Qt::AlignCenter, to_qt(mark_text(picture.mark)));
 }
 
+// The colour, or as much of black or white in it as it takes to be told from the background.
+QColor standing_out(const QColor& colour, const QColor& background, double wanted) {
+    const bool is_dark = contrast(background, Qt::white) > contrast(background, Qt::black);
+    const double far = is_dark ? 1 : 0;
+    QColor mixed = colour;
+    for (double share = 0.1; contrast(mixed, background) < wanted && share < 1; share += 0.1)
+        mixed = QColor::fromRgbF(colour.redF() * (1 - share) + far * share,
+                                 colour.greenF() * (1 - share) + far * share,
+                                 colour.blueF() * (1 - share) + far * share);
+    return mixed;
+}
+
 } // namespace
 
-Picture_colours::Picture_colours(const Picture& picture, const QColor&)
-    : fill(picture.shape == Shape::ring ? QColor(Qt::transparent) : to_qt(picture.colour)),
-      edge(picture.shape == Shape::ring ? to_qt(picture.colour) : to_qt(picture.colour).darker(180)),
-      sign(picture.shape == Shape::ring ? to_qt(picture.colour) : QColor(Qt::black)) {}
+double contrast(const QColor& one, const QColor& other) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    const auto luminance = [&](const QColor& colour) {
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+Picture_colours::Picture_colours(const Picture& picture, const QColor& background)
+    : fill(to_qt(picture.colour)), edge(standing_out(fill.darker(180), background, 3)), sign(Qt::black) {
+    if (picture.shape == Shape::ring) {
+        edge = standing_out(fill, background, 3);
+        sign = standing_out(fill, background, 4.5);
+        fill = Qt::transparent;
+    }
+}
 
 void paint_picture(QPainter& painter, const Picture& picture, const QRectF& box, const QFont& font,
                    const QColor& background) {

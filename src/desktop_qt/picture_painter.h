@@ -9,7 +9,11 @@ class QFont;
 class QPainter;
 class QRectF;
 
-// The colours in which a picture is drawn on a background: lines stand out from what they stand on.
+// How well two colours can be told apart: 1 for the same, 21 for black and white.
+double contrast(const QColor& one, const QColor& other);
+
+// The colours in which a picture is drawn on a background: in a light and in a dark theme its edge can be
+// told from the background (a contrast of 3 at least) and its sign be read (4.5).
 struct Picture_colours {
     Picture_colours(const Picture& picture, const QColor& background);
 

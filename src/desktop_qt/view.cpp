@@ -1,5 +1,7 @@
 #include "desktop_qt/view.h"
 
+#include "desktop_qt/picture_painter.h"
+
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
@@ -7,8 +9,6 @@
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
-
-#include <cmath>
 
 namespace {
 
@@ -56,10 +56,7 @@ QColor to_qt(Colour colour) {
 }
 
 QColor readable_on(const QColor& background) {
-    const auto linear = [](double part) { return std::pow(part, 2.2); };
-    const double luminance = 0.2126 * linear(background.redF()) + 0.7152 * linear(background.greenF()) +
-                             0.0722 * linear(background.blueF());
-    return luminance > 0.179 ? Qt::black : Qt::white;
+    return contrast(background, Qt::black) > contrast(background, Qt::white) ? Qt::black : Qt::white;
 }
 
 QString to_qt(const std::string& text) {
@@ -156,6 +153,10 @@ void View::show_hint() {
     const QString hint = to_qt(observed()->hint());
     widget_.setToolTip(hint.isEmpty() ? hint : "<qt>" + hint.toHtmlEscaped() + "</qt>");
     widget_.setAccessibleDescription(hint);
+    // "X" or "?" says nothing without the picture around it.
+    constexpr std::size_t longest_sign = 3;
+    if (observed()->kind() == Control_kind::button && observed()->text().size() <= longest_sign)
+        widget_.setAccessibleName(hint);
 }
 
 void View::show_place() {

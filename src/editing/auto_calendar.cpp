@@ -97,6 +97,15 @@ void TAutoCalendar_form::connect() {
     century_updown.on_spin = [this](bool upward) { year_updown_onchangingex(100, upward); };
     millenia_updown.on_spin = [this](bool upward) { year_updown_onchangingex(1000, upward); };
     DOM_calendar.on_click = [this] { DOM_calendar_onclick(); };
+    year_intedit.on_key = [this](const Key& key) {
+        switch (key.code) {
+        case Key_code::up: return year_updown.spin(true);
+        case Key_code::down: return year_updown.spin(false);
+        case Key_code::page_up: return decade_updown.spin(true);
+        case Key_code::page_down: return decade_updown.spin(false);
+        default: return false;
+        }
+    };
     nodate_button.on_click = [this] { nodate_button_onclick(); };
     today_button.on_click = [this] { today_button_onclick(); };
     on_close = [this] {

@@ -53,6 +53,7 @@ TAutoFileEditBar::TAutoFileEditBar(std::string name)
       cancel_button(
           add_button(*this, "cancel_button", "X", "This button will clear the filename selection.")),
       help_button(add_button(*this, "help_button", "?", "This button displays context sensitive help.")) {
+    panel_caption.set_names_next(true);
     panel_caption.set_hint(
         "File description and status: Red=Errors in file, Orange=Invalid values in the file,  "
         "Yellow=Questionable values in the file, Green=The file appears OK, Blue=File not "

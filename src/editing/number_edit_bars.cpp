@@ -14,6 +14,7 @@ TAutoNumberEditBar::TAutoNumberEditBar(std::string name) : TPanel(std::move(name
 void TAutoNumberEditBar::make_front() {
     status_LED = &add<TAutoValidStatusLED>("status_LED");
     panel_caption = &add<TLabel>("panel_caption");
+    panel_caption->set_names_next(true);
     Place place;
     place.stretch = 1;
     panel_caption->set_place(place);

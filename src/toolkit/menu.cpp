@@ -1,6 +1,7 @@
 #include "toolkit/menu.h"
 
 #include "toolkit/desktop.h"
+#include "toolkit/mnemonics.h"
 #include "toolkit/screen_language.h"
 
 #include <algorithm>
@@ -78,28 +79,6 @@ Menu_item* item_at(std::vector<Menu_item>& items, const Item_path& path) {
 
 std::string shown_text(const Menu_item& item) {
     return item.text_is_data ? item.text : worded(item.text);
-}
-
-std::string without_mnemonic(const std::string& text) {
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '&' && i + 1 < text.size())
-            ++i;
-        plain += text[i];
-    }
-    return plain;
-}
-
-std::string mnemonic_of(const std::string& text) {
-    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != '&')
-            continue;
-        if (text[++i] == '&')
-            continue;
-        const char letter = text[i];
-        return {letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter};
-    }
-    return {};
 }
 
 void TPopupMenu::popup(int rise) {

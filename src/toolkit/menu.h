@@ -29,10 +29,6 @@ Item_path find_item(std::vector<Menu_item>& items, const std::string& texts);
 Menu_item* item_at(std::vector<Menu_item>& items, const Item_path& path);
 // The text of the item in the user's language.
 std::string shown_text(const Menu_item& item);
-// A text without the "&" that mark a letter; "&&" is one that is shown.
-std::string without_mnemonic(const std::string& text);
-// The letter that the text marks, in lower case; empty for none.
-std::string mnemonic_of(const std::string& text);
 
 class TPopupMenu {
 public:

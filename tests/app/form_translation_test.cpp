@@ -5,6 +5,7 @@
 #include "app/new_name_form.h"
 #include "editing/auto_calendar.h"
 #include "toolkit/check_box.h"
+#include "toolkit/mnemonics.h"
 #include "translation/translation_files.h"
 
 #include <set>
@@ -42,8 +43,9 @@ protected:
             EXPECT_NE(phrases.find_translation(text, language), nullptr) << language << ": " << text;
     }
 
-    // The program's texts as they stand on the form now.
+    // The program's texts as they stand on the form now, and that no letter leads to two of them.
     void expect_all_told(TControl& shown) {
+        EXPECT_EQ(colliding_mnemonics(shown), std::vector<std::string>());
         shown.walk([&](TControl& control) {
             if (is_caption(control))
                 expect_told(control.native_text());

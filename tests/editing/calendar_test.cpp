@@ -99,6 +99,11 @@ TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
         {"a decade", 1999100, spin("decade_updown", true), 2009100},
         {"a century", 1999100, spin("century_updown", false), 1899100},
         {"a millennium", 1999100, spin("millenia_updown", true), 2999100},
+        {"a decade down by its key", 1999100,
+         [](TAutoCalendar_form& calendar) {
+             EXPECT_TRUE(calendar.year_intedit.key({Key_code::page_down, {}}));
+         },
+         1989100},
         {"across year 0", 5100, spin("decade_updown", false), -5100},
         {"the last year", 32767001, spin("year_updown", true), 32767001},
         {"beyond the last year", 32000001, spin("millenia_updown", true), 32767001},

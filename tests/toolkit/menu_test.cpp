@@ -1,8 +1,11 @@
 #include "toolkit/button.h"
+#include "toolkit/check_box.h"
 #include "toolkit/descriptor_watch.h"
 #include "toolkit/edit.h"
 #include "toolkit/headless_desktop.h"
 #include "toolkit/label.h"
+#include "toolkit/mnemonics.h"
+#include "toolkit/page_control.h"
 #include "toolkit/splitter.h"
 
 #include <gtest/gtest.h>
@@ -102,6 +105,24 @@ TEST_F(Form_parts, a_watch_is_told_what_can_be_read_but_not_during_an_operation)
     desktop_.descriptor_ready(7);
     EXPECT_EQ(log_, "ready ");
     EXPECT_FALSE(other.enabled());
+}
+
+TEST_F(Form_parts, letters_that_lead_to_two_places_at_once_are_found) {
+    form_.add<TMainMenu>("menu").set_items({{.text = "&File"}, {.text = "&Help"}});
+    auto& pages = form_.add<TPageControl>("pages");
+    auto& first = pages.add<TTabSheet>("first", "Fi&rst");
+    auto& second = pages.add<TTabSheet>("second", "Second");
+    first.add<TButton>("save", "&Save");
+    second.add<TButton>("start", "&Start");
+    second.add<TRadioGroup>("kind", "Kind", std::vector<std::string>{"&Raw", "Fish && chips"});
+    auto& open = form_.add<TButton>("open", "Open &file");
+    form_.add<TButton>("hidden", "&Help").set_visible(false);
+    form_.add<TLabel>("name", "&Steps").set_names_next(true);
+    const std::vector<std::string> expected = {"r: Fi&rst, &Raw", "f: &File, Open &file", "s: &Save, &Steps",
+                                               "s: &Start, &Steps"};
+    EXPECT_EQ(colliding_mnemonics(form_), expected);
+    open.set_text("Open");
+    EXPECT_EQ(colliding_mnemonics(form_).size(), 3U);
 }
 
 } // namespace

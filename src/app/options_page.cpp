@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_generator.h"
+#include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
 #include <iostream>
@@ -143,8 +144,8 @@ void Options_page::combinatorial_scenario_generation_buttonClick() {
     lists.relist_scenarios_button_onclick();
     show_failures(outcome, outcome.refused.empty() ? "Scenarios not generated" : "No scenarios generated");
     if (outcome.stopped)
-        message_box("The generation was stopped. Scenarios generated until then: " +
-                        std::to_string(outcome.done),
+        message_box(worded("The generation was stopped. Scenarios generated until then: %1",
+                           std::to_string(outcome.done)),
                     "Generation stopped", Button_set::ok);
     if (outcome.stopped || !outcome.refused.empty())
         return;

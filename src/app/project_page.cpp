@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
 namespace {
@@ -41,8 +42,13 @@ bool paint_pending() {
 }
 
 void show_failures(const Operation_outcome& outcome, const std::string& title) {
-    if (const std::string failures = describe_failures(outcome); !failures.empty())
-        message_box(screen_text(failures), title, Button_set::ok);
+    if (!outcome.refused.empty())
+        message_box(screen_text(outcome.refused), title, Button_set::ok);
+    else if (!outcome.not_done.empty())
+        message_box(
+            worded("Files that could not be dealt with: %1", std::to_string(outcome.not_done.size())) + '\n' +
+                screen_text(first_failures(outcome)),
+            title, Button_set::ok);
 }
 
 void show_folder(TFileListBox& list, const std::string& folder) {

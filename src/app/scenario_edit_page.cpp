@@ -5,6 +5,7 @@
 #include "operations/scenario_catalogue.h"
 #include "platform/process.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
 #include <vector>
@@ -12,7 +13,7 @@
 namespace {
 
 Import_answer ask_to_replace(const std::string& scenario) {
-    switch (message_box("Replace the scenario " + screen_text(scenario) + "?", "Scenario already exists",
+    switch (message_box(worded("Replace the scenario %1?", screen_text(scenario)), "Scenario already exists",
                         Button_set::yes_no_cancel)) {
     case Modal_result::yes: return Import_answer::replace;
     case Modal_result::no: return Import_answer::keep;

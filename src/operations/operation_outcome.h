@@ -24,8 +24,11 @@ struct Operation_outcome {
     bool ok() const { return refused.empty() && not_done.empty(); }
 };
 
-// What to tell a user of what was not done: why the operation was refused, or the files that failed with the
-// reasons, the first ten of them by name. Empty when all went well.
+// The first ten of the files that failed, with the reasons, a line each.
+std::string first_failures(const Operation_outcome& outcome);
+
+// What was not done, in a few lines: why the operation was refused, or how many files failed, and the first
+// of them. Empty when all went well.
 std::string describe_failures(const Operation_outcome& outcome);
 
 // Whether the operation goes on, with `done` of `total` files dealt with.

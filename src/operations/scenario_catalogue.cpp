@@ -91,6 +91,22 @@ std::string new_scenario_name(const std::string& typed) {
     return has_own_folder(name) ? name : std::string();
 }
 
+std::string refuse_scenario_name(const std::string& name) {
+    constexpr std::size_t longest_name = 200;
+    const auto is_refused = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' ||
+               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+    };
+    if (name.empty())
+        return "The scenario has no name.";
+    if (name.size() > longest_name)
+        return "The name is too long.";
+    if (std::any_of(name.begin(), name.end(), is_refused) || new_scenario_name(name) != name ||
+        name.ends_with('.'))
+        return "No scenario can have this name.";
+    return {};
+}
+
 Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active) {
     Operation_outcome outcome;
     TVN_filename& active = workspace.project_parameters.active_scenario;

@@ -13,6 +13,9 @@
 // when nothing is left that names a file and a folder of the scenario's own.
 std::string new_scenario_name(const std::string& typed);
 
+// Why no scenario can have the name, in code page 1252 and without extension; nothing when one can.
+std::string refuse_scenario_name(const std::string& name);
+
 // Makes a scenario of that name (in code page 1252, no path) the active one of the project and, with
 // `copies_active` and as long as there is no such file, makes its file a copy of the one that was active:
 // what was not done is the copy. Without that the scenario editor makes the file. Refused, with nothing

@@ -39,23 +39,6 @@ std::string folded(std::string text) {
     return text;
 }
 
-// Why no scenario can have the name; nothing when one can.
-std::string refuse_name(const std::string& name) {
-    constexpr std::size_t longest_name = 200;
-    const auto is_refused = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' ||
-               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
-    };
-    if (name.empty())
-        return "The scenario has no name.";
-    if (name.size() > longest_name)
-        return "The name is too long.";
-    if (std::any_of(name.begin(), name.end(), is_refused) || new_scenario_name(name) != name ||
-        name.ends_with('.'))
-        return "No scenario can have this name.";
-    return {};
-}
-
 void append_fault(std::string& text, const Table_fault& fault) {
     text += "Row " + std::to_string(fault.row);
     if (!fault.column.empty())
@@ -166,7 +149,7 @@ void Scenario_table::read_names() {
         const std::vector<std::string>& cells = table_.rows[row].cells;
         const std::string name = name_column_ < cells.size() ? cells[name_column_] : std::string();
         names_.push_back(name + ".tvn");
-        if (std::string reason = refuse_name(name); !reason.empty()) {
+        if (std::string reason = refuse_scenario_name(name); !reason.empty()) {
             note_fault(row, name_column_, std::move(reason));
             continue;
         }

@@ -1,5 +1,6 @@
 #include "operations/scenario_catalogue.h"
 
+#include "operations/scenario_renaming.h"
 #include "platform/file_writer.h"
 #include "support/temporary_drives.h"
 
@@ -15,7 +16,7 @@ protected:
         workspace.ensure_project_directory();
     }
     std::string project_file() const override { return "C:\\p.tvp"; }
-    bool save() override { return true; }
+    bool save() override { return ++saves > 0; }
     bool run(const std::string&, const std::string&, const std::string&, const std::string&, bool,
              int) override {
         return false;
@@ -36,6 +37,7 @@ protected:
     }
 
     Temporary_drives drives;
+    int saves = 0;
     Tilverra_project_editor_parameters record{"model.exe"};
     Project_workspace workspace{record, *this, Tilverra_project_type::tilverra};
 };
@@ -131,6 +133,56 @@ TEST_F(Catalogue_test, many_go_to_the_trash_together_and_none_by_half_when_it_is
     for (int i = 0; i < 120; ++i)
         for (const char* ending : {"", ".tvn"})
             EXPECT_EQ(there("Scenarios/" + std::to_string(i) + ending), i >= 60) << i;
+}
+
+TEST_F(Catalogue_test, a_renamed_scenario_keeps_its_outputs_and_every_place_that_names_it) {
+    drives.write("p/Scenarios/dry.tvn",
+                 "[parameter_filenames]\r\nsoil=Scenarios\\dry\\Database\\Soil\\own.sil\r\n"
+                 "weather_database=C:\\p\\Scenarios\\DRY\\w.XEB\r\nrotation=dry\\r.rot\r\n");
+    drives.write("p/Scenarios/dry/Output/annual.XEB", "run");
+    drives.write("p/Scenarios/other.tvn",
+                 "[parameter_filenames]\nsoil=C:\\p\\Scenarios\\dry\\own.sil\n# dry\n");
+    const std::string unrelated = "[scenario]\ndescription=dry\n[parameter_filenames]\nsoil=C:\\dry\\x.sil\n";
+    drives.write("p/Generated_scenarios/00001.tvn", unrelated);
+    for (const char* comparison : {"dry vs wet", "wet vs dry", "wet vs drier"})
+        drives.write(std::string("p/scenario_comparison/") + comparison + "/Output/annual.XEB");
+    workspace.enter_project_folder();
+    record.active_scenario = "Scenarios\\dry.tvn";
+    record.template_scenario = "C:\\p\\Scenarios\\dry.tvn";
+    const TESK::File_name dry("C:\\p\\Scenarios\\dry.tvn");
+
+    for (const char* taken : {"other", "a/b", "", "DRY"})
+        EXPECT_NE(rename_scenario(workspace, dry, taken).refused, "") << taken;
+    const Operation_outcome outcome = rename_scenario(workspace, dry, "wetter");
+    EXPECT_EQ(describe_failures(outcome), "");
+    EXPECT_FALSE(there("Scenarios/dry.tvn") || there("Scenarios/dry"));
+    EXPECT_EQ(scenario("wetter/Output/annual.XEB"), "run");
+    EXPECT_EQ(scenario("wetter.tvn"),
+              "[parameter_filenames]\r\nsoil=Scenarios\\wetter\\Database\\Soil\\own.sil\r\n"
+              "weather_database=C:\\p\\Scenarios\\wetter\\w.XEB\r\nrotation=dry\\r.rot\r\n");
+    EXPECT_EQ(scenario("other.tvn"),
+              "[parameter_filenames]\nsoil=C:\\p\\Scenarios\\wetter\\own.sil\n# dry\n");
+    EXPECT_EQ(drives.read("p/Generated_scenarios/00001.tvn"), unrelated);
+    for (const char* comparison : {"wetter vs wet", "wet vs wetter", "wet vs drier"})
+        EXPECT_TRUE(there(std::string("scenario_comparison/") + comparison)) << comparison;
+    EXPECT_EQ(record.active_scenario, "Scenarios\\wetter.tvn");
+    EXPECT_EQ(record.template_scenario, "C:\\p\\Scenarios\\wetter.tvn");
+    EXPECT_EQ(saves, 1);
+    EXPECT_EQ(folder_to_show(TESK::File_name("C:\\p\\Scenarios\\wetter.tvn")), "C:\\p\\Scenarios\\wetter");
+}
+
+TEST_F(Catalogue_test, a_duplicate_has_a_database_of_its_own_and_no_outputs) {
+    drives.write("p/Scenarios/dry.tvn", "[parameter_filenames]\nsoil=Scenarios\\dry\\Database\\own.sil\n");
+    drives.write("p/Scenarios/dry/Database/own.sil", "soil");
+    drives.write("p/Scenarios/dry/Output/annual.XEB", "run");
+    workspace.enter_project_folder();
+    const TESK::File_name dry("C:\\p\\Scenarios\\dry.tvn");
+    EXPECT_TRUE(duplicate_scenario(workspace, dry, "dry2").ok());
+    EXPECT_EQ(scenario("dry2.tvn"), "[parameter_filenames]\nsoil=Scenarios\\dry2\\Database\\own.sil\n");
+    EXPECT_EQ(scenario("dry2/Database/own.sil"), "soil");
+    EXPECT_FALSE(there("Scenarios/dry2/Output"));
+    EXPECT_EQ(duplicate_scenario(workspace, dry, "dry2").done, 0U);
+    EXPECT_EQ(folder_to_show(TESK::File_name("C:\\p\\Scenarios\\x.tvn")), "C:\\p\\Scenarios");
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "names/smart_directory_name.h"
 #include "operations/scenario_overview.h"
 #include "platform/file_writer.h"
+#include "platform/files.h"
 
 #include <algorithm>
 
@@ -53,6 +54,10 @@ void Bulk_files::write(const std::string& file_name, const std::string& text,
     const std::string target = in_folder(file_name);
     const std::string old = backups_ != nullptr && exists(file_name) ? full_name(file_name) : std::string();
     const bool is_moved = !old.empty() && backups_->move(old);
+    if (!old.empty() && !is_moved && platform::exists(old)) {
+        outcome.not_done.push_back({old, "It cannot be put aside."});
+        return;
+    }
     const platform::Write_result result = platform::write_file(target, text, platform::Durability::quick);
     if (result.ok()) {
         ++outcome.done;

@@ -24,7 +24,8 @@ public:
     std::string begin(const std::string& operation, const std::vector<std::string>& file_names,
                       Change_backups* backups);
 
-    // Writes the scenario; an old one is moved into the backups before, and back when that fails.
+    // Writes the scenario. An old one is moved into the backups before, and back when that fails; one that
+    // cannot be moved stays.
     void write(const std::string& file_name, const std::string& text, Operation_outcome& outcome) const;
 
 private:

@@ -312,6 +312,16 @@ TEST_F(Scenario_generator_test, a_generation_over_an_earlier_one_can_be_undone_a
     EXPECT_EQ(contents(), "first;;third;");
     EXPECT_EQ(backups.undo_last({}).done, 2U);
     EXPECT_EQ(contents(), "[scenario];[scenario];third;");
+
+    platform::File_faults faults;
+    on_listed = [&faults](std::size_t) {
+        faults.fail(platform::Write_step::rename, EXDEV);
+        return true;
+    };
+    drives.write("p/Generated_scenarios/00001.tvn", "precious");
+    generate(&backups);
+    EXPECT_EQ(outcome.not_done.at(0).reason, "It cannot be put aside.");
+    EXPECT_EQ(drives.read("p/Generated_scenarios/00001.tvn"), "precious");
 }
 
 } // namespace

@@ -167,4 +167,21 @@ TEST_F(Scenario_reset_test, a_target_that_cannot_be_read_is_left_alone_and_a_mis
     EXPECT_EQ(std::filesystem::file_size(folder.path("target.tvn")), TESK::VV_file::largest_file + 1);
 }
 
+TEST_F(Scenario_reset_test, many_are_reset_until_it_is_stopped_and_those_that_failed_are_told) {
+    folder.write("source.tvn", "[H2O]\n1=0.5\n");
+    std::vector<std::string> targets;
+    for (const char* name : {"a.tvn", "b.tvn", "c.tvn"})
+        targets.push_back(folder.write(name, "[H2O]\n1=0.25\n"));
+    std::filesystem::resize_file(folder.path("a.tvn"), TESK::VV_file::largest_file + 1);
+    const Operation_outcome outcome = reset_scenarios(TESK::File_name(folder.name("source.tvn").c_str()),
+                                                      targets, Ticked_reset_boxes(1 << 3), nullptr,
+                                                      [](std::size_t done, std::size_t) { return done < 2; });
+    EXPECT_EQ(outcome.done, 1U);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_EQ(describe_failures(outcome),
+              "Files that could not be dealt with: 1\n" + targets[0] + ": The file cannot be read.\n");
+    EXPECT_NE(folder.read("b.tvn").find("1=0.5"), std::string::npos);
+    EXPECT_EQ(folder.read("c.tvn"), "[H2O]\n1=0.25\n");
+}
+
 } // namespace

@@ -28,6 +28,7 @@ bool VV_enumerated_section::setup_structure(Data_record& record, bool for_write)
     } else if (count > sections_expected_) {
         sections_expected_ = count;
         prepare_to_read();
+        elements_ = get_element_count();
         declare_sections_met_early(record);
     }
     record.make_section_current(*current);
@@ -67,7 +68,7 @@ VV_section* VV_enumerated_section::find_section_met(Data_record& record, std::st
     const std::string full_name = section_name(*index);
     if (Item* section = record.sections.find_exact(full_name))
         return static_cast<VV_section*>(section);
-    if (for_write_)
+    if (for_write_ || *index - first_index() >= elements_)
         return nullptr;
     VV_section* section = record.append_section(full_name);
     setup_element(record, false, *index);

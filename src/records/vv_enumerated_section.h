@@ -64,6 +64,8 @@ private:
     // How many sections the reader may meet, by the highest count met: the count itself is a field of the
     // record, which a later line of the file can set lower. In writing, how many there can be.
     std::int16_t sections_expected_ = 0;
+    // How many elements there are to be read; a section that has none is not the series' own.
+    int elements_ = 0;
     bool for_write_ = false;
     // The names that were met before a count told that they are of the series, by their index.
     std::multimap<std::uint16_t, std::string> met_early_;

@@ -35,6 +35,30 @@ else()
   message(STATUS "lowdown is not installed: no guide as HTML")
 endif()
 
+# The command line, with what it says of itself: completions of shells, manual and help page.
+install(TARGETS tvs_project RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(told ${CMAKE_BINARY_DIR}/tvs_project_told)
+file(MAKE_DIRECTORY ${told})
+set(tell ${CMAKE_COMMAND} -E env --unset=TVS_DRIVES XDG_DATA_HOME=${told}/data $<TARGET_FILE:tvs_project>)
+add_custom_command(OUTPUT ${told}/tvs_project.md
+  COMMAND ${tell} completion bash > ${told}/tvs_project.bash
+  COMMAND ${tell} completion zsh > ${told}/_tvs_project
+  COMMAND ${tell} manual > ${told}/tvs_project.md
+  DEPENDS tvs_project)
+add_custom_target(tvs_project_told ALL DEPENDS ${told}/tvs_project.md)
+install(FILES ${told}/tvs_project.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME tvs_project)
+install(FILES ${told}/_tvs_project DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+if(LOWDOWN)
+  add_custom_command(OUTPUT ${told}/tvs_project.1
+    COMMAND ${LOWDOWN} -s -Tman -o ${told}/tvs_project.1 ${told}/tvs_project.md
+    COMMAND ${LOWDOWN} -s -Thtml -m css:guide.css -o ${told}/tvs_project.html ${told}/tvs_project.md
+    DEPENDS ${told}/tvs_project.md)
+  add_custom_target(tvs_project_manual ALL DEPENDS ${told}/tvs_project.1)
+  install(FILES ${told}/tvs_project.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${told}/tvs_project.html DESTINATION ${adjunct_folder})
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME project-editor)
 set(CPACK_PACKAGE_CONTACT "The makers of the project editor <project_editor@example.org>")

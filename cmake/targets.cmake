@@ -3,7 +3,7 @@
 # The folders of src/, lowest level first. A folder may link only to what stands before it.
 set(FOLDERS
     foundation platform temporal units names records tables model trees translation toolkit
-    operations runs editing app desktop_qt file_transfer_curl maps_shapelib table_csv gallery main)
+    operations runs editing app command_line desktop_qt file_transfer_curl maps_shapelib table_csv gallery main)
 
 # suite_library(NAME SOURCES file... [DEPENDS library...] [LINKS library...])
 # The library of one folder of src/. DEPENDS names libraries of this project, LINKS outside ones.

@@ -49,7 +49,7 @@ place() {
     fi
 }
 
-for program in suite_stand_in project_editor.exe; do
+for program in suite_stand_in project_editor.exe tvs_project; do
     if [ ! -x "$bin/$program" ]; then
         echo "install_example.sh: $bin/$program is not there; build it first" >&2
         exit 1
@@ -62,6 +62,7 @@ for program in "${stand_ins[@]}"; do
     place "$bin/suite_stand_in" "$suite/$program.exe"
 done
 place "$bin/project_editor.exe" "$suite/Tilverra/project_editor.exe"
+place "$bin/tvs_project" "$suite/Tilverra/tvs_project"
 
 echo "$dest/dosdevices"
 echo "$suite/Tilverra/project_editor.exe"

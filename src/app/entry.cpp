@@ -8,8 +8,8 @@
 #include "model/labels.h"
 #include "model/project_editor_parameters.h"
 #include "model/simulation_paths.h"
-#include "names/typed_filenames.h"
 #include "operations/example_project.h"
+#include "operations/project_workspace.h"
 #include "platform/host_names.h"
 #include "platform/process.h"
 #include "trees/program_directory.h"
@@ -30,22 +30,6 @@ constexpr const char* example_folder = "\\example";
 constexpr std::uint8_t master_major = 4;
 constexpr std::uint8_t master_release = 14;
 constexpr std::uint8_t master_minor = 4;
-
-// What a file of the command line is called in the suite. The suite's programs pass names, a user a path of
-// the host.
-std::string name_of_argument(const std::string& argument) {
-    const bool is_name =
-        argument.find('\\') != std::string::npos || (argument.size() > 1 && argument[1] == ':');
-    return is_name || argument.empty() ? argument : platform::name_from_host_path(argument);
-}
-
-// The project file that the argument names. A name that is all extension keeps it.
-TVP_filename make_project_file_name(const std::string& argument) {
-    TVP_filename name(argument.c_str());
-    if (name.get_name(false).empty())
-        name = argument;
-    return name;
-}
 
 // The folder of the master record: the suite's or, for a program that belongs to no installed suite, the
 // user's.
@@ -124,7 +108,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
 
     Tilverra_project_type_labeled project_type;
     TVP_filename project_file_name =
-        make_project_file_name(count >= 1 ? name_of_argument(arguments[1]) : "noname");
+        project_file_of(count >= 1 ? platform::name_of_argument(arguments[1]) : "noname");
     Tilverra_project_editor_parameters project_parameters(
         suite_directory->get_tilverra_directory().get_model_exe().c_str());
     if (count == 2)

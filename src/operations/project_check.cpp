@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
+#include "trees/suite_directory.h"
 
 #include <algorithm>
 #include <set>
@@ -113,6 +114,17 @@ void judge_events(const Tilverra_scenario& scenario, std::vector<Finding>& findi
                                 " are there: the others are events with nothing chosen."});
 }
 
+// Whether the suite has a program of that name: what it keeps in records stands under its name.
+bool is_program(const std::string& name) {
+    if (suite_directory == nullptr || name.find_first_of("\\/:.") != std::string::npos)
+        return false;
+    const TESK::Directory_name* const folders[] = {
+        suite_directory, &suite_directory->get_tilverra_directory(), &suite_directory->get_XEB_directory()};
+    return std::any_of(std::begin(folders), std::end(folders), [&](const TESK::Directory_name* folder) {
+        return platform::is_file(*folder + '\\' + name + ".exe");
+    });
+}
+
 // Sections of which nothing is declared. The places from which an older file's values are carried over are
 // known.
 void judge_unknown_sections(const Common_parameters_data_record& record, std::vector<Finding>& findings) {
@@ -122,7 +134,7 @@ void judge_unknown_sections(const Common_parameters_data_record& record, std::ve
         const bool is_old_place = std::any_of(
             rows, rows + count, [&](const Section_mapping& row) { return section.label == row.old_section; });
         if (section.encountered && !section.entries.is_empty() && !is_known(section) && !is_old_place &&
-            event_number(section.label) == 0)
+            event_number(section.label) == 0 && !is_program(section.label))
             findings.push_back({Finding_weight::warning, section.label, "",
                                 "No program of the suite is known to read this section."});
     }

@@ -5,6 +5,13 @@
 #include "tables/dbase_data_source.h"
 #include "trees/suite_directory.h"
 
+TVP_filename project_file_of(const std::string& name) {
+    TVP_filename file(name.c_str());
+    if (file.get_name(false).empty())
+        file = name;
+    return file;
+}
+
 bool Project_workspace::ensure_project_directory() {
     const TESK::File_name file(host.project_file().c_str());
     if (project_directory && !project_directory->is_directory_of(file))

@@ -11,6 +11,10 @@
 #include <memory>
 #include <vector>
 
+// The project file that a name means. One that is all extension keeps it; a file that is not there gets the
+// extension of projects.
+TVP_filename project_file_of(const std::string& name);
+
 // Which of the two folders of scenarios is worked on.
 enum class Scenario_folder { created, generated };
 

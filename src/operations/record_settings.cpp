@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
+#include "records/vv_text.h"
 
 #include <algorithm>
 #include <map>
@@ -149,11 +150,10 @@ Record_settings::Record_settings(const TESK::File_name& file) : file_(file), rec
     file_.qualify();
     platform::Read_result content = platform::read_file(file_, TESK::VV_file::largest_file);
     failure_ = read_failure(file_, content.outcome);
-    if (failure_.empty() && !TESK::VV_file(file_.c_str(), true).get(*record_))
-        failure_ = read_failure(file_, platform::Read_outcome::unreadable);
     if (!failure_.empty())
         return;
     text_ = text_read_ = std::move(content.contents);
+    TESK::VV_text(text_, true).get(*record_);
     list_settings();
 }
 

@@ -75,7 +75,11 @@ std::vector<std::string> list_scenarios(const TESK::Directory_name& folder) {
     for (const platform::Folder_entry& entry : platform::list_folder(folder, "*.tvn"))
         if ((entry.attributes & platform::attribute_directory) == 0)
             names.push_back(entry.name);
-    std::sort(names.begin(), names.end(), comes_before);
+    // The point of the extension would come behind a blank.
+    const auto without_extension = [](std::string_view name) { return name.substr(0, name.rfind('.')); };
+    std::sort(names.begin(), names.end(), [&](const std::string& one, const std::string& other) {
+        return comes_before(without_extension(one), without_extension(other));
+    });
     return names;
 }
 

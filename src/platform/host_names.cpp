@@ -186,6 +186,14 @@ std::string path_of_entry(std::string_view name) {
 
 } // namespace
 
+bool is_suite_name(std::string_view argument) {
+    return argument.find('\\') != std::string_view::npos || (argument.size() > 1 && argument[1] == ':');
+}
+
+std::string name_of_argument(const std::string& argument) {
+    return is_suite_name(argument) || argument.empty() ? argument : name_from_host_path(argument);
+}
+
 std::string full_name(std::string_view name) {
     if (name.empty() || name.find('\0') != std::string_view::npos)
         return "";

@@ -41,6 +41,11 @@ std::string host_path(std::string_view name);
 // component holds a backslash. Whether anything exists at the path does not matter.
 std::string name_from_host_path(std::string_view path);
 
+// Whether what a command line calls a file is a name already: it has a backslash or a drive.
+bool is_suite_name(std::string_view argument);
+// The name of a file that a command line calls by a name or by a path of the host. A name stays as it stands.
+std::string name_of_argument(const std::string& argument);
+
 // The name with its drive and all directories, as host_path() understands it, but in the case and spelling in
 // which it is given: "..\x" in "C:\a\b" gives "C:\a\x". "" for a name that host_path() could not place
 // either, except that the drive need not exist.

@@ -31,6 +31,14 @@ grep -q '<h2' "$root"/usr/lib/project_editor/project_editor/help.html || fail "t
 [ "$(find "$root" -name '*.txt' -path '*project_editor/ANSI*' -o -name '*.txt' -path '*project_editor/Unicode*' | wc -l)" -ge 2 ] ||
     fail "the translations are missing"
 
+# The command line, its manual and its completions.
+[ "$("$root/usr/bin/tvs_project" --version)" = "tvs_project $(dpkg-deb -f "$package" Version)" ] ||
+    fail "the command line does not start"
+! ldd "$root/usr/bin/tvs_project" | grep -q libQt || fail "the command line needs Qt"
+grep -q 'list PROJECT' "$root"/usr/share/man/man1/tvs_project.1* || fail "the manual is missing"
+grep -q '<h2' "$root"/usr/lib/project_editor/project_editor/tvs_project.html || fail "its help page is missing"
+bash -n "$root/usr/share/bash-completion/completions/tvs_project" || fail "the completion is no script"
+
 # The editor: it is still there, with a window on the file, when it is ended.
 export HOME="$work" XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" QT_QPA_PLATFORM=offscreen
 unset TVS_DRIVES

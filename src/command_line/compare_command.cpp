@@ -1,0 +1,62 @@
+#include "command_line/commands.h"
+#include "command_line/outcome_report.h"
+#include "command_line/scenario_choice.h"
+#include "operations/scenario_comparison.h"
+
+#include <memory>
+
+namespace {
+
+struct Options {
+    std::string project;
+    std::string first;
+    Scenario_choice others;
+};
+
+void compare(Session& session, Options& options) {
+    resolve_files(session, options.others);
+    Scenario_choice first;
+    first.patterns = {options.first};
+    first.generated = options.others.generated;
+    resolve_files(session, first);
+    Opened_project project(session, options.project);
+    const std::string first_name = choose_one(project, first);
+    // Compared with is the active scenario, in the record that nobody saves.
+    project.record().active_scenario = project.scenario_file(first_name, options.others.folder()).c_str();
+    if (!active_scenario_has_output(project.workspace()))
+        throw Command_failure(exit_found,
+                              "The scenario '" + options.first + "' has no output. Run it first.");
+    Outcome_report report(session);
+    for (const std::string& other : choose_scenarios(project, options.others, true)) {
+        const std::string name = screen_text(scenario_name(other));
+        if (other == first_name) {
+            report.add(name, "skipped", "It is the scenario itself.");
+            continue;
+        }
+        const int code_before = session.exit_code;
+        const Comparison_outcome outcome =
+            compare_scenarios(project.workspace(), project.scenario_file(other, options.others.folder()));
+        if (outcome != Comparison_outcome::compared)
+            report.add(name, "failed", "It has no output. Run it first.", exit_found);
+        else if (session.exit_code != code_before)
+            report.add(name, "failed", "The comparing program could not be started.", exit_found);
+        else
+            report.add(name, "done", screen_text(scenario_name(first_name)) + " vs " + name);
+    }
+    report.finish();
+}
+
+} // namespace
+
+void add_compare_command(CLI::App& app, Session& session) {
+    CLI::App* command =
+        add_command(app, session, "compare", "Compare the outputs of a scenario with those of others",
+                    "  tvs_project compare study.tvp base rainfed 'plot*'\n");
+    auto options = std::make_shared<Options>();
+    add_project(*command, options->project);
+    command->add_option("SCENARIO", options->first, "The scenario to compare with")
+        ->required()
+        ->type_name("");
+    add_choice(*command, options->others);
+    command->callback([&session, options] { compare(session, *options); });
+}

@@ -1,0 +1,124 @@
+#include "command_line/opened_project.h"
+
+#include "foundation/code_page_1252.h"
+#include "platform/command_line.h"
+#include "platform/current_directory.h"
+#include "platform/files.h"
+#include "platform/process.h"
+#include "records/vv_file.h"
+#include "records/vv_text.h"
+#include "trees/suite_directory.h"
+
+namespace {
+
+// The text that a save of the record would write of what it declares.
+std::string text_to_save(Tilverra_project_editor_parameters& record) {
+    TESK::VV_text text;
+    text.set(record);
+    return text.text();
+}
+
+const char* default_model(const Session& session) {
+    find_suite(session);
+    return suite_directory->get_tilverra_directory().get_model_exe().c_str();
+}
+
+} // namespace
+
+void find_suite(const Session& session) {
+    // Some file of the suite serves to find it.
+    const TESK::File_name program =
+        session.suite_folder.empty()
+            ? TESK::File_name(session.program_file.c_str())
+            : TESK::File_name((session.file_of_argument(session.suite_folder) + "\\tvs_project").c_str());
+    if (suite_directory == nullptr) // which lives as long as the process
+        suite_directory = new TVS::Suite_Directory(program);
+}
+
+TESK::File_name find_project_file(const Session& session, const std::string& argument) {
+    TESK::File_name file = session.file_of_argument(argument);
+    if (platform::is_folder(file)) {
+        TESK::Directory_name folder(file.c_str());
+        TESK::File_name inside;
+        folder.append_to(".TVS_project", inside);
+        file = platform::is_file(inside) ? inside : TESK::File_name((file + ".tvp").c_str());
+    } else if (!platform::is_file(file)) {
+        file = project_file_of(file);
+    }
+    if (!platform::is_file(file))
+        throw Command_failure(exit_unreachable,
+                              "There is no project '" + argument + "'. Name its file (*.tvp) or its folder.");
+    return file;
+}
+
+void enter_folder_of_names(const TESK::File_name& file) {
+    TESK::Directory_name folder("");
+    file.get_path(folder, true);
+    const std::string name = folder.get_name(true);
+    if (file.has_ext("tvp"))
+        folder = TESK::without_extension(file);
+    else if (TESK::equal_ignoring_case(name, "Scenarios") ||
+             TESK::equal_ignoring_case(name, "Generated_scenarios"))
+        TESK::File_name(folder.c_str()).get_path(folder, true);
+    platform::change_directory(folder);
+}
+
+Opened_project::Opened_project(Session& session, const std::string& argument)
+    : session_(session), file_(find_project_file(session, argument)), record_(default_model(session)) {
+    const TESK::Common_parameters_directory folder(file_, Directory_mode::project_folder, false);
+    platform::change_directory(folder);
+    if (!TESK::VV_file(file_.c_str()).get(record_))
+        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " cannot be read.");
+    record_.set_preserve_unexpected(true);
+    saved_text_ = text_to_save(record_);
+    workspace_.emplace(record_, *this, record_.project_type.get());
+    // Made here, it does not make the folder.
+    workspace_->project_directory = std::make_unique<Tilverra_project_directory>(
+        file_, static_cast<std::uint8_t>(record_.project_type.get()));
+    workspace_->enter_project_folder();
+}
+
+TESK::File_name Opened_project::scenario_file(const std::string& file_name, Scenario_folder folder) const {
+    TESK::File_name file;
+    folder_of(folder).append_to(file_name.c_str(), file);
+    return file;
+}
+
+Scenario_states& Opened_project::states() {
+    if (!states_) {
+        states_.emplace(directory(), directory().Runs);
+        states_->refresh();
+    }
+    return *states_;
+}
+
+bool Opened_project::save() {
+    const std::string text = text_to_save(record_);
+    if (text == saved_text_)
+        return true;
+    TESK::VV_file file(file_.c_str());
+    file.set(record_);
+    if (!file.get_last_write().ok())
+        throw Command_failure(exit_unreachable,
+                              "The project " + screen_text(file_) +
+                                  " could not be saved: " + screen_text(file.get_last_write().reason));
+    saved_text_ = text;
+    return true;
+}
+
+bool Opened_project::run(const std::string& program, const std::string& options, const std::string& file,
+                         const std::string& extra, bool wait, int show_state) {
+    const std::string command = platform::program_command(program, options, file, extra);
+    if (const std::string refusal = platform::refusal_of_command(command); !refusal.empty()) {
+        session_.console.say(screen_text(refusal));
+        session_.note(exit_found);
+        return false;
+    }
+    const bool started = wait ? platform::launcher().create_and_wait(command, show_state).has_value()
+                              : platform::launcher().execute(command, show_state) > 31;
+    if (!started) {
+        session_.console.say("The program could not be started: " + screen_text(program));
+        session_.note(exit_found);
+    }
+    return started;
+}

@@ -1,0 +1,58 @@
+// The project that a command works on: its record, its folders and its scenarios, in the process's current
+// directory. Nothing is made or written before an operation asks for it.
+#pragma once
+
+#include "command_line/session.h"
+#include "model/project_editor_parameters.h"
+#include "operations/project_workspace.h"
+#include "runs/scenario_states.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+// Finds the installed suite, which the programs to be started belong to.
+void find_suite(const Session& session);
+
+class Opened_project : public Program_host {
+public:
+    // Opens the project of a file or a folder, as the user names it. Fails with exit_unreachable.
+    Opened_project(Session& session, const std::string& argument);
+
+    const TESK::File_name& file() const { return file_; }
+    // The file of the scenario of that file name.
+    TESK::File_name scenario_file(const std::string& file_name, Scenario_folder folder) const;
+    const TESK::Smart_directory_name& folder_of(Scenario_folder folder) const {
+        return workspace_->scenarios_directory(folder, false);
+    }
+    Project_workspace& workspace() { return *workspace_; }
+    Tilverra_project_directory& directory() { return *workspace_->project_directory; }
+    Tilverra_project_editor_parameters& record() { return record_; }
+
+    // The states of its scenarios, as of the first call.
+    Scenario_states& states();
+
+    std::string project_file() const override { return file_; }
+    // Writes the record when a command has changed it. Fails with exit_unreachable.
+    bool save() override;
+    // Starts the program on the project as it is on the disk: no screen holds anything that it lacks.
+    bool run(const std::string& program, const std::string& options, const std::string& file,
+             const std::string& extra, bool wait, int show_state) override;
+    bool was_cancelled() const override { return false; }
+
+private:
+    Session& session_;
+    TESK::File_name file_;
+    Tilverra_project_editor_parameters record_;
+    std::string saved_text_; // what a save would have written when it was read
+    std::optional<Project_workspace> workspace_;
+    std::optional<Scenario_states> states_;
+};
+
+// The project file that the argument means: itself, or that of the folder that it is. Fails with
+// exit_unreachable where there is none.
+TESK::File_name find_project_file(const Session& session, const std::string& argument);
+
+// Makes the folder current from which the relative names of a record file count: of a scenario in a folder of
+// scenarios the project's, of a project its own, of any other file the folder that holds it.
+void enter_folder_of_names(const TESK::File_name& file);

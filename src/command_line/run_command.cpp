@@ -1,0 +1,76 @@
+#include "command_line/commands.h"
+#include "command_line/run_options.h"
+#include "runs/run_folders.h"
+
+#include <memory>
+#include <tuple>
+
+namespace {
+
+void run(Session& session, Run_options& options) {
+    resolve_files(session, options.choice);
+    if (options.only_failed)
+        options.choice.states.emplace_back("failed");
+    if (options.only_stale)
+        options.choice.states.emplace_back("stale");
+    Opened_project project(session, options.project);
+    std::vector<std::string> scenarios;
+    for (const std::string& scenario : choose_scenarios(project, options.choice, true))
+        scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
+    if (scenarios.empty()) {
+        session.console.say("There is nothing to run.");
+        return;
+    }
+    const Run_set set = make_set(project, options, std::move(scenarios));
+    if (options.only_shows) {
+        for (std::size_t one = 0; one < set.scenarios.size(); ++one)
+            session.console.out() << screen_text(set.command_line(one)) << '\n';
+        return;
+    }
+    const Made_run_set made = make_run_set(project.directory().Runs, set);
+    if (made.folder.empty())
+        throw Command_failure(exit_unreachable,
+                              "The set of runs could not be written: " + screen_text(made.result.reason));
+    have_done(session, made.folder, set, options.in_background);
+}
+
+} // namespace
+
+void add_run_command(CLI::App& app, Session& session) {
+    CLI::App* command =
+        add_command(app, session, "run", "Run the model on scenarios; exit code 1 when any does not end well",
+                    "  tvs_project run study.tvp base 'plot*' --jobs 4\n"
+                    "  tvs_project run study.tvp --stale\n"
+                    "  tvs_project run study.tvp --all --generated --background\n"
+                    "  tvs_project run study.tvp --failed --time-limit 600\n");
+    auto options = std::make_shared<Run_options>();
+    add_project(*command, options->project);
+    add_choice(*command, options->choice);
+    command->add_flag("--stale", options->only_stale, "Only those that are out of date or were never run");
+    command->add_flag("--failed", options->only_failed, "Only those whose last run failed");
+    command->add_option("--jobs", options->jobs, "How many at a time; without it one for each core")
+        ->check(CLI::Range(1, 10000))
+        ->type_name("N");
+    command
+        ->add_option("--engine", options->engine,
+                     "Who runs them: this machine, the scheduler Slurm, or whoever runs a list of commands, "
+                     "which is printed")
+        ->check(CLI::IsMember({"local", "slurm", "list"}))
+        ->type_name("");
+    for (const auto& [name, field, what, value] :
+         {std::tuple("--partition", &Slurm_request::partition, "Slurm: the partition", "NAME"),
+          std::tuple("--time", &Slurm_request::time, "Slurm: the time of one task", "TIME"),
+          std::tuple("--memory", &Slurm_request::memory, "Slurm: the memory of one task", "SIZE"),
+          std::tuple("--sbatch", &Slurm_request::options, "Slurm: further options of sbatch", "OPTIONS")})
+        command->add_option(name, options->slurm.*field, what)->type_name(value);
+    command->add_flag("--stop-on-failure", options->stops_at_failure,
+                      "Start nothing more once a run has failed");
+    command->add_option("--time-limit", options->time_limit, "End a run that takes longer")
+        ->check(CLI::Range(1, 100000000))
+        ->type_name("SECONDS");
+    command->add_flag("--common-format", options->common_format,
+                      "Use the project's report format instead of each scenario's own");
+    command->add_flag("--background", options->in_background, "Leave the runs to a process of their own");
+    command->add_flag("--dry-run", options->only_shows, "Only print the command lines");
+    command->callback([&session, options] { run(session, *options); });
+}

@@ -1,0 +1,33 @@
+// How a set of runs is to be made, and having one done from a terminal.
+#pragma once
+
+#include "command_line/scenario_choice.h"
+#include "runs/run_journal.h"
+#include "runs/run_set.h"
+
+#include <string>
+
+struct Run_options {
+    Scenario_choice choice;
+    std::string project;
+    std::size_t jobs = 0;
+    std::string engine = "local";
+    unsigned time_limit = 0; // seconds
+    bool only_stale = false;
+    bool only_failed = false;
+    bool stops_at_failure = false;
+    bool common_format = false;
+    bool only_shows = false;
+    bool in_background = false;
+    Slurm_request slurm;
+};
+
+// The set of scenarios of the project, by their full names.
+Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios);
+
+// Has the set in the folder done, or what is left of it, until it is over or this process is asked to end;
+// then reports what became of each run. In the background it is left to a process of its own.
+void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background);
+
+// Reports the runs of a set.
+void report_runs(Session& session, const Run_set& set, const Run_journal& journal);

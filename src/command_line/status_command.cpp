@@ -1,0 +1,48 @@
+#include "command_line/commands.h"
+#include "command_line/report.h"
+#include "command_line/run_options.h"
+#include "command_line/run_sets.h"
+#include "runs/run_progress.h"
+
+#include <memory>
+
+namespace {
+
+struct Options {
+    std::string project;
+    std::string set;
+    bool shows_runs = false;
+};
+
+void show_status(Session& session, const Options& options) {
+    Opened_project project(session, options.project);
+    const Found_set found = find_set(project, options.set);
+    if (options.shows_runs) {
+        report_runs(session, found.set, *found.journal);
+        return;
+    }
+    const bool has_owner = is_owned(*found.journal);
+    const Run_progress progress = progress_of(*found.journal, has_owner, moment_now());
+    print_object(session, {{"set", found.name()},
+                           {"runs", describe(progress)},
+                           {"at_work", has_owner},
+                           {"total", progress.total},
+                           {"done", progress.done},
+                           {"failed", progress.failed},
+                           {"stopped", progress.stopped},
+                           {"running", progress.running},
+                           {"waiting", progress.waiting}});
+}
+
+} // namespace
+
+void add_status_command(CLI::App& app, Session& session) {
+    CLI::App* command = add_command(app, session, "status", "Tell how far a set of runs is",
+                                    "  tvs_project status study.tvp\n"
+                                    "  tvs_project status study.tvp --runs --json\n");
+    auto options = std::make_shared<Options>();
+    add_project(*command, options->project);
+    add_set(*command, options->set);
+    command->add_flag("--runs", options->shows_runs, "List its runs");
+    command->callback([&session, options] { show_status(session, *options); });
+}

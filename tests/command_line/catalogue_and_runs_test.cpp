@@ -1,0 +1,140 @@
+// Making, copying, importing, deleting and running scenarios from a shell, and undoing it.
+#include "command_line/example_journey.h"
+
+namespace {
+
+class Catalogue_and_runs_test : public Example_journey {};
+
+TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_told_and_undone) {
+    const std::string project = project_file("Irrigation_study.tvp");
+    const std::string base = project_file("Irrigation_study/Scenarios/base.tvn");
+    expect({
+        {"tvs_project new Irrigation_study 'plot 7' base ../x .. $'\\u0416'", 1,
+         "plot 7\tdone\t\nbase\tfailed\tThere is a scenario of that name already.\nx\tdone\t\n"
+         "..\tfailed\tIt cannot be the name of a scenario.\n\u0416\tfailed\tIt cannot be the name of a "
+         "scenario.\n",
+         "3 of 5 failed: base, .., \u0416"},
+        {"tvs_project get Irrigation_study/Scenarios/x.tvn parameter_filenames.soil", 0,
+         "<Required (This must be selected)>\n", ""},
+        {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn", 0,
+         "base 2\tdone\t\nbase.v3\tdone\t\n", ""},
+        {"cd Irrigation_study/Scenarios; cmp base.tvn 'base 2.tvn' && cmp base.tvn base.v3.tvn", 0, "", ""},
+        {"tvs_project copy Irrigation_study 'b*' c", 2, "", "'b*' names more than one scenario."},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim none.sim", 3,
+         "spring barley 1985\tdone\t\nnone\tfailed\tThe file cannot be read.\n", "1 of 2 failed: none"},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim", 1,
+         "spring barley 1985\tfailed\tThere is a scenario of that name already. Say --replace to replace "
+         "it.\n",
+         "1 of 1 failed"},
+        {"echo changed >Irrigation_study/Scenarios/spring*.tvn; tvs_project import Irrigation_study "
+         "--replace "
+         "Irrigation_study/Import/*.sim; tvs_project undo Irrigation_study; cat "
+         "Irrigation_study/Scenarios/spring*.tvn",
+         0, "spring barley 1985\tdone\t\nbrought_back\t1\nfailed\t0\nchanged\n", ""},
+        {"tvs_project delete Irrigation_study", 2, "", "or --all"},
+        {"tvs_project delete Irrigation_study 'x*' 'none*'", 1, "", "Nothing was done."},
+        {"tvs_project delete Irrigation_study 'base*' --dry-run", 0,
+         "base\twould be deleted\t\nbase 2\twould be deleted\t\nbase.v3\twould be deleted\t\n", ""},
+        {"tvs_project delete Irrigation_study 'base ?' spring*", 0,
+         "base 2\tdone\t\nspring barley 1985\tdone\t\n", ""},
+        {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; "
+         "tvs_project delete Irrigation_study x --permanently; ls Irrigation_study/Scenarios | grep -c x; "
+         "tvs_project undo Irrigation_study >/dev/null; cat Irrigation_study/Scenarios/x/out",
+         0, "x\tdone\t\n0\n1\n", ""},
+        {"tvs_project set Irrigation_study salt.1=1 --all >/dev/null; tvs_project undo Irrigation_study "
+         "--list | "
+         "cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | head -2",
+         0, "settings\t8\n{\n  \"brought_back\": 8,\n", ""},
+        {"tvs_project undo Irrigation_study --change none", 1, "", "There is no such change: none"},
+    });
+    EXPECT_EQ(project_file("Irrigation_study/Scenarios/base.tvn"), base);
+    EXPECT_EQ(project_file("Irrigation_study.tvp"), project);
+    expect({
+        {"tvs_project new Irrigation_study last --activate", 0, "last\tdone\t\n", ""},
+        {"tvs_project get Irrigation_study.tvp recent.active", 0,
+         "C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\last.tvn\n", ""},
+    });
+}
+
+TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_they_failed) {
+    const std::string model = "'../../Program Files/TVS_suite/Tilverra/tilverra_5.exe'";
+    expect({
+        {"tvs_project run Irrigation_study", 2, "", "or --all"},
+        {"tvs_project status Irrigation_study", 1, "", "The project has no set of runs."},
+        {"tvs_project run Irrigation_study base --dry-run", 0,
+         "\"C:\\Program Files\\TVS_suite\\Tilverra\\tilverra_5.exe\"  "
+         "\"C:\\Simulation\\Projects\\Irrigation_study.tvp\" "
+         "\"C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\base.tvn\" \n",
+         ""},
+        // A model that fails for one scenario.
+        {"mv " + model +
+             " good; printf '#!/bin/bash\\nname=${2##*\\\\\\\\}; [ $name != base.tvn ] || exit 3\\n"
+             "echo >Scenarios/${name%%%%.tvn}/Output/season.xeb\\n' > " +
+             model + "; chmod +x " + model,
+         0, "", ""},
+        {"mkdir -p Irrigation_study/Scenarios/{rainfed,plateau,base}/Output; tvs_project run "
+         "Irrigation_study base rainfed "
+         "--jobs 1 | cut -f 1-3",
+         0, "base\tfailed\texit code 3\nrainfed\tdone\t\n", "1 of 2 done, 1 failed"},
+        {"tvs_project list Irrigation_study --state failed,done | cut -f 1,2", 0,
+         "base\tfailed\nrainfed\tdone\n", ""},
+        {"tvs_project status Irrigation_study --runs --json | grep -c '\"state\":\"failed\"'", 0, "1\n", ""},
+        {"rm " + model + "; mv good " + model + "; tvs_project run Irrigation_study --failed | cut -f 1,2", 0,
+         "base\tdone\n", "1 of 1 done"},
+        {"tvs_project run Irrigation_study --failed", 0, "", "There is nothing to run."},
+        {"tvs_project run Irrigation_study --stale --json | grep -c '\"state\":\"done\"'", 0, "3\n",
+         "3 of 3 done"},
+        {"touch Irrigation_study/Scenarios/base.tvn; tvs_project list Irrigation_study --state stale | cut "
+         "-f 1,2",
+         0, "base\tout of date\n", ""},
+        {"tvs_project continue Irrigation_study", 0, "", "is left."},
+    });
+}
+
+TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_continued) {
+    const std::string model = "'../../Program Files/TVS_suite/Tilverra/tilverra_5.exe'";
+    expect({
+        {"rm " + model +
+             "; printf '#!/bin/bash\\nname=${2##*\\\\\\\\}; [ -e go ] || sleep 60\\n"
+             "echo >Scenarios/${name%%%%.tvn}/Output/season.xeb\\n' > " +
+             model + "; chmod +x " + model + "; mkdir -p Irrigation_study/Scenarios/{rainfed,base}/Output",
+         0, "", ""},
+        {"tvs_project run Irrigation_study base rainfed --jobs 1 --background | cut -f 1,2 | tail -1", 0,
+         "runs\t2\n", ""},
+        {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; "
+         "tvs_project list Irrigation_study --state running,waiting | cut -f 1,2",
+         0, "base\trunning\nrainfed\twaiting\n", ""},
+        {"tvs_project stop Irrigation_study | tail -1", 0, "runs\t0 of 2 done, 1 stopped\n", ""},
+        {"tvs_project stop Irrigation_study", 1, "", "No process has the set"},
+        {"touch Irrigation_study/go; tvs_project continue Irrigation_study | cut -f 1,2", 0,
+         "base\tdone\nrainfed\tdone\n", "2 of 2 done"},
+    });
+}
+
+TEST_F(Catalogue_and_runs_test, families_come_from_tables_and_the_example_does_a_nights_work_on_one) {
+    const std::string model = "'../../Program Files/TVS_suite/Tilverra/tilverra_5.exe'";
+    expect({
+        {"printf 'name;salt.1;simulation.starting_date\na;0.5;1996-02-30\nb;much;\n' >t.csv; "
+         "tvs_project generate Irrigation_study --table t.csv | cut -f 1-3",
+         0, "2\tsimulation.starting_date\terror\n3\tsalt.1\terror\n",
+         "Nothing was written: the table has 2 faults."},
+        {"printf 'name,salt.1\na,0.5\nb,\n' >t.csv; tvs_project generate Irrigation_study --table t.csv | "
+         "head -2; "
+         "tvs_project get Irrigation_study salt.1 --all --generated",
+         0, "generated\t2\nreplaced\t0\na\tsalt.1\t0.5\tdS/m\nb\tsalt.1\t0\tdS/m\n", ""},
+        {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null", 0, "", ""},
+        // The model fails for one scenario, the first time.
+        {"mv " + model +
+             " good; printf '#!/bin/bash\nname=${2##*\\\\\\\\}; if [ $name = 00003.tvn ] && mkdir failed "
+             "2>/dev/null; then exit 7; fi\necho >Generated_scenarios/${name%%%%.tvn}/Output/season.xeb\n' "
+             "> " +
+             model + "; chmod +x " + model +
+             "; mkdir -p Irrigation_study/Generated_scenarios/0000{1..8}/Output",
+         0, "", ""},
+        {"bash '" EXAMPLES "/family_overnight.sh' Irrigation_study 2 | cut -f 1,2 | sed -n '1p;3p;8p'; "
+         "tvs_project status Irrigation_study | sed -n 2p",
+         0, "00001\tdone\n00003\tdone\n00008\tdone\nruns\t1 of 1 done\n", "7 of 8 done, 1 failed"},
+    });
+}
+
+} // namespace

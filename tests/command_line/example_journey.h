@@ -1,0 +1,67 @@
+// The example suite in a temporary folder, and the program as a user of a shell calls it there.
+#pragma once
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+class Example_journey : public testing::Test {
+protected:
+    struct Result {
+        int code;
+        std::string out;
+        std::string err;
+    };
+
+    // A call, and what is to come of it: the whole output, and what the errors must tell ("" for none at
+    // all).
+    struct Call {
+        std::string command;
+        int code;
+        std::string out;
+        const char* err;
+    };
+
+    void SetUp() override {
+        const std::string install =
+            "bash '" INSTALL_EXAMPLE "' '" + folder.path("example") + "' '" BUILD_FOLDER "' >/dev/null";
+        ASSERT_EQ(std::system(install.c_str()), 0);
+    }
+
+    // Runs the shell's command in the folder of projects, where `tvs_project` is the suite's.
+    Result run(const std::string& command) const {
+        folder.write("command.sh", "cd '" + folder.path("example/drive_c/Simulation/Projects") +
+                                       "'\nunset NO_COLOR TVS_SUITE\nexport TVS_DRIVES='" +
+                                       folder.path("example/dosdevices") + "' XDG_DATA_HOME='" +
+                                       folder.path("data") + "' PATH='" +
+                                       folder.path("example/drive_c/Program Files/TVS_suite/Tilverra") +
+                                       "':$PATH\n" + command + '\n');
+        const int status = std::system(("bash '" + folder.path("command.sh") + "' >'" + folder.path("out") +
+                                        "' 2>'" + folder.path("err") + "' </dev/null")
+                                           .c_str());
+        return {WEXITSTATUS(status), folder.read("out"), folder.read("err")};
+    }
+
+    void expect(const std::vector<Call>& calls) const {
+        for (const Call& call : calls) {
+            const Result result = run(call.command);
+            EXPECT_EQ(result.code, call.code) << call.command << '\n' << result.err;
+            EXPECT_EQ(result.out, call.out) << call.command;
+            if (*call.err == 0)
+                EXPECT_EQ(result.err, "") << call.command;
+            else
+                EXPECT_NE(result.err.find(call.err), std::string::npos) << call.command << '\n' << result.err;
+        }
+    }
+
+    // A file below the folder of projects.
+    std::string project_file(const std::string& name) const {
+        return folder.read("example/drive_c/Simulation/Projects/" + name);
+    }
+
+    Temporary_folder folder;
+};

@@ -55,32 +55,42 @@ bool Scenario_analysis_page::active_scenario_is_there() {
     return false;
 }
 
-void Scenario_analysis_page::button_compare_project_scenariosClick() {
-    if (!has_project() || !active_scenario_is_there())
-        return;
+// Compares the checked lines, whose marks go. Gives how many there was something to compare of; `is_stopped`
+// when the user gave it up.
+int Scenario_analysis_page::compare_checked(bool& is_stopped) {
     Scenario_lists& lists = form.scenarios.lists;
     TFileCheckListBox& list = lists.current();
-    form.scenarios.begin_progress();
-    form.forget_cancellation();
-    bool goes_on = true;
+    Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()));
+    const auto total = static_cast<std::size_t>(list.checked_count());
+    std::size_t number = 0;
     bool active_has_output = true;
     int compared = 0;
-    for (int i = 0; goes_on && i < list.count(); ++i) {
+    for (int i = 0; !is_stopped && i < list.count(); ++i) {
         if (list.checked(i) && active_has_output) {
             list.set_item_index(i);
+            progress.show(++number, total, record_text(list.line(i).text));
             compared += compare_with(lists.scenario_of_line(i), active_has_output) ? 1 : 0;
             if (form.was_cancelled())
                 break;
             list.set_checked(i, false);
         }
-        form.scenarios.sim_run_progressbar.step();
-        goes_on = paint_pending();
+        progress.step();
+        is_stopped = !progress.goes_on();
     }
-    form.scenarios.sim_run_progressbar.set_visible(false);
+    is_stopped = is_stopped || form.was_cancelled();
+    return compared;
+}
+
+void Scenario_analysis_page::button_compare_project_scenariosClick() {
+    if (!has_project() || !active_scenario_is_there())
+        return;
+    form.forget_cancellation();
+    bool is_stopped = false;
+    const int compared = compare_checked(is_stopped);
     form.scenarios.show_active_scenario();
     if (compared > 0)
         form.comparisons.list_again();
-    if (compared == 0 && goes_on && !form.was_cancelled())
+    if (compared == 0 && !is_stopped)
         message_box("To compare scenarios, you must select scenarios to compare (click check boxes)",
                     "No scenarios selected to compare", Button_set::ok_cancel);
     else if (compared > 0)

@@ -20,5 +20,6 @@ public:
 private:
     bool active_scenario_is_there();
     bool ask_for_output_of_active();
+    int compare_checked(bool& is_stopped);
     bool compare_with(const std::string& other, bool& active_has_output);
 };

@@ -1,5 +1,7 @@
 #include "app/scenario_edit_page.h"
 
+#include "app/deletion_question.h"
+#include "app/line_progress.h"
 #include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_catalogue.h"
@@ -127,36 +129,51 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
 void Scenario_edit_page::scenario_delete_button_onclick() {
     if (!has_project())
         return;
-    const Modal_result answer =
-        message_box("Delete the selected files completely ([No] will move file to recycle bin)",
-                    "Delete files", Button_set::yes_no_cancel);
-    if (answer != Modal_result::yes && answer != Modal_result::no)
-        return;
-    const bool permanently = answer == Modal_result::yes;
     Scenario_lists& lists = form.scenarios.lists;
-    TFileCheckListBox& list = lists.current();
-    if (!workspace().need_project_directory())
-        return;
-    std::vector<std::string> checked;
-    for (int i = 0; i < list.count(); ++i)
-        if (list.checked(i))
-            checked.push_back(record_text(list.line(i).text));
+    const std::vector<std::string> checked = lists.checked_files();
+    const bool has_folder = workspace().ensure_project_directory();
+    workspace().enter_project_folder();
     const TVN_filename& active = record().active_scenario;
-    Operation_outcome outcome;
-    if (!checked.empty()) {
+    const std::string active_file =
+        !active.starts_with('<') && workspace().active_scenario_exists() ? std::string(active) : "";
+    Deletion_plan plan;
+    if (has_folder) {
         const Busy_pointer busy;
-        outcome = delete_scenarios(workspace().scenarios_directory(lists.current_folder(), false), checked,
-                                   permanently, nullptr, [&](std::size_t done, std::size_t) {
-                                       list.set_item_index(list.index_of(screen_text(checked[done])));
-                                       return true;
-                                   });
-    } else if (!active.starts_with('<') && workspace().active_scenario_exists()) {
+        plan = plan_deletion(workspace().scenarios_directory(lists.current_folder(), false), checked);
+    }
+    const Deletion_answer answer = ask_to_delete(plan, active_file);
+    if (answer == Deletion_answer::keep || !workspace().need_project_directory())
+        return;
+    const bool permanently = answer == Deletion_answer::for_good;
+    Operation_outcome outcome;
+    if (!checked.empty())
+        outcome = delete_checked(checked, permanently);
+    else if (!active_file.empty() &&
+             (!workspace().active_scenario_is_outside() || may_delete_outside(active_file)))
         // The folder of the active scenario stays.
         outcome = delete_scenario_file(active, permanently, nullptr);
-    }
-    list.Update();
+    lists.current().Update();
     form.scenarios.list_changed();
     show_failures(outcome, "Scenarios not deleted");
+    if (outcome.stopped)
+        message_box(worded("The deletion was stopped. Scenarios deleted until then: %1",
+                           std::to_string(outcome.done)),
+                    "Deletion stopped", Button_set::ok);
+}
+
+Operation_outcome Scenario_edit_page::delete_checked(const std::vector<std::string>& checked,
+                                                     bool permanently) {
+    Scenario_lists& lists = form.scenarios.lists;
+    const Busy_pointer busy;
+    Line_progress progress(form.scenarios, checked.size());
+    return delete_scenarios(workspace().scenarios_directory(lists.current_folder(), false), checked,
+                            permanently, nullptr, [&](std::size_t done, std::size_t total) {
+                                lists.current().set_item_index(
+                                    lists.current().index_of(screen_text(checked[done])));
+                                progress.show(done + 1, total, checked[done]);
+                                progress.step();
+                                return progress.goes_on();
+                            });
 }
 
 void Scenario_edit_page::parameter_database_onclick() {

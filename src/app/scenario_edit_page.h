@@ -6,6 +6,7 @@
 #include "toolkit/edit.h"
 
 #include <string>
+#include <vector>
 
 class Scenario_edit_page : public Project_page {
 public:
@@ -36,4 +37,5 @@ public:
 
 private:
     void wire();
+    Operation_outcome delete_checked(const std::vector<std::string>& checked, bool permanently);
 };

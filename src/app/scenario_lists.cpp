@@ -105,6 +105,14 @@ Scenario_folder Scenario_lists::current_folder() const {
                                                                                 : Scenario_folder::created;
 }
 
+std::vector<std::string> Scenario_lists::checked_files() {
+    std::vector<std::string> files;
+    for (int i = 0; i < current().count(); ++i)
+        if (current().checked(i))
+            files.push_back(record_text(current().line(i).text));
+    return files;
+}
+
 std::string Scenario_lists::scenario_of_line(int index) {
     TESK::File_name file;
     workspace()

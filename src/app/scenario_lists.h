@@ -6,6 +6,7 @@
 #include "toolkit/file_list_box.h"
 
 #include <string>
+#include <vector>
 
 class Scenario_lists : public Project_page {
 public:
@@ -23,6 +24,8 @@ public:
     void point_at_active();
     // Lists a new file of the created ones, in its place.
     void add_created_line(const std::string& file_name);
+    // The names of its checked lines, as their files have them.
+    std::vector<std::string> checked_files();
     // The file of a line of that list; needs a project directory.
     std::string scenario_of_line(int index);
 

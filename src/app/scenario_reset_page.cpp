@@ -50,17 +50,16 @@ void Scenario_reset_page::reset_scenario_button_onclick() {
         lines.push_back(i);
     }
     TProgressBar& bar = form.scenarios.sim_run_progressbar;
-    form.scenarios.begin_progress();
     Operation_outcome outcome;
     {
         const Busy_pointer busy;
+        const Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()));
         outcome = reset_scenarios(source, targets, ticked_reset_boxes(), nullptr,
                                   [&](std::size_t done, std::size_t) {
                                       bar.set_position(lines[done]);
                                       return true;
                                   });
+        bar.set_position(list.count());
     }
-    bar.set_position(list.count());
-    bar.set_visible(false);
     show_failures(outcome, "Scenarios not reset");
 }

@@ -55,20 +55,22 @@ void Scenario_run_page::run_active() {
 }
 
 // Runs the checked lines; the mark of each goes once its run has been started or has ended. False when the
-// user gave up a save, or closed the program: the marks that are left then stand.
-bool Scenario_run_page::run_checked(bool batch, int& checked) {
+// user gave up a save, or stopped the batch: the marks that are left then stand.
+bool Scenario_run_page::run_checked(bool batch, Line_progress& progress) {
     Scenario_lists& lists = form.scenarios.lists;
     TFileCheckListBox& list = lists.current();
+    const auto total = static_cast<std::size_t>(list.checked_count());
+    std::size_t number = 0;
     for (int i = 0; i < list.count(); ++i) {
         if (list.checked(i)) {
-            ++checked;
             list.set_item_index(i);
+            progress.show(++number, total, record_text(list.line(i).text));
             if (!run_scenario(workspace(), lists.scenario_of_line(i), common_format(), batch))
                 return false;
             list.set_checked(i, false);
         }
-        form.scenarios.sim_run_progressbar.step();
-        if (!paint_pending())
+        progress.step();
+        if (!progress.goes_on())
             return false;
     }
     return true;
@@ -77,7 +79,9 @@ bool Scenario_run_page::run_checked(bool batch, int& checked) {
 void Scenario_run_page::senerios_run_button_onclick() {
     if (!has_project())
         return;
-    const bool batch = form.scenarios.lists.current().checked_count() > 1;
+    TFileCheckListBox& list = form.scenarios.lists.current();
+    const int checked = list.checked_count();
+    const bool batch = checked > 1;
     if (batch) {
         if (message_box(
                 "Multiple scenarios were selected, these will need to be run sequentially. the project "
@@ -87,11 +91,12 @@ void Scenario_run_page::senerios_run_button_onclick() {
         if (current_desktop != nullptr)
             current_desktop->minimise();
     }
-    form.scenarios.begin_progress();
-    int checked = 0;
-    if (workspace().need_project_directory() && run_checked(batch, checked) && checked == 0)
-        run_active();
-    form.scenarios.sim_run_progressbar.set_visible(false);
+    {
+        Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()),
+                               batch ? Line_progress::Closing::asks : Line_progress::Closing::stops);
+        if (workspace().need_project_directory() && run_checked(batch, progress) && checked == 0)
+            run_active();
+    }
     form.scenarios.show_active_scenario();
     if (batch && current_desktop != nullptr)
         current_desktop->restore();

@@ -1,6 +1,7 @@
 // The page "Run": running the model on the checked lines or the active scenario, and viewing what it wrote.
 #pragma once
 
+#include "app/line_progress.h"
 #include "app/project_page.h"
 #include "editing/auto_choices.h"
 
@@ -36,5 +37,5 @@ public:
 
 private:
     bool common_format() const { return format_groupbox.item_index() == 1; }
-    bool run_checked(bool batch, int& checked);
+    bool run_checked(bool batch, Line_progress& progress);
 };

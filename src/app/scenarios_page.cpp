@@ -16,8 +16,11 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
       edit_run_pagecontrol(fill(right_.add<TPageControl>("edit_run_pagecontrol"))),
       edit(form, edit_run_pagecontrol), run(form, edit_run_pagecontrol, scenarios_tabsheet),
       reset(form, edit_run_pagecontrol), analysis(form, edit_run_pagecontrol),
+      sim_run_progress_note(scenarios_tabsheet.add<TLabel>("sim_run_progress_note")),
       sim_run_progressbar(scenarios_tabsheet.add<TProgressBar>("sim_run_progressbar")) {
     active_scenario_outside_note.set_visible(false);
+    sim_run_progress_note.set_text_is_data(true);
+    sim_run_progress_note.set_visible(false);
     sim_run_progressbar.set_visible(false);
     edit_run_pagecontrol.on_change = [this] {
         run.report_format_filebar.set_visible(edit_run_pagecontrol.active_page() ==
@@ -79,10 +82,4 @@ void Scenarios_page::show_hide_scenario_buttons() {
         button->set_visible(has_lines);
     lists.no_scenarios_note.set_visible(lists.created_scenarios_filelistbox.count() == 0);
     run.show_hide_run_button();
-}
-
-void Scenarios_page::begin_progress() {
-    sim_run_progressbar.set_maximum(lists.current().count());
-    sim_run_progressbar.set_position(0);
-    sim_run_progressbar.set_visible(true);
 }

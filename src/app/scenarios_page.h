@@ -25,9 +25,6 @@ public:
     void list_changed();
     void show_hide_scenario_buttons();
 
-    // The bar that shows how far an operation on the lines of the list in front has come.
-    void begin_progress();
-
     TTabSheet& scenarios_tabsheet;
     TAutoFileEditBar& active_scenario_editbar;
     TLabel& active_scenario_outside_note;
@@ -43,5 +40,7 @@ public:
     Scenario_run_page run;
     Scenario_reset_page reset;
     Scenario_analysis_page analysis;
+    // Shown and filled by Line_progress.
+    TLabel& sim_run_progress_note;
     TProgressBar& sim_run_progressbar;
 };

@@ -35,6 +35,7 @@ public:
     Item_path choose(TPopupMenu& menu, int rise) override;
     void set_busy(bool busy) override;
     void minimise() override;
+    void stay_open() override { waiting_to_close_.clear(); }
     void restore() override;
     void start_timer(TTimer& timer) override;
     void stop_timer(TTimer& timer) override;

@@ -33,6 +33,7 @@ void add_folder(const Host_handle& folder, int depth, Folder_mark& mark) {
             continue;
         }
         ++mark.files;
+        mark.bytes += static_cast<std::uint64_t>(status.st_size);
         mark.newest = std::max(mark.newest, time_in(status));
     }
 }

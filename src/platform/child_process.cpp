@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -216,6 +218,19 @@ int start_child(pid_t& child, const Body& body) {
     _exit(127);
 }
 
+// Calls until the child has ended, which is then still to be waited for.
+void call_until_ended(pid_t child, const std::function<void()>& meanwhile) {
+    constexpr int pause = 50; // milliseconds
+    const Host_handle end(static_cast<int>(syscall(SYS_pidfd_open, child, 0))); // readable at the end; without it the pause just passes
+    pollfd watched{end.get(), POLLIN, 0};
+    siginfo_t ended{};
+    while (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           ended.si_pid == 0) {
+        meanwhile();
+        poll(&watched, 1, pause);
+    }
+}
+
 // A descriptor that is none of the three of the standard streams: dup2() would let it be closed on exec.
 Host_handle above_standard_streams(int descriptor) {
     return Host_handle(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
@@ -269,10 +284,12 @@ int start_detached(const Program_start& start) {
     return result_of(error_number);
 }
 
-int start_and_wait(const Program_start& start, int& exit_code) {
+int start_and_wait(const Program_start& start, int& exit_code, const std::function<void()>& meanwhile) {
     const Child_image image(start, host_path(current_directory()));
     pid_t child = -1;
     const int error_number = start_child(child, [&](int report) { image.take_over(report); });
+    if (child > 0 && meanwhile)
+        call_until_ended(child, meanwhile);
     if (child > 0)
         exit_code = wait_for(child);
     return result_of(error_number);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -25,8 +26,8 @@ int plan_start(const std::string& command_line, Program_start& start);
 int start_detached(const Program_start& start);
 
 // Starts a program and waits for its end. Gives the same as start_detached(), and in `exit_code` how a
-// program that was started has ended.
-int start_and_wait(const Program_start& start, int& exit_code);
+// program that was started has ended. `meanwhile` is called again and again while it runs; it may be empty.
+int start_and_wait(const Program_start& start, int& exit_code, const std::function<void()>& meanwhile);
 
 // How a program is started whose end its starter notices by itself.
 struct Group_start {

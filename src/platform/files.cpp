@@ -93,6 +93,13 @@ bool is_link(std::string_view name) {
     return lstat(host_path(name).c_str(), &state) == 0 && S_ISLNK(state.st_mode);
 }
 
+std::uint64_t file_size(std::string_view name) {
+    struct stat state {};
+    return stat(host_path(name).c_str(), &state) == 0 && S_ISREG(state.st_mode)
+               ? static_cast<std::uint64_t>(state.st_size)
+               : 0;
+}
+
 std::optional<Entry_identity> entry_identity(std::string_view name) {
     struct stat state {};
     if (stat(host_path(name).c_str(), &state) != 0)

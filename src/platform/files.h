@@ -27,6 +27,9 @@ bool is_folder(std::string_view name);
 // Whether the name itself is a symbolic link, to whatever or nowhere.
 bool is_link(std::string_view name);
 
+// The size of a file in bytes, at the end of symbolic links; 0 for what is absent or no file.
+std::uint64_t file_size(std::string_view name);
+
 // The same for all names that lead to one entry, at the end of symbolic links.
 struct Entry_identity {
     std::uint64_t device = 0;

@@ -199,6 +199,11 @@ Process_launcher*& launcher_in_use() {
     return in_use;
 }
 
+std::function<void()>& done_while_waiting() {
+    static std::function<void()> meanwhile;
+    return meanwhile;
+}
+
 } // namespace
 
 int plan_start(const std::string& command_line, Program_start& start) {
@@ -215,7 +220,7 @@ int Process_launcher::execute(const std::string& command_line, int /*show_state*
 std::optional<int> Process_launcher::create_and_wait(const std::string& command_line, int /*show_state*/) {
     const Plan plan = plan_for(command_line);
     int exit_code = 0;
-    if (plan.result != result_started || start_and_wait(plan.start, exit_code) != result_started)
+    if (plan.result != result_started || start_and_wait(plan.start, exit_code, done_while_waiting()) != result_started)
         return std::nullopt;
     return exit_code;
 }
@@ -229,6 +234,13 @@ Launcher_guard::Launcher_guard(Process_launcher& replacement)
 
 Launcher_guard::~Launcher_guard() {
     launcher_in_use() = previous_;
+}
+
+Waiting_guard::Waiting_guard(std::function<void()> meanwhile)
+    : previous_(std::exchange(done_while_waiting(), std::move(meanwhile))) {}
+
+Waiting_guard::~Waiting_guard() {
+    done_while_waiting() = std::move(previous_);
 }
 
 std::string set_program_file(const std::string& argument_0) {

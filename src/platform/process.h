@@ -23,6 +23,7 @@
 // - A show state (as below; 3 maximised, 6 minimised) is a wish for which the host has no use.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -69,6 +70,19 @@ public:
 
 private:
     Process_launcher* previous_;
+};
+
+// Has something done, some twenty times a second, while create_and_wait() waits: painting, for instance. It
+// does so while it lives; of several, the one made last counts.
+class Waiting_guard {
+public:
+    explicit Waiting_guard(std::function<void()> meanwhile);
+    Waiting_guard(const Waiting_guard&) = delete;
+    Waiting_guard& operator=(const Waiting_guard&) = delete;
+    ~Waiting_guard();
+
+private:
+    std::function<void()> previous_;
 };
 
 // Tells by which command this program was started (argument 0 of its command line), and gives the full name

@@ -27,6 +27,8 @@ public:
     // except closing a window: the answer is false from then on, the operation should end early, and the
     // window closes behind it.
     bool process_messages();
+    // The user wants no window closed after all: process_messages() answers true again.
+    virtual void stay_open() = 0;
     bool holds_input() const { return holds_input_; }
     // The pointer that tells the user to wait; calls nest.
     virtual void set_busy(bool busy) = 0;

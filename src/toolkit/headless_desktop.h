@@ -58,6 +58,7 @@ public:
     Item_path choose(TPopupMenu& menu, int rise) override;
     void set_busy(bool busy) override { busy_ += busy ? 1 : -1; }
     void minimise() override;
+    void stay_open() override { closing = false; }
     void restore() override { minimised_ = false; }
     void start_timer(TTimer& timer) override;
     void stop_timer(TTimer& timer) override;

@@ -208,41 +208,80 @@ TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
 }
 
 TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the_active_file_alone) {
-    const std::string question = "Delete the selected files completely ([No] will move file to recycle bin)";
-    for (const char* name_of_one : {"base", "dry", "wet", "wet.2"})
+    for (const char* name_of_one : {"base", "dry", "wet", "wet.2"}) {
+        drives.write(std::string("projects/study/Scenarios/") + name_of_one + ".tvn", "four");
         drives.write(std::string("projects/study/Scenarios/") + name_of_one + "/Output/season.xls", "x");
-    drives.write("projects/study/Scenarios/wet.2.tvn", "x");
+    }
     drives.write("projects/study/Scenarios/.tvn", "x");
+    drives.write("elsewhere/far.tvn", std::string(5000, 'x'));
     open();
     record->active_scenario = "Scenarios\\base.tvn";
     form.Update();
     EXPECT_EQ(lines(created()), ".tvn;base.tvn;dry.tvn;wet.2.tvn;wet.tvn;");
-    desktop.expect_message("Delete files", question, Modal_result::cancel);
-    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+    TButton& delete_button = form.scenarios.edit.scenario_delete_button;
+    const std::string base_goes = std::string(active_goes) + "Scenarios\\base.tvn, 4 B";
+    expect_deletion(Modal_result::cancel, base_goes);
+    EXPECT_TRUE(press(delete_button));
     EXPECT_EQ(created().count(), 5);
 
     created().check(0);
     created().check(3);
-    desktop.expect_message("Delete files", question, Modal_result::yes);
+    expect_deletion(Modal_result::yes, "Scenarios: 2\nFiles of their outputs: 1\nSize of all: 6 B\n\n"
+                                       ".tvn\nwet.2.tvn (outputs: 1)");
+    std::string shown;
+    desktop.on_process_messages = [&] { shown += form.scenarios.sim_run_progress_note.text() + ";"; };
     created().focus();
     EXPECT_TRUE(created().key(key(Key_code::del)));
+    EXPECT_EQ(shown, "1 of 2, ;2 of 2, wet.2;");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+    EXPECT_EQ(created().item_text(), "base.tvn");
     EXPECT_FALSE(there("projects/study/Scenarios/wet.2"));
     EXPECT_TRUE(there("projects/study/Scenarios/wet/Output/season.xls"));
 
     created().check(1);
-    desktop.expect_message("Delete files", question, Modal_result::no);
-    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+    expect_deletion(Modal_result::no, "Scenarios: 1\nFiles of their outputs: 1\nSize of all: 5 B\n\n"
+                                      "dry.tvn (outputs: 1)");
+    EXPECT_TRUE(press(delete_button));
     EXPECT_FALSE(there("projects/study/Scenarios/dry.tvn") || there("projects/study/Scenarios/dry"));
     EXPECT_TRUE(std::filesystem::exists(user.home(".local/share/Trash/files/dry.tvn")) ||
                 std::filesystem::exists(drives.user_data() + "/Trash/files/dry.tvn"));
 
-    record->active_scenario = "Scenarios\\base.tvn";
-    desktop.expect_message("Delete files", question, Modal_result::yes);
-    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+    const auto light = [this] { return form.scenarios.active_scenario_editbar.panel_caption.colour(); };
+    const auto light_before = light();
+    expect_deletion(Modal_result::yes, base_goes);
+    EXPECT_TRUE(press(delete_button));
     EXPECT_FALSE(there("projects/study/Scenarios/base.tvn"));
     EXPECT_TRUE(there("projects/study/Scenarios/base/Output/season.xls"));
     EXPECT_EQ(record->active_scenario, "Scenarios\\base.tvn");
+    EXPECT_NE(light(), light_before);
+
+    // A file of another place is asked for once more.
+    record->active_scenario = "C:\\elsewhere\\far.tvn";
+    for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
+        EXPECT_TRUE(there("elsewhere/far.tvn"));
+        expect_deletion(Modal_result::yes, std::string(active_goes) + "C:\\elsewhere\\far.tvn, 4.9 KB");
+        desktop.expect_message("Scenario outside the project",
+                               "This file lies outside the folder of this project. Delete it all the same?\n"
+                               "C:\\elsewhere\\far.tvn",
+                               answer);
+        EXPECT_TRUE(press(delete_button));
+    }
+    EXPECT_FALSE(there("elsewhere/far.tvn"));
+}
+
+TEST_F(Catalogue, a_user_who_closes_the_window_stops_a_deletion) {
+    open();
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    drives.write("projects/study/Scenarios/base.tvn", "x");
+    for (const char* file : {"dry", "wet"})
+        std::filesystem::resize_file(drives.host(std::string("projects/study/Scenarios/") + file + ".tvn"),
+                                     1);
+    expect_deletion(Modal_result::yes, "Scenarios: 3\nFiles of their outputs: 0\nSize of all: 3 B\n\n"
+                                       "base.tvn\ndry.tvn\nwet.tvn");
+    desktop.on_process_messages = [this] { desktop.closing = desktop.messages_processed() >= 2; };
+    desktop.expect_message("Deletion stopped", "The deletion was stopped. Scenarios deleted until then: 1");
+    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+    EXPECT_EQ(lines(created()), "dry.tvn*;wet.tvn*;");
 }
 
 TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog) {
@@ -465,11 +504,25 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
     std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_all);
 
-    expect_batch(Modal_result::ok);
-    desktop.closing = true;
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    // Who closes the window is asked, and the marks of what has not run stay.
+    const auto close_and_answer = [this](Modal_result answer) {
+        expect_batch(Modal_result::ok);
+        desktop.closing = true;
+        desktop.expect_message("Stop the runs",
+                               "Stop after the scenario that runs now? The others keep their check marks.",
+                               answer);
+        EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    };
+    close_and_answer(Modal_result::yes);
     EXPECT_EQ(started(), run_of("base.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
+    std::string shown;
+    desktop.on_process_messages = [&] { shown += form.scenarios.sim_run_progress_note.text() + ";"; };
+    close_and_answer(Modal_result::no);
+    EXPECT_EQ(started(), run_of("dry.tvn") + run_of("wet.tvn"));
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
+    EXPECT_EQ(shown, ";1 of 2, dry;2 of 2, wet;");
+    EXPECT_FALSE(form.scenarios.sim_run_progress_note.visible());
 }
 
 TEST_F(Runs, there_is_something_to_run_when_a_line_is_checked_or_the_active_scenario_is_there) {

@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr const char* delete_question =
-    "Delete the selected files completely ([No] will move file to recycle bin)";
 constexpr const char* no_name = "To create a new scenario, first enter the new scenario name";
 constexpr const char* nothing_compared =
     "To compare scenarios, you must select scenarios to compare (click check boxes)";
@@ -63,7 +61,8 @@ TEST_F(Hazards, deleting_a_scenario_whose_name_is_of_points_takes_no_folder_with
     for (int i = 0; i < created().count() && created().line(i).text != "base.tvn"; ++i)
         created().set_checked(i, true);
     EXPECT_EQ(created().checked_count(), 5);
-    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    expect_deletion(Modal_result::yes, "Scenarios: 5\nFiles of their outputs: 0\nSize of all: 5 B\n\n"
+                                       " .tvn\n. .tvn\n...tvn\n..tvn\n.tvn");
     EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_TRUE(there("projects/study/Scenarios/dry/Output/season.xeb"));
@@ -81,7 +80,7 @@ TEST_F(Hazards, without_an_active_scenario_nothing_is_made_and_what_needs_one_sa
         desktop.expect_message("Active scenario not found",
                                "The active scenario has not been selected or does not exist");
         EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
-        desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+        expect_deletion(Modal_result::yes, nothing_goes);
         EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
         EXPECT_EQ(record->active_scenario, active);
         EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
@@ -110,7 +109,7 @@ TEST_F(Hazards, the_delete_key_in_an_empty_list_asks_and_deletes_nothing) {
     open_with("Scenarios\\gone.tvn");
     EXPECT_EQ(created().count(), 0);
     created().focus();
-    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    expect_deletion(Modal_result::yes, nothing_goes);
     EXPECT_TRUE(created().key(key(Key_code::del)));
     EXPECT_TRUE(there("projects/study/Scenarios/gone/Output/season.xeb"));
 }
@@ -141,7 +140,7 @@ TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_t
          }},
         {"delete",
          [this] {
-             desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+             expect_deletion(Modal_result::yes, nothing_goes);
              form.scenarios.edit.scenario_delete_button_onclick();
          }},
         {"explore", [this] { form.scenarios.lists.explore_scenarios_buttonClick(); }},
@@ -189,7 +188,7 @@ TEST_F(Hazards, where_the_folder_of_scenarios_cannot_be_made_nothing_is_lost_and
     form.scenarios.edit.scenario_create_button_onclick();
     form.scenarios.lists.relist_scenarios_button_onclick();
     form.scenarios.lists.explore_scenarios_buttonClick();
-    desktop.expect_message("Delete files", delete_question, Modal_result::yes);
+    expect_deletion(Modal_result::yes, nothing_goes);
     form.scenarios.edit.scenario_delete_button_onclick();
     form.scenarios.run.senerios_run_button_onclick();
     EXPECT_EQ(drives.read("projects/study"), "not a folder");

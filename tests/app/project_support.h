@@ -75,6 +75,16 @@ protected:
             text += list.line(i).text + (list.checked(i) ? "*;" : ";");
         return text;
     }
+    // The question before a deletion, with what it says of what will go.
+    void expect_deletion(Modal_result answer, const std::string& what) {
+        desktop.expect_message(
+            "Delete files",
+            "Delete the selected files completely ([No] will move file to recycle bin)\n\n" + what, answer);
+    }
+    static constexpr const char* nothing_goes =
+        "No scenario is checked, and the active scenario is not there: nothing will be deleted.";
+    static constexpr const char* active_goes =
+        "No scenario is checked: the file of the active scenario goes, and its outputs stay.\n";
     static Key key(Key_code code) { return Key{code, "", false, false}; }
 
     Temporary_user user;

@@ -52,6 +52,15 @@ TEST_F(Process, a_suite_program_gets_its_arguments_as_they_stand_and_is_waited_f
     write_script("killed.exe", "kill -9 $$\n");
     EXPECT_EQ(run("killed.exe"), 128 + SIGKILL);
     EXPECT_EQ(run("\"C:\\absent.exe\""), std::nullopt);
+
+    // What is to be done meanwhile is done again and again.
+    int calls = 0;
+    const Waiting_guard meanwhile([&] {
+        if (++calls == 3)
+            drives.write("go");
+    });
+    write_script("patient.exe", "while [ ! -e go ]; do :; done\nexit 3\n");
+    EXPECT_EQ(run("patient.exe"), 3);
 }
 
 TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {

@@ -1,0 +1,57 @@
+#include "app/line_progress.h"
+
+#include "app/scenarios_page.h"
+#include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
+
+namespace {
+
+// The text with each "%1", "%2"... replaced.
+std::string filled(std::string text, std::initializer_list<std::string> values) {
+    char number = '1';
+    for (const std::string& value : values) {
+        const std::size_t place = text.find({'%', number++});
+        if (place != std::string::npos)
+            text.replace(place, 2, value);
+    }
+    return text;
+}
+
+} // namespace
+
+Line_progress::Line_progress(Scenarios_page& page, std::size_t steps, Closing closing)
+    : page_(page), closing_(closing), waiting_([this] { goes_on(); }) {
+    page_.sim_run_progressbar.set_maximum(static_cast<int>(steps));
+    page_.sim_run_progressbar.set_position(0);
+    page_.sim_run_progressbar.set_visible(true);
+}
+
+Line_progress::~Line_progress() {
+    page_.sim_run_progressbar.set_visible(false);
+    page_.sim_run_progress_note.set_text("");
+    page_.sim_run_progress_note.set_visible(false);
+}
+
+void Line_progress::show(std::size_t number, std::size_t total, const std::string& file_name) {
+    const std::string name = file_name.substr(0, file_name.rfind('.'));
+    page_.sim_run_progress_note.set_text(filled(
+        worded("%1 of %2, %3"), {std::to_string(number), std::to_string(total), screen_text(name)}));
+    page_.sim_run_progress_note.set_visible(true);
+}
+
+void Line_progress::step() {
+    page_.sim_run_progressbar.step();
+}
+
+bool Line_progress::goes_on() {
+    if (is_stopped_ || is_asking_ || paint_pending())
+        return !is_stopped_;
+    is_asking_ = true;
+    is_stopped_ = closing_ == Closing::stops ||
+                  message_box("Stop after the scenario that runs now? The others keep their check marks.",
+                              "Stop the runs", Button_set::yes_no) == Modal_result::yes;
+    is_asking_ = false;
+    if (!is_stopped_)
+        current_desktop->stay_open();
+    return !is_stopped_;
+}

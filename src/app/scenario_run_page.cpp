@@ -23,7 +23,9 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
       CPF_water_checkbox(scenario_run_tabsheet
                              .add<TGroupBox>("crop_production_function_groupbox", "Crop production function")
                              .add<TCheckBox>("CPF_water_checkbox", "Water")),
-      report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")) {
+      report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")),
+      run_end_note(scenario_run_tabsheet.add<TLabel>("run_end_note", "", true)), run_ends_(run_end_note) {
+    run_ends_.on_end = [this] { form.scenarios.files_changed(); };
     format_groupbox.set_item_index(0);
     report_format_filebar.set_visible(false);
     scenario_run_tabsheet.on_enter = [this] { report_format_filebar.set_visible(true); };
@@ -50,8 +52,21 @@ void Scenario_run_page::show_hide_run_button() {
     senerios_run_button.set_enabled(can_run);
 }
 
+// The end of a run that is not waited for is noticed. False when the user gave up the save before it.
+bool Scenario_run_page::run_one(const std::string& scenario_file, bool wait) {
+    if (wait)
+        return run_scenario(workspace(), scenario_file, common_format(), true);
+    TESK::File_name file(scenario_file.c_str());
+    workspace().enter_project_folder();
+    file.qualify();
+    bool goes_on = true;
+    run_ends_.watch(file.get_name(false), TESK::without_extension(file),
+                    [&] { goes_on = run_scenario(workspace(), scenario_file, common_format(), false); });
+    return goes_on;
+}
+
 void Scenario_run_page::run_active() {
-    run_scenario(workspace(), record().active_scenario, common_format(), false);
+    run_one(record().active_scenario, false);
 }
 
 // Runs the checked lines; the mark of each goes once its run has been started or has ended. False when the
@@ -65,7 +80,7 @@ bool Scenario_run_page::run_checked(bool batch, Line_progress& progress) {
         if (list.checked(i)) {
             list.set_item_index(i);
             progress.show(++number, total, record_text(list.line(i).text));
-            if (!run_scenario(workspace(), lists.scenario_of_line(i), common_format(), batch))
+            if (!run_one(lists.scenario_of_line(i), batch))
                 return false;
             list.set_checked(i, false);
         }

@@ -3,6 +3,7 @@
 
 #include "app/line_progress.h"
 #include "app/project_page.h"
+#include "app/run_ends.h"
 #include "editing/auto_choices.h"
 
 #include <string>
@@ -34,8 +35,12 @@ public:
     TAutoCheckBox& run_statistical_analysis_checkbox;
     TCheckBox& CPF_water_checkbox;
     TAutoFileEditBar& report_format_filebar;
+    TLabel& run_end_note; // how the last run beside the editor ended
 
 private:
     bool common_format() const { return format_groupbox.item_index() == 1; }
+    bool run_one(const std::string& scenario_file, bool wait);
     bool run_checked(bool batch, Line_progress& progress);
+
+    Run_ends run_ends_;
 };

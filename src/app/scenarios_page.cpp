@@ -69,6 +69,12 @@ void Scenarios_page::show_active_scenario() {
     lists.point_at_active();
 }
 
+void Scenarios_page::files_changed() {
+    lists.created_scenarios_filelistbox.Update();
+    lists.generated_scenarios_filelistbox.Update();
+    list_changed();
+}
+
 void Scenarios_page::list_changed() {
     show_hide_scenario_buttons();
     if (has_project())

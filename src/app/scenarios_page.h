@@ -21,6 +21,8 @@ public:
     void update_active_scenario();
     // The same, and the cursors of the lists go to its line.
     void show_active_scenario();
+    // Files of scenarios have come, gone or changed on the disk: lists, lights and the run button follow.
+    void files_changed();
     // The lines of the list in front came or went.
     void list_changed();
     void show_hide_scenario_buttons();

@@ -221,7 +221,8 @@ int start_child(pid_t& child, const Body& body) {
 // Calls until the child has ended, which is then still to be waited for.
 void call_until_ended(pid_t child, const std::function<void()>& meanwhile) {
     constexpr int pause = 50; // milliseconds
-    const Host_handle end(static_cast<int>(syscall(SYS_pidfd_open, child, 0))); // readable at the end; without it the pause just passes
+    const Host_handle end(static_cast<int>(
+        syscall(SYS_pidfd_open, child, 0))); // readable at the end; without it the pause just passes
     pollfd watched{end.get(), POLLIN, 0};
     siginfo_t ended{};
     while (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
@@ -229,6 +230,25 @@ void call_until_ended(pid_t child, const std::function<void()>& meanwhile) {
         meanwhile();
         poll(&watched, 1, pause);
     }
+}
+
+// Starts the program, waits for it, and tells how it ended.
+[[noreturn]] void become_starter(const Child_image& image, int report, int end_report) {
+    const pid_t program = fork();
+    if (program == 0)
+        image.take_over(report);
+    if (program < 0) {
+        write_error(report, errno);
+        _exit(127);
+    }
+    dup2(end_report, STDIN_FILENO);
+    if (close_range(STDOUT_FILENO, ~0U, 0) != 0)
+        for (int file = STDOUT_FILENO; file < sysconf(_SC_OPEN_MAX); ++file)
+            close(file);
+    const int exit_code = wait_for(program);
+    // Without a reader there is nobody left to tell.
+    [[maybe_unused]] const ssize_t count = write(STDIN_FILENO, &exit_code, sizeof exit_code);
+    _exit(0);
 }
 
 // A descriptor that is none of the three of the standard streams: dup2() would let it be closed on exec.
@@ -265,7 +285,7 @@ int start_in_group(const Program_start& start, const Group_start& how, pid_t& ch
     return result_of(error_number);
 }
 
-int start_detached(const Program_start& start) {
+int start_detached(const Program_start& start, int end_report) {
     const Child_image image(start, host_path(current_directory()));
     pid_t child = -1;
     // The grandchild is adopted by the host when the child ends, so nobody has to wait for it.
@@ -273,6 +293,8 @@ int start_detached(const Program_start& start) {
         if (!image.keeps_terminal())
             setsid();
         const pid_t grandchild = fork();
+        if (grandchild == 0 && end_report >= 0)
+            become_starter(image, report, end_report);
         if (grandchild == 0)
             image.take_over(report);
         if (grandchild < 0)

@@ -23,7 +23,9 @@ int plan_start(const std::string& command_line, Program_start& start);
 
 // Starts a program that is no child of this process afterwards and is in a session of its own. Gives
 // result_started, or what is wrong when the program could not be started.
-int start_detached(const Program_start& start);
+// `end_report`: a descriptor to which the exit code, as create_and_wait() gives it, is written at the end, as
+// an int; negative for none. A process of this program's waits for that end, and holds nothing else open.
+int start_detached(const Program_start& start, int end_report = -1);
 
 // Starts a program and waits for its end. Gives the same as start_detached(), and in `exit_code` how a
 // program that was started has ended. `meanwhile` is called again and again while it runs; it may be empty.

@@ -11,6 +11,7 @@
 #include "platform/host_tools.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -199,6 +200,12 @@ Process_launcher*& launcher_in_use() {
     return in_use;
 }
 
+// The one that the next start belongs to; null for none.
+End_watch*& awaiting_watch() {
+    static End_watch* awaiting = nullptr;
+    return awaiting;
+}
+
 std::function<void()>& done_while_waiting() {
     static std::function<void()> meanwhile;
     return meanwhile;
@@ -214,13 +221,25 @@ int plan_start(const std::string& command_line, Program_start& start) {
 
 int Process_launcher::execute(const std::string& command_line, int /*show_state*/) {
     const Plan plan = plan_for(command_line);
-    return plan.result == result_started ? start_detached(plan.start) : plan.result;
+    if (plan.result != result_started)
+        return plan.result;
+    End_watch* const watch = std::exchange(awaiting_watch(), nullptr);
+    int ends[2];
+    if (watch == nullptr || pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+        return start_detached(plan.start);
+    const Host_handle told(ends[1]);
+    Host_handle heard(ends[0]);
+    const int result = start_detached(plan.start, told.get());
+    if (result == result_started)
+        watch->descriptor_ = heard.release();
+    return result;
 }
 
 std::optional<int> Process_launcher::create_and_wait(const std::string& command_line, int /*show_state*/) {
     const Plan plan = plan_for(command_line);
     int exit_code = 0;
-    if (plan.result != result_started || start_and_wait(plan.start, exit_code, done_while_waiting()) != result_started)
+    if (plan.result != result_started ||
+        start_and_wait(plan.start, exit_code, done_while_waiting()) != result_started)
         return std::nullopt;
     return exit_code;
 }
@@ -234,6 +253,24 @@ Launcher_guard::Launcher_guard(Process_launcher& replacement)
 
 Launcher_guard::~Launcher_guard() {
     launcher_in_use() = previous_;
+}
+
+End_watch::End_watch() {
+    awaiting_watch() = this;
+}
+
+End_watch::~End_watch() {
+    if (awaiting_watch() == this)
+        awaiting_watch() = nullptr;
+    if (descriptor_ >= 0)
+        close(descriptor_);
+}
+
+std::optional<int> End_watch::take_end() {
+    int code = 0;
+    if (descriptor_ < 0 || read(descriptor_, &code, sizeof code) != sizeof code)
+        return std::nullopt;
+    return code;
 }
 
 Waiting_guard::Waiting_guard(std::function<void()> meanwhile)

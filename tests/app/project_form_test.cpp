@@ -1,6 +1,8 @@
 #include "project_support.h"
 
+#include <chrono>
 #include <functional>
+#include <thread>
 
 namespace {
 
@@ -454,6 +456,33 @@ TEST_F(Runs, without_checks_the_active_scenario_runs_as_its_record_names_it) {
     EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
     EXPECT_EQ(started(), std::string(model) + " \"C:\\Formats\\all runs.fmt\"  \"C:\\projects\\study.tvp\" "
                                               "\"Scenarios\\base.tvn\"  [3]\n");
+}
+
+TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"mkdir -p Scenarios/base/Output; echo x > Scenarios/base/Output/season.xeb; echo > "
+         "Scenarios/new.tvn",
+         "base has been run."},
+        {"exit 0", "base has been run and has left no output."},
+        {"exit 3", "base has failed. Exit code: 3"},
+    };
+    open_with_base();
+    platform::Process_launcher host;
+    const platform::Launcher_guard real(host);
+    TLabel& note = form.scenarios.run.run_end_note;
+    for (const auto& [script, told] : cases) {
+        const std::string model_file = "Suite/Tilverra/tilverra_5.exe";
+        drives.write(model_file, std::string("#!/bin/sh\nPATH=/bin:/usr/bin\n") + script + "\n");
+        std::filesystem::permissions(drives.host(model_file), std::filesystem::perms::owner_all);
+        EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+        EXPECT_EQ(note.text(), "base is running.");
+        for (int i = 0; i < 1000 && note.text() == "base is running."; ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            desktop.advance(500);
+        }
+        EXPECT_EQ(note.text(), told);
+    }
+    EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;new.tvn;wet.tvn;");
 }
 
 TEST_F(Runs, one_checked_scenario_runs_beside_the_editor_and_more_run_one_after_the_other) {

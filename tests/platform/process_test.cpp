@@ -6,6 +6,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -72,6 +73,27 @@ TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
     EXPECT_FALSE(has_children());
     drives.write("go");
     EXPECT_NE(Temporary_user::take_record(drives.host("stat")), "none");
+}
+
+TEST_F(Process, the_end_of_a_program_that_goes_on_by_itself_can_be_noticed) {
+    write_script("slow.exe", "while [ ! -e go ]; do :; done\nexit 5\n");
+    write_script("killed.exe", "kill -9 $$\n");
+    End_watch slow;
+    EXPECT_EQ(start("absent.exe"), result_file_not_found);
+    EXPECT_LT(slow.descriptor(), 0);
+    EXPECT_EQ(start("slow.exe"), result_started);
+    End_watch killed;
+    EXPECT_EQ(start("killed.exe"), result_started);
+    EXPECT_FALSE(has_children());
+    const auto end_of = [](End_watch& watch) {
+        pollfd readable{watch.descriptor(), POLLIN, 0};
+        poll(&readable, 1, 10'000);
+        return watch.take_end();
+    };
+    EXPECT_EQ(end_of(killed), 128 + SIGKILL);
+    EXPECT_EQ(slow.take_end(), std::nullopt);
+    drives.write("go");
+    EXPECT_EQ(end_of(slow), 5);
 }
 
 TEST_F(Process, a_program_starts_in_the_current_directory_with_an_empty_input) {

@@ -71,7 +71,7 @@ Tdatabase_editor_form::Tdatabase_editor_form(File_transfer_client* file_transfer
              false);
     add_statsgo_page();
     add_button(add_row(*this), "explore_button", "Explore", [this] { explore(); });
-    on_show = [this] { activate(); };
+    on_activate = [this] { enter_database(); };
     bind(nullptr, Database_location_mode::anywhere);
 }
 
@@ -174,7 +174,7 @@ void Tdatabase_editor_form::bind_categories() {
     }
 }
 
-void Tdatabase_editor_form::activate() {
+void Tdatabase_editor_form::enter_database() {
     if (database == nullptr)
         return;
     database->set_as_current();

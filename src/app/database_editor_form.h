@@ -53,7 +53,7 @@ private:
     void add_soil_page();
     void add_statsgo_page();
 
-    void activate();
+    void enter_database();
     void bind_categories();
     std::string selected_file();
     void create_crop(const char* option);

@@ -55,7 +55,8 @@ std::string told_of_active(const std::string& file) {
 Deletion_answer ask_to_delete(const Deletion_plan& checked, const std::string& active_file) {
     const std::string told = "Delete the selected files completely ([No] will move file to recycle bin)";
     const std::string what = checked.scenarios.empty() ? told_of_active(active_file) : told_of(checked);
-    switch (message_box(told + "\n\n" + what, "Delete files", Button_set::yes_no_cancel)) {
+    switch (
+        message_box(told + "\n\n" + what, "Delete files", Button_set::yes_no_cancel, Modal_result::cancel)) {
     case Modal_result::yes: return Deletion_answer::for_good;
     case Modal_result::no: return Deletion_answer::to_trash;
     default: return Deletion_answer::keep;
@@ -65,5 +66,6 @@ Deletion_answer ask_to_delete(const Deletion_plan& checked, const std::string& a
 bool may_delete_outside(const std::string& file) {
     return message_box(worded("This file lies outside the folder of this project. Delete it all the same?") +
                            "\n" + screen_text(file),
-                       "Scenario outside the project", Button_set::yes_no) == Modal_result::yes;
+                       "Scenario outside the project", Button_set::yes_no,
+                       Modal_result::no) == Modal_result::yes;
 }

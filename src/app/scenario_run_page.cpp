@@ -25,7 +25,10 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
                              .add<TCheckBox>("CPF_water_checkbox", "Water")),
       report_format_filebar(scenarios_tabsheet.add<TAutoFileEditBar>("report_format_filebar")),
       run_end_note(scenario_run_tabsheet.add<TLabel>("run_end_note", "", true)), run_ends_(run_end_note) {
-    run_ends_.on_end = [this] { form.scenarios.files_changed(); };
+    run_ends_.on_end = [this] {
+        form.scenarios.files_changed();
+        form.parameter_file_form().notice(run_end_note.text());
+    };
     format_groupbox.set_item_index(0);
     report_format_filebar.set_visible(false);
     scenario_run_tabsheet.on_enter = [this] { report_format_filebar.set_visible(true); };

@@ -26,6 +26,10 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
         run.report_format_filebar.set_visible(edit_run_pagecontrol.active_page() ==
                                               &run.scenario_run_tabsheet);
     };
+    follower_.on_change = [this] {
+        if (has_project())
+            files_changed();
+    };
     active_scenario_editbar.on_enter = [this] { active_scenario_editbar_set_to_scenarios_dir(); };
     active_scenario_editbar.OnChange = active_scenario_editbar.on_enter;
     active_scenario_editbar.on_exit = [this] {
@@ -62,6 +66,19 @@ void Scenarios_page::update_active_scenario() {
     active_scenario_editbar.Update();
     active_scenario_outside_note.set_visible(workspace().active_scenario_is_outside());
     run.show_hide_run_button();
+    follow_files();
+}
+
+// The lists' folders and, wherever it lies, the active scenario.
+void Scenarios_page::follow_files() {
+    TVN_filename active = record().active_scenario;
+    if (active.starts_with('<'))
+        active = "";
+    else if (!active.empty())
+        active.qualify();
+    follower_.follow({record_text(lists.created_scenarios_filelistbox.folder()),
+                      record_text(lists.generated_scenarios_filelistbox.folder())},
+                     {active});
 }
 
 void Scenarios_page::show_active_scenario() {

@@ -2,6 +2,7 @@
 // them on the right. Each of these has a room of its own.
 #pragma once
 
+#include "app/file_follower.h"
 #include "app/scenario_analysis_page.h"
 #include "app/scenario_edit_page.h"
 #include "app/scenario_lists.h"
@@ -32,6 +33,9 @@ public:
     TLabel& active_scenario_outside_note;
 
 private:
+    void follow_files();
+
+    File_follower follower_;
     TPanel& left_;
     TPanel& right_;
 

@@ -148,6 +148,14 @@ void Headless_desktop::advance(int milliseconds) {
 }
 
 // A copy: a watch may end itself, or others, when it is told.
+void Headless_desktop::descriptors_ready() {
+    std::vector<int> descriptors;
+    for (const TDescriptor_watch* watch : watches_)
+        descriptors.push_back(watch->descriptor());
+    for (const int descriptor : descriptors)
+        descriptor_ready(descriptor);
+}
+
 void Headless_desktop::descriptor_ready(int descriptor) {
     for (TDescriptor_watch* watch : std::vector(watches_))
         if (std::find(watches_.begin(), watches_.end(), watch) != watches_.end() &&

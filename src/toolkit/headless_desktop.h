@@ -40,6 +40,8 @@ public:
 
     // The descriptor has something to read: what watches it is told.
     void descriptor_ready(int descriptor);
+    // The same for all that are watched.
+    void descriptors_ready();
 
     // What was asked.
     const std::vector<Message>& messages() const { return messages_; }

@@ -64,9 +64,16 @@ public:
     std::optional<std::string> registered_command(const std::string&, const std::string&) override {
         return "unzip";
     }
-    bool recycle(const std::string& name) override {
-        recycled += name + "\n";
-        return delete_permanently(name);
+    std::vector<bool> recycle_all(const std::vector<std::string>& names,
+                                  const std::function<bool(std::size_t)>& progress) override {
+        std::vector<bool> gone;
+        for (const std::string& name : names) {
+            recycled += name + "\n";
+            gone.push_back(delete_permanently(name));
+            if (!progress(gone.size()))
+                break;
+        }
+        return gone;
     }
     std::string recycled;
 
@@ -184,6 +191,9 @@ TEST_F(Database_editor, the_caption_tells_the_level_and_showing_the_window_enter
     }
     EXPECT_EQ(platform::current_directory(), "C:\\");
     form->show();
+    EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
+    platform::change_directory("C:\\S");
+    EXPECT_TRUE(form->activate()); // turned to from another window
     EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
     click("explore_button");
     EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\"\n");

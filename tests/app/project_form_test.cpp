@@ -422,6 +422,26 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     EXPECT_EQ(under_cursor(), "");
 }
 
+// Whoever writes them: the scenario editor, another editor, a colleague.
+TEST_F(Catalogue, lists_lights_and_the_run_button_follow_the_files) {
+    open();
+    record->active_scenario = "C:\\elsewhere\\later.tvn";
+    std::filesystem::create_directories(drives.host("elsewhere"));
+    form.Update();
+    TButton& run = form.scenarios.run.senerios_run_button;
+    EXPECT_FALSE(run.enabled());
+    const auto light = [this] { return form.scenarios.active_scenario_editbar.panel_caption.colour(); };
+    const auto light_before = light();
+    drives.write("elsewhere/later.tvn", "x");
+    drives.write("projects/study/Scenarios/cold.tvn", "x");
+    desktop.descriptors_ready();
+    EXPECT_FALSE(run.enabled()) << "not for each change at once";
+    desktop.advance(500);
+    EXPECT_TRUE(run.enabled());
+    EXPECT_NE(light(), light_before);
+    EXPECT_EQ(lines(created()), "base.tvn;cold.tvn;dry.tvn;wet.tvn;");
+}
+
 class Runs : public Project_test {
 protected:
     static constexpr const char* model = "\"C:\\Suite\\Tilverra\\tilverra_5.exe\" ";

@@ -12,11 +12,6 @@ constexpr const char* nothing_compared =
 class Hazards : public Project_test {
 protected:
     TFileCheckListBox& generated() { return form.scenarios.lists.generated_scenarios_filelistbox; }
-    void open_with(const char* active) {
-        open();
-        record->active_scenario = active;
-        form.Update();
-    }
 };
 
 TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_is_typed) {
@@ -236,21 +231,14 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
     desktop.closing = false;
 
-    std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_read);
-    record->STATSGO_path = "C:\\soils"; // something to save
-    const auto expect_failure = [this] {
-        desktop.expect_message(
-            "Unable to save",
-            "Unable to save to parameter file (check that the file is not marked as read only)",
-            Modal_result::abort);
-    };
-    expect_failure();
+    allow_saves(false);
+    expect_failed_save();
     form.scenarios.edit.scenario_open_active_button_onclick();
-    expect_failure(); // once, at the first of them that has something to compare
+    expect_failed_save(); // once, at the first of them that has something to compare
     form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn*;");
-    std::filesystem::permissions(drives.host("projects/study.tvp"), std::filesystem::perms::owner_all);
+    allow_saves(true);
     form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_NE(started().find("base vs wet"), std::string::npos);
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");

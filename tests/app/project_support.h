@@ -51,6 +51,38 @@ protected:
         parameter_form.show();
     }
 
+    // The same with an active scenario.
+    void open_with(const char* active) {
+        open();
+        activate(active);
+    }
+    void activate(const char* file) {
+        record->active_scenario = file;
+        form.Update();
+    }
+    void expect_batch(Modal_result answer) {
+        desktop.expect_message(
+            "Sequential batch run",
+            "Multiple scenarios were selected, these will need to be run sequentially. the "
+            "project editor will be suspended during the runs. Continue?",
+            answer);
+    }
+    // The question whether to go on although the project could not be saved; the answer is no.
+    void expect_failed_save() {
+        desktop.expect_message(
+            "Unable to save",
+            "Unable to save to parameter file (check that the file is not marked as read only)",
+            Modal_result::abort);
+    }
+    // Lets the next save fail, of a record that differs from its file, or makes saves possible again.
+    void allow_saves(bool allowed) {
+        if (!allowed)
+            record->STATSGO_path = "C:\\soils";
+        std::filesystem::permissions(drives.host("projects/study.tvp"),
+                                     allowed ? std::filesystem::perms::owner_all
+                                             : std::filesystem::perms::owner_read);
+    }
+
     void copy_data(const char* data, const std::string& path) const {
         const std::filesystem::path target = drives.host(path);
         std::filesystem::create_directories(target.parent_path());

@@ -8,9 +8,7 @@ class Reset : public Project_test {
 protected:
     // Opens the project with one scenario active, and the box of the soil water ticked.
     void open_with_active(const char* file) {
-        open();
-        record->active_scenario = file;
-        form.Update();
+        open_with(file);
         form.scenarios.reset.reset_checkboxes[soil_water_box]->bring_to_front();
         EXPECT_TRUE(form.scenarios.reset.reset_checkboxes[soil_water_box]->check());
     }

@@ -34,8 +34,8 @@ Line_progress::~Line_progress() {
 
 void Line_progress::show(std::size_t number, std::size_t total, const std::string& file_name) {
     const std::string name = file_name.substr(0, file_name.rfind('.'));
-    page_.sim_run_progress_note.set_text(filled(
-        worded("%1 of %2, %3"), {std::to_string(number), std::to_string(total), screen_text(name)}));
+    page_.sim_run_progress_note.set_text(
+        filled(worded("%1 of %2, %3"), {std::to_string(number), std::to_string(total), screen_text(name)}));
     page_.sim_run_progress_note.set_visible(true);
 }
 

@@ -2,8 +2,10 @@
 
 #include "app/new_name_form.h"
 #include "editing/program_starter.h"
+#include "names/recycling.h"
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
+#include "toolkit/desktop.h"
 
 namespace {
 
@@ -112,8 +114,11 @@ void TFile_manager_form::copy_file() {
 
 // Through the trash, from which a user can have back what was deleted by mistake.
 void TFile_manager_form::delete_files() {
+    const Busy_pointer busy;
+    std::vector<std::string> names;
     for (const TESK::Smart_file_name& file : selected_files())
-        file.recycle(false);
+        names.push_back(file);
+    TESK::recycle_all(names, false, [](std::size_t) { return current_desktop->process_messages(); });
     Update();
 }
 

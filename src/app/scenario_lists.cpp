@@ -3,6 +3,8 @@
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
 
+#include <utility>
+
 namespace {
 
 // The line of a file's name, whose case does not count; -1 for none.
@@ -16,7 +18,7 @@ int line_of(const TListBox& list, const std::string& file_name) {
 } // namespace
 
 Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& panel)
-    : Project_page(project_form),
+    : Project_page(project_form), menu(project_form),
       pagecontrol_scenarios(fill(panel.add<TPageControl>("pagecontrol_scenarios"))),
       tabsheet_created_scenarios(pagecontrol_scenarios.add<TTabSheet>("tabsheet_created_scenarios",
                                                                       "Scenarios created for this project")),
@@ -25,10 +27,9 @@ Scenario_lists::Scenario_lists(TTilverra_project_form& project_form, TPanel& pan
       no_scenarios_note(add_note(
           tabsheet_created_scenarios, "no_scenarios_note",
           "This project has no scenarios yet. To make one, enter its name beside [<- New] and press that.")),
-      created_scenarios_filelistbox(
-          fill(tabsheet_created_scenarios.add<TFileCheckListBox>("created_scenarios_filelistbox"))),
-      generated_scenarios_filelistbox(
-          fill(tabsheet_generated_scenarios.add<TFileCheckListBox>("generated_scenarios_filelistbox"))),
+      created(tabsheet_created_scenarios, "created_scenarios_filelistbox"),
+      generated(tabsheet_generated_scenarios, "generated_scenarios_filelistbox"),
+      created_scenarios_filelistbox(created.list), generated_scenarios_filelistbox(generated.list),
       current_scenarios_listbox(&created_scenarios_filelistbox),
       scenerios_select_all_button(add_button(panel.add<TPanel>("panel_select", Layout::grid, 2),
                                              "scenerios_select_all_button", "Select all scenarios")),
@@ -69,6 +70,56 @@ void Scenario_lists::wire() {
     scenerios_select_none_button.on_click = [this] { scenerios_select_none_button_onclick(); };
     relist_scenarios_button.on_click = [this] { relist_scenarios_button_onclick(); };
     explore_scenarios_button.on_click = [this] { explore_scenarios_buttonClick(); };
+    descriptor_watch_.on_ready = [this] {
+        folder_watch_.take_changes();
+        settled_timer_.set_enabled(true);
+    };
+    settled_timer_.on_timer = [this] { look_at_changed_folders(); };
+    states_timer_.on_timer = [this] { refresh_states(); };
+    for (Scenario_list_table* table : {&created, &generated})
+        table->on_menu = [this] { menu.popup(); };
+}
+
+Scenario_list_table& Scenario_lists::current_table() {
+    return &current() == &generated_scenarios_filelistbox ? generated : created;
+}
+
+void Scenario_lists::refresh_states() {
+    states_timer_.set_enabled(false);
+    if (Scenario_states* const states = form.runs.states())
+        states->refresh();
+    created.facts_changed();
+    generated.facts_changed();
+}
+
+// ---- what other programs make, change and delete
+
+void Scenario_lists::watch_folders() {
+    const std::string created_folder = record_text(created_scenarios_filelistbox.folder());
+    const std::string generated_folder = record_text(generated_scenarios_filelistbox.folder());
+    if (std::exchange(watched_folders_, created_folder + '|' + generated_folder) ==
+        created_folder + '|' + generated_folder)
+        return;
+    for (const std::optional<int>& watch : {watched_created_, watched_generated_})
+        if (watch)
+            folder_watch_.forget(*watch);
+    watched_created_ = created_folder.empty() ? std::nullopt : folder_watch_.watch_folder(created_folder);
+    watched_generated_ =
+        generated_folder.empty() ? std::nullopt : folder_watch_.watch_folder(generated_folder);
+    descriptor_watch_.set_enabled(folder_watch_.descriptor() >= 0);
+    created.set_states(form.runs.states());
+    generated.set_states(form.runs.states());
+}
+
+void Scenario_lists::look_at_changed_folders() {
+    settled_timer_.set_enabled(false);
+    if (!has_project())
+        return;
+    created_scenarios_filelistbox.Update();
+    generated_scenarios_filelistbox.Update();
+    point_at_active();
+    refresh_states();
+    form.scenarios.list_changed();
 }
 
 void Scenario_lists::bind() {
@@ -82,6 +133,7 @@ void Scenario_lists::Update() {
             : std::string();
     created_scenarios_filelistbox.set_folder(folder);
     form.TVN_filedialog.initial_folder = folder;
+    watch_folders();
 }
 
 void Scenario_lists::show_hide_generated() {
@@ -91,6 +143,7 @@ void Scenario_lists::show_hide_generated() {
         show_folder(generated_scenarios_filelistbox,
                     workspace().project_directory->get_generated_scenarios_directory(false));
     tabsheet_generated_scenarios.set_visible(exists);
+    watch_folders();
     set_current_list();
 }
 

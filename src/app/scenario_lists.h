@@ -3,7 +3,11 @@
 #pragma once
 
 #include "app/project_page.h"
-#include "toolkit/file_list_box.h"
+#include "app/scenario_list_table.h"
+#include "app/scenario_menu.h"
+#include "platform/folder_watch.h"
+#include "toolkit/descriptor_watch.h"
+#include "toolkit/timer.h"
 
 #include <string>
 #include <vector>
@@ -26,6 +30,9 @@ public:
     void add_created_line(const std::string& file_name);
     // The names of its checked lines, as their files have them.
     std::vector<std::string> checked_files();
+    Scenario_list_table& current_table();
+    // What tells of changes in the folders; negative where the host cannot.
+    int watched_descriptor() const { return folder_watch_.descriptor(); }
     // The file of a line of that list; needs a project directory.
     std::string scenario_of_line(int index);
 
@@ -35,11 +42,14 @@ public:
     void relist_scenarios_button_onclick();
     void explore_scenarios_buttonClick();
 
+    Scenario_menu menu; // of the line under the cursor
     TPageControl& pagecontrol_scenarios;
     TTabSheet& tabsheet_created_scenarios;
     TTabSheet& tabsheet_generated_scenarios;
     TLabel& no_scenarios_note; // while none is created
-    TFileCheckListBox& created_scenarios_filelistbox;
+    Scenario_list_table created;
+    Scenario_list_table generated;
+    TFileCheckListBox& created_scenarios_filelistbox; // as which the tables are worked with
     TFileCheckListBox& generated_scenarios_filelistbox;
     TFileCheckListBox* current_scenarios_listbox;
     TButton& scenerios_select_all_button;
@@ -50,7 +60,22 @@ public:
     // Makes the list in front the one that operations work on.
     void set_current_list();
 
+    // Has the tables tell the states of scenarios as they are now, soon.
+    void states_changed() { states_timer_.set_enabled(true); }
+
 private:
+    void watch_folders();
+    void look_at_changed_folders();
+    void refresh_states();
     void wire();
     void point_at_active(TFileCheckListBox& list);
+
+    platform::Folder_watch folder_watch_;
+    TDescriptor_watch descriptor_watch_{folder_watch_.descriptor()};
+    std::optional<int> watched_created_;
+    std::optional<int> watched_generated_;
+    std::string watched_folders_;
+    // Changes come by the dozen: they are looked at once they have settled.
+    TTimer settled_timer_{250};
+    TTimer states_timer_{1000};
 };

@@ -1,8 +1,11 @@
 #include "app/scenario_run_page.h"
 
 #include "app/tilverra_project_form.h"
+#include "foundation/code_page_1252.h"
 #include "operations/scenario_runs.h"
+#include "platform/host_names.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
 #include <vector>
@@ -15,6 +18,17 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
                      "Run the checked scenarios or, without check marks, the active scenario.")),
       view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output",
                                     "Show what the last run of the active scenario wrote.")),
+      run_beside_button(
+          add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
+                     "Run the checked scenarios or, without check marks, the one under the cursor, "
+                     "several at a time, while you work on. See the page Runs.")),
+      runs_at_once_edit([this]() -> TEdit& {
+          TPanel& row = add_row(scenario_run_tabsheet, "runs_at_once_panel");
+          row.add<TLabel>("runs_at_once_label", "Runs at a time").set_names_next(true);
+          return row.add<TEdit>("runs_at_once_edit");
+      }()),
+      stop_at_failure_checkbox(
+          scenario_run_tabsheet.add<TCheckBox>("stop_at_failure_checkbox", "Stop at the first failure")),
       format_groupbox(scenario_run_tabsheet.add<TRadioGroup>(
           "format_groupbox", "Report format",
           std::vector<std::string>{"specified in each scenario", "specified below for all runs"})),
@@ -33,6 +47,20 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
     report_format_filebar.set_visible(false);
     scenario_run_tabsheet.on_enter = [this] { report_format_filebar.set_visible(true); };
     senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
+    run_beside_button.on_click = [this] { run_beside_button_onclick(); };
+    Place narrow = runs_at_once_edit.place();
+    narrow.width = 6;
+    runs_at_once_edit.set_place(narrow);
+    runs_at_once_edit.set_text(std::to_string(Run_set().number_at_once()));
+    runs_at_once_edit.set_hint(
+        "How many scenarios are run at the same time; usually as many as there are cores.");
+    runs_at_once_edit.input_filter = [](const std::string& text) {
+        std::string digits;
+        for (const char c : text)
+            if (TESK::is_digit(c) && digits.size() < 4)
+                digits += c;
+        return digits;
+    };
     view_output_button.on_click = [this] { view_output_button_onclick(); };
     run_statistical_analysis_checkbox.on_click = [this] { run_statistical_analysis_checkbox_onclick(); };
 }
@@ -120,10 +148,45 @@ void Scenario_run_page::senerios_run_button_onclick() {
         current_desktop->restore();
 }
 
+// The marks stay: what became of each run is told on the page Runs.
+void Scenario_run_page::run_beside_button_onclick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    Scenario_lists& lists = form.scenarios.lists;
+    const TFileCheckListBox& list = lists.current();
+    std::vector<std::string> chosen;
+    for (int i = 0; i < list.count(); ++i)
+        if (list.checked(i))
+            chosen.push_back(lists.scenario_of_line(i));
+    if (chosen.empty() && list.item_index() >= 0)
+        chosen.push_back(lists.scenario_of_line(list.item_index()));
+    else if (chosen.empty() && workspace().active_scenario_exists())
+        chosen.push_back(platform::full_name(record().active_scenario));
+    run_beside(std::move(chosen));
+}
+
+void Scenario_run_page::run_beside(std::vector<std::string> scenarios) {
+    if (scenarios.empty())
+        return form.parameter_file_form().notice(worded("There is no scenario to be run."));
+    if (!form.save())
+        return;
+    Run_set set;
+    set.scenarios = std::move(scenarios);
+    set.project_file = form.project_file();
+    set.folder = *workspace().project_directory;
+    set.model = record().cropping_system_model;
+    if (common_format())
+        set.report_format = record().report_format;
+    set.at_once = static_cast<std::size_t>(std::atoi(runs_at_once_edit.text().c_str()));
+    set.stops_at_first_failure = stop_at_failure_checkbox.checked();
+    if (form.runs.run_beside(set))
+        form.project_pagecontrol.set_active_page(form.runs.runs_tabsheet);
+}
+
 void Scenario_run_page::view_output_button_onclick() {
     if (!has_project() || !workspace().need_project_directory())
         return;
-    if (!view_output(workspace()))
+    if (!view_output(workspace(), record().active_scenario))
         show_message("This scenario does not have any output.  First run the simulation");
 }
 

@@ -7,6 +7,7 @@
 #include "editing/auto_choices.h"
 
 #include <string>
+#include <vector>
 
 class Scenario_run_page : public Project_page {
 public:
@@ -19,18 +20,24 @@ public:
     void Update() { update_bound_controls(); }
 
     void senerios_run_button_onclick();
+    void run_beside_button_onclick();
     void view_output_button_onclick();
     void run_statistical_analysis_checkbox_onclick();
     // There is something to run when a line is checked or the active scenario exists. The button is on view
     // as long as there are lines, too.
     void show_hide_run_button();
 
+    // Runs the scenarios (full names of their files) as a set beside the editor, and shows the page Runs.
+    void run_beside(std::vector<std::string> scenarios);
     // Runs the active scenario, as the record names it, without waiting.
     void run_active();
 
     TTabSheet& scenario_run_tabsheet;
     TButton& senerios_run_button;
     TButton& view_output_button;
+    TButton& run_beside_button;
+    TEdit& runs_at_once_edit;
+    TCheckBox& stop_at_failure_checkbox;
     TRadioGroup& format_groupbox;
     TAutoCheckBox& run_statistical_analysis_checkbox;
     TCheckBox& CPF_water_checkbox;

@@ -7,13 +7,14 @@
 
 TTilverra_project_form::TTilverra_project_form()
     : TForm("Tilverra_project_form"), project_pagecontrol(add<TPageControl>("project_pagecontrol")),
-      scenarios(*this), options(*this), optimization(*this), GIS(*this), map(*this), tallies(*this),
-      comparisons(*this) {
+      scenarios(*this), runs(*this), options(*this), optimization(*this), GIS(*this), map(*this),
+      tallies(*this), comparisons(*this) {
     fill(project_pagecontrol);
     TVN_filedialog.title = "Simulation scenario";
     TVN_filedialog.filter = "Tilverra scenario file (*.tvn)|*.tvn";
     TVN_filedialog.default_extension = "tvn";
     project_pagecontrol.on_change = [this] { show_hide_run_buttons(); };
+    runs.on_run_changed = [this] { scenarios.lists.states_changed(); };
 }
 
 TTilverra_project_form::~TTilverra_project_form() = default;
@@ -54,6 +55,7 @@ void TTilverra_project_form::bind(Tilverra_project_editor_parameters& record,
                                   Tilverra_project_type requested_type, Tparameter_file_form& host_form) {
     parameter_form = &host_form;
     shown_as_template_.reset();
+    parameter_form->on_leave = [this] { return runs.may_close(); };
     workspace_ = std::make_unique<Project_workspace>(record, *this, requested_type);
     if (simulation_paths != nullptr)
         workspace_->master_database = std::make_unique<Database_directory>(*simulation_paths);
@@ -72,6 +74,7 @@ void TTilverra_project_form::show_template() {
     const bool is_template = workspace_ && workspace_->is_template_project();
     options.show_template(is_template);
     scenarios.scenarios_tabsheet.set_visible(!is_template);
+    runs.runs_tabsheet.set_visible(!is_template);
     if (std::exchange(shown_as_template_, is_template) == is_template)
         return;
     project_pagecontrol.set_active_page(is_template ? options.options_tabsheet
@@ -87,6 +90,7 @@ void TTilverra_project_form::Update() {
     in_update = true;
     workspace_->ensure_project_directory();
     workspace_->enter_project_folder();
+    runs.Update(); // it tells the states that the lists of scenarios show
     scenarios.Update();
     options.Update();
     optimization.Update();

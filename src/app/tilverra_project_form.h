@@ -8,6 +8,7 @@
 #include "app/map_page.h"
 #include "app/optimization_page.h"
 #include "app/options_page.h"
+#include "app/runs_page.h"
 #include "app/scenarios_page.h"
 #include "app/tally_page.h"
 #include "editing/parameter_file_form.h"
@@ -53,6 +54,7 @@ public:
     TPageControl& project_pagecontrol;
     TFileDialog TVN_filedialog; // asks for a scenario of any project
     Scenarios_page scenarios;
+    Runs_page runs;
     Options_page options;
     Optimization_page optimization;
     GIS_page GIS;

@@ -62,7 +62,7 @@ Tparameter_file_form::~Tparameter_file_form() = default;
 
 void Tparameter_file_form::wire() {
     on_key = [this](const Key& key) { return key.code == Key_code::enter && focus_next(); };
-    on_close_query = [this] { return may_close(); };
+    on_close_query = [this] { return !asks_before_closing_ || (may_close() && may_leave()); };
     on_activate = [this] { return_to_window(); };
     ok_button.on_click = [this] { ok_button_onclick(); };
     cancel_button.on_click = [this] { cancel_button_onclick(); };
@@ -280,6 +280,8 @@ void Tparameter_file_form::cancel_button_onclick() {
 }
 
 void Tparameter_file_form::close_with(Modal_result result) {
+    if (!may_leave())
+        return;
     asks_before_closing_ = false;
     set_modal_result(result);
     close();
@@ -288,7 +290,7 @@ void Tparameter_file_form::close_with(Modal_result result) {
 
 // The window is left without "Save/Close": nothing is thrown away unasked.
 bool Tparameter_file_form::may_close() {
-    if (!asks_before_closing_ || parameters == nullptr || !has_changes())
+    if (parameters == nullptr || !has_changes())
         return true;
     switch (message_box(worded("Save the changes to %1?", screen_text(file.shown_name())), "Unsaved changes",
                         Button_set::yes_no_cancel)) {

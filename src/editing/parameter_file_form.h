@@ -91,6 +91,9 @@ public:
     const TESK::Ustring& get_command_line() const { return programs.get_command_line(); }
     const TESK::User_settings& get_settings() const { return settings_; }
 
+    // Asked once the changes are settled, whichever way the form is about to end; false has it stay.
+    std::function<bool()> on_leave;
+
     TAutoStringEdit& edit_description;
     TPageControl& page_control_parameters_etc;
     TTabSheet& tabsheet_parameters;
@@ -143,6 +146,7 @@ private:
     void return_to_window();
 
     bool may_close();
+    bool may_leave() const { return !on_leave || on_leave(); }
     void cancel_button_onclick();
     void close_with(Modal_result result);
     void ok_button_onclick();

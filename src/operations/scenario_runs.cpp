@@ -37,13 +37,12 @@ std::string outputs_of_scenario(const Project_workspace& workspace, const std::s
            platform::in_quotes(folder.CPF);
 }
 
-bool view_output(Project_workspace& workspace) {
-    const std::string& active = workspace.project_parameters.active_scenario;
-    const std::string outputs = outputs_of_scenario(workspace, active);
+bool view_output(Project_workspace& workspace, const std::string& scenario_file) {
+    const std::string outputs = outputs_of_scenario(workspace, scenario_file);
     if (outputs.empty())
         return false;
     Tilverra_scenario scenario;
-    TESK::VV_file(active.c_str()).get(scenario);
+    TESK::VV_file(scenario_file.c_str()).get(scenario);
     workspace.host.run_with_file(suite_directory->get_tilverra_directory().get_output_manager_advanced_exe(),
                                  scenario.model_options->report_format, outputs);
     return true;

@@ -4,6 +4,7 @@
 #include "operations/project_workspace.h"
 
 #include <string>
+#include <vector>
 
 // Runs the project's model on a scenario. `common_format`: the report format of the project instead of the
 // scenario's own. False when the user gave up the save that goes before.
@@ -15,5 +16,5 @@ bool run_scenario(Project_workspace& workspace, const std::string& scenario_file
 // whose folder is the current one afterwards.
 std::string outputs_of_scenario(const Project_workspace& workspace, const std::string& scenario_file);
 
-// Shows the output of the active scenario by the report format that its record names. False when it has none.
-bool view_output(Project_workspace& workspace);
+// Shows the output of a scenario by the report format that its record names. False when it has none.
+bool view_output(Project_workspace& workspace, const std::string& scenario_file);

@@ -1,6 +1,7 @@
 #include "toolkit/list_box.h"
 
 #include <algorithm>
+#include <utility>
 
 TListBox::TListBox(Control_kind kind, std::string name, bool has_check_marks, bool multi_select)
     : TControl(kind, std::move(name)), has_check_marks_(has_check_marks), multi_select_(multi_select) {
@@ -29,7 +30,7 @@ void TListBox::set_lines(const std::vector<std::string>& texts) {
 void TListBox::replace_lines(std::vector<Line> lines, int item_index) {
     lines_ = std::move(lines);
     item_index_ = has_line(item_index) ? item_index : -1;
-    notify(Aspect::all_lines);
+    tell({Aspect::all_lines});
 }
 
 void TListBox::insert_line(int index, const std::string& text) {
@@ -37,7 +38,7 @@ void TListBox::insert_line(int index, const std::string& text) {
     lines_.insert(lines_.begin() + index, Line{text});
     if (item_index_ >= index)
         ++item_index_;
-    notify({Aspect::lines_inserted, index, 1});
+    tell({Aspect::lines_inserted, index, 1});
 }
 
 void TListBox::remove_line(int index) {
@@ -48,7 +49,13 @@ void TListBox::remove_line(int index) {
         item_index_ = -1;
     else if (item_index_ > index)
         --item_index_;
-    notify({Aspect::lines_removed, index, 1});
+    tell({Aspect::lines_removed, index, 1});
+}
+
+void TListBox::tell(const Change& change) {
+    notify(change);
+    if (on_told)
+        on_told(change);
 }
 
 template <class Value>
@@ -58,7 +65,7 @@ void TListBox::set_in_line(int index, Value Line::*field, const Value& value) {
     Line& changed = lines_[static_cast<std::size_t>(index)];
     if (changed.*field != value) {
         changed.*field = value;
-        notify({Aspect::lines_changed, index, 1});
+        tell({Aspect::lines_changed, index, 1});
     }
 }
 
@@ -101,12 +108,13 @@ void TListBox::set_item_index(int index) {
         set_in_line(item_index_, &Line::selected, false);
         set_in_line(index, &Line::selected, true);
     }
-    assign(item_index_, index, Aspect::cursor);
+    if (std::exchange(item_index_, index) != index)
+        tell({Aspect::cursor});
 }
 
 void TListBox::show_line(int index) {
     if (has_line(index))
-        notify({Aspect::line_on_view, index, 1});
+        tell({Aspect::line_on_view, index, 1});
 }
 
 void TListBox::select_only(const std::vector<int>& indexes) {

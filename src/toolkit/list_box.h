@@ -65,6 +65,8 @@ public:
     std::function<void()> on_change; // the user moved the cursor to another line
     std::function<void(int index)> on_check;
     std::function<void()> on_double_click;
+    // Hears all that a view hears: for what shows the lines in a way of its own, whatever draws the list.
+    std::function<void(const Change&)> on_told;
 
 protected:
     TListBox(Control_kind kind, std::string name, bool has_check_marks, bool multi_select);
@@ -77,6 +79,7 @@ protected:
     virtual void do_check(int index);
 
 private:
+    void tell(const Change& change);
     template <class Value>
     void set_in_line(int index, Value Line::*field, const Value& value);
     void select_only(const std::vector<int>& indexes);

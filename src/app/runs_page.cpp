@@ -1,0 +1,343 @@
+#include "app/runs_page.h"
+
+#include "app/tilverra_project_form.h"
+#include "operations/scenario_runs.h"
+#include "platform/files.h"
+#include "runs/run_folders.h"
+#include "runs/run_repetition.h"
+#include "runs/run_supervisor.h"
+#include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
+#include "toolkit/splitter.h"
+
+namespace {
+
+constexpr std::size_t most_on_view = 256 << 10; // of a log: its end
+constexpr int lines_of_sets = 5;
+constexpr int lines_of_log = 8;
+constexpr int share_of_sets = 250; // of 1000, of the room for both tables
+
+TTable& add_table(TControl& parent, const char* name, std::vector<Table_column> columns, const char* empty,
+                  int height) {
+    TTable& table = fill(parent.add<TTable>(name));
+    Place place = table.place();
+    place.height = height;
+    table.set_place(place);
+    table.set_columns(std::move(columns));
+    table.set_text(empty);
+    return table;
+}
+
+} // namespace
+
+Runs_page::Runs_page(TTilverra_project_form& project_form)
+    : Project_page(project_form),
+      runs_tabsheet(form.project_pagecontrol.add<TTabSheet>("runs_tabsheet", "Runs")),
+      run_sets_table(
+          add_table(fill(runs_tabsheet.add<TSplitter>("runs_splitter", Layout::column)), "run_sets_table",
+                    Run_set_rows::columns(),
+                    "Nothing has been run beside the editor yet. Tick scenarios, then press \"Run beside "
+                    "the editor\" on the page Run.",
+                    lines_of_sets)),
+      run_set_progress_label(
+          (run_sets_table.parent()->add<TPanel>("run_set_panel"),
+           run_sets_table.parent()->children().back()->add<TLabel>("run_set_progress_label"))),
+      run_set_progressbar(run_set_progress_label.parent()->add<TProgressBar>("run_set_progressbar")),
+      runs_table(add_table(*run_set_progress_label.parent(), "runs_table", Run_rows::columns(), "", 0)),
+      runs_stop_button(add_button(add_row(*run_set_progress_label.parent(), "runs_buttons"),
+                                  "runs_stop_button", "Stop",
+                                  "Stop the runs of this set. It can be continued later.")),
+      runs_continue_button(add_button(*runs_stop_button.parent(), "runs_continue_button", "Continue",
+                                      "Go on where this set ended. What is done is not run again.")),
+      runs_failed_again_button(add_button(*runs_stop_button.parent(), "runs_failed_again_button",
+                                          "Run failed again", "Run those once more that failed.")),
+      runs_out_of_date_again_button(
+          add_button(*runs_stop_button.parent(), "runs_out_of_date_again_button", "Run out of date again",
+                     "Run those once more whose scenario or parameter files have changed since.")),
+      runs_all_again_button(
+          add_button(*runs_stop_button.parent(), "runs_all_again_button", "Run all again", "")),
+      runs_view_output_button(add_button(add_row(*run_set_progress_label.parent(), "run_buttons"),
+                                         "runs_view_output_button", "View output of run",
+                                         "Show what the run under the cursor wrote.")),
+      runs_show_log_button(add_button(*runs_view_output_button.parent(), "runs_show_log_button", "Show log",
+                                      "Show what the model printed during the run under the cursor.")),
+      runs_delete_set_button(add_button(*runs_view_output_button.parent(), "runs_delete_set_button",
+                                        "Delete set",
+                                        "Forget this set of runs. The outputs of its scenarios stay.")),
+      run_log_memo(run_set_progress_label.parent()->add<TMemo>("run_log_memo")) {
+    Place place = run_log_memo.place();
+    place.height = lines_of_log;
+    run_log_memo.set_place(place);
+    run_log_memo.set_read_only(true);
+    run_log_memo.set_visible(false);
+    run_set_progress_label.set_text_is_data(true);
+    make_engine = [](const std::string& folder) { return std::make_unique<Supervised_engine>(folder); };
+    run_sets_table.set_rows(&set_rows_);
+    runs_table.set_rows(&run_rows_);
+    static_cast<TSplitter&>(*run_sets_table.parent()).set_position(share_of_sets);
+    wire();
+    show_progress();
+}
+
+void Runs_page::wire() {
+    runs_tabsheet.on_show = [this] { Update(); };
+    run_sets_table.on_change = [this] { set_chosen(); };
+    runs_table.on_change = [this] { show_progress(); };
+    runs_table.on_double_click = [this](int, int) { view_output_of_run(); };
+    runs_table.on_sort = [this](int column, bool down) {
+        run_rows_.sort(column, down);
+        runs_table.set_sort(column, down);
+        runs_table.rows_changed();
+    };
+    runs_stop_button.on_click = [this] { stop_chosen(); };
+    runs_continue_button.on_click = [this] { continue_chosen(); };
+    runs_failed_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::failed)); };
+    runs_out_of_date_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::out_of_date)); };
+    runs_all_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::all)); };
+    runs_view_output_button.on_click = [this] { view_output_of_run(); };
+    runs_show_log_button.on_click = [this] {
+        run_log_memo.set_visible(!run_log_memo.visible());
+        show_log();
+    };
+    runs_delete_set_button.on_click = [this] { delete_chosen(); };
+    timer_.on_timer = [this] { look(true); };
+}
+
+Known_run_set* Runs_page::chosen() const {
+    const int row = run_sets_table.cursor_row();
+    return row < 0 ? nullptr : set_rows_.sets[static_cast<std::size_t>(row)].get();
+}
+
+std::string Runs_page::chosen_scenario() const {
+    Known_run_set* const set = chosen();
+    const int row = runs_table.cursor_row();
+    return set == nullptr || set->set() == nullptr || row < 0 ? ""
+                                                              : set->set()->scenarios[run_rows_.run_of(row)];
+}
+
+void Runs_page::Update() {
+    if (!has_project() || !workspace().ensure_project_directory())
+        return;
+    const std::string folder = workspace().project_directory->Runs;
+    if (folder != runs_folder_ || !states_) {
+        runs_folder_ = folder;
+        states_ = std::make_unique<Scenario_states>(*workspace().project_directory, runs_folder_);
+    }
+    list_sets();
+    look(false);
+}
+
+// Sets that are known stay as they are: they may be at work.
+void Runs_page::list_sets() {
+    const std::string before = chosen() == nullptr ? "" : chosen()->folder();
+    std::vector<std::unique_ptr<Known_run_set>> sets;
+    int cursor = 0;
+    for (const std::string& folder : list_run_sets(runs_folder_)) {
+        const auto known = std::find_if(set_rows_.sets.begin(), set_rows_.sets.end(),
+                                        [&](const auto& set) { return set && set->folder() == folder; });
+        if (folder == before)
+            cursor = static_cast<int>(sets.size());
+        sets.push_back(known == set_rows_.sets.end() ? std::make_unique<Known_run_set>(folder)
+                                                     : std::move(*known));
+    }
+    run_rows_.show(nullptr);
+    runs_table.rows_changed();
+    set_rows_.sets = std::move(sets);
+    run_sets_table.rows_changed();
+    run_sets_table.set_cursor(set_rows_.sets.empty() ? -1 : cursor, 0);
+    set_chosen();
+}
+
+void Runs_page::set_chosen() {
+    run_rows_.show(chosen());
+    runs_table.set_sort(-1, false);
+    runs_table.rows_changed();
+    runs_table.set_cursor(run_rows_.count() > 0 ? 0 : -1, 0);
+    show_progress();
+}
+
+// ---- running
+
+bool Runs_page::run_beside(const Run_set& set) {
+    Update();
+    const Made_run_set made = make_run_set(runs_folder_, set);
+    if (!made.result.ok()) {
+        form.parameter_file_form().notice(worded("The folder of the runs cannot be written."));
+        return false;
+    }
+    list_sets();
+    for (std::size_t row = 0; row < set_rows_.sets.size(); ++row)
+        if (set_rows_.sets[row]->folder() == made.folder)
+            run_sets_table.set_cursor(static_cast<int>(row), 0);
+    set_chosen();
+    return chosen() != nullptr && start(*chosen());
+}
+
+bool Runs_page::start(Known_run_set& set) {
+    set.engine = make_engine(set.folder());
+    if (const std::string reason = set.engine->start(); !reason.empty()) {
+        set.engine.reset();
+        form.parameter_file_form().notice(screen_text(reason));
+        return false;
+    }
+    if (set.engine->descriptor() >= 0) {
+        set.watch = std::make_unique<TDescriptor_watch>(set.engine->descriptor());
+        set.watch->on_ready = [this] { look(false); };
+        set.watch->set_enabled(true);
+    }
+    look(false);
+    return true;
+}
+
+// Brings all that is at work up to date. The timer goes on as long as there is any.
+void Runs_page::look(bool is_second_over) {
+    bool any_at_work = false;
+    for (int row = 0; row < set_rows_.count(); ++row) {
+        Known_run_set& set = *set_rows_.sets[static_cast<std::size_t>(row)];
+        look_at(set, row, is_second_over);
+        any_at_work = any_at_work || set.engine || set.is_at_work();
+    }
+    timer_.set_enabled(any_at_work);
+    show_progress();
+}
+
+void Runs_page::look_at(Known_run_set& set, int row, bool is_second_over) {
+    const bool has_ended = set.engine && !set.engine->poll();
+    const bool has_news = set.refresh();
+    if (has_ended) {
+        if (const std::string trouble = set.engine->trouble(); !trouble.empty())
+            form.parameter_file_form().notice(screen_text(trouble));
+        if (set.watch)
+            set.watch->set_enabled(false); // it may be telling this very news, and goes with the next start
+        set.engine.reset();
+        set.refresh();
+        ended(set);
+    }
+    if (&set == chosen() && set.journal() != nullptr) {
+        for (int shown = 0; is_second_over && shown < run_rows_.count(); ++shown)
+            if (set.journal()->runs()[run_rows_.run_of(shown)].outcome == Run_record::Outcome::running)
+                runs_table.row_changed(shown);
+        if (has_news)
+            for (const std::size_t run : set.journal()->changed())
+                runs_table.row_changed(run_rows_.row_of(run));
+        if (run_log_memo.visible() && has_news)
+            show_log();
+    }
+    if (has_news || has_ended || set.is_at_work())
+        run_sets_table.row_changed(row);
+    if ((has_news || has_ended) && on_run_changed)
+        on_run_changed();
+}
+
+// One notice for the whole set.
+void Runs_page::ended(Known_run_set& set) {
+    const Run_progress progress = set.progress();
+    form.parameter_file_form().notice(worded(progress.failed > 0  ? "Runs have failed; see the page Runs:"
+                                             : progress.is_over() ? "The runs have ended:"
+                                                                  : "The runs have been stopped:") +
+                                      ' ' + describe(progress));
+}
+
+bool Runs_page::may_close() {
+    std::size_t at_work = 0;
+    for (const auto& set : set_rows_.sets)
+        at_work += set->engine ? 1 : 0;
+    if (at_work == 0)
+        return true;
+    const Modal_result answer = message_box("Runs are still at work beside the editor. Stop them? ([No] lets "
+                                            "them go on, and they are found again at the "
+                                            "next start)",
+                                            "Runs at work", Button_set::yes_no_cancel);
+    if (answer != Modal_result::yes && answer != Modal_result::no)
+        return false;
+    for (const auto& set : set_rows_.sets) {
+        if (!set->engine)
+            continue;
+        auto* const supervised = dynamic_cast<Supervised_engine*>(set->engine.get());
+        if (answer == Modal_result::no && supervised != nullptr)
+            supervised->go_on_alone();
+        else
+            set->engine->stop();
+    }
+    return true;
+}
+
+// ---- what is done about a set, or a run
+
+void Runs_page::show_progress() {
+    Known_run_set* const set = chosen();
+    const bool is_readable = set != nullptr && set->journal() != nullptr;
+    const Run_progress progress = is_readable ? set->progress() : Run_progress();
+    const bool is_at_work = is_readable && set->is_at_work();
+    run_set_progress_label.set_text(is_readable ? describe(progress) : "");
+    run_set_progressbar.set_maximum(static_cast<int>(progress.total));
+    run_set_progressbar.set_position(static_cast<int>(progress.ended()));
+    run_set_progressbar.set_visible(is_at_work);
+    runs_stop_button.set_enabled(is_at_work);
+    runs_continue_button.set_enabled(is_readable && !is_at_work && !progress.is_over());
+    runs_failed_again_button.set_enabled(is_readable && !is_at_work && progress.failed > 0);
+    runs_out_of_date_again_button.set_enabled(is_readable && !is_at_work);
+    runs_all_again_button.set_enabled(is_readable && !is_at_work);
+    runs_delete_set_button.set_enabled(set != nullptr && !is_at_work);
+    const bool has_run = runs_table.cursor_row() >= 0;
+    runs_view_output_button.set_enabled(has_run);
+    runs_show_log_button.set_enabled(has_run);
+    if (!has_run)
+        run_log_memo.set_visible(false);
+}
+
+void Runs_page::show_log() {
+    if (!run_log_memo.visible() || chosen() == nullptr || runs_table.cursor_row() < 0)
+        return;
+    const std::string file = printed_file(chosen()->folder(), run_rows_.run_of(runs_table.cursor_row()));
+    std::string printed = platform::read_file(file).contents;
+    if (printed.size() > most_on_view)
+        printed.erase(0, printed.size() - most_on_view);
+    run_log_memo.set_text(printed.empty() ? worded("The model has printed nothing.") : screen_text(printed));
+}
+
+void Runs_page::stop_chosen() {
+    Known_run_set* const set = chosen();
+    if (set == nullptr || set->journal() == nullptr)
+        return;
+    if (set->engine)
+        set->engine->stop();
+    else if (!stop_run_set(*set->journal()))
+        form.parameter_file_form().notice(
+            worded("These runs were started on another machine, and can only be stopped there."));
+    look(false);
+}
+
+void Runs_page::continue_chosen() {
+    if (chosen() != nullptr)
+        start(*chosen());
+}
+
+void Runs_page::run_again(int which) {
+    Known_run_set* const set = chosen();
+    if (set == nullptr || set->set() == nullptr || !states_ || !form.save())
+        return;
+    states_->refresh();
+    const Run_set again =
+        repetition_of(*set->set(), *set->journal(), *states_, static_cast<Repetition>(which));
+    if (again.scenarios.empty())
+        form.parameter_file_form().notice(worded("There is nothing of this set to be run again."));
+    else
+        run_beside(again);
+}
+
+void Runs_page::view_output_of_run() {
+    const std::string scenario = chosen_scenario();
+    if (!scenario.empty() && !view_output(workspace(), scenario))
+        form.parameter_file_form().notice(worded("This run has left no output."));
+}
+
+void Runs_page::delete_chosen() {
+    Known_run_set* const set = chosen();
+    if (set == nullptr || message_box("Delete this set of runs? The outputs of its scenarios stay.",
+                                      "Delete set", Button_set::ok_cancel) != Modal_result::ok)
+        return;
+    if (!delete_run_set(set->folder(), false))
+        form.parameter_file_form().notice(worded("The folder of the runs cannot be deleted."));
+    list_sets();
+}

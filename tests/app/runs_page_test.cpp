@@ -1,0 +1,108 @@
+#include "project_support.h"
+#include "runs/local_engine.h"
+#include "runs/run_folders.h"
+
+#include <thread>
+
+namespace {
+
+// The project with a model that fails on "dry" as long as there is a file of that name, and waits for ever on
+// "wet" likewise.
+class Runs_page_test : public Project_test {
+protected:
+    Runs_page_test() {
+        drives.write("model.exe", "#!/bin/sh\n"
+                                  "for scenario; do :; done\n"
+                                  "name=${scenario##*\\\\}; name=${name%.tvn}\n"
+                                  "echo \"about $name\"\n"
+                                  "[ -e fail_$name ] && exit 3\n"
+                                  "[ -e wait_$name ] && exec /bin/sleep 60\n"
+                                  "/bin/mkdir -p \"Scenarios/$name/Output\"\n"
+                                  "echo done >\"Scenarios/$name/Output/season.xeb\"\n");
+        std::filesystem::permissions(drives.host("model.exe"), std::filesystem::perms::owner_all);
+        form.runs.make_engine = [](const std::string& folder) {
+            return std::make_unique<Local_engine>(folder, *read_run_set(folder),
+                                                  std::chrono::milliseconds(50));
+        };
+        open();
+        record->cropping_system_model = "C:\\model.exe";
+    }
+    // Lets the seconds go by until nothing is at work, or the sign holds.
+    template <class Sign>
+    void wait_until(Sign sign) {
+        for (int i = 0; i < 500 && !sign(); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            desktop.advance(1000);
+        }
+        EXPECT_TRUE(sign());
+    }
+    bool at_rest() const { return !page().runs_stop_button.enabled(); }
+    const Runs_page& page() const { return form.runs; }
+    // "state scenario end;" of each run of the set that is chosen.
+    std::string runs() {
+        std::string text;
+        for (int row = 0; row < page().runs_table.count(); ++row)
+            for (const int column : {0, 1, 4}) {
+                const std::string cell = page().runs_table.rows()->cell(row, column).text;
+                text += cell + (column == 4 ? ";" : cell.empty() ? "" : " ");
+            }
+        return text;
+    }
+};
+
+TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_ones_again) {
+    drives.write("projects/study/fail_dry", "");
+    created().check(0);
+    created().check(1);
+    EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
+    EXPECT_EQ(form.project_pagecontrol.active_page(), &page().runs_tabsheet);
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs(), "done base ;failed dry exit code 3;");
+    EXPECT_EQ(parameter_form.status_line.text().find("Runs have failed"), 0u);
+    EXPECT_TRUE(created().checked(0)) << "what became of a run is told elsewhere";
+
+    form.runs.runs_table.select_row(1);
+    EXPECT_TRUE(form.runs.runs_show_log_button.click());
+    EXPECT_EQ(form.runs.run_log_memo.text(), "about dry\n");
+    EXPECT_TRUE(form.runs.runs_table.click_header(1));
+    EXPECT_TRUE(form.runs.runs_table.click_header(1));
+    EXPECT_EQ(runs(), "failed dry exit code 3;done base ;");
+
+    std::filesystem::remove(drives.host("projects/study/fail_dry"));
+    EXPECT_TRUE(form.runs.runs_failed_again_button.click());
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs(), "done dry ;");
+    EXPECT_EQ(page().run_sets_table.count(), 2);
+    EXPECT_FALSE(page().runs_failed_again_button.enabled());
+
+    desktop.expect_message("Delete set", "Delete this set of runs? The outputs of its scenarios stay.",
+                           Modal_result::ok);
+    EXPECT_TRUE(form.runs.runs_delete_set_button.click());
+    EXPECT_EQ(page().run_sets_table.count(), 1);
+    EXPECT_TRUE(there("projects/study/Scenarios/dry/Output"));
+}
+
+TEST_F(Runs_page_test, closing_asks_what_is_to_become_of_runs_and_a_stopped_set_is_continued) {
+    drives.write("projects/study/wait_wet", "");
+    created().check(2);
+    EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
+    wait_until([&] { return runs() == "running wet ;"; });
+    const char* const question =
+        "Runs are still at work beside the editor. Stop them? ([No] lets them go on, and they "
+        "are found again at the next start)";
+    desktop.expect_message("Runs at work", question, Modal_result::cancel);
+    parameter_form.cancel_button.click();
+    EXPECT_TRUE(parameter_form.visible());
+    EXPECT_TRUE(form.runs.runs_stop_button.click());
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs().substr(0, 12), "stopped wet ");
+
+    std::filesystem::remove(drives.host("projects/study/wait_wet"));
+    EXPECT_TRUE(form.runs.runs_continue_button.click());
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs(), "done wet ;");
+    EXPECT_EQ(page().run_sets_table.count(), 1);
+    EXPECT_FALSE(page().runs_continue_button.enabled());
+}
+
+} // namespace

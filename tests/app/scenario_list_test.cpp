@@ -1,0 +1,84 @@
+#include "project_support.h"
+
+#include <algorithm>
+
+namespace {
+
+class Scenario_list_test : public Project_test {
+protected:
+    Scenario_list_test() {
+        for (const char* scenario : {"plot 10", "plot 2"})
+            copy_data("base.tvn", std::string("projects/study/Scenarios/") + scenario + ".tvn");
+        drives.write("projects/study/Scenarios/plot 2.tvn", "[scenario]\ndescription=Barley after peas\n");
+        open();
+        desktop.advance(10);
+    }
+    Scenario_list_table& table() { return form.scenarios.lists.created; }
+    std::string rows(int column = 0) {
+        std::string text;
+        for (int row = 0; row < table().table.count(); ++row)
+            text += table().table.rows()->cell(row, column).text + ";";
+        return text;
+    }
+    void filter(const std::string& text) {
+        table().filter_edit.select_all();
+        table().filter_edit.type_text(text);
+        desktop.advance(10);
+    }
+};
+
+TEST_F(Scenario_list_test, shows_what_is_known_of_scenarios_as_people_count_filtered_with_the_ticks_kept) {
+    EXPECT_EQ(rows(), "base.tvn;dry.tvn;plot 2.tvn;plot 10.tvn;wet.tvn;");
+    EXPECT_EQ(rows(1), "never run;never run;never run;never run;never run;");
+    EXPECT_NE(rows(2).find("Barley after peas;"), std::string::npos);
+    EXPECT_TRUE(table().table.click_header(0));
+    EXPECT_EQ(rows(), "wet.tvn;plot 10.tvn;plot 2.tvn;dry.tvn;base.tvn;");
+    EXPECT_TRUE(table().table.toggle_tick(4));
+    EXPECT_TRUE(created().checked(0)) << "a tick of the table is a mark of the list";
+
+    filter("plot");
+    EXPECT_EQ(rows(), "plot 10.tvn;plot 2.tvn;");
+    table().tick_all_shown();
+    desktop.advance(10);
+    EXPECT_EQ(table().count_label.text(), "2 / 5 shown, 3 ticked, 1 of these not shown");
+    EXPECT_EQ(created().checked_count(), 3);
+    filter("*peas");
+    EXPECT_EQ(rows(), "plot 2.tvn;");
+    filter("PEAS 2");
+    EXPECT_EQ(rows(), "plot 2.tvn;");
+    filter("");
+    EXPECT_TRUE(table().state_combo.select(8)); // ticked
+    EXPECT_EQ(rows(), "plot 10.tvn;plot 2.tvn;base.tvn;");
+}
+
+TEST_F(Scenario_list_test, the_row_under_the_cursor_is_the_active_scenario_and_has_a_menu) {
+    EXPECT_TRUE(table().table.select_row(2));
+    EXPECT_EQ(record->active_scenario.get_name(true), "plot 2.tvn");
+    const std::string layout = table().layout();
+    table().table.resize_column(2, 50);
+    table().table.click_header(1);
+    EXPECT_NE(table().layout(), layout);
+    table().set_layout(layout);
+    EXPECT_EQ(table().layout(), layout);
+    EXPECT_EQ(table().table.cursor_row(), 2);
+
+    desktop.expect_menu("Copy name");
+    EXPECT_TRUE(table().table.open_menu(2, 0));
+    EXPECT_EQ(desktop.clipboard_text(), "plot 2.tvn");
+    started();
+    desktop.expect_menu("Open in the scenario editor");
+    EXPECT_TRUE(table().table.open_menu(2, 0));
+    EXPECT_NE(started().find("\"C:\\projects\\study\\Scenarios\\plot 2.tvn\""), std::string::npos);
+}
+
+TEST_F(Scenario_list_test, what_other_programs_make_or_change_appears_by_itself) {
+    copy_data("base.tvn", "projects/study/Scenarios/new.tvn");
+    drives.write("projects/study/Scenarios/dry.tvn", "[scenario]\ndescription=Changed elsewhere\n");
+    desktop.descriptor_ready(form.scenarios.lists.watched_descriptor());
+    desktop.advance(300);
+    desktop.advance(10);
+    EXPECT_EQ(rows(), "base.tvn;dry.tvn;new.tvn;plot 2.tvn;plot 10.tvn;wet.tvn;");
+    EXPECT_NE(rows(2).find("Changed elsewhere;"), std::string::npos);
+}
+
+} // namespace

@@ -70,11 +70,6 @@ void Scenario_lists::wire() {
     scenerios_select_none_button.on_click = [this] { scenerios_select_none_button_onclick(); };
     relist_scenarios_button.on_click = [this] { relist_scenarios_button_onclick(); };
     explore_scenarios_button.on_click = [this] { explore_scenarios_buttonClick(); };
-    descriptor_watch_.on_ready = [this] {
-        folder_watch_.take_changes();
-        settled_timer_.set_enabled(true);
-    };
-    settled_timer_.on_timer = [this] { look_at_changed_folders(); };
     states_timer_.on_timer = [this] { refresh_states(); };
     for (Scenario_list_table* table : {&created, &generated})
         table->on_menu = [this] { menu.popup(); };
@@ -92,36 +87,6 @@ void Scenario_lists::refresh_states() {
     generated.facts_changed();
 }
 
-// ---- what other programs make, change and delete
-
-void Scenario_lists::watch_folders() {
-    const std::string created_folder = record_text(created_scenarios_filelistbox.folder());
-    const std::string generated_folder = record_text(generated_scenarios_filelistbox.folder());
-    if (std::exchange(watched_folders_, created_folder + '|' + generated_folder) ==
-        created_folder + '|' + generated_folder)
-        return;
-    for (const std::optional<int>& watch : {watched_created_, watched_generated_})
-        if (watch)
-            folder_watch_.forget(*watch);
-    watched_created_ = created_folder.empty() ? std::nullopt : folder_watch_.watch_folder(created_folder);
-    watched_generated_ =
-        generated_folder.empty() ? std::nullopt : folder_watch_.watch_folder(generated_folder);
-    descriptor_watch_.set_enabled(folder_watch_.descriptor() >= 0);
-    created.set_states(form.runs.states());
-    generated.set_states(form.runs.states());
-}
-
-void Scenario_lists::look_at_changed_folders() {
-    settled_timer_.set_enabled(false);
-    if (!has_project())
-        return;
-    created_scenarios_filelistbox.Update();
-    generated_scenarios_filelistbox.Update();
-    point_at_active();
-    refresh_states();
-    form.scenarios.list_changed();
-}
-
 void Scenario_lists::bind() {
     current_scenarios_listbox = &created_scenarios_filelistbox;
 }
@@ -133,7 +98,8 @@ void Scenario_lists::Update() {
             : std::string();
     created_scenarios_filelistbox.set_folder(folder);
     form.TVN_filedialog.initial_folder = folder;
-    watch_folders();
+    created.set_states(form.runs.states());
+    generated.set_states(form.runs.states());
 }
 
 void Scenario_lists::show_hide_generated() {
@@ -143,7 +109,6 @@ void Scenario_lists::show_hide_generated() {
         show_folder(generated_scenarios_filelistbox,
                     workspace().project_directory->get_generated_scenarios_directory(false));
     tabsheet_generated_scenarios.set_visible(exists);
-    watch_folders();
     set_current_list();
 }
 

@@ -5,8 +5,6 @@
 #include "app/project_page.h"
 #include "app/scenario_list_table.h"
 #include "app/scenario_menu.h"
-#include "platform/folder_watch.h"
-#include "toolkit/descriptor_watch.h"
 #include "toolkit/timer.h"
 
 #include <string>
@@ -31,8 +29,6 @@ public:
     // The names of its checked lines, as their files have them.
     std::vector<std::string> checked_files();
     Scenario_list_table& current_table();
-    // What tells of changes in the folders; negative where the host cannot.
-    int watched_descriptor() const { return folder_watch_.descriptor(); }
     // The file of a line of that list; needs a project directory.
     std::string scenario_of_line(int index);
 
@@ -64,18 +60,9 @@ public:
     void states_changed() { states_timer_.set_enabled(true); }
 
 private:
-    void watch_folders();
-    void look_at_changed_folders();
     void refresh_states();
     void wire();
     void point_at_active(TFileCheckListBox& list);
 
-    platform::Folder_watch folder_watch_;
-    TDescriptor_watch descriptor_watch_{folder_watch_.descriptor()};
-    std::optional<int> watched_created_;
-    std::optional<int> watched_generated_;
-    std::string watched_folders_;
-    // Changes come by the dozen: they are looked at once they have settled.
-    TTimer settled_timer_{250};
     TTimer states_timer_{1000};
 };

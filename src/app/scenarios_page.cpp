@@ -89,6 +89,7 @@ void Scenarios_page::show_active_scenario() {
 void Scenarios_page::files_changed() {
     lists.created_scenarios_filelistbox.Update();
     lists.generated_scenarios_filelistbox.Update();
+    lists.states_changed();
     list_changed();
 }
 

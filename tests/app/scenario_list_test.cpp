@@ -74,8 +74,9 @@ TEST_F(Scenario_list_test, the_row_under_the_cursor_is_the_active_scenario_and_h
 TEST_F(Scenario_list_test, what_other_programs_make_or_change_appears_by_itself) {
     copy_data("base.tvn", "projects/study/Scenarios/new.tvn");
     drives.write("projects/study/Scenarios/dry.tvn", "[scenario]\ndescription=Changed elsewhere\n");
-    desktop.descriptor_ready(form.scenarios.lists.watched_descriptor());
+    desktop.descriptors_ready();
     desktop.advance(300);
+    desktop.advance(1000);
     desktop.advance(10);
     EXPECT_EQ(rows(), "base.tvn;dry.tvn;new.tvn;plot 2.tvn;plot 10.tvn;wet.tvn;");
     EXPECT_NE(rows(2).find("Changed elsewhere;"), std::string::npos);

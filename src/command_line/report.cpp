@@ -28,6 +28,11 @@ std::string fitted(const std::string& text, std::size_t width) {
     return text.substr(0, end) + ellipsis;
 }
 
+// What is no UTF-8 can only come from a name of the host, and is shown by the character that stands for such.
+std::string json_text(const Json& value, int indent) {
+    return value.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 // The colour of a word that tells how something is; nothing for any other.
 const char* colour_of(const std::string& word) {
     struct Coloured {
@@ -63,7 +68,7 @@ bool Report::add(const std::vector<Json>& row) {
         Json object = Json::object();
         for (std::size_t i = 0; i < columns_.size(); ++i)
             object[columns_[i].key] = row[i];
-        out << (is_first_ ? "[\n  " : ",\n  ") << object.dump();
+        out << (is_first_ ? "[\n  " : ",\n  ") << json_text(object, -1);
         is_first_ = false;
         return session_.console.output().has_reader();
     }
@@ -133,7 +138,7 @@ void Report::write_table() {
 void print_object(Session& session, const Json& object) {
     std::ostream& out = session.console.out();
     if (session.as_json) {
-        out << object.dump(2) << '\n';
+        out << json_text(object, 2) << '\n';
     } else {
         std::size_t widest = 0;
         for (const auto& [key, value] : object.items())

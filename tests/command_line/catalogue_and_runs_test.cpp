@@ -14,6 +14,8 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
          "..\tfailed\tIt cannot be the name of a scenario.\n\u0416\tfailed\tIt cannot be the name of a "
          "scenario.\n",
          "3 of 5 failed: base, .., \u0416"},
+        {"tvs_project new Irrigation_study $'\\xff/..' --json | grep -c 'cannot be the name'", 0, "1\n",
+         "1 of 1 failed"},
         {"tvs_project get Irrigation_study/Scenarios/x.tvn parameter_filenames.soil", 0,
          "<Required (This must be selected)>\n", ""},
         {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn", 0,

@@ -26,8 +26,8 @@ constexpr int first_state = 1; // in the order of Scenario_state
 constexpr int ticked_choice = 8;
 
 std::vector<Table_column> table_columns() {
-    return {{"name", "Name", 28},
-            {"state", "State", 13},
+    return {{"name", "Name", 24},
+            {"state", "State", 12},
             {"description", "Description", 34},
             {"changed", "Last changed", 17},
             {"run", "Last run", 17}};

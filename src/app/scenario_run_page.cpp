@@ -144,6 +144,7 @@ void Scenario_run_page::senerios_run_button_onclick() {
             run_active();
     }
     form.scenarios.show_active_scenario();
+    form.scenarios.lists.states_changed();
     if (batch && current_desktop != nullptr)
         current_desktop->restore();
 }

@@ -126,6 +126,9 @@ void Options_page::STATSGO_directory_edit_onchange() {
 void Options_page::combinatorial_scenario_generation_buttonClick() {
     if (!has_project() || !workspace().need_project_directory())
         return;
+    std::optional<Change_backups> backups;
+    if (!prepare_backups(plan_generation(record(), *workspace().project_directory).replaced, backups))
+        return;
     Scenario_lists& lists = form.scenarios.lists;
     lists.tabsheet_generated_scenarios.set_visible(true);
     lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
@@ -133,12 +136,13 @@ void Options_page::combinatorial_scenario_generation_buttonClick() {
     lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
     lists.set_current_list();
     TFileCheckListBox& list = lists.generated_scenarios_filelistbox;
-    const Operation_outcome outcome = generate_scenarios(record(), *workspace().project_directory, nullptr,
-                                                         std::cout, [&list](const std::string& file_name) {
-                                                             list.add_line(screen_text(file_name));
-                                                             list.show_line(list.count() - 1);
-                                                             return paint_pending();
-                                                         });
+    const Operation_outcome outcome =
+        generate_scenarios(record(), *workspace().project_directory, pointer_to(backups), std::cout,
+                           [&list](const std::string& file_name) {
+                               list.add_line(screen_text(file_name));
+                               list.show_line(list.count() - 1);
+                               return paint_pending();
+                           });
     workspace().enter_project_folder();
     form.show_hide();
     lists.relist_scenarios_button_onclick();

@@ -37,6 +37,19 @@ void Project_page::update_bound_controls() {
         control->Update();
 }
 
+bool Project_page::prepare_backups(const std::vector<std::string>& files,
+                                   std::optional<Change_backups>& backups) const {
+    if (files.empty())
+        return true;
+    if (Change_backups::need(files).fits()) {
+        backups.emplace(*workspace().project_directory);
+        return true;
+    }
+    return message_box(
+               "What would be put aside, so that this can be undone, is more than 1 GiB. Go on without?",
+               "Cannot be undone", Button_set::ok_cancel) == Modal_result::ok;
+}
+
 bool paint_pending() {
     return current_desktop == nullptr || current_desktop->process_messages();
 }

@@ -4,10 +4,12 @@
 
 #include "editing/file_edit_bar.h"
 #include "editing/page_parts.h"
+#include "operations/change_backups.h"
 #include "operations/operation_outcome.h"
 #include "operations/project_workspace.h"
 #include "toolkit/file_list_box.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,11 +46,20 @@ protected:
     void forget_bound_controls() { bound_controls_.clear(); }
     void update_bound_controls();
 
+    // Prepares to put the files (full names) aside that an operation will replace or take away. Where that is
+    // more than the project keeps, asks whether to go on without; false when the user does not.
+    bool prepare_backups(const std::vector<std::string>& files, std::optional<Change_backups>& backups) const;
+
     TTilverra_project_form& form;
 
 private:
     std::vector<TControl*> bound_controls_;
 };
+
+// What operations take for backups: null for none.
+inline Change_backups* pointer_to(std::optional<Change_backups>& backups) {
+    return backups ? &*backups : nullptr;
+}
 
 // Lets what changed be painted. False once the user closes the program.
 bool paint_pending();

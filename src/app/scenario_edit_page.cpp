@@ -119,8 +119,11 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     std::vector<std::string> files;
     for (const std::string& file : SIM_dialog.files)
         files.push_back(record_text(file));
+    std::optional<Change_backups> backups;
+    if (workspace().need_project_directory())
+        backups.emplace(*workspace().project_directory);
     const Operation_outcome outcome =
-        import_version_3_scenarios(workspace(), files, ask_to_replace, nullptr, {});
+        import_version_3_scenarios(workspace(), files, ask_to_replace, pointer_to(backups), {});
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
     show_failures(outcome, "Files not imported");
@@ -151,7 +154,7 @@ void Scenario_edit_page::scenario_delete_button_onclick() {
     else if (!active_file.empty() &&
              (!workspace().active_scenario_is_outside() || may_delete_outside(active_file)))
         // The folder of the active scenario stays.
-        outcome = delete_scenario_file(active, permanently, nullptr);
+        outcome = delete_active(permanently);
     lists.current().Update();
     form.scenarios.list_changed();
     show_failures(outcome, "Scenarios not deleted");
@@ -161,19 +164,35 @@ void Scenario_edit_page::scenario_delete_button_onclick() {
                     "Deletion stopped", Button_set::ok);
 }
 
+// A file outside the project cannot be put aside in it.
+Operation_outcome Scenario_edit_page::delete_active(bool permanently) {
+    const TVN_filename active = record().active_scenario;
+    std::optional<Change_backups> backups;
+    if (permanently && !workspace().active_scenario_is_outside() && !prepare_backups({active}, backups))
+        return {};
+    return delete_scenario_file(active, permanently, pointer_to(backups));
+}
+
 Operation_outcome Scenario_edit_page::delete_checked(const std::vector<std::string>& checked,
                                                      bool permanently) {
     Scenario_lists& lists = form.scenarios.lists;
+    const TESK::Directory_name folder = workspace().scenarios_directory(lists.current_folder(), false);
+    std::vector<std::string> files;
+    for (std::size_t i = 0; permanently && i < checked.size(); ++i)
+        for (const std::string& file : files_of_scenario(folder, checked[i]))
+            files.push_back(file);
+    std::optional<Change_backups> backups;
+    if (!prepare_backups(files, backups))
+        return {};
     const Busy_pointer busy;
     Line_progress progress(form.scenarios, checked.size());
-    return delete_scenarios(workspace().scenarios_directory(lists.current_folder(), false), checked,
-                            permanently, nullptr, [&](std::size_t done, std::size_t total) {
-                                lists.current().set_item_index(
-                                    lists.current().index_of(screen_text(checked[done])));
-                                progress.show(done + 1, total, checked[done]);
-                                progress.step();
-                                return progress.goes_on();
-                            });
+    return delete_scenarios(
+        folder, checked, permanently, pointer_to(backups), [&](std::size_t done, std::size_t total) {
+            lists.current().set_item_index(lists.current().index_of(screen_text(checked[done])));
+            progress.show(done + 1, total, checked[done]);
+            progress.step();
+            return progress.goes_on();
+        });
 }
 
 void Scenario_edit_page::parameter_database_onclick() {

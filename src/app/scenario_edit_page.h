@@ -37,5 +37,6 @@ public:
 
 private:
     void wire();
+    Operation_outcome delete_active(bool permanently);
     Operation_outcome delete_checked(const std::vector<std::string>& checked, bool permanently);
 };

@@ -27,7 +27,7 @@ constexpr int ticked_choice = 8;
 
 std::vector<Table_column> table_columns() {
     return {{"name", "Name", 24},
-            {"state", "State", 12},
+            {"state", "State", 15},
             {"description", "Description", 34},
             {"changed", "Last changed", 17},
             {"run", "Last run", 17}};

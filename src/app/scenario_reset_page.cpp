@@ -49,12 +49,15 @@ void Scenario_reset_page::reset_scenario_button_onclick() {
         targets.push_back(lists.scenario_of_line(i));
         lines.push_back(i);
     }
+    std::optional<Change_backups> backups;
+    if (!prepare_backups(targets, backups))
+        return;
     TProgressBar& bar = form.scenarios.sim_run_progressbar;
     Operation_outcome outcome;
     {
         const Busy_pointer busy;
         const Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()));
-        outcome = reset_scenarios(source, targets, ticked_reset_boxes(), nullptr,
+        outcome = reset_scenarios(source, targets, ticked_reset_boxes(), pointer_to(backups),
                                   [&](std::size_t done, std::size_t) {
                                       bar.set_position(lines[done]);
                                       return true;

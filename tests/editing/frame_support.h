@@ -43,7 +43,7 @@ protected:
         for (const Message& message : desktop.messages()) {
             std::istringstream lines(message.title + '\n' + message.text);
             for (std::string line; std::getline(lines, line);)
-                for (const char* language : {"es", "ru"})
+                for (const char* language : {"es", "fr", "ru"})
                     EXPECT_TRUE(names_something(line) || phrases.find_translation(line, language) != nullptr)
                         << language << ": " << line;
         }

@@ -163,7 +163,7 @@ TEST(Translation_of_the_suite, reaches_every_caption_and_hint_of_the_bound_contr
     const Installed_suite suite;
     // The signs on small buttons, and texts that are not set.
     const std::string kept[] = {"X", "?", "...", "\xE2\x9C\x93", ""};
-    for (const char* language : {"es", "ru"}) {
+    for (const char* language : {"es", "fr", "ru"}) {
         TForm form("form");
         form.add<TAutoFloat32EditBar>("number");
         form.add<TAutoInt16EditBar>("whole_number");

@@ -60,7 +60,9 @@ bool Known_run_set::refresh() {
     if (!is_read_ || !journal_)
         return false;
     const bool has_news = journal_->update();
-    const bool was_at_work = std::exchange(is_at_work_, is_owned(*journal_));
+    // Whoever has taken a list of command lines is out of sight, and may have done with it.
+    const bool is_handed_out = journal_->job() && journal_->job()->is_list();
+    const bool was_at_work = std::exchange(is_at_work_, !is_handed_out && is_owned(*journal_));
     return has_news || was_at_work != is_at_work_;
 }
 
@@ -145,7 +147,9 @@ Table_cell Run_rows::cell(int row, int column) const {
         if (record.outcome == Run_record::Outcome::running && set_->is_at_work())
             return {.text = duration_text(static_cast<double>(moment_now() - record.started) / milliseconds)};
         return {.text = record.has_ended() && record.started != 0 ? duration_text(record.seconds) : ""};
-    default: return {.text = describe_end(record, set_->journal()->reason(run))};
+    default:
+        return {.text =
+                    record.is_done() ? "exit code 0" : describe_end(record, set_->journal()->reason(run))};
     }
 }
 

@@ -82,7 +82,10 @@ Runs_page::Runs_page(TTilverra_project_form& project_form)
 void Runs_page::wire() {
     runs_tabsheet.on_show = [this] { Update(); };
     run_sets_table.on_change = [this] { set_chosen(); };
-    runs_table.on_change = [this] { show_progress(); };
+    runs_table.on_change = [this] {
+        show_progress();
+        show_log();
+    };
     runs_table.on_double_click = [this](int, int) { view_output_of_run(); };
     runs_table.on_sort = [this](int column, bool down) {
         run_rows_.sort(column, down);
@@ -101,6 +104,10 @@ void Runs_page::wire() {
     };
     runs_delete_set_button.on_click = [this] { delete_chosen(); };
     timer_.on_timer = [this] { look(true); };
+    follower_.on_change = [this] {
+        list_sets();
+        look(false);
+    };
 }
 
 Known_run_set* Runs_page::chosen() const {
@@ -124,7 +131,17 @@ void Runs_page::Update() {
         states_ = std::make_unique<Scenario_states>(*workspace().project_directory, runs_folder_);
     }
     list_sets();
+    look_after_jobs();
     look(false);
+    follower_.follow({runs_folder_}, {});
+}
+
+// A job of a scheduler that has lost its watcher, as after a crash of the editor, gets another one: only so
+// are tasks found that vanish.
+void Runs_page::look_after_jobs() {
+    for (const auto& set : set_rows_.sets)
+        if (set->is_at_work() && !set->engine && set->journal()->job() && !set->journal()->owner())
+            start(*set);
 }
 
 // Sets that are known stay as they are: they may be at work.
@@ -154,6 +171,7 @@ void Runs_page::set_chosen() {
     runs_table.rows_changed();
     runs_table.set_cursor(run_rows_.count() > 0 ? 0 : -1, 0);
     show_progress();
+    show_log();
 }
 
 // ---- running
@@ -162,7 +180,8 @@ bool Runs_page::run_beside(const Run_set& set) {
     Update();
     const Made_run_set made = make_run_set(runs_folder_, set);
     if (!made.result.ok()) {
-        form.parameter_file_form().notice(worded("The folder of the runs cannot be written."));
+        form.parameter_file_form().notice(worded("The folder of the runs cannot be written.") + ' ' +
+                                          screen_text(made.result.reason));
         return false;
     }
     list_sets();
@@ -303,13 +322,14 @@ void Runs_page::stop_chosen() {
     if (set->engine)
         set->engine->stop();
     else if (!stop_run_set(*set->journal()))
-        form.parameter_file_form().notice(
-            worded("These runs were started on another machine, and can only be stopped there."));
+        form.parameter_file_form().notice(worded(
+            "These runs were started on another machine, and can only be stopped there, or their scheduler "
+            "does not answer."));
     look(false);
 }
 
 void Runs_page::continue_chosen() {
-    if (chosen() != nullptr)
+    if (chosen() != nullptr && form.save())
         start(*chosen());
 }
 

@@ -2,6 +2,7 @@
 // be done about it.
 #pragma once
 
+#include "app/file_follower.h"
 #include "app/project_page.h"
 #include "app/run_set_rows.h"
 #include "runs/scenario_states.h"
@@ -53,6 +54,7 @@ private:
     Known_run_set* chosen() const;
     std::string chosen_scenario() const;
     void list_sets();
+    void look_after_jobs();
     void set_chosen();
     bool start(Known_run_set& set);
     void look(bool is_second_over);
@@ -70,5 +72,6 @@ private:
     Run_rows run_rows_;
     std::unique_ptr<Scenario_states> states_;
     std::string runs_folder_;
-    TTimer timer_{1000}; // for durations and for sets that others have run; only while there are any
+    File_follower follower_; // of sets that others make or delete
+    TTimer timer_{1000};     // for durations and for sets that others have run; only while there are any
 };

@@ -4,6 +4,7 @@
 #include "foundation/code_page_1252.h"
 #include "operations/scenario_runs.h"
 #include "platform/host_names.h"
+#include "runs/project_run_set.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
@@ -18,10 +19,9 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
                      "Run the checked scenarios or, without check marks, the active scenario.")),
       view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output",
                                     "Show what the last run of the active scenario wrote.")),
-      run_beside_button(
-          add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
-                     "Run the checked scenarios or, without check marks, the one under the cursor, "
-                     "several at a time, while you work on. See the page Runs.")),
+      run_beside_button(add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
+                                   "Run the checked scenarios or, without check marks, the active one, "
+                                   "several at a time, while you work on. See the page Runs.")),
       runs_at_once_edit([this]() -> TEdit& {
           TPanel& row = add_row(scenario_run_tabsheet, "runs_at_once_panel");
           row.add<TLabel>("runs_at_once_label", "Runs at a time").set_names_next(true);
@@ -159,7 +159,8 @@ void Scenario_run_page::run_beside_button_onclick() {
     for (int i = 0; i < list.count(); ++i)
         if (list.checked(i))
             chosen.push_back(lists.scenario_of_line(i));
-    if (chosen.empty() && list.item_index() >= 0)
+    const bool is_generated = lists.current_folder() == Scenario_folder::generated;
+    if (chosen.empty() && is_generated && list.item_index() >= 0)
         chosen.push_back(lists.scenario_of_line(list.item_index()));
     else if (chosen.empty() && workspace().active_scenario_exists())
         chosen.push_back(platform::full_name(record().active_scenario));
@@ -171,13 +172,8 @@ void Scenario_run_page::run_beside(std::vector<std::string> scenarios) {
         return form.parameter_file_form().notice(worded("There is no scenario to be run."));
     if (!form.save())
         return;
-    Run_set set;
-    set.scenarios = std::move(scenarios);
-    set.project_file = form.project_file();
-    set.folder = *workspace().project_directory;
-    set.model = record().cropping_system_model;
-    if (common_format())
-        set.report_format = record().report_format;
+    Run_set set = run_set_of(record(), *workspace().project_directory, form.project_file(), common_format(),
+                             std::move(scenarios));
     set.at_once = static_cast<std::size_t>(std::atoi(runs_at_once_edit.text().c_str()));
     set.stops_at_first_failure = stop_at_failure_checkbox.checked();
     if (form.runs.run_beside(set))

@@ -33,9 +33,15 @@ void stop(Session& session, const Options& options) {
     const Found_set found = find_set(project, options.set);
     if (!is_owned(*found.journal))
         throw Command_failure(exit_found, "No process has the set " + found.name() + " run.");
+    if (found.journal->job() && found.journal->job()->is_list())
+        throw Command_failure(exit_found,
+                              "The set " + found.name() +
+                                  " was handed out as a list of command lines. Stop whoever runs them.");
     if (!stop_run_set(*found.journal))
         throw Command_failure(exit_found,
-                              "The set " + found.name() + " is run on another machine. Stop it there.");
+                              "The set " + found.name() +
+                                  " cannot be stopped from here: it is run on another machine, or its "
+                                  "scheduler does not answer.");
     if (!has_stopped(*found.journal))
         throw Command_failure(exit_found,
                               "The set " + found.name() + " has been asked to stop and has not yet.");

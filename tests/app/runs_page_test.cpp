@@ -57,7 +57,7 @@ TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_o
     EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
     EXPECT_EQ(form.project_pagecontrol.active_page(), &page().runs_tabsheet);
     wait_until([&] { return at_rest(); });
-    EXPECT_EQ(runs(), "done base ;failed dry exit code 3;");
+    EXPECT_EQ(runs(), "done base exit code 0;failed dry exit code 3;");
     EXPECT_EQ(parameter_form.status_line.text().find("Runs have failed"), 0u);
     EXPECT_TRUE(created().checked(0)) << "what became of a run is told elsewhere";
 
@@ -66,12 +66,12 @@ TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_o
     EXPECT_EQ(form.runs.run_log_memo.text(), "about dry\n");
     EXPECT_TRUE(form.runs.runs_table.click_header(1));
     EXPECT_TRUE(form.runs.runs_table.click_header(1));
-    EXPECT_EQ(runs(), "failed dry exit code 3;done base ;");
+    EXPECT_EQ(runs(), "failed dry exit code 3;done base exit code 0;");
 
     std::filesystem::remove(drives.host("projects/study/fail_dry"));
     EXPECT_TRUE(form.runs.runs_failed_again_button.click());
     wait_until([&] { return at_rest(); });
-    EXPECT_EQ(runs(), "done dry ;");
+    EXPECT_EQ(runs(), "done dry exit code 0;");
     EXPECT_EQ(page().run_sets_table.count(), 2);
     EXPECT_FALSE(page().runs_failed_again_button.enabled());
 
@@ -100,7 +100,7 @@ TEST_F(Runs_page_test, closing_asks_what_is_to_become_of_runs_and_a_stopped_set_
     std::filesystem::remove(drives.host("projects/study/wait_wet"));
     EXPECT_TRUE(form.runs.runs_continue_button.click());
     wait_until([&] { return at_rest(); });
-    EXPECT_EQ(runs(), "done wet ;");
+    EXPECT_EQ(runs(), "done wet exit code 0;");
     EXPECT_EQ(page().run_sets_table.count(), 1);
     EXPECT_FALSE(page().runs_continue_button.enabled());
 }

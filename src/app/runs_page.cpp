@@ -149,7 +149,8 @@ void Runs_page::list_sets() {
     const std::string before = chosen() == nullptr ? "" : chosen()->folder();
     std::vector<std::unique_ptr<Known_run_set>> sets;
     int cursor = 0;
-    for (const std::string& folder : list_run_sets(runs_folder_)) {
+    platform::Write_result failure;
+    for (const std::string& folder : list_run_sets(runs_folder_, &failure)) {
         const auto known = std::find_if(set_rows_.sets.begin(), set_rows_.sets.end(),
                                         [&](const auto& set) { return set && set->folder() == folder; });
         if (folder == before)
@@ -157,6 +158,9 @@ void Runs_page::list_sets() {
         sets.push_back(known == set_rows_.sets.end() ? std::make_unique<Known_run_set>(folder)
                                                      : std::move(*known));
     }
+    if (!failure.ok())
+        form.parameter_file_form().notice(worded("The folder of the runs cannot be read.") + ' ' +
+                                          screen_text(failure.reason));
     run_rows_.show(nullptr);
     runs_table.rows_changed();
     set_rows_.sets = std::move(sets);

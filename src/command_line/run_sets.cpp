@@ -12,7 +12,11 @@ void add_set(CLI::App& command, std::string& set) {
 }
 
 Found_set find_set(Opened_project& project, const std::string& name) {
-    for (const std::string& folder : list_run_sets(project.directory().Runs)) {
+    platform::Write_result failure;
+    const std::vector<std::string> folders = list_run_sets(project.directory().Runs, &failure);
+    if (!failure.ok())
+        throw Command_failure(exit_unreachable, "The folder of the runs cannot be read: " + failure.reason);
+    for (const std::string& folder : folders) {
         Found_set found{folder, {}, nullptr};
         if (!name.empty() && found.name() != name)
             continue;

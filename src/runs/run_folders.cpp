@@ -58,9 +58,12 @@ std::optional<Run_set> read_run_set(const std::string& folder) {
     return file.ok() ? run_set_from_text(file.contents) : std::nullopt;
 }
 
-std::vector<std::string> list_run_sets(const std::string& runs_folder) {
+std::vector<std::string> list_run_sets(const std::string& runs_folder, platform::Write_result* failure) {
     std::vector<std::string> folders;
-    for (const platform::Folder_entry& entry : platform::list_folder(runs_folder)) {
+    const platform::Folder_listing listing = platform::list_folder(runs_folder);
+    if (failure != nullptr && !listing.ok() && platform::exists(runs_folder))
+        *failure = listing.result;
+    for (const platform::Folder_entry& entry : listing) {
         const std::string folder = runs_folder + '\\' + entry.name;
         if ((entry.attributes & platform::attribute_directory) != 0 && platform::is_file(folder + set_file))
             folders.push_back(folder);

@@ -22,8 +22,10 @@ Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set);
 // What was asked of the set in the folder; nothing when there is none, or it was never completely made.
 std::optional<Run_set> read_run_set(const std::string& folder);
 
-// The folders of all sets, the newest first.
-std::vector<std::string> list_run_sets(const std::string& runs_folder);
+// The folders of all sets, the newest first. Where the folder is there and cannot be read, `failure`, which
+// may be null, says why.
+std::vector<std::string> list_run_sets(const std::string& runs_folder,
+                                       platform::Write_result* failure = nullptr);
 
 // Deletes the set with all that is known of it, into the trash unless `permanently`; the outputs of its
 // scenarios stay. False when anything of it is left, and when it is being run.

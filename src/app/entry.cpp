@@ -113,6 +113,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
         suite_directory->get_tilverra_directory().get_model_exe().c_str());
     if (count == 2)
         project_type.set_label(arguments[2].c_str());
+    forms.project_form.menu.set_program(program_file_name);
     forms.project_form.map.set_reader(services.polygons);
     forms.project_form.bind(project_parameters, project_type.get(), forms.parameter_file_form);
     project_file_name.qualify_in_root();

@@ -8,7 +8,7 @@
 TTilverra_project_form::TTilverra_project_form()
     : TForm("Tilverra_project_form"), project_pagecontrol(add<TPageControl>("project_pagecontrol")),
       scenarios(*this), runs(*this), options(*this), optimization(*this), GIS(*this), map(*this),
-      tallies(*this), comparisons(*this) {
+      tallies(*this), comparisons(*this), menu(*this) {
     fill(project_pagecontrol);
     TVN_filedialog.title = "Simulation scenario";
     TVN_filedialog.filter = "Tilverra scenario file (*.tvn)|*.tvn";
@@ -65,6 +65,7 @@ void TTilverra_project_form::bind(Tilverra_project_editor_parameters& record,
     GIS.bind();
     tallies.bind();
     comparisons.bind();
+    menu.bind();
 }
 
 // ---- bringing the form up to date

@@ -5,6 +5,7 @@
 
 #include "app/comparison_page.h"
 #include "app/gis_page.h"
+#include "app/main_menu.h"
 #include "app/map_page.h"
 #include "app/optimization_page.h"
 #include "app/options_page.h"
@@ -61,6 +62,7 @@ public:
     Map_page map;
     Tally_page tallies;
     Comparison_page comparisons;
+    Main_menu menu;
 
 private:
     void show_template();

@@ -1,6 +1,8 @@
 #include "app/scenario_menu.h"
 
+#include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
+#include "operations/scenario_renaming.h"
 #include "operations/scenario_runs.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
@@ -31,6 +33,16 @@ std::vector<Menu_item> Scenario_menu::items() {
         item("&View output", [](Scenario_menu& menu) { menu.show_output(); }),
         item("Show its &files", [](Scenario_menu& menu) { menu.show_files(); }),
         line,
+        item("Re&name...",
+             [](Scenario_menu& menu) {
+                 menu.give_name(rename_scenario, "Enter the new name of the scenario.",
+                                "Scenario not renamed");
+             }),
+        item("D&uplicate...",
+             [](Scenario_menu& menu) {
+                 menu.give_name(duplicate_scenario, "Enter the name of the scenario to create.",
+                                "Scenario not duplicated");
+             }),
         item("&Copy name", [](Scenario_menu& menu) { menu.copy_name(); }),
         item("Co&mpare project scenarios",
              [](Scenario_menu& menu) {
@@ -76,6 +88,22 @@ void Scenario_menu::show_files() {
     form.explore(folder.has_output() ? std::string(outputs)
                                      : std::string(workspace().scenarios_directory(
                                            form.scenarios.lists.current_folder(), false)));
+}
+
+// Asks for a name, beginning with the one that the scenario has.
+void Scenario_menu::give_name(Operation operation, const char* instruction, const char* failure_title) {
+    const std::string scenario = file();
+    if (scenario.empty())
+        return;
+    TESK::Ustring name = TESK::File_name(scenario.c_str()).get_name(false);
+    Tnew_name_form_check_used asks;
+    asks.instruction_label.set_text(instruction);
+    asks.new_scenario_name_edit.bind_to(&name, nullptr);
+    if (asks.show_modal() != Modal_result::ok || name.empty())
+        return;
+    const Operation_outcome outcome = operation(workspace(), TESK::File_name(scenario.c_str()), name);
+    form.scenarios.files_changed();
+    show_failures(outcome, failure_title);
 }
 
 void Scenario_menu::copy_name() {

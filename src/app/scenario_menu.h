@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/project_page.h"
+#include "operations/operation_outcome.h"
 #include "toolkit/menu.h"
 
 #include <string>
@@ -24,4 +25,6 @@ private:
     void show_output();
     void show_files();
     void copy_name();
+    using Operation = Operation_outcome (*)(Project_workspace&, const TESK::File_name&, const std::string&);
+    void give_name(Operation operation, const char* instruction, const char* failure_title);
 };

@@ -71,6 +71,29 @@ TEST_F(Scenario_list_test, the_row_under_the_cursor_is_the_active_scenario_and_h
     EXPECT_NE(started().find("\"C:\\projects\\study\\Scenarios\\plot 2.tvn\""), std::string::npos);
 }
 
+TEST_F(Scenario_list_test, a_scenario_is_renamed_and_duplicated_from_its_menu) {
+    EXPECT_TRUE(table().table.select_row(1));
+    const auto names_it = [](const char* new_name) {
+        return [new_name](TForm& asks) {
+            auto& edit = static_cast<TEdit&>(*asks.find("new_scenario_name_edit"));
+            edit.select_all();
+            edit.type_text(new_name);
+            static_cast<TButton&>(*asks.find("ok_button")).click();
+        };
+    };
+    desktop.expect_menu("Rename...");
+    desktop.expect_modal("new_name_form_check_used", names_it("arid"));
+    EXPECT_TRUE(table().table.open_menu(1, 0));
+    EXPECT_TRUE(there("projects/study/Scenarios/arid.tvn"));
+    EXPECT_FALSE(there("projects/study/Scenarios/dry.tvn"));
+    EXPECT_EQ(record->active_scenario.get_name(true), "arid.tvn");
+    EXPECT_EQ(rows(), "arid.tvn;base.tvn;plot 2.tvn;plot 10.tvn;wet.tvn;");
+    desktop.expect_menu("Duplicate...");
+    desktop.expect_modal("new_name_form_check_used", names_it("arid 2"));
+    EXPECT_TRUE(table().table.open_menu(0, 0));
+    EXPECT_TRUE(there("projects/study/Scenarios/arid 2.tvn"));
+}
+
 TEST_F(Scenario_list_test, what_other_programs_make_or_change_appears_by_itself) {
     copy_data("base.tvn", "projects/study/Scenarios/new.tvn");
     drives.write("projects/study/Scenarios/dry.tvn", "[scenario]\ndescription=Changed elsewhere\n");

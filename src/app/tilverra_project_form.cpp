@@ -7,8 +7,8 @@
 
 TTilverra_project_form::TTilverra_project_form()
     : TForm("Tilverra_project_form"), project_pagecontrol(add<TPageControl>("project_pagecontrol")),
-      scenarios(*this), runs(*this), options(*this), optimization(*this), GIS(*this), map(*this),
-      tallies(*this), comparisons(*this), menu(*this) {
+      scenarios(*this), runs(*this), settings(*this), options(*this), optimization(*this), GIS(*this),
+      map(*this), tallies(*this), comparisons(*this), menu(*this) {
     fill(project_pagecontrol);
     TVN_filedialog.title = "Simulation scenario";
     TVN_filedialog.filter = "Tilverra scenario file (*.tvn)|*.tvn";
@@ -55,7 +55,7 @@ void TTilverra_project_form::bind(Tilverra_project_editor_parameters& record,
                                   Tilverra_project_type requested_type, Tparameter_file_form& host_form) {
     parameter_form = &host_form;
     shown_as_template_.reset();
-    parameter_form->on_leave = [this] { return runs.may_close(); };
+    parameter_form->on_leave = [this] { return settings.may_close() && runs.may_close(); };
     workspace_ = std::make_unique<Project_workspace>(record, *this, requested_type);
     if (simulation_paths != nullptr)
         workspace_->master_database = std::make_unique<Database_directory>(*simulation_paths);
@@ -76,6 +76,7 @@ void TTilverra_project_form::show_template() {
     options.show_template(is_template);
     scenarios.scenarios_tabsheet.set_visible(!is_template);
     runs.runs_tabsheet.set_visible(!is_template);
+    settings.settings_tabsheet.set_visible(!is_template);
     if (std::exchange(shown_as_template_, is_template) == is_template)
         return;
     project_pagecontrol.set_active_page(is_template ? options.options_tabsheet
@@ -93,6 +94,7 @@ void TTilverra_project_form::Update() {
     workspace_->enter_project_folder();
     runs.Update(); // it tells the states that the lists of scenarios show
     scenarios.Update();
+    settings.Update();
     options.Update();
     optimization.Update();
     tallies.Update();

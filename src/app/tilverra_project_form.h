@@ -11,6 +11,7 @@
 #include "app/options_page.h"
 #include "app/runs_page.h"
 #include "app/scenarios_page.h"
+#include "app/settings_page.h"
 #include "app/tally_page.h"
 #include "editing/parameter_file_form.h"
 #include "operations/project_workspace.h"
@@ -56,6 +57,7 @@ public:
     TFileDialog TVN_filedialog; // asks for a scenario of any project
     Scenarios_page scenarios;
     Runs_page runs;
+    Settings_page settings;
     Options_page options;
     Optimization_page optimization;
     GIS_page GIS;

@@ -70,6 +70,7 @@ struct Scenario_states::Set {
     std::string folder;
     Run_journal journal;
     bool is_owned = false;
+    bool is_at_work = false; // a list that was handed out may never be
 };
 
 Scenario_states::Scenario_states(std::string project_folder, std::string runs_folder)
@@ -95,6 +96,7 @@ void Scenario_states::refresh() {
     for (const auto& set : sets_) {
         set->journal.update();
         set->is_owned = is_owned(set->journal);
+        set->is_at_work = set->is_owned && !(set->journal.job() && set->journal.job()->is_list());
     }
 }
 
@@ -103,7 +105,7 @@ void Scenario_states::add_set(const std::string& folder) {
     const std::size_t count = asked ? asked->scenarios.size() : 0;
     for (std::size_t run = 0; run < count; ++run)
         runs_[folded(asked->scenarios[run])].push_back({sets_.size(), run});
-    sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count), false}));
+    sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count)}));
 }
 
 Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
@@ -130,7 +132,7 @@ void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_s
         const Set& set = *sets_[place.set];
         const Run_record& record = set.journal.runs()[place.run];
         const Run_state state = state_of(record, set.is_owned);
-        const bool is_at_work = set.is_owned && record.is_left() && state != Run_state::stopped;
+        const bool is_at_work = set.is_at_work && record.is_left() && state != Run_state::stopped;
         if (!is_at_work && (state == Run_state::waiting || record.started < status.record.started))
             continue;
         status.record = record;

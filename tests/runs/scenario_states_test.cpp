@@ -1,3 +1,4 @@
+#include "runs/list_engine.h"
 #include "runs/local_engine.h"
 #include "runs/run_project.h"
 #include "runs/run_repetition.h"
@@ -84,6 +85,9 @@ TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {
 
     // A later set that was stopped before it came to a scenario says nothing of it.
     project.make(set);
+    EXPECT_EQ(state_of("fail"), "failed");
+    // Nor does a list that was handed out, of the runs that nobody has begun.
+    EXPECT_EQ(List_engine(project.make(set), set).start(), "");
     EXPECT_EQ(state_of("fail"), "failed");
     // A repaired one, run in another set, is judged by that.
     project.drives.write("model.exe",

@@ -33,16 +33,19 @@ void Outcome_report::add_all(const std::vector<std::string>& files, const Operat
 
 void Outcome_report::finish() {
     report_.finish();
-    if (failed_.empty())
+    say_failed(session_, failed_, count_);
+}
+
+void say_failed(Session& session, const std::vector<std::string>& failed, std::size_t count) {
+    if (failed.empty())
         return;
     constexpr std::size_t most_named = 10;
     std::string names;
-    for (std::size_t i = 0; i < failed_.size() && i < most_named; ++i)
-        names += (i > 0 ? ", " : "") + failed_[i];
-    if (failed_.size() > most_named)
+    for (std::size_t i = 0; i < failed.size() && i < most_named; ++i)
+        names += (i > 0 ? ", " : "") + failed[i];
+    if (failed.size() > most_named)
         names += ", ...";
-    session_.console.say(std::to_string(failed_.size()) + " of " + std::to_string(count_) +
-                         " failed: " + names);
+    session.console.say(std::to_string(failed.size()) + " of " + std::to_string(count) + " failed: " + names);
 }
 
 void must_be_begun(const Operation_outcome& outcome) {

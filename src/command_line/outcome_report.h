@@ -29,6 +29,9 @@ private:
     std::size_t count_ = 0;
 };
 
+// Says how many of the files failed, and which; nothing when none did.
+void say_failed(Session& session, const std::vector<std::string>& failed, std::size_t count);
+
 // Ends the command when the operation was refused.
 void must_be_begun(const Operation_outcome& outcome);
 

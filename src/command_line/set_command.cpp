@@ -43,9 +43,12 @@ public:
 
     // All of the assignments to a file are done, or none.
     void set(const TESK::File_name& file, const std::string& name) {
+        ++count_;
         Record_settings settings(file);
-        if (!was_read(session_, settings))
+        if (!was_read(session_, settings)) {
+            failed_.push_back(name);
             return;
+        }
         std::vector<std::vector<Json>> rows;
         bool is_refused = false;
         for (const Assignment& assignment : assignments_) {
@@ -62,31 +65,41 @@ public:
                                              : "unchanged",
                             change.reason.empty() ? Json() : Json(screen_text(change.reason))});
         }
+        const std::string reason = is_refused || only_tries_ ? std::string() : save(settings);
         if (is_refused)
             session_.note(exit_found);
-        else if (!only_tries_)
-            save(settings);
+        if (is_refused || !reason.empty())
+            failed_.push_back(name);
         for (std::vector<Json>& row : rows) {
             if (is_refused && row[4] == "done")
                 row[4] = "left";
+            if (!reason.empty() && row[4] == "done") {
+                row[4] = "failed";
+                row[5] = reason;
+            }
             report_.add(row);
         }
     }
-    void finish() { report_.finish(); }
+    void finish() {
+        report_.finish();
+        say_failed(session_, failed_, count_);
+    }
 
 private:
-    void save(Record_settings& settings) {
+    // Gives why it could not be written; nothing when it was.
+    std::string save(Record_settings& settings) {
         const platform::Write_result result = settings.save(platform::Durability::quick);
-        if (result.ok())
-            return;
-        session_.console.say(screen_text(settings.file()) + ": " + screen_text(result.reason));
-        session_.note(exit_unreachable);
+        if (!result.ok())
+            session_.note(exit_unreachable);
+        return screen_text(result.reason);
     }
 
     Session& session_;
     const std::vector<Assignment>& assignments_;
     bool only_tries_;
     Report report_;
+    std::vector<std::string> failed_;
+    std::size_t count_ = 0;
 };
 
 // Lets the change to scenarios of a project be undone.

@@ -42,7 +42,10 @@ bool Scenario_analysis_page::ask_for_output_of_active() {
 // True when a comparison ran; the flag comes back false when none can run.
 bool Scenario_analysis_page::compare_with(const std::string& other, bool& active_has_output) {
     active_has_output = ask_for_output_of_active();
-    return active_has_output && compare_scenarios(workspace(), other) == Comparison_outcome::compared;
+    if (!active_has_output)
+        return false;
+    const Comparison_outcome outcome = compare_scenarios(workspace(), other);
+    return outcome == Comparison_outcome::compared || outcome == Comparison_outcome::not_started;
 }
 
 bool Scenario_analysis_page::active_scenario_is_there() {

@@ -2,6 +2,8 @@
 #include "command_line/outcome_report.h"
 #include "command_line/scenario_choice.h"
 #include "operations/scenario_comparison.h"
+#include "platform/files.h"
+#include "trees/suite_directory.h"
 
 #include <memory>
 
@@ -12,6 +14,14 @@ struct Options {
     std::string first;
     Scenario_choice others;
 };
+
+std::string why_not_started() {
+    const TESK::File_name& program = suite_directory->get_XEB_directory().get_compare_exe();
+    if (platform::is_file(program))
+        return "The comparing program could not be started.";
+    return "There is no " + screen_text(program) +
+           ". Say where the suite is installed, by --suite or TVS_SUITE.";
+}
 
 void compare(Session& session, Options& options) {
     resolve_files(session, options.others);
@@ -33,13 +43,12 @@ void compare(Session& session, Options& options) {
             report.add(name, "skipped", "It is the scenario itself.");
             continue;
         }
-        const int code_before = session.exit_code;
         const Comparison_outcome outcome =
             compare_scenarios(project.workspace(), project.scenario_file(other, options.others.folder()));
-        if (outcome != Comparison_outcome::compared)
+        if (outcome == Comparison_outcome::not_started)
+            report.add(name, "failed", why_not_started(), exit_found);
+        else if (outcome != Comparison_outcome::compared)
             report.add(name, "failed", "It has no output. Run it first.", exit_found);
-        else if (session.exit_code != code_before)
-            report.add(name, "failed", "The comparing program could not be started.", exit_found);
         else
             report.add(name, "done", screen_text(scenario_name(first_name)) + " vs " + name);
     }

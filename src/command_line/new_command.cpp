@@ -29,7 +29,14 @@ std::string make_scenario(Opened_project& project, const TESK::File_name& file) 
 
 std::string copy_active_scenario(Opened_project& project, const std::string& name) {
     const Operation_outcome outcome = create_scenario(project.workspace(), name, true);
-    return outcome.ok() ? "" : describe_failures(outcome);
+    return outcome.not_done.empty() ? outcome.refused : outcome.not_done.front().reason;
+}
+
+// Why no scenario can have the name that was typed, of which `name` is left; nothing when one can.
+std::string refuse_name(const std::string& typed, const std::string& name) {
+    const std::string text = record_text(typed);
+    return screen_text(text) == typed ? refuse_scenario_name(name.empty() ? text : name)
+                                      : "The name has a character that records cannot hold.";
 }
 
 void make(Session& session, const Options& options) {
@@ -47,8 +54,8 @@ void make(Session& session, const Options& options) {
         if (name.ends_with(".tvn"))
             name = scenario_name(name);
         const TESK::File_name file = project.scenario_file(name + ".tvn", Scenario_folder::created);
-        if (name.empty() || screen_text(record_text(typed)) != typed) {
-            report.add(typed, "failed", "It cannot be the name of a scenario.", exit_found);
+        if (const std::string refusal = refuse_name(typed, name); !refusal.empty()) {
+            report.add(typed, "failed", refusal, exit_found);
             continue;
         }
         if (platform::exists(file)) {

@@ -1,11 +1,29 @@
 #include "command_line/commands.h"
 #include "command_line/run_options.h"
+#include "platform/command_line.h"
 #include "runs/run_folders.h"
 
 #include <memory>
 #include <tuple>
 
 namespace {
+
+// Takes out the scenarios of which no command line can hold the name: they fail, and the others are run.
+std::vector<std::string> take_unusable(Session& session, std::vector<std::string>& scenarios) {
+    std::vector<std::string> unusable;
+    std::erase_if(scenarios, [&](const std::string& file) {
+        const bool is_usable = platform::refusal_of_name(file).empty();
+        if (!is_usable)
+            unusable.push_back(file);
+        return !is_usable;
+    });
+    for (const std::string& file : unusable) {
+        session.console.say("Not run: " + screen_text(TESK::File_name(file.c_str()).get_name(true)) + ". " +
+                            platform::refusal_of_name(file));
+        session.note(exit_found);
+    }
+    return unusable;
+}
 
 void run(Session& session, Run_options& options) {
     resolve_files(session, options.choice);
@@ -17,6 +35,7 @@ void run(Session& session, Run_options& options) {
     std::vector<std::string> scenarios;
     for (const std::string& scenario : choose_scenarios(project, options.choice, true))
         scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
+    const std::vector<std::string> unusable = take_unusable(session, scenarios);
     if (scenarios.empty()) {
         session.console.say("There is nothing to run.");
         return;
@@ -31,7 +50,7 @@ void run(Session& session, Run_options& options) {
     if (made.folder.empty())
         throw Command_failure(exit_unreachable,
                               "The set of runs could not be written: " + screen_text(made.result.reason));
-    have_done(session, made.folder, set, options.in_background);
+    have_done(session, made.folder, set, options.in_background, unusable);
 }
 
 } // namespace

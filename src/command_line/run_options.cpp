@@ -1,6 +1,7 @@
 #include "command_line/run_options.h"
 
 #include "command_line/report.h"
+#include "platform/command_line.h"
 #include "platform/files.h"
 #include "runs/project_run_set.h"
 #include "runs/run_progress.h"
@@ -86,7 +87,8 @@ Run_set make_set(Opened_project& project, const Run_options& options, std::vecto
     return set;
 }
 
-void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background) {
+void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
+               const std::vector<std::string>& unusable) {
     Supervised_engine supervised(folder);
     const std::unique_ptr<Run_engine> own = in_background ? nullptr : make_engine(folder);
     Run_engine& engine = in_background ? supervised : *own;
@@ -104,15 +106,19 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
         return;
     }
     watch(session, engine, journal);
-    report_runs(session, set, journal);
+    report_runs(session, set, journal, unusable);
     const Run_progress progress = progress_of(journal, is_owned(journal), moment_now());
     session.console.say(describe(progress) + '.');
     if (progress.done != progress.total)
         session.note(exit_found);
 }
 
-void report_runs(Session& session, const Run_set& set, const Run_journal& journal) {
+void report_runs(Session& session, const Run_set& set, const Run_journal& journal,
+                 const std::vector<std::string>& unusable) {
     Report report(session, {{"scenario"}, {"state"}, {"reason"}, {"seconds"}, {"started", false}});
+    for (const std::string& file : unusable)
+        report.add({screen_text(scenario_name(TESK::File_name(file.c_str()).get_name(true))),
+                    word_for(Run_state::failed), platform::refusal_of_name(file), Json(), Json()});
     const bool has_owner = is_owned(journal);
     for (std::size_t run = 0; run < set.scenarios.size(); ++run) {
         const Run_record& record = journal.runs()[run];

@@ -26,8 +26,11 @@ struct Run_options {
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios);
 
 // Has the set in the folder done, or what is left of it, until it is over or this process is asked to end;
-// then reports what became of each run. In the background it is left to a process of its own.
-void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background);
+// then reports what became of each run, behind the scenarios (full names) that no program can be handed. In
+// the background it is left to a process of its own.
+void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
+               const std::vector<std::string>& unusable = {});
 
 // Reports the runs of a set.
-void report_runs(Session& session, const Run_set& set, const Run_journal& journal);
+void report_runs(Session& session, const Run_set& set, const Run_journal& journal,
+                 const std::vector<std::string>& unusable = {});

@@ -2,6 +2,7 @@
 
 #include "model/tilverra_scenario.h"
 #include "names/recycling.h"
+#include "platform/command_line.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
 
@@ -43,6 +44,10 @@ std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std
         }
         Import import{file, TESK::Smart_file_name(file.c_str())};
         import.target.set_ext(scenario_extension);
+        if (std::string reason = refuse_scenario_name(import.target.get_name(false)); !reason.empty()) {
+            outcome.not_done.push_back({file, std::move(reason)});
+            continue;
+        }
         import.target.set_path(folder);
         const auto same = std::find_if(imports.begin(), imports.end(),
                                        [&](const Import& one) { return one.target == import.target; });
@@ -94,8 +99,8 @@ std::string new_scenario_name(const std::string& typed) {
 std::string refuse_scenario_name(const std::string& name) {
     constexpr std::size_t longest_name = 200;
     const auto is_refused = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' ||
-               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+        return !platform::can_be_handed_over(c) ||
+               std::string_view("\\/:*?<>|").find(c) != std::string_view::npos;
     };
     if (name.empty())
         return "The scenario has no name.";
@@ -110,10 +115,9 @@ std::string refuse_scenario_name(const std::string& name) {
 Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active) {
     Operation_outcome outcome;
     TVN_filename& active = workspace.project_parameters.active_scenario;
-    if (!workspace.need_project_directory()) {
-        outcome.refused = no_project_folder;
+    outcome.refused = workspace.need_project_directory() ? refuse_scenario_name(name) : no_project_folder;
+    if (!outcome.refused.empty())
         return outcome;
-    }
     const std::string template_file = copies_active ? active : std::string();
     const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
     // Behind the whole name: a point in it begins no extension, whatever the name before looked like.

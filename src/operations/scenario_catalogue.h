@@ -19,7 +19,7 @@ std::string refuse_scenario_name(const std::string& name);
 // Makes a scenario of that name (in code page 1252, no path) the active one of the project and, with
 // `copies_active` and as long as there is no such file, makes its file a copy of the one that was active:
 // what was not done is the copy. Without that the scenario editor makes the file. Refused, with nothing
-// changed, when the project has no folder.
+// changed, when the project has no folder or no scenario can have the name.
 Operation_outcome create_scenario(Project_workspace& workspace, const std::string& name, bool copies_active);
 
 enum class Import_answer { replace, replace_all, keep, keep_all, stop };
@@ -28,11 +28,11 @@ enum class Import_answer { replace, replace_all, keep, keep_all, stop };
 // folder.
 using Import_question = std::function<Import_answer(const std::string& scenario)>;
 
-// Turns scenarios of the suite's version 3 into scenarios of the project. A file that cannot be read imports
-// nothing; a scenario that is there already, or that an earlier file of the same name will have made, is
-// replaced when `ask` says so, without it always. What is kept counts neither as done nor as not done. With
-// `backups`, which may be null, the change can be undone. Refused when the project has no folder; stopped,
-// with nothing imported, when an answer says so.
+// Turns scenarios of the suite's version 3 into scenarios of the project. A file that cannot be read, or has
+// a name that no scenario can have, imports nothing; a scenario that is there already, or that an earlier
+// file of the same name will have made, is replaced when `ask` says so, without it always. What is kept
+// counts neither as done nor as not done. With `backups`, which may be null, the change can be undone.
+// Refused when the project has no folder; stopped, with nothing imported, when an answer says so.
 Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
                                              const std::vector<std::string>& files,
                                              const Import_question& ask, Change_backups* backups,

@@ -50,18 +50,19 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
     if (!other.folder.has_output() || other_name == active_name)
         return Comparison_outcome::skipped;
     const Scenario_folders result(workspace, comparison_file(workspace, active_name + " vs " + other_name));
+    bool all_started = true;
     for (const TESK::Smart_file_name Tilverra_scenario_directory::*output :
          {&Tilverra_scenario_directory::daily_xeb, &Tilverra_scenario_directory::season_xeb,
           &Tilverra_scenario_directory::annual_xeb, &Tilverra_scenario_directory::harvest_xeb}) {
         if (!(active.folder.*output).exists() || !(other.folder.*output).exists())
             continue;
-        workspace.host.run(suite_directory->get_XEB_directory().get_compare_exe(),
-                           platform::in_quotes(result.folder.*output), active.folder.*output,
-                           other.folder.*output, true, platform::normal_window);
+        all_started &= workspace.host.run(suite_directory->get_XEB_directory().get_compare_exe(),
+                                          platform::in_quotes(result.folder.*output), active.folder.*output,
+                                          other.folder.*output, true, platform::normal_window);
         if (workspace.host.was_cancelled())
             break;
     }
-    return Comparison_outcome::compared;
+    return all_started ? Comparison_outcome::compared : Comparison_outcome::not_started;
 }
 
 std::vector<std::string> list_comparisons(const Project_workspace& workspace) {

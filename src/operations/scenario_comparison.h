@@ -9,8 +9,9 @@
 
 enum class Comparison_outcome {
     compared,
-    skipped,  // the other scenario has no output, or is the active one
-    no_output // the active scenario has none, so that nothing can be compared with it
+    not_started, // the comparing program could not be, for one of the outputs at least
+    skipped,     // the other scenario has no output, or is the active one
+    no_output    // the active scenario has none, so that nothing can be compared with it
 };
 
 // Whether the active scenario has output. Needs a project directory.

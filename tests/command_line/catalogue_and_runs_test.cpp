@@ -9,13 +9,21 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
     const std::string project = project_file("Irrigation_study.tvp");
     const std::string base = project_file("Irrigation_study/Scenarios/base.tvn");
     expect({
-        {"tvs_project new Irrigation_study 'plot 7' base ../x .. $'\\u0416'", 1,
+        {"tvs_project new Irrigation_study 'plot 7' base ../x .. $'\\u0416' 'bad\"q' 'a*b' $'c\\x7f'", 1,
          "plot 7\tdone\t\nbase\tfailed\tThere is a scenario of that name already.\nx\tdone\t\n"
-         "..\tfailed\tIt cannot be the name of a scenario.\n\u0416\tfailed\tIt cannot be the name of a "
-         "scenario.\n",
-         "3 of 5 failed: base, .., \u0416"},
-        {"tvs_project new Irrigation_study $'\\xff/..' --json | grep -c 'cannot be the name'", 0, "1\n",
+         "..\tfailed\tNo scenario can have this name.\n\u0416\tfailed\tThe name has a character that "
+         "records cannot hold.\nbad\"q\tfailed\tNo scenario can have this name.\na*b\tfailed\tNo "
+         "scenario can have this name.\nc\x7f\tfailed\tNo scenario can have this name.\n",
+         "6 of 8 failed: base, .., \u0416, bad\"q"},
+        {"tvs_project new Irrigation_study $'\\xff/..' --json | grep -c 'cannot hold'", 0, "1\n",
          "1 of 1 failed"},
+        {"cp Irrigation_study/Import/*.sim 'bad\"q.sim'; tvs_project import Irrigation_study *.sim; rm "
+         "*.sim; "
+         "tvs_project copy Irrigation_study base 'bad\"q'",
+         1,
+         "bad\"q\tfailed\tNo scenario can have this name.\n"
+         "bad\"q\tfailed\tNo scenario can have this name.\n",
+         "1 of 1 failed: bad\"q"},
         {"tvs_project get Irrigation_study/Scenarios/x.tvn parameter_filenames.soil", 0,
          "<Required (This must be selected)>\n", ""},
         {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn", 0,
@@ -74,10 +82,14 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
              "echo >Scenarios/${name%%%%.tvn}/Output/season.xeb\\n' > " +
              model + "; chmod +x " + model,
          0, "", ""},
-        {"mkdir -p Irrigation_study/Scenarios/{rainfed,plateau,base}/Output; tvs_project run "
-         "Irrigation_study base rainfed "
-         "--jobs 1 | cut -f 1-3",
-         0, "base\tfailed\texit code 3\nrainfed\tdone\t\n", "1 of 2 done, 1 failed"},
+        // A name that no program can be handed is one failure among the others.
+        {"mkdir -p Irrigation_study/Scenarios/{rainfed,plateau,base}/Output; cd Irrigation_study/Scenarios; "
+         "cp base.tvn 'bad\"q.tvn'; tvs_project run ../../Irrigation_study base rainfed 'bad*' "
+         "--jobs 1 | cut -f 1-3; rm 'bad\"q.tvn'",
+         0,
+         "bad\"q\tfailed\tA name that holds a quotation mark or a control character cannot be handed to a "
+         "program.\nbase\tfailed\texit code 3\nrainfed\tdone\t\n",
+         "1 of 2 done, 1 failed"},
         {"tvs_project list Irrigation_study --state failed,done | cut -f 1,2", 0,
          "base\tfailed\nrainfed\tdone\n", ""},
         {"tvs_project status Irrigation_study --runs --json | grep -c '\"state\":\"failed\"'", 0, "1\n", ""},

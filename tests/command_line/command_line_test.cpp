@@ -114,11 +114,14 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
         {"tvs_project set Irrigation_study salt.1=1 salt.2=much --scenarios 'pl*'", 1,
          "plateau\tsalt.1\t0\t1\tleft\t\n"
          "plateau\tsalt.2\t0\tmuch\trefused\tThe value must be a number such as 12 or 0.25.\n",
-         ""},
+         "1 of 1 failed: plateau"},
         // What cannot be written does not end the work on the others.
         {"chmod a-w Irrigation_study/Scenarios/base.tvn; tvs_project set Irrigation_study CO2.enable=1 --all "
-         "| wc -l",
-         0, "5\n", "base.tvn: "},
+         "| grep -e base -e rainfed",
+         0,
+         "base\tCO2.enable\tfalse\t1\tfailed\tThe file is read-only.\n"
+         "rainfed\tCO2.enable\tfalse\t1\tdone\t\n",
+         "1 of 5 failed: base"},
         {"tvs_project reset Irrigation_study --from rainfed --boxes CO2 base 'cl*' rainfed", 3,
          "rainfed\tskipped\tIt is the scenario that is copied from.\nbase\tfailed\tThe file is "
          "read-only.\nclay soil\tdone\t\n",
@@ -140,6 +143,11 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
          "rainfed\tdone\tbase vs rainfed\n",
          "1 of 3 failed: plateau"},
         {"test -f 'Irrigation_study/scenario_comparison/base vs rainfed/Output/season.xeb'", 0, "", ""},
+        // No pair is done once a pair has failed.
+        {"rm '../../Program Files/TVS_suite/XEB/compare.exe'; cp -R "
+         "Irrigation_study/Scenarios/{rainfed,plateau}; "
+         "tvs_project compare Irrigation_study base rainfed plateau | cut -f 1,2",
+         0, "plateau\tfailed\nrainfed\tfailed\n", "2 of 2 failed: plateau, rainfed"},
         {"cd Irrigation_study/Import; tvs_project convert *.sim; tvs_project convert *.sim; "
          "tvs_project get *.sim parameter_filenames.soil; ls",
          0,

@@ -116,7 +116,7 @@ void judge_events(const Tilverra_scenario& scenario, std::vector<Finding>& findi
 
 // Whether the suite has a program of that name: what it keeps in records stands under its name.
 bool is_program(const std::string& name) {
-    if (suite_directory == nullptr || name.find_first_of("\\/:.") != std::string::npos)
+    if (name.find_first_of("\\/:.") != std::string::npos)
         return false;
     const TESK::Directory_name* const folders[] = {
         suite_directory, &suite_directory->get_tilverra_directory(), &suite_directory->get_XEB_directory()};
@@ -128,6 +128,8 @@ bool is_program(const std::string& name) {
 // Sections of which nothing is declared. The places from which an older file's values are carried over are
 // known.
 void judge_unknown_sections(const Common_parameters_data_record& record, std::vector<Finding>& findings) {
+    if (suite_directory == nullptr || !suite_directory->is_suite_root())
+        return; // its programs, of which each may read a section, are not known
     std::uint16_t count = 0;
     const Section_mapping* rows = record.get_section_mapping(count);
     for (const TESK::VV_section& section : record.all_sections()) {

@@ -4,6 +4,7 @@
 #include "operations/scenario_overview.h"
 #include "records/vv_file.h"
 #include "support/temporary_drives.h"
+#include "trees/suite_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -71,8 +72,14 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
         {"[weather_tool]\nseed=1\n[empty]\n[initialize]\nsurface_residue=1\n",
          "W weather_tool. No program of the suite is known to read this section.\n"},
     };
+    // Without a suite, any section may be one of its programs'.
+    EXPECT_EQ(findings_of(std::end(cases)[-1].lines), "");
+    drives.write("Suite/Tilverra/tilverra_5.exe");
+    TVS::Suite_Directory suite(TESK::File_name("C:\\Suite\\Tilverra\\project_editor.exe"));
+    suite_directory = &suite;
     for (const Case& c : cases)
         EXPECT_EQ(findings_of(c.lines), c.findings) << c.lines;
+    suite_directory = nullptr;
     EXPECT_EQ(told(check.check_scenario(TESK::File_name("C:\\none.tvn"))), "E . There is no such file.\n");
 }
 

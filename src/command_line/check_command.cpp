@@ -17,7 +17,7 @@ public:
     bool add(const std::string& scenario, const std::vector<Finding>& findings) {
         for (const Finding& finding : findings) {
             ++count_;
-            session_.note(exit_found);
+            session_.note(finding.section.empty() ? exit_unreachable : exit_found);
             if (!report_.add({scenario.empty() ? Json() : Json(screen_text(scenario_name(scenario))),
                               finding.weight == Finding_weight::error ? "error" : "warning",
                               screen_text(finding.section), screen_text(finding.key),

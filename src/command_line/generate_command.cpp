@@ -36,7 +36,8 @@ void tell_check(Session& session, const Table_check& check) {
         throw Command_failure(exit_found, check.count == 0 && check.fault_count == 0
                                               ? "The table has no scenario."
                                               : "Nothing was written: the table has " +
-                                                    std::to_string(check.fault_count) + " faults.");
+                                                    std::to_string(check.fault_count) +
+                                                    (check.fault_count == 1 ? " fault." : " faults."));
 }
 
 void generate_from_table(Session& session, const Options& options) {

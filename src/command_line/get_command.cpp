@@ -50,10 +50,11 @@ bool is_wanted(const Setting& setting, const std::vector<std::string>& keys) {
            });
 }
 
-// What was asked for by its very name and is not there.
+// What was asked for and is not there.
 void say_missing(Session& session, const Record_settings& settings, const std::vector<std::string>& keys) {
     for (const std::string& key : keys) {
-        if (settings.find(key) != nullptr || key.find_first_of("*?") != std::string::npos)
+        if (std::any_of(settings.all().begin(), settings.all().end(),
+                        [&](const Setting& setting) { return is_wanted(setting, {key}); }))
             continue;
         session.console.say("There is no setting '" + screen_text(key) + "' in " +
                             screen_text(settings.file()) + ".");

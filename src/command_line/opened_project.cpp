@@ -26,6 +26,9 @@ const char* default_model(const Session& session) {
 } // namespace
 
 void find_suite(const Session& session) {
+    if (!session.suite_folder.empty() && !platform::is_folder(session.file_of_argument(session.suite_folder)))
+        throw Command_failure(exit_unreachable, "There is no folder '" + session.suite_folder +
+                                                    "' of a suite (--suite or TVS_SUITE).");
     // Some file of the suite serves to find it.
     const TESK::File_name program =
         session.suite_folder.empty()

@@ -11,6 +11,21 @@ struct Options {
     bool only_lists = false;
 };
 
+constexpr const char* of_the_trash = "What was deleted into the trash is brought back from there.";
+
+Change_backups::Change newest_change(const Change_backups& backups) {
+    const std::vector<Change_backups::Change> changes = backups.list();
+    return changes.empty() ? Change_backups::Change() : changes.front();
+}
+
+// Whether there is the change, or for an empty name any.
+bool is_there(const Change_backups& backups, const std::string& name) {
+    const std::vector<Change_backups::Change> changes = backups.list();
+    return std::any_of(changes.begin(), changes.end(), [&](const Change_backups::Change& change) {
+        return name.empty() || change.set == record_text(name);
+    });
+}
+
 void undo(Session& session, const Options& options) {
     Opened_project project(session, options.project);
     Change_backups backups(project.directory());
@@ -22,25 +37,33 @@ void undo(Session& session, const Options& options) {
         return;
     }
     const Operation_progress progress = shown_progress(session, "bringing back");
+    const std::string newest = newest_change(backups).set;
     const Operation_outcome outcome = options.change.empty()
                                           ? backups.undo_last(progress)
                                           : backups.undo(record_text(options.change), progress);
     session.console.end_progress();
+    if (!outcome.refused.empty() && !is_there(backups, options.change))
+        throw Command_failure(exit_found, screen_text(outcome.refused) + ' ' + of_the_trash);
+    must_be_begun(outcome);
     if (!outcome.ok()) {
         session.console.say(screen_text(describe_failures(outcome)));
-        session.note(outcome.refused.empty() ? exit_unreachable : exit_found);
+        session.note(exit_unreachable);
     }
-    if (outcome.refused.empty())
-        print_object(session, {{"brought_back", outcome.done}, {"failed", outcome.not_done.size()}});
+    // An undo leaves a change of its own, which tells of what it is one.
+    const Change_backups::Change made = newest_change(backups);
+    print_object(session, {{"change", made.set == newest ? Json() : Json(screen_text(made.operation))},
+                           {"brought_back", outcome.done},
+                           {"failed", outcome.not_done.size()}});
 }
 
 } // namespace
 
 void add_undo_command(CLI::App& app, Session& session) {
-    CLI::App* command =
-        add_command(app, session, "undo", "Undo the last change to scenarios, which can itself be undone",
-                    "  tvs_project undo study.tvp --list\n"
-                    "  tvs_project undo study.tvp\n");
+    CLI::App* command = add_command(
+        app, session, "undo",
+        std::string("Undo the last change to scenarios, which can itself be undone. ") + of_the_trash,
+        "  tvs_project undo study.tvp --list\n"
+        "  tvs_project undo study.tvp\n");
     auto options = std::make_shared<Options>();
     add_project(*command, options->project);
     command->add_option("--change", options->change, "A change by the name that the list gives it")

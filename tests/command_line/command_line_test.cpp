@@ -10,7 +10,9 @@ TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change
     const std::string before = run(tree).out;
     expect({
         {"tvs_project", 2, "", "A subcommand is required"},
-        {"tvs_project lits Irrigation_study", 2, "", "Try 'tvs_project --help'."},
+        {"tvs_project lits Irrigation_study", 2, "", "There is no command 'lits'."},
+        {"tvs_project check Irrigation_study --suite /nowhere", 3, "", "There is no folder '/nowhere'"},
+        {"tvs_project get Irrigation_study.tvp 'nothing.*'", 1, "", "There is no setting 'nothing.*'"},
         {"tvs_project list", 2, "", "Try 'tvs_project list --help'."},
         {"tvs_project list no_such_study", 3, "", "There is no project 'no_such_study'."},
         {"tvs_project list Irrigation_study --where salinity", 2, "", "is no condition such as"},
@@ -25,7 +27,7 @@ TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change
          "No scenario matches"},
         {"tvs_project set Irrigation_study.tvp analysis=true", 2, "", "is no assignment such as"},
         {"tvs_project set Irrigation_study.tvp project.description=$'\\u0416'", 2, "", "records cannot hold"},
-        {"tvs_project get none.tvn", 3, "", "There is no project 'none.tvn'"},
+        {"tvs_project get none.tvn", 3, "", "There is no record 'none.tvn'."},
         {"tvs_project get Irrigation_study.tvp project.no", 1, "", "There is no setting 'project.no'"},
         {"tvs_project diff Irrigation_study.tvp none.tvp", 3, "", "none.tvp"},
         {"tvs_project convert Irrigation_study/notes.txt", 3,

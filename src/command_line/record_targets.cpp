@@ -9,8 +9,7 @@ Record_targets find_targets(Session& session, const std::string& argument, Scena
         TESK::File_name file = session.file_of_argument(argument);
         if (!platform::is_file(file)) {
             const bool may_be_project = platform::is_folder(file) || file.has_ext("tvp") ||
-                                        file.get_name(true).find('.') == std::string::npos ||
-                                        platform::is_file(project_file_of(file));
+                                        file.get_ext().empty() || platform::is_file(project_file_of(file));
             if (!may_be_project)
                 throw Command_failure(exit_unreachable, "There is no record '" + argument + "'.");
             file = find_project_file(session, argument);

@@ -76,6 +76,8 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
     EXPECT_EQ(findings_of(std::end(cases)[-1].lines), "");
     drives.write("Suite/Tilverra/tilverra_5.exe");
     TVS::Suite_Directory suite(TESK::File_name("C:\\Suite\\Tilverra\\project_editor.exe"));
+    suite.set("C:\\Suite"); // it is not looked for from the root of a drive
+    suite.reset();
     suite_directory = &suite;
     for (const Case& c : cases)
         EXPECT_EQ(findings_of(c.lines), c.findings) << c.lines;

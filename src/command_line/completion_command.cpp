@@ -59,12 +59,12 @@ std::string zsh_completion(const CLI::App& app) {
         cases += "    " + command->get_name() + ")\n        _arguments";
         for (const CLI::Option* option : options_of(*command)) {
             const std::string name = value_name(*option);
-            std::string spec = long_name(*option) + '[' + option->get_description() + ']';
+            std::string argument = long_name(*option) + '[' + option->get_description() + ']';
             if (const std::string words = values_of(*option); !words.empty())
-                spec += ":value:(" + words + ')';
+                argument += ":value:(" + words + ')';
             else if (!name.empty())
-                spec += ':' + name + (name == "FOLDER" || name == "FILE" ? ":_files" : ":");
-            cases += " \\\n            " + shell_quoted(spec);
+                argument += ':' + name + (name == "FOLDER" || name == "FILE" ? ":_files" : ":");
+            cases += " \\\n            " + shell_quoted(argument);
         }
         cases += " \\\n            '*:file:_files'\n        ;;\n";
     }

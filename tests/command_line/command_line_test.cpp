@@ -170,6 +170,26 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
     EXPECT_EQ(project_file("Irrigation_study/Scenarios/plateau.tvn"), with_CO2);
 }
 
+TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_programs) {
+    expect({
+        {"tvs_project new Irrigation_study a --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n", ""},
+        {"tvs_project copy Irrigation_study base b --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n", ""},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"spring barley 1985\",\"outcome\":\"done\"\n]\n", ""},
+        {"tvs_project delete Irrigation_study a --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n", ""},
+        {"tvs_project reset Irrigation_study --from base --boxes CO2 b --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n", ""},
+        {"tvs_project set Irrigation_study CO2.enable=1 --scenarios b --json | cut -d , -f 1,2", 0,
+         "[\n  {\"scenario\":\"b\",\"setting\":\"CO2.enable\"\n]\n", ""},
+        {"echo '[weather_tool]' >>Irrigation_study/Scenarios/b.tvn; echo seed=1 "
+         ">>Irrigation_study/Scenarios/b.tvn; tvs_project check Irrigation_study b --json | cut -d , -f 1,2",
+         0, "[\n  {\"scenario\":\"b\",\"weight\":\"warning\"\n]\n", ""},
+    });
+}
+
 TEST_F(Command_line_test, an_old_record_keeps_all_that_it_told_in_the_present_spelling) {
     folder.write("example/drive_c/Simulation/Projects/old.tvn",
                  "[simulation]\nsoil_filename=a.sil\nours=1\n[scenario]\nevent_count=2\n[event_2]\nID=b\n"

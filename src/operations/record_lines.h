@@ -19,6 +19,7 @@ class Record_lines {
 public:
     // What stands before the first header belongs to the primary section.
     Record_lines(std::string_view text, std::string_view primary_section);
+    Record_lines(std::string_view text, std::string&& primary_section) = delete; // it must outlive this
 
     // The line whose value counts: the last one of the section and key. Null where there is none.
     const Record_line* find(std::string_view section, std::string_view key) const;

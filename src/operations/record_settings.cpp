@@ -161,7 +161,8 @@ void Record_settings::list_settings() {
     record_->redeclare_for_write();
     record_->attach_guards();
     settings_.clear();
-    const Record_lines lines(text_, record_->get_primary_section_name());
+    const std::string primary = record_->get_primary_section_name();
+    const Record_lines lines(text_, primary);
     const bool has_version = dynamic_cast<const Common_parameters*>(record_.get()) != nullptr;
     for (const TESK::VV_section& section : record_->all_sections()) {
         for (TESK::VV_base_entry& entry : section.all_entries()) {
@@ -254,7 +255,8 @@ Setting_change Record_settings::set(std::string_view section, std::string_view k
 
 // Puts the setting's line in the place of the one that counts in the text, which is the last.
 void Record_settings::write_value(const Setting& setting) {
-    const Record_lines lines(text_, record_->get_primary_section_name());
+    const std::string primary = record_->get_primary_section_name();
+    const Record_lines lines(text_, primary);
     std::string line;
     setting.entry().label_cstr(line);
     if (const Record_line* old = lines.find(setting.section(), setting.key()))

@@ -4,6 +4,7 @@
 #include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
 #include "editing/record_folders.h"
+#include "editing/remembered_screens.h"
 #include "editing/window_translator.h"
 #include "model/labels.h"
 #include "model/project_editor_parameters.h"
@@ -102,6 +103,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
         desktop = services.make_desktop();
     const Desktop_scope desktop_scope(desktop ? *desktop : *current_desktop);
     const Folder_source_scope folder_source_scope;
+    const Remembered_screens remembered_screens(application_data_directory);
     TESK::Translations_phrases phrases;
     load_program_translations(phrases, *program_directory, *suite_directory);
     Forms forms(program_file_name, services.file_transfer);

@@ -8,6 +8,7 @@
 #include "runs/run_supervisor.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
+#include "toolkit/screen_memory.h"
 #include "toolkit/splitter.h"
 
 namespace {
@@ -34,8 +35,9 @@ Runs_page::Runs_page(TTilverra_project_form& project_form)
     : Project_page(project_form),
       runs_tabsheet(form.project_pagecontrol.add<TTabSheet>("runs_tabsheet", "Runs")),
       run_sets_table(
-          add_table(fill(runs_tabsheet.add<TSplitter>("runs_splitter", Layout::column)), "run_sets_table",
-                    Run_set_rows::columns(),
+          add_table(fill(runs_tabsheet.add<TSplitter>("runs_splitter", Layout::column,
+                                                      "Moves the border between the sets and their runs.")),
+                    "run_sets_table", Run_set_rows::columns(),
                     "Nothing has been run beside the editor yet. Tick scenarios, then press \"Run beside "
                     "the editor\" on the page Run.",
                     lines_of_sets)),
@@ -74,7 +76,7 @@ Runs_page::Runs_page(TTilverra_project_form& project_form)
     make_engine = [](const std::string& folder) { return std::make_unique<Supervised_engine>(folder); };
     run_sets_table.set_rows(&set_rows_);
     runs_table.set_rows(&run_rows_);
-    static_cast<TSplitter&>(*run_sets_table.parent()).set_position(share_of_sets);
+    keep_position(static_cast<TSplitter&>(*run_sets_table.parent()), share_of_sets);
     wire();
     show_progress();
 }

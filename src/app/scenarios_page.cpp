@@ -2,7 +2,15 @@
 
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_catalogue.h"
+#include "toolkit/screen_memory.h"
+#include "toolkit/splitter.h"
 #include "trees/suite_directory.h"
+
+namespace {
+
+constexpr int share_of_lists = 600; // of 1000, until the user moves the border
+
+} // namespace
 
 Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
     : Project_page(project_form), scenarios_tabsheet(form.project_pagecontrol.add<TTabSheet>(
@@ -10,14 +18,16 @@ Scenarios_page::Scenarios_page(TTilverra_project_form& project_form)
       active_scenario_editbar(scenarios_tabsheet.add<TAutoFileEditBar>("active_scenario_editbar")),
       active_scenario_outside_note(add_note(scenarios_tabsheet, "active_scenario_outside_note",
                                             "This scenario lies outside the folder of this project.")),
-      left_(
-          fill(fill(scenarios_tabsheet.add<TPanel>("panel_halves", Layout::row)).add<TPanel>("panel_left"))),
+      left_(fill(fill(scenarios_tabsheet.add<TSplitter>("scenarios_splitter", Layout::row,
+                                                        "Moves the border between the list and the pages."))
+                     .add<TPanel>("panel_left"))),
       right_(left_.parent()->add<TPanel>("panel_right")), lists(form, left_),
       edit_run_pagecontrol(fill(right_.add<TPageControl>("edit_run_pagecontrol"))),
       edit(form, edit_run_pagecontrol), run(form, edit_run_pagecontrol, scenarios_tabsheet),
       reset(form, edit_run_pagecontrol), analysis(form, edit_run_pagecontrol),
       sim_run_progress_note(scenarios_tabsheet.add<TLabel>("sim_run_progress_note")),
       sim_run_progressbar(scenarios_tabsheet.add<TProgressBar>("sim_run_progressbar")) {
+    keep_position(static_cast<TSplitter&>(*left_.parent()), share_of_lists);
     active_scenario_outside_note.set_visible(false);
     sim_run_progress_note.set_text_is_data(true);
     sim_run_progress_note.set_visible(false);

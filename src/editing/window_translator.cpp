@@ -21,6 +21,7 @@ bool has_caption(Control_kind kind) {
     case Control_kind::group_box:
     case Control_kind::tab_sheet:
     case Control_kind::table:
+    case Control_kind::splitter:
     case Control_kind::form: return true;
     default: return false;
     }

@@ -5,9 +5,10 @@
 
 class TSplitter : public TContainer {
 public:
-    // In a row the children stand beside one another, in a column above one another.
-    explicit TSplitter(std::string name, Layout layout = Layout::row)
-        : TContainer(Control_kind::splitter, std::move(name), {}, layout, 1) {}
+    // In a row the children stand beside one another, in a column above one another. The text is what the
+    // bar is called, for who points at it or cannot see it.
+    explicit TSplitter(std::string name, Layout layout = Layout::row, std::string text = {})
+        : TContainer(Control_kind::splitter, std::move(name), std::move(text), layout, 1) {}
 
     // The share of the first child in thousandths, which the owner may remember; -1 as long as nobody set it,
     // which divides by the places of the children.

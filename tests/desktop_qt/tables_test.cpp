@@ -233,8 +233,9 @@ TEST_F(Table_views, a_menu_bar_opens_brought_up_to_date_and_its_shortcuts_work) 
 }
 
 TEST_F(Table_views, a_splitter_divides_by_its_share_and_tells_where_it_was_moved) {
-    auto& splitter = form_.add<TSplitter>("splitter");
-    splitter.add<TListBox>("left");
+    auto& splitter = form_.add<TSplitter>("splitter", Layout::row, "Divides the lists");
+    splitter.set_place({.stretch = 1});
+    splitter.add<TListBox>("left").set_place({.stretch = 3});
     splitter.add<TListBox>("right");
     splitter.set_position(250);
     form_.set_bounds({0, 0, 800, 300});
@@ -242,7 +243,7 @@ TEST_F(Table_views, a_splitter_divides_by_its_share_and_tells_where_it_was_moved
     QSplitter& view = widget<QSplitter>(splitter);
     EXPECT_NEAR(view.sizes()[0] * 3, view.sizes()[1], 10);
     QTest::keyClick(view.handle(1), Qt::Key_Right);
-    EXPECT_EQ(splitter.position(), 270);
+    EXPECT_NEAR(splitter.position(), 270, 1);
     EXPECT_NEAR(view.sizes()[0], 0.27 * (view.sizes()[0] + view.sizes()[1]), 3);
     const int width = view.sizes()[0];
     QTest::mousePress(view.handle(1), Qt::LeftButton, {}, {1, 10});
@@ -250,6 +251,16 @@ TEST_F(Table_views, a_splitter_divides_by_its_share_and_tells_where_it_was_moved
     QTest::mouseRelease(view.handle(1), Qt::LeftButton, {}, {1, 10});
     EXPECT_NEAR(view.sizes()[0], width + 100, 5) << "the bar stays where it was let go";
     EXPECT_GT(splitter.position(), 350);
+    const double share = splitter.position() / 1000.0;
+    for (const int room : {1600, 500}) {
+        widget(form_).resize(room, 300);
+        EXPECT_NEAR(view.sizes()[0], share * (view.sizes()[0] + view.sizes()[1]), 3)
+            << "at first show and at any size of the window";
+    }
+    QTest::keyClick(view.handle(1), Qt::Key_Home);
+    EXPECT_GT(view.sizes()[0], 20) << "nothing is moved out of sight";
+    EXPECT_EQ(from_qt(QAccessible::queryAccessibleInterface(view.handle(1))->text(QAccessible::Name)),
+              "Divides the lists");
 }
 
 TEST_F(Table_views, a_long_path_is_cut_in_its_middle_and_keeps_its_text) {

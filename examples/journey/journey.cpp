@@ -249,7 +249,7 @@ private:
     void take_pages(TControl& within, const QString& prefix) {
         bool any = false;
         within.walk([&](TControl& inner) {
-            if (inner.kind() != Control_kind::page_control || !inner.visible() || page_above(inner, within))
+            if (!has_tabs(inner) || !inner.visible() || page_above(inner, within))
                 return true;
             any = true;
             for (TControl* page : inner.children()) {
@@ -274,11 +274,15 @@ private:
             }
         }
     }
+    static bool has_tabs(const TControl& control) {
+        return control.kind() == Control_kind::page_control &&
+               static_cast<const TPageControl&>(control).tabs() != Tabs::none;
+    }
     // Whether another page control stands between the two.
     static bool page_above(const TControl& control, const TControl& within) {
         for (const TControl* above = control.parent(); above != nullptr && above != &within;
              above = above->parent())
-            if (above->kind() == Control_kind::page_control)
+            if (has_tabs(*above))
                 return true;
         return false;
     }

@@ -42,8 +42,13 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
       GIS_run_tabsheet(GIS_pagecontrol.add<TTabSheet>("GIS_run_tabsheet", "Run options")),
       GIS_analysis_tabsheet(GIS_pagecontrol.add<TTabSheet>("GIS_analysis_tabsheet", "Analysis")),
       GIS_output_tabsheet(GIS_pagecontrol.add<TTabSheet>("GIS_output_tabsheet", "Output tables")),
-      GIS_coverage_filebar(GIS_maps_tabsheet.add<TAutoFileEditBar>("GIS_coverage_filebar")),
-      GIS_PAT_fields_pagecontrol(fill(GIS_maps_tabsheet.add<TPageControl>("GIS_PAT_fields_pagecontrol"))),
+      GIS_coverage_filebar(fill(
+          add_row(GIS_maps_tabsheet, "GIS_coverage_panel").add<TAutoFileEditBar>("GIS_coverage_filebar"))),
+      GIS_coverage_table_button(add_button(*GIS_coverage_filebar.parent(), "GIS_coverage_table_button",
+                                           "Show table",
+                                           "Show the polygon attribute table in a window of its own.")),
+      GIS_PAT_fields_pagecontrol(
+          GIS_maps_tabsheet.add<TPageControl>("GIS_PAT_fields_pagecontrol", Tabs::none)),
       GIS_soil_tabsheet(
           GIS_PAT_fields_pagecontrol.add<TTabSheet>("GIS_soil_tabsheet", "Soil attributes", Layout::grid, 2)),
       GIS_uniform_soil_tabsheet(GIS_PAT_fields_pagecontrol.add<TTabSheet>(
@@ -119,6 +124,10 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
           add_table_list(GIS_output_tabsheet, "GIS_tally_shellistview", "Tables of the runs")),
       GIS_aggregation_shellistview(
           add_table_list(GIS_output_tabsheet, "GIS_aggregation_shellistview", "Aggregated tables")),
+      GIS_show_tables_button(
+          add_button(GIS_output_tabsheet, "GIS_show_tables_button", "Show table",
+                     "Show each table that is selected in the lists in a window of its own. Enter or a "
+                     "double click shows the table under the cursor.")),
       explore_GIS_button(add_button(GIS_tabsheet, "explore_GIS_button", "Explore",
                                     "Show the folder of the page in front in the suite's explorer.")),
       PAT_attributes(std::make_unique<TESK::Text_list>()) {
@@ -141,6 +150,26 @@ void GIS_page::wire() {
     GIS_output_tabsheet.on_show = [this] {
         GIS_tally_shellistview.Update();
         GIS_aggregation_shellistview.Update();
+    };
+    for (TShellListView* list : {&GIS_tally_shellistview, &GIS_aggregation_shellistview}) {
+        list->on_double_click = [this, list] { show_selected_tables(*list); };
+        list->on_key = [this, list](const Key& key) {
+            if (key.code != Key_code::enter)
+                return false;
+            show_selected_tables(*list);
+            return true;
+        };
+    }
+    GIS_show_tables_button.on_click = [this] {
+        show_selected_tables(GIS_tally_shellistview);
+        show_selected_tables(GIS_aggregation_shellistview);
+    };
+    GIS_coverage_table_button.on_click = [this] {
+        TESK::Smart_file_name file;
+        file = std::string(record().GIS_parameters.coverage_PAT_filename);
+        workspace().enter_project_folder();
+        file.qualify();
+        form.tables.show(file);
     };
     STATSGO_tabsheet.on_show = [this] { STATSGO_tabsheetShow(); };
     GIS_coverage_filebar.OnChange = [this] { GIS_coverage_filebar_onchange(); };
@@ -209,6 +238,7 @@ void GIS_page::reload_PAT_attributes() {
 
 void GIS_page::show_hide() {
     GIS_PAT_fields_pagecontrol.set_visible(workspace().coverage_exists());
+    GIS_coverage_table_button.set_enabled(workspace().coverage_exists());
     STATSGO_tabsheetShow();
     // What the button has to do with that program is not known; the rule is kept.
     GIS_view_holding_capacity_button.set_visible(suite_programs() != nullptr &&
@@ -253,6 +283,11 @@ void GIS_page::show_hide_outputs() {
     if (project != nullptr &&
         (workspace().is_GIS() || form.project_pagecontrol.active_page() == &GIS_tabsheet))
         show_folder(GIS_scenarios_checklistbox, project->get_GIS_directory(false));
+}
+
+void GIS_page::show_selected_tables(const TShellListView& list) {
+    for (const std::string& file : list.selected_paths())
+        form.tables.show(record_text(file));
 }
 
 void GIS_page::show_template_ok(bool is_ok) {

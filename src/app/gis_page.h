@@ -39,6 +39,7 @@ public:
 
     // Maps
     TAutoFileEditBar& GIS_coverage_filebar;
+    TButton& GIS_coverage_table_button;
     TPageControl& GIS_PAT_fields_pagecontrol;
     TTabSheet& GIS_soil_tabsheet;
     TTabSheet& GIS_uniform_soil_tabsheet;
@@ -86,6 +87,7 @@ public:
     TButton& GIS_perform_prob_distribution;
     TShellListView& GIS_tally_shellistview;
     TShellListView& GIS_aggregation_shellistview;
+    TButton& GIS_show_tables_button;
 
     TButton& explore_GIS_button; // below all the pages
 
@@ -94,6 +96,7 @@ private:
     void reload_PAT_attributes();
     void show_hide_attributes();
     void show_hide_outputs();
+    void show_selected_tables(const TShellListView& list);
 
     std::unique_ptr<TESK::Text_list> PAT_attributes;
 };

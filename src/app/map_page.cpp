@@ -3,6 +3,7 @@
 #include "app/tilverra_project_form.h"
 #include "platform/files.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 
 namespace {
 
@@ -29,6 +30,8 @@ Map_page::Map_page(TTilverra_project_form& project_form)
       map_table_combo(add_choice(add_row(map_tabsheet, "map_choices_panel"), "map_table_combo", "Table")),
       map_attribute_combo(
           add_choice(static_cast<TPanel&>(*map_table_combo.parent()), "map_attribute_combo", "Coloured by")),
+      map_show_table_button(add_button(*map_table_combo.parent(), "map_show_table_button", "Show table",
+                                       "Show the chosen table in a window of its own.")),
       map_view(fill(fill(map_tabsheet.add<TPanel>("map_panel", Layout::row)).add<TMapView>("map_view"))),
       map_legend_panel(map_view.parent()->add<TPanel>("map_legend_panel")),
       map_note(add_note(map_tabsheet, "map_note", "")) {
@@ -46,16 +49,28 @@ Map_page::Map_page(TTilverra_project_form& project_form)
     map_tabsheet.on_show = [this] { read_map(); };
     map_table_combo.on_change = [this] { table_chosen(); };
     map_attribute_combo.on_change = [this] { attribute_chosen(); };
+    map_show_table_button.on_click = [this] { form.tables.show(chosen_file()); };
     map_view.describe = [this](int polygon) { return description_of(polygon); };
     map_view.on_hover = [this] { map_note.set_text(map_view.description()); };
 }
 
-std::string Map_page::shapefile() const {
+std::string Map_page::attribute_file() const {
     TESK::Smart_file_name file;
     file = std::string(record().GIS_parameters.coverage_PAT_filename);
+    workspace().enter_project_folder();
     file.qualify();
+    return file;
+}
+
+std::string Map_page::shapefile() const {
+    TESK::File_name file(attribute_file().c_str());
     file.set_ext("shp");
     return file;
+}
+
+std::string Map_page::chosen_file() const {
+    const int index = map_table_combo.item_index();
+    return index > 0 ? tables_[static_cast<std::size_t>(index)] : attribute_file();
 }
 
 void Map_page::show_hide() {
@@ -74,8 +89,9 @@ void Map_page::read_map() {
     const Busy_pointer busy;
     shown_file_ = shapefile();
     auto map = std::make_shared<Polygon_map>(reader_->read(shown_file_));
-    attributes_ = Attribute_table(record().GIS_parameters.coverage_PAT_filename, true);
-    const std::string& failure = map->failure.empty() ? attributes_.failure() : map->failure;
+    attributes_ = Attribute_table(attribute_file(), true);
+    const std::string failure =
+        map->failure.empty() ? trouble_with(attributes_, attribute_file()) : map->failure;
     map_note.set_text(failure);
     map_view.set_map(std::move(map));
     map_table_combo.set_item_index(0);
@@ -87,7 +103,7 @@ void Map_page::read_map() {
 // A run leaves its tables while the project is open.
 void Map_page::list_tables() {
     tables_ = {""};
-    std::vector<std::string> items = {own_table};
+    std::vector<std::string> items = {worded(own_table)};
     if (workspace().ensure_project_directory()) {
         const Tilverra_project_directory& project = *workspace().project_directory;
         for (const std::string& folder : {std::string(project.get_GIS_directory(false)),
@@ -102,10 +118,9 @@ void Map_page::list_tables() {
 }
 
 void Map_page::table_chosen() {
-    const int index = map_table_combo.item_index();
-    colours_by_output_ = index > 0;
+    colours_by_output_ = map_table_combo.item_index() > 0;
     if (colours_by_output_)
-        output_ = Attribute_table(tables_[static_cast<std::size_t>(index)], false);
+        output_ = Attribute_table(chosen_file(), false);
     const Attribute_table& table = colours_by_output_ ? output_ : attributes_;
     std::vector<std::string> names;
     for (std::size_t field = 0; field < table.field_count(); ++field)
@@ -114,7 +129,7 @@ void Map_page::table_chosen() {
     // The soils tell most of a map; else the first attribute.
     const std::size_t soil = table.find_field(record().GIS_parameters.soil_attribute);
     map_attribute_combo.set_item_index(soil < table.field_count() ? static_cast<int>(soil) : 0);
-    map_note.set_text(table.failure());
+    map_note.set_text(trouble_with(table, chosen_file()));
     attribute_chosen();
 }
 
@@ -132,9 +147,9 @@ void Map_page::attribute_chosen() {
         if (map_key < attributes_.field_count() && other_key < output_.field_count())
             values = joined_values(attributes_, map_key, output_, other_key, field);
         else
-            map_note.set_text(
-                "The map and the table must both have the attribute of the polygon identifier, " +
-                screen_text(key) + ", to be brought together.");
+            map_note.set_text(worded("The map and the table must both have the attribute of the polygon "
+                                     "identifier, %1, to be brought together.",
+                                     screen_text(key)));
     }
     const Map_colouring colouring = colour_by(values, field < table.field_count() && table.is_number(field));
     map_view.set_colours(colouring.colours);
@@ -145,7 +160,9 @@ void Map_page::show_legend(const Map_colouring& colouring) {
     for (std::size_t i = 0; i < legend_.size(); ++i) {
         const bool is_used = i < colouring.legend.size();
         legend_[i]->set_visible(is_used);
-        legend_[i]->set_text(is_used ? screen_text(colouring.legend[i].text) : "");
+        legend_[i]->set_text(!is_used                           ? ""
+                             : colouring.legend[i].text.empty() ? worded("Other values")
+                                                                : screen_text(colouring.legend[i].text));
         legend_[i]->set_colour(is_used ? colouring.legend[i].colour : desktop_colour);
     }
 }

@@ -24,6 +24,7 @@ public:
     TTabSheet& map_tabsheet;
     TComboBox& map_table_combo;
     TComboBox& map_attribute_combo;
+    TButton& map_show_table_button; // of the chosen table
     TMapView& map_view;
     TPanel& map_legend_panel;
     TLabel& map_note;
@@ -31,7 +32,9 @@ public:
 private:
     static constexpr std::size_t most_entries = 11; // of a legend
 
+    std::string attribute_file() const;
     std::string shapefile() const;
+    std::string chosen_file() const;
     void read_map();
     void list_tables();
     void table_chosen();

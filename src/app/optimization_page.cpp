@@ -13,10 +13,11 @@ constexpr const char* optimization_help = "project\\optimization\\carbon_sequest
 Optimization_page::Optimization_page(TTilverra_project_form& project_form)
     : Project_page(project_form), tabsheet_optimization(form.project_pagecontrol.add<TTabSheet>(
                                       "tabsheet_optimization", "Optimization models")),
-      optimization_pagecontrol(fill(tabsheet_optimization.add<TPageControl>("optimization_pagecontrol"))),
+      optimization_pagecontrol(
+          tabsheet_optimization.add<TPageControl>("optimization_pagecontrol", Tabs::none)),
       opt_C_seq_tabsheet(optimization_pagecontrol.add<TTabSheet>(
           "opt_C_seq_tabsheet", "Carbon sequestration for grazing regimens")),
-      opt_C_seq_pagecontrol(fill(opt_C_seq_tabsheet.add<TPageControl>("opt_C_seq_pagecontrol"))),
+      opt_C_seq_pagecontrol(opt_C_seq_tabsheet.add<TPageControl>("opt_C_seq_pagecontrol", Tabs::none)),
       acreage_tabsheet(opt_C_seq_pagecontrol.add<TTabSheet>("acreage_tabsheet", "Acreage")),
       herd_tabsheet(opt_C_seq_pagecontrol.add<TTabSheet>("herd_tabsheet", "Herd population / Stocking rate")),
       grazing_tabsheet(opt_C_seq_pagecontrol.add<TTabSheet>("grazing_tabsheet", "Grazing regimen")),

@@ -17,7 +17,7 @@ constexpr const char* usual_template_note = "A scenario to be used as a template
 Options_page::Options_page(TTilverra_project_form& project_form)
     : Project_page(project_form),
       options_tabsheet(form.project_pagecontrol.add<TTabSheet>("options_tabsheet", "Options")),
-      options_pagecontrol(fill(options_tabsheet.add<TPageControl>("options_pagecontrol"))),
+      options_pagecontrol(options_tabsheet.add<TPageControl>("options_pagecontrol", Tabs::none)),
       generation_tabsheet(options_pagecontrol.add<TTabSheet>("generation_tabsheet", "Scenario generation")),
       model_tabsheet(options_pagecontrol.add<TTabSheet>("model_tabsheet", "Model selection")),
       data_sources_tabsheet(

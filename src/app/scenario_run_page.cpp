@@ -6,6 +6,7 @@
 #include "platform/host_names.h"
 #include "runs/project_run_set.h"
 #include "toolkit/desktop.h"
+#include "toolkit/menu.h"
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
@@ -19,6 +20,9 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
                      "Run the checked scenarios or, without check marks, the active scenario.")),
       view_output_button(add_button(scenario_run_tabsheet, "view_output_button", "View output",
                                     "Show what the last run of the active scenario wrote.")),
+      view_tables_button(add_button(scenario_run_tabsheet, "view_tables_button", "View output tables",
+                                    "Show the tables (.dbf) that the last run of the active scenario wrote, "
+                                    "each in a window of its own.")),
       run_beside_button(add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
                                    "Run the checked scenarios or, without check marks, the active one, "
                                    "several at a time, while you work on. See the page Runs.")),
@@ -62,6 +66,7 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
         return digits;
     };
     view_output_button.on_click = [this] { view_output_button_onclick(); };
+    view_tables_button.on_click = [this] { view_tables_button_onclick(); };
     run_statistical_analysis_checkbox.on_click = [this] { run_statistical_analysis_checkbox_onclick(); };
 }
 
@@ -185,6 +190,23 @@ void Scenario_run_page::view_output_button_onclick() {
         return;
     if (!view_output(workspace(), record().active_scenario))
         show_message("This scenario does not have any output.  First run the simulation");
+}
+
+// One table is shown at once, of several the user chooses.
+void Scenario_run_page::view_tables_button_onclick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    const std::vector<std::string> files = output_tables(workspace(), record().active_scenario);
+    if (files.empty())
+        return form.parameter_file_form().notice(worded("The active scenario has no output tables (.dbf)."));
+    if (files.size() == 1)
+        return form.tables.show(files.front());
+    TPopupMenu menu;
+    for (const std::string& file : files)
+        menu.items.push_back({.text = screen_text(TESK::File_name(file.c_str()).get_name(true)),
+                              .on_click = [this, file] { form.tables.show(file); },
+                              .text_is_data = true});
+    menu.popup();
 }
 
 void Scenario_run_page::run_statistical_analysis_checkbox_onclick() {

@@ -22,6 +22,7 @@ public:
     void senerios_run_button_onclick();
     void run_beside_button_onclick();
     void view_output_button_onclick();
+    void view_tables_button_onclick();
     void run_statistical_analysis_checkbox_onclick();
     // There is something to run when a line is checked or the active scenario exists. The button is on view
     // as long as there are lines, too.
@@ -35,6 +36,7 @@ public:
     TTabSheet& scenario_run_tabsheet;
     TButton& senerios_run_button;
     TButton& view_output_button;
+    TButton& view_tables_button;
     TButton& run_beside_button;
     TEdit& runs_at_once_edit;
     TCheckBox& stop_at_failure_checkbox;

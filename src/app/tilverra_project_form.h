@@ -12,6 +12,7 @@
 #include "app/runs_page.h"
 #include "app/scenarios_page.h"
 #include "app/settings_page.h"
+#include "app/table_window.h"
 #include "app/tally_page.h"
 #include "editing/parameter_file_form.h"
 #include "operations/project_workspace.h"
@@ -55,6 +56,7 @@ public:
 
     TPageControl& project_pagecontrol;
     TFileDialog TVN_filedialog; // asks for a scenario of any project
+    Table_windows tables;
     Scenarios_page scenarios;
     Runs_page runs;
     Settings_page settings;

@@ -74,11 +74,11 @@ bool has_use_for_height(const TControl& control) {
     case Control_kind::list_box:
     case Control_kind::shell_list:
     case Control_kind::shell_tree:
-    case Control_kind::page_control:
     case Control_kind::splitter:
     case Control_kind::table:
     case Control_kind::web_view:
     case Control_kind::map_view: return true;
+    case Control_kind::page_control: return static_cast<const TPageControl&>(control).tabs() != Tabs::none;
     case Control_kind::panel:
     case Control_kind::group_box: break;
     default: return false;
@@ -205,7 +205,8 @@ class Page_control_view : public View_of<TPageControl, QTabWidget> {
 public:
     Page_control_view(View_context& context, TControl& control, QWidget* parent)
         : View_of(context, control, *new QTabWidget(parent)) {
-        widget().setTabPosition(this->control().tabs_below() ? QTabWidget::South : QTabWidget::North);
+        widget().setTabPosition(this->control().tabs() == Tabs::below ? QTabWidget::South
+                                                                      : QTabWidget::North);
         widget().setDocumentMode(false);
         widget().tabBar()->setUsesScrollButtons(true);
         watch(*widget().tabBar());
@@ -259,6 +260,32 @@ private:
     }
 };
 
+// Pages without tabs: groups below one another.
+class Groups_view : public View_of<TPageControl, QWidget> {
+public:
+    Groups_view(View_context& context, TControl& control, QWidget* parent)
+        : View_of(context, control, *new QWidget(parent)) {}
+
+protected:
+    void show_state() override {
+        delete widget().layout();
+        auto& layout = *new QVBoxLayout(&widget());
+        layout.setContentsMargins(0, 0, 0, 0);
+        for (TControl* page : control().children()) {
+            QWidget& group = widget_of(context(), *page, &widget());
+            group.setVisible(page->visible());
+            layout.addWidget(&group);
+        }
+        layout.addStretch(1);
+    }
+    // Each group shows itself whether it is there.
+    void show_change(const Change& change) override {
+        if (change.aspect != Aspect::page && change.aspect != Aspect::state)
+            View::show_change(change);
+    }
+    void settle() override {}
+};
+
 void Sheet_view::focus_tabs() {
     const Control_view* const holder = observed() ? control().parent()->view() : nullptr;
     if (!holder)
@@ -304,9 +331,13 @@ View& make_group_view(View_context& context, TControl& control, QWidget* parent)
 }
 
 View& make_sheet_view(View_context& context, TControl& control, QWidget* parent) {
-    return *new Sheet_view(context, control, parent);
+    const bool has_tab = static_cast<TPageControl*>(control.parent())->tabs() != Tabs::none;
+    return has_tab ? static_cast<View&>(*new Sheet_view(context, control, parent))
+                   : *new Group_view(context, control, parent);
 }
 
 View& make_page_control_view(View_context& context, TControl& control, QWidget* parent) {
-    return *new Page_control_view(context, control, parent);
+    return static_cast<TPageControl&>(control).tabs() == Tabs::none
+               ? static_cast<View&>(*new Groups_view(context, control, parent))
+               : *new Page_control_view(context, control, parent);
 }

@@ -33,7 +33,7 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
           row.add<TLabel>("label_description", "Description").set_names_next(true);
           return fill(row.add<TAutoStringEdit>("edit_description"));
       }()),
-      page_control_parameters_etc(fill(add<TPageControl>("page_control_parameters_etc", true))),
+      page_control_parameters_etc(fill(add<TPageControl>("page_control_parameters_etc", Tabs::below))),
       tabsheet_parameters(page_control_parameters_etc.add<TTabSheet>("tabsheet_parameters", "Parameters")),
       parameters_panel(fill(tabsheet_parameters.add<TPanel>("parameters_panel"))),
       ok_button(add_button(add_row(*this, "panel_buttons"), "ok_button", "Save/Close")),

@@ -41,7 +41,7 @@ public:
         }
         if (control.kind() == Control_kind::main_menu)
             changed |= static_cast<TMainMenu&>(control).refresh_words();
-        if (control.kind() == Control_kind::table)
+        if (control.kind() == Control_kind::table && !control.text_is_data())
             changed |= translate_captions(static_cast<TTable&>(control));
         if (control.text_is_data() || !has_caption(control.kind()))
             return changed;

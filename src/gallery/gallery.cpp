@@ -394,7 +394,7 @@ void draw_workspace(Gallery& gallery, int width, int height, const QString& name
     top.add<TLabel>("label", "Description").set_names_next(true);
     top.add<TEdit>("description").set_text("Irrigation of maize on three soils");
     top.find("description")->set_place({.stretch = 1});
-    auto& pages = form.add<TPageControl>("page_control_parameters_etc", true);
+    auto& pages = form.add<TPageControl>("page_control_parameters_etc", Tabs::below);
     pages.set_place({.stretch = 1});
     auto& parameters = pages.add<TTabSheet>("parameters", "Parameters");
     for (const char* caption : {"Details", "Notes", "Help", "Commands", "Status", "Translation"})

@@ -56,7 +56,7 @@ Map_colouring in_classes(const std::vector<std::string_view>& values, double low
                    : no_value);
     }
     for (std::size_t i = 0; i < class_count; ++i)
-        colouring.legend.push_back({text_of(lowest + static_cast<double>(i) * width) + " to " +
+        colouring.legend.push_back({text_of(lowest + static_cast<double>(i) * width) + " .. " +
                                         text_of(lowest + static_cast<double>(i + 1) * width),
                                     ramp[i]});
     return colouring;
@@ -84,7 +84,7 @@ Map_colouring by_kind(const std::vector<std::string_view>& values, bool are_numb
         colouring.legend.push_back({std::string(value), colour});
     }
     if (has_others)
-        colouring.legend.push_back({"other", other_kind});
+        colouring.legend.push_back({"", other_kind});
     for (const std::string_view value : values) {
         const auto found = colours.find(value);
         colouring.colours.push_back(value.empty()            ? no_value
@@ -104,21 +104,19 @@ std::string key_of(std::string_view text) {
 
 Attribute_table::Attribute_table(const std::string& file_name, bool with_deleted) {
     if (!platform::is_file(file_name)) {
-        failure_ = "There is no table " + TESK::utf8_from_code_page(file_name) + '.';
+        fault_ = Fault::missing;
         return;
     }
     TESK::Binary_file_fstream file(file_name.c_str(), false);
     TESK::dBase_data_source source(file);
     source.set_show_deleted(with_deleted);
-    if (!source.read_structure() || source.fields.is_empty()) {
-        failure_ = TESK::utf8_from_code_page(file_name) + " is no table that can be read.";
-        return;
-    }
+    const bool is_table = source.read_structure() && !source.fields.is_empty();
     const auto& header = source.get_header();
-    if (std::uint64_t(header.record_count) * header.record_length > largest_table) {
-        failure_ = TESK::utf8_from_code_page(file_name) + " is too large to be shown.";
+    if (!is_table || std::uint64_t(header.record_count) * header.record_length > largest_table) {
+        fault_ = is_table ? Fault::too_large : Fault::unreadable;
         return;
     }
+    missing_rows_ = source.get_missing_rows();
     std::vector<const TESK::dBase_data_source::Field_item*> items;
     for (const auto& item : TESK::Items_of<TESK::dBase_data_source::Field_item>(source.fields)) {
         fields_.push_back({item.name, row_length_, item.length, item.type == 'N' || item.type == 'F'});
@@ -143,6 +141,38 @@ std::size_t Attribute_table::find_field(std::string_view name) const {
 std::string_view Attribute_table::text(std::size_t row, std::size_t field) const {
     const Field& place = fields_[field];
     return without_blanks(std::string_view(rows_).substr(row * row_length_ + place.offset, place.length));
+}
+
+std::vector<std::uint32_t> rows_in_order(const Attribute_table& table, std::size_t field, bool down) {
+    struct Row {
+        std::uint32_t number;
+        bool has_value;
+        double value;
+        std::string_view text;
+    };
+    std::vector<Row> rows;
+    rows.reserve(table.row_count());
+    for (std::uint32_t number = 0; number < table.row_count(); ++number) {
+        const std::string_view text = table.text(number, field);
+        const std::optional<double> value = table.is_number(field) ? number_in(text) : std::nullopt;
+        if (table.is_number(field))
+            rows.push_back({number, value.has_value(), value.value_or(0), {}});
+        else
+            rows.push_back({number, !text.empty(), 0, text});
+    }
+    std::stable_sort(rows.begin(), rows.end(), [down](const Row& a, const Row& b) {
+        if (!a.has_value || !b.has_value)
+            return a.has_value && !b.has_value;
+        const Row& first = down ? b : a;
+        const Row& second = down ? a : b;
+        return first.value != second.value ? first.value < second.value
+                                           : TESK::compare_ignoring_case(first.text, second.text) < 0;
+    });
+    std::vector<std::uint32_t> numbers;
+    numbers.reserve(rows.size());
+    for (const Row& row : rows)
+        numbers.push_back(row.number);
+    return numbers;
 }
 
 Map_colouring colour_by(const std::vector<std::string_view>& values, bool are_numbers) {

@@ -15,14 +15,18 @@ public:
     // these as well.
     Attribute_table(const std::string& file_name, bool with_deleted);
 
-    // A plain English sentence, in UTF-8, and then the table is empty; empty when all went well. A table of
-    // more than 256 MiB is not read.
-    const std::string& failure() const { return failure_; }
+    // Why there is nothing to be seen; the table is then empty. A table of more than 256 MiB is not read.
+    enum class Fault { none, missing, unreadable, too_large };
+    Fault fault() const { return fault_; }
+    // The rows that the file's header tells of and the file, which is damaged, does not hold.
+    std::size_t missing_rows() const { return missing_rows_; }
     std::size_t row_count() const { return row_length_ == 0 ? 0 : rows_.size() / row_length_; }
     std::size_t field_count() const { return fields_.size(); }
     const std::string& field_name(std::size_t field) const { return fields_[field].name; }
     // The first field of that name, case not significant; field_count() when there is none.
     std::size_t find_field(std::string_view name) const;
+    // How many characters its values have room for.
+    std::size_t field_length(std::size_t field) const { return fields_[field].length; }
     bool is_number(std::size_t field) const { return fields_[field].is_number; }
     // The value without the blanks round it, in code page 1252.
     std::string_view text(std::size_t row, std::size_t field) const;
@@ -38,13 +42,19 @@ private:
     std::vector<Field> fields_;
     std::string rows_; // one behind the other, each row_length_ bytes
     std::size_t row_length_ = 0;
-    std::string failure_;
+    Fault fault_ = Fault::none;
+    std::size_t missing_rows_ = 0;
 };
+
+// The numbers of the rows in the order of a field's values: numbers by what they are worth, texts by the
+// alphabet, case not significant. Equal values keep the order of the table; empty ones, and what is no number
+// among numbers, come last in either direction.
+std::vector<std::uint32_t> rows_in_order(const Attribute_table& table, std::size_t field, bool down);
 
 // Which colour each of a list of values has, and what the colours stand for.
 struct Map_colouring {
     struct Entry {
-        std::string text; // in code page 1252
+        std::string text; // in code page 1252; empty for all other values
         std::int32_t colour;
     };
     std::vector<std::int32_t> colours; // one a value, as 0xbbggrr

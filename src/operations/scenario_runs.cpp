@@ -3,14 +3,31 @@
 #include "model/model_command.h"
 #include "model/tilverra_scenario.h"
 #include "platform/command_line.h"
+#include "platform/listing.h"
 #include "records/vv_file.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
+
+#include <algorithm>
+#include <memory>
 
 namespace {
 
 constexpr int maximised = 3;
 constexpr int minimised = 6;
+
+// The scenario's folder, where it has output. The project's folder is the current one afterwards.
+std::unique_ptr<Tilverra_scenario_directory> folder_with_output(const Project_workspace& workspace,
+                                                                const std::string& scenario_file) {
+    workspace.enter_project_folder();
+    if (scenario_file.empty() || scenario_file.starts_with('<'))
+        return nullptr;
+    TESK::File_name file(scenario_file.c_str());
+    file.qualify();
+    auto folder = std::make_unique<Tilverra_scenario_directory>(file);
+    workspace.enter_project_folder();
+    return folder->has_output() ? std::move(folder) : nullptr;
+}
 
 } // namespace
 
@@ -24,17 +41,21 @@ bool run_scenario(Project_workspace& workspace, const std::string& scenario_file
 }
 
 std::string outputs_of_scenario(const Project_workspace& workspace, const std::string& scenario_file) {
-    workspace.enter_project_folder();
-    if (scenario_file.empty() || scenario_file.starts_with('<'))
-        return {};
-    TESK::File_name file(scenario_file.c_str());
-    file.qualify();
-    const Tilverra_scenario_directory folder(file);
-    workspace.enter_project_folder();
-    if (!folder.has_output())
-        return {};
-    return platform::in_quotes(scenario_file) + ' ' + platform::in_quotes(folder.output_directory) + ' ' +
-           platform::in_quotes(folder.CPF);
+    const auto folder = folder_with_output(workspace, scenario_file);
+    return folder ? platform::in_quotes(scenario_file) + ' ' + platform::in_quotes(folder->output_directory) +
+                        ' ' + platform::in_quotes(folder->CPF)
+                  : "";
+}
+
+std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file) {
+    const auto folder = folder_with_output(workspace, scenario_file);
+    std::vector<std::string> tables;
+    if (folder)
+        for (const platform::Folder_entry& entry : platform::list_folder(folder->output_directory, "*.dbf"))
+            if ((entry.attributes & platform::attribute_directory) == 0)
+                tables.push_back(folder->output_directory + '\\' + entry.name);
+    std::sort(tables.begin(), tables.end());
+    return tables;
 }
 
 bool view_output(Project_workspace& workspace, const std::string& scenario_file) {

@@ -18,3 +18,7 @@ std::string outputs_of_scenario(const Project_workspace& workspace, const std::s
 
 // Shows the output of a scenario by the report format that its record names. False when it has none.
 bool view_output(Project_workspace& workspace, const std::string& scenario_file);
+
+// The tables (.dbf) among the output of a scenario, by their full names in the order of the alphabet. Needs a
+// project directory, whose folder is the current one afterwards.
+std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file);

@@ -130,7 +130,9 @@ bool dBase_data_source::read_structure() {
     // Some writers count rows that they never wrote.
     const std::int64_t room = std::max<std::int64_t>(size - header_.header_length, 0);
     const std::int64_t rows = header_.record_length == 0 ? 0 : room / header_.record_length;
-    header_.record_count = static_cast<std::uint32_t>(std::min<std::int64_t>(header_.record_count, rows));
+    const auto there = static_cast<std::uint32_t>(std::min<std::int64_t>(header_.record_count, rows));
+    missing_rows_ = header_.record_count - there;
+    header_.record_count = there;
     structure_read_ = true;
     if (row_visitor_ != nullptr)
         visit_rows();

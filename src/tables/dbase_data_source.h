@@ -123,6 +123,8 @@ public:
     std::string& label(std::string& buffer) const override;
 
     const Header& get_header() const { return header_; }
+    // How many rows the header told of when it was read that the file does not hold.
+    std::uint32_t get_missing_rows() const { return missing_rows_; }
     std::uint32_t get_current_record() const { return current_record_; }
     bool is_current_deleted() const { return current_deleted_; }
     void set_show_deleted(bool show) { show_deleted_ = show; }
@@ -164,6 +166,7 @@ private:
     bool header_modified_ = false;
     bool structure_read_ = false;
     bool deletion_pending_ = false;
+    std::uint32_t missing_rows_ = 0;
     std::string row_; // the current row, its delete mark included; empty for none
     // The row whose first byte the file is placed at; 0 for anywhere else.
     std::uint32_t placed_at_ = 0;

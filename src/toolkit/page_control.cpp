@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-TPageControl::TPageControl(std::string name, bool tabs_below)
-    : TControl(Control_kind::page_control, std::move(name)), tabs_below_(tabs_below) {
-    set_takes_focus(true);
+TPageControl::TPageControl(std::string name, Tabs tabs)
+    : TControl(Control_kind::page_control, std::move(name)), tabs_(tabs) {
+    set_takes_focus(tabs != Tabs::none);
 }
 
 int TPageControl::active_index() const {
@@ -36,7 +36,7 @@ void TPageControl::set_active_page(TTabSheet& page) {
 }
 
 bool TPageControl::select_page(TTabSheet& page) {
-    if (!begin_action() || !can_show(page) || !page.enabled())
+    if (tabs_ == Tabs::none || !begin_action() || !can_show(page) || !page.enabled())
         return false;
     if (&page != active_page_) {
         activate(&page);
@@ -47,7 +47,7 @@ bool TPageControl::select_page(TTabSheet& page) {
 }
 
 bool TPageControl::has_in_front(const TControl& child) const {
-    return &child == active_page_;
+    return tabs_ == Tabs::none ? can_show(child) : &child == active_page_;
 }
 
 void TPageControl::bring_child_to_front(TControl& child) {
@@ -80,7 +80,7 @@ void TPageControl::replace_lost_page(std::size_t index) {
 }
 
 bool TPageControl::press(const Key& key) {
-    if (key.code != Key_code::left && key.code != Key_code::right)
+    if (tabs_ == Tabs::none || (key.code != Key_code::left && key.code != Key_code::right))
         return false;
     const int step = key.code == Key_code::left ? -1 : 1;
     const int count = static_cast<int>(children().size());

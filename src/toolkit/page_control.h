@@ -1,4 +1,5 @@
-// Pages behind one another, each with a tab; a page can be hidden, and then has no tab.
+// Pages behind one another, each with a tab; a page can be hidden, and then has no tab. Pages that hold
+// little can also stand beside or below one another, each with its text above it.
 #pragma once
 
 #include "toolkit/panel.h"
@@ -12,12 +13,15 @@ public:
     std::function<void()> on_hide; // another page came to the front instead, and what had the focus is left
 };
 
+enum class Tabs { above, below, none };
+
 // Its children are its pages.
 class TPageControl : public TControl {
 public:
-    explicit TPageControl(std::string name, bool tabs_below = false);
+    // Without tabs all pages that are visible are in front.
+    explicit TPageControl(std::string name, Tabs tabs = Tabs::above);
 
-    bool tabs_below() const { return tabs_below_; }
+    Tabs tabs() const { return tabs_; }
     // The page in front: null when there is none, or none that is visible.
     TTabSheet* active_page() const { return active_page_; }
     // Its index among all pages, hidden ones too, or -1.
@@ -25,7 +29,7 @@ public:
     // Brings a page to the front. A hidden page, or one from elsewhere, stays where it is.
     void set_active_page(TTabSheet& page);
 
-    // What a user does: chooses a tab.
+    // What a user does: chooses a tab. Without tabs there is nothing to choose.
     bool select_page(TTabSheet& page);
 
     std::function<void()> on_change; // the user chose another page
@@ -43,5 +47,5 @@ private:
     void activate(TTabSheet* page);
 
     TTabSheet* active_page_ = nullptr;
-    bool tabs_below_;
+    Tabs tabs_;
 };

@@ -12,7 +12,7 @@ TEST(Attribute_table, reads_the_values_of_all_rows) {
     const Temporary_drives drives;
     std::filesystem::copy_file(TEST_DATA "/fields.dbf", drives.host("fields.dbf"));
     const Attribute_table table("C:\\fields.dbf", true);
-    ASSERT_EQ(table.failure(), "");
+    ASSERT_EQ(table.fault(), Attribute_table::Fault::none);
     ASSERT_GT(table.row_count(), 1u);
     const std::size_t soil = table.find_field("soil");
     ASSERT_LT(soil, table.field_count());
@@ -28,9 +28,9 @@ TEST(Attribute_table, reads_the_values_of_all_rows) {
 
 TEST(Attribute_table, says_why_a_table_cannot_be_shown) {
     const Temporary_drives drives;
-    EXPECT_NE(Attribute_table("C:\\none.dbf", false).failure(), "");
+    EXPECT_EQ(Attribute_table("C:\\none.dbf", false).fault(), Attribute_table::Fault::missing);
     drives.write("text.dbf", "no table");
-    EXPECT_NE(Attribute_table("C:\\text.dbf", false).failure(), "");
+    EXPECT_EQ(Attribute_table("C:\\text.dbf", false).fault(), Attribute_table::Fault::unreadable);
 }
 
 TEST(Map_colouring, puts_numbers_in_classes_and_anything_else_in_kinds) {

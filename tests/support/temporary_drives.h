@@ -4,13 +4,9 @@
 
 #include "platform/current_directory.h"
 #include "platform/host_names.h"
+#include "support/temporary_tree.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
-#include <string>
 
 // Sets an environment variable for a scope.
 class Environment_guard {
@@ -32,50 +28,36 @@ private:
 class Temporary_drives {
 public:
     Temporary_drives() {
-        std::string pattern = std::filesystem::temp_directory_path() / "drives-XXXXXX";
-        folder_ = mkdtemp(pattern.data());
-        std::filesystem::create_directories(folder_ + "/drives");
-        std::filesystem::create_directories(folder_ + "/c");
+        std::filesystem::create_directories(drives_folder());
+        std::filesystem::create_directories(host());
         add_drive('c', "../c");
         add_drive('z', "/");
         user_data_guard_.emplace("XDG_DATA_HOME", user_data());
         guard_.emplace(drives_folder());
         platform::change_directory("C:\\");
     }
-    Temporary_drives(const Temporary_drives&) = delete;
-    Temporary_drives& operator=(const Temporary_drives&) = delete;
-    ~Temporary_drives() {
-        guard_.reset();
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
 
     // The host folder with the links of the drives; links that are added count from the next Drives_guard on.
-    std::string drives_folder() const { return folder_ + "/drives"; }
+    std::string drives_folder() const { return tree_.path("drives"); }
     void add_drive(char letter, const std::string& target) {
         std::filesystem::create_symlink(target, drives_folder() + "/" + letter + ":");
     }
 
     // The host path of a path below c:, with forward slashes.
     std::string host(const std::string& path = "") const {
-        return folder_ + "/c" + (path.empty() ? "" : "/" + path);
+        return tree_.path(path.empty() ? "c" : "c/" + path);
     }
-
     // The host path of the user's data directory, which is not made.
-    std::string user_data() const { return folder_ + "/data"; }
+    std::string user_data() const { return tree_.path("data"); }
 
     // Writes a file below c:, with the folders above it.
     void write(const std::string& path, const std::string& contents = "") const {
-        std::filesystem::create_directories(std::filesystem::path(host(path)).parent_path());
-        std::ofstream(host(path), std::ios::binary) << contents;
+        tree_.write("c/" + path, contents);
     }
-    std::string read(const std::string& path) const {
-        std::ifstream file(host(path), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string read(const std::string& path) const { return tree_.read("c/" + path); }
 
 private:
-    std::string folder_;
+    Temporary_tree tree_;
     std::optional<Environment_guard> user_data_guard_;
     std::optional<platform::Drives_guard> guard_;
 };

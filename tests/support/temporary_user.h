@@ -2,38 +2,29 @@
 // all of it is environment variables and a temporary folder, put back and gone afterwards.
 #pragma once
 
+#include "support/temporary_tree.h"
+
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <optional>
-#include <string>
 #include <thread>
 
 class Temporary_user {
 public:
     Temporary_user() {
-        std::string pattern = std::filesystem::temp_directory_path() / "user-XXXXXX";
-        folder_ = mkdtemp(pattern.data());
-        std::filesystem::create_directories(folder_ + "/tools");
-        set("HOME", folder_);
-        set("PATH", folder_ + "/tools");
+        std::filesystem::create_directories(home("tools"));
+        set("HOME", home());
+        set("PATH", home("tools"));
         set("DISPLAY", ":99");
-        set("XDG_DATA_DIRS", folder_ + "/usr/share");
-        set("XDG_CONFIG_DIRS", folder_ + "/etc/xdg");
+        set("XDG_DATA_DIRS", home("usr/share"));
+        set("XDG_CONFIG_DIRS", home("etc/xdg"));
         for (const char* name :
              {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CURRENT_DESKTOP", "WAYLAND_DISPLAY", "VISUAL"})
             unset(name);
     }
-    Temporary_user(const Temporary_user&) = delete;
-    Temporary_user& operator=(const Temporary_user&) = delete;
     ~Temporary_user() {
         for (const auto& [name, value] : previous_)
             value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
     }
 
     void set(const std::string& name, const std::string& value) {
@@ -46,15 +37,11 @@ public:
     }
 
     // The host path of a path below the home folder.
-    std::string home(const std::string& path = "") const {
-        return folder_ + (path.empty() ? "" : "/" + path);
-    }
+    std::string home(const std::string& path = "") const { return tree_.path(path); }
 
     // Writes a file below the home folder, with the folders above it. Gives its host path.
     std::string write(const std::string& path, const std::string& contents) const {
-        std::filesystem::create_directories(std::filesystem::path(home(path)).parent_path());
-        std::ofstream(home(path), std::ios::binary) << contents;
-        return home(path);
+        return tree_.write(path, contents);
     }
 
     // Adds a tool to the user's path that records how it is started. Gives its host path.
@@ -95,6 +82,6 @@ private:
         previous_.try_emplace(name, value != nullptr ? std::optional<std::string>(value) : std::nullopt);
     }
 
-    std::string folder_;
+    Temporary_tree tree_;
     std::map<std::string, std::optional<std::string>> previous_;
 };

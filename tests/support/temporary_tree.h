@@ -1,0 +1,42 @@
+// A folder on the host that lives as long as the object, told by host paths.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+class Temporary_tree {
+public:
+    Temporary_tree() {
+        std::string pattern = std::filesystem::temp_directory_path() / "editor_test_XXXXXX";
+        path_ = ::mkdtemp(pattern.data());
+    }
+    ~Temporary_tree() {
+        std::error_code ignored;
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+        std::filesystem::remove_all(path_, ignored);
+    }
+    Temporary_tree(const Temporary_tree&) = delete;
+    Temporary_tree& operator=(const Temporary_tree&) = delete;
+
+    // The host path of the folder, or of something in it ("a/b").
+    std::string path(const std::string& relative = "") const {
+        return relative.empty() ? path_ : path_ + "/" + relative;
+    }
+    // Writes a file, with the folders above it. Returns its host path.
+    std::string write(const std::string& relative, const std::string& contents = "") const {
+        std::filesystem::create_directories(std::filesystem::path(path(relative)).parent_path());
+        std::ofstream(path(relative), std::ios::binary) << contents;
+        return path(relative);
+    }
+    std::string read(const std::string& relative) const {
+        std::ifstream file(path(relative), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    bool has(const std::string& relative) const { return std::filesystem::exists(path(relative)); }
+
+private:
+    std::string path_;
+};

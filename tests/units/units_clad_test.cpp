@@ -32,139 +32,111 @@ bool is_plain(std::uint16_t code) {
     return std::any_of(rows.begin(), rows.end(), [&](const Unit& row) { return row.code == code; });
 }
 
-struct Rendering {
-    std::uint32_t code;
-    const char* description;
-    const char* abbreviation;
-};
-
-void expect_renderings(bool found, std::initializer_list<Rendering> renderings) {
-    for (const Rendering& r : renderings) {
-        std::string description = "before";
-        std::string abbreviation = "before";
-        EXPECT_EQ(Units_clad(r.code).compose_labels(description, abbreviation), found) << hexadecimal(r.code);
-        EXPECT_EQ(description, r.description);
-        EXPECT_EQ(abbreviation, r.abbreviation);
-        EXPECT_EQ(Units_clad(r.code).get_label(description), r.description);
+TEST(Units_clad, a_code_is_told_by_description_and_abbreviation) {
+    const std::tuple<std::uint32_t, bool, const char*, const char*> renderings[] = {
+        // Plain units are found by their whole code; two of them only so, and not as a half of a code.
+        {0, true, "unitless", "-"},
+        {0x0003, true, "percent", "%"},
+        {0x4003, true, "\260longitude", "\260"},
+        // Metric units have a prefix.
+        {0x1643, true, "millisecond (second)", "msec"},
+        {0x0603, true, "kilogram (mass)", "kg"},
+        {0x2A02, true, "hectoare (land area)", "ha"},
+        {0x0646, true, "microgram (mass)", "\265g"},
+        {0x2004, true, "10^4?meter (linear)", "?m"},
+        {0x2050, true, "10^-15meter (linear)", "?m"},
+        {0x2019, true, "10^25meter (linear)", "m"},
+        {0x207F, true, "10^-63meter (linear)", "m"},
+        {0x0703, true, "kilo (liquid weight)", "k"},
+        // Of English rows that share a code the first is told, but for the first of all.
+        {0x8100, true, "Farenheit degree days", "\260F-days"},
+        {0xA007, true, "rod", "rod"},
+        {0xCC00, true, "calorie", "cal"},
+        {0x8606, true, "pound", "lb"},
+        // A second half follows the first.
+        {0x2A820603, true, "kilogram (mass) per hectoare (land area)", "kg/ha"},
+        {0x1880A00B, true, "statute mile per hour (hour)", "mile/h"},
+        {0x0100A005, true, "footcelcius (temperature)", "ft\260C"},
+        {0x28800000, true, "- (unitless) per square meter (rectangular area)", "-/m\262"},
+        // The reciprocal of a plain unit is not in the table of plain units.
+        {0x1980, true, " per day (day)", "/d"},
+        {0x00830603, true, "kilogram (mass) per kilo- (unitless)", "kg/k-"},
+        {0xA0850603, true, "kilogram (mass) per foot", "kg/ft"},
+        {0xAA808606, true, "pound per acre", "lb/acre"},
+        // The second half alone says whether there is a label.
+        {0x2000A00D, true, "meter (linear)", "m"},
+        // Without a label there is what can be told.
+        {0x0903, false, "kilo", "k"},
+        {0xFFFF, false, " per ", "/"},
+        {0xFFFFFFFF, false, " per  per ", "//"},
+        {0xA00D, false, "", ""}};
+    std::string text = "before";
+    std::string short_text = "before";
+    for (const auto& [code, found, description, abbreviation] : renderings) {
+        EXPECT_EQ(Units_clad(code).compose_labels(text, short_text), found) << hexadecimal(code);
+        EXPECT_EQ(text, description);
+        EXPECT_EQ(short_text, abbreviation);
+        EXPECT_EQ(Units_clad(code).get_label(text), description);
     }
-}
-
-TEST(Units_clad, plain_units_are_found_by_their_whole_code) {
-    expect_renderings(true,
-                      {{0, "unitless", "-"}, {0x0003, "percent", "%"}, {0x4003, "\260longitude", "\260"}});
-    // Two of them only so, and not as a half of a code.
-    std::string text;
     EXPECT_EQ(Units_clad(0x204A).get_label(text), "angstrom");
     EXPECT_EQ(Units_clad(0x7A44).get_label(text), "gauss");
-    std::string abbreviation;
-    EXPECT_TRUE(Units_clad(0x204A).compose_labels(text, abbreviation));
+    EXPECT_TRUE(Units_clad(0x204A).compose_labels(text, short_text));
     EXPECT_EQ(text, "10^-10meter (linear)");
 }
 
-TEST(Units_clad, metric_units_have_a_prefix) {
-    expect_renderings(true, {{0x1643, "millisecond (second)", "msec"},
-                             {0x0603, "kilogram (mass)", "kg"},
-                             {0x2A02, "hectoare (land area)", "ha"},
-                             {0x0646, "microgram (mass)", "\265g"},
-                             {0x2004, "10^4?meter (linear)", "?m"},
-                             {0x2050, "10^-15meter (linear)", "?m"},
-                             {0x2019, "10^25meter (linear)", "m"},
-                             {0x207F, "10^-63meter (linear)", "m"},
-                             {0x0703, "kilo (liquid weight)", "k"}});
+void expect_reading(const char* text, std::uint32_t code) {
+    EXPECT_EQ(hexadecimal(Units_clad::parse_label(text)), hexadecimal(code)) << (text ? text : "null");
 }
 
-TEST(Units_clad, of_english_rows_that_share_a_code_the_first_is_told_but_for_the_first_of_all) {
-    expect_renderings(true, {{0x8100, "Farenheit degree days", "\260F-days"},
-                             {0xA007, "rod", "rod"},
-                             {0xCC00, "calorie", "cal"},
-                             {0x8606, "pound", "lb"}});
-}
-
-TEST(Units_clad, a_second_half_follows_the_first) {
-    expect_renderings(true, {{0x2A820603, "kilogram (mass) per hectoare (land area)", "kg/ha"},
-                             {0x1880A00B, "statute mile per hour (hour)", "mile/h"},
-                             {0x0100A005, "footcelcius (temperature)", "ft\260C"},
-                             {0x28800000, "- (unitless) per square meter (rectangular area)", "-/m\262"},
-                             // The reciprocal of a plain unit is not in the table of plain units.
-                             {0x1980, " per day (day)", "/d"},
-                             {0x00830603, "kilogram (mass) per kilo- (unitless)", "kg/k-"},
-                             {0xA0850603, "kilogram (mass) per foot", "kg/ft"},
-                             {0xAA808606, "pound per acre", "lb/acre"},
-                             // The second half alone says whether there is a label.
-                             {0x2000A00D, "meter (linear)", "m"}});
-}
-
-TEST(Units_clad, codes_without_a_label_give_what_can_be_told) {
-    expect_renderings(
-        false,
-        {{0x0903, "kilo", "k"}, {0xFFFF, " per ", "/"}, {0xFFFFFFFF, " per  per ", "//"}, {0xA00D, "", ""}});
-}
-
-struct Reading {
-    std::uint32_t code;
-    std::vector<const char*> texts;
-};
-
-void expect_readings(const std::vector<Reading>& readings) {
-    for (const Reading& r : readings)
-        for (const char* text : r.texts)
-            EXPECT_EQ(hexadecimal(Units_clad::parse_label(text)), hexadecimal(r.code))
-                << (text ? text : "null");
-}
-
-TEST(Units_clad, compound_labels_and_either_degree_sign_are_read) {
-    expect_readings({{0x18802003, {"kph"}},
-                     {0x28C2CC00, {"langley", "Langley"}},
-                     {0x5802, {"mbar"}},
-                     {0x0100, {"\260C", "\272C"}},
-                     {0x8100, {"\272F-days"}},
-                     {0x01800603, {"kg/\272C"}}});
-}
-
-TEST(Units_clad, masks_of_dates_and_times_are_read_wherever_they_stand) {
-    expect_readings({{0x1001, {"YYYY/MM/DD", "yy-mm", "yyyyddd", "dddYY", "YYMM HH"}},
-                     {0x1000, {"HH:MM", "hh.mm.ss", "MM hh"}},
-                     {0x2043, {"mm"}},
-                     {0xFFFF, {"YYYY", "HH:SS", "MMDD"}}});
-}
-
-TEST(Units_clad, the_first_separator_splits) {
-    expect_readings({{0x20005000, {"N*m", "N.m", "N\267m", "N\327m"}},
-                     {0x20805000, {"N/m", "N\367m"}},
-                     {0xFFFF0600, {"g/m/d", "g*m/d", "g/", "g/?"}},
-                     {0x2A820603, {"kg/ha", "kilogram/hectare"}},
-                     {0x2080FFFF, {"/m"}},
-                     {0x28800000, {"-/m\262"}},
-                     {0xFFFFFFFF, {"/"}},
-                     // The words of a description are no separator, nor its brackets a part of a name.
-                     {0xFFFF, {"gram per meter", "kilogram (mass)"}}});
-}
-
-TEST(Units_clad, hexadecimal_digits_are_the_code_where_no_unit_is_found) {
-    expect_readings({{0x2A820603, {"2A820603", "12A820603"}},
-                     {0x2A82, {"00002a82"}},
-                     {0xFFFFFFFF, {"FFFFFFFF"}},
-                     {3, {"3"}},
-                     {0, {"0", "", nullptr}},
-                     {0xFFFF, {"12 ", "0x12", "-12"}},
-                     {0xFFFF, {"x", "kilog", "kgram", "k", "?"}},
-                     // Units all the same.
-                     {0x2000, {"meters"}},
-                     {0x2A02, {"hectare"}},
-                     {0x1643, {"ms"}},
-                     {1, {"1"}},
-                     {0x7000, {"A"}},
-                     {0x1941, {"dd"}}});
-}
-
-TEST(Units_clad, a_time_step_is_a_number_and_the_last_word_for_a_step) {
-    expect_readings({{0x141E, {"30 minute", "30min", "30 hours or minutes"}},
-                     {0x1506, {"6 hr", " 6 hours", "6 min of an hour"}},
-                     {0x130A, {"10 sec", "+10 seconds"}},
-                     {0x1500, {"hr", "every 5 hours"}},
-                     {0x12FF, {"-1 sec", "9223372036854775807 sec"}},
-                     {0x1505FFFF, {"0.5 hour"}},
-                     {0x1700, {"min", "minute"}}});
+TEST(Units_clad, a_label_is_read_as_the_code) {
+    const std::pair<std::uint32_t, std::vector<const char*>> readings[] = {
+        // Compound labels, and either degree sign.
+        {0x18802003, {"kph"}},
+        {0x28C2CC00, {"langley", "Langley"}},
+        {0x5802, {"mbar"}},
+        {0x0100, {"\260C", "\272C"}},
+        {0x8100, {"\272F-days"}},
+        {0x01800603, {"kg/\272C"}},
+        // Masks of dates and times, wherever they stand.
+        {0x1001, {"YYYY/MM/DD", "yy-mm", "yyyyddd", "dddYY", "YYMM HH"}},
+        {0x1000, {"HH:MM", "hh.mm.ss", "MM hh"}},
+        {0x2043, {"mm"}},
+        {0xFFFF, {"YYYY", "HH:SS", "MMDD"}},
+        // The first separator splits.
+        {0x20005000, {"N*m", "N.m", "N\267m", "N\327m"}},
+        {0x20805000, {"N/m", "N\367m"}},
+        {0xFFFF0600, {"g/m/d", "g*m/d", "g/", "g/?"}},
+        {0x2A820603, {"kg/ha", "kilogram/hectare"}},
+        {0x2080FFFF, {"/m"}},
+        {0x28800000, {"-/m\262"}},
+        {0xFFFFFFFF, {"/"}},
+        // The words of a description are no separator, nor its brackets a part of a name.
+        {0xFFFF, {"gram per meter", "kilogram (mass)"}},
+        // Hexadecimal digits are the code where no unit is found.
+        {0x2A820603, {"2A820603", "12A820603"}},
+        {0x2A82, {"00002a82"}},
+        {0xFFFFFFFF, {"FFFFFFFF"}},
+        {3, {"3"}},
+        {0, {"0", "", nullptr}},
+        {0xFFFF, {"12 ", "0x12", "-12", "x", "kilog", "kgram", "k", "?"}},
+        // Units all the same.
+        {0x2000, {"meters"}},
+        {0x2A02, {"hectare"}},
+        {0x1643, {"ms"}},
+        {1, {"1"}},
+        {0x7000, {"A"}},
+        {0x1941, {"dd"}},
+        // A time step is a number and the last word for a step.
+        {0x141E, {"30 minute", "30min", "30 hours or minutes"}},
+        {0x1506, {"6 hr", " 6 hours", "6 min of an hour"}},
+        {0x130A, {"10 sec", "+10 seconds"}},
+        {0x1500, {"hr", "every 5 hours"}},
+        {0x12FF, {"-1 sec", "9223372036854775807 sec"}},
+        {0x1505FFFF, {"0.5 hour"}},
+        {0x1700, {"min", "minute"}}};
+    for (const auto& [code, texts] : readings)
+        for (const char* text : texts)
+            expect_reading(text, code);
 }
 
 // The codes whose abbreviation is read as another code.
@@ -181,7 +153,7 @@ void expect_read_back(std::uint32_t code, std::uint32_t as) {
     std::string description;
     std::string abbreviation;
     Units_clad(code).compose_labels(description, abbreviation);
-    expect_readings({{taken.contains(code) ? taken.at(code) : as, {abbreviation.c_str()}}});
+    expect_reading(abbreviation.c_str(), taken.contains(code) ? taken.at(code) : as);
 }
 
 TEST(Units_clad, abbreviations_are_read_back_but_for_those_that_others_share) {
@@ -197,13 +169,13 @@ TEST(Units_clad, abbreviations_are_read_back_but_for_those_that_others_share) {
             // By its name every power of ten is read back.
             const Prefix& prefix = (power < 0 ? negative_prefixes() : positive_prefixes())[std::abs(power)];
             const std::string name = std::string(prefix.name) + quantities()[row].unit;
-            expect_readings({{unit_code(read_row, power), {name.c_str()}}});
+            expect_reading(name.c_str(), unit_code(read_row, power));
         }
     for (const auto& [code, as] : taken)
         expect_read_back(code, as);
     for (const Compound& row : compounds()) {
         expect_read_back(row.code, row.code);
-        expect_readings({{row.code, {row.label}}});
+        expect_reading(row.label, row.code);
     }
     for (const Unit& row : english_units())
         expect_read_back(row.code, row.code);

@@ -1,22 +1,19 @@
+#include "form_support.h"
 #include "recording_view.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
-#include "toolkit/edit.h"
-#include "toolkit/headless_desktop.h"
 #include "toolkit/page_control.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
-// Writes down in one text what fires.
-struct Log {
+struct Focus : Form_parts {
     void watch(TControl& control) {
-        control.on_enter = [this, &control] { text += "+" + control.name() + " "; };
-        control.on_exit = [this, &control] { text += "-" + control.name() + " "; };
+        control.on_enter = [this, &control] { log_ += "+" + control.name() + " "; };
+        control.on_exit = [this, &control] { log_ += "-" + control.name() + " "; };
     }
-    std::string text;
 };
+using Keys = Form_parts;
+using Page_control = Form_parts;
 
 TEST(Control, goes_before_or_after_its_view_and_is_drawn_by_one_at_a_time) {
     TForm form("form");
@@ -114,88 +111,77 @@ TEST(Control, cannot_be_used_where_a_user_could_not_reach_it) {
     EXPECT_FALSE(near.checked());
 }
 
-TEST(Focus, leaves_innermost_first_and_then_enters_outermost_first) {
-    TForm form("form");
-    auto& bar = form.add<TPanel>("bar");
+TEST_F(Focus, leaves_innermost_first_and_then_enters_outermost_first) {
+    auto& bar = form_.add<TPanel>("bar");
     auto& inner = bar.add<TEdit>("inner");
     auto& second = bar.add<TEdit>("second");
-    auto& other = form.add<TPanel>("other").add<TEdit>("edit");
-    form.show();
-    EXPECT_TRUE(inner.focused());
-    Log log;
-    form.walk([&](TControl& control) {
-        log.watch(control);
+    auto& other = form_.add<TPanel>("other").add<TEdit>("last");
+    EXPECT_TRUE(edit_.focused());
+    inner.focus();
+    form_.walk([&](TControl& control) {
+        watch(control);
         return true;
     });
     second.type_text("x");
-    EXPECT_EQ(log.text, "-inner +second ");
-    log.text.clear();
+    EXPECT_EQ(log_, "-inner +second ");
+    log_.clear();
     other.focus();
-    EXPECT_EQ(log.text, "-second -bar +other +edit ");
-    log.text.clear();
+    EXPECT_EQ(log_, "-second -bar +other +last ");
+    log_.clear();
     bar.focus();
-    EXPECT_EQ(log.text, "-edit -other +bar +inner ");
+    EXPECT_EQ(log_, "-last -other +bar +inner ");
 }
 
-TEST(Focus, is_left_before_a_button_acts_and_when_its_control_goes) {
-    TForm form("form");
-    auto& edit = form.add<TEdit>("edit");
-    auto& button = form.add<TButton>("button", "Button");
-    form.show();
-    Log log;
-    log.watch(edit);
-    button.on_click = [&] { log.text += "click "; };
+TEST_F(Focus, is_left_before_a_button_acts_and_when_its_control_goes) {
+    auto& button = form_.add<TButton>("button", "Button");
+    watch(edit_);
+    button.on_click = [&] { log_ += "click "; };
     button.click();
-    EXPECT_EQ(log.text, "-edit click ");
+    EXPECT_EQ(log_, "-edit click ");
 
-    log.text.clear();
-    edit.focus();
-    edit.set_visible(false);
-    EXPECT_EQ(log.text, "+edit -edit ");
-    EXPECT_EQ(form.focused_control(), nullptr);
-    EXPECT_FALSE(edit.focus());
+    log_.clear();
+    edit_.focus();
+    edit_.set_visible(false);
+    EXPECT_EQ(log_, "+edit -edit ");
+    EXPECT_EQ(form_.focused_control(), nullptr);
+    EXPECT_FALSE(edit_.focus());
 
     button.focus();
-    form.remove(button);
-    EXPECT_EQ(form.focused_control(), nullptr);
+    form_.remove(button);
+    EXPECT_EQ(form_.focused_control(), nullptr);
 
     // What is left may take the next control away.
-    edit.set_visible(true);
-    edit.focus();
-    auto& late = form.add<TButton>("late", "Late");
-    edit.on_exit = [&] { late.set_enabled(false); };
+    edit_.set_visible(true);
+    edit_.focus();
+    auto& late = form_.add<TButton>("late", "Late");
+    edit_.on_exit = [&] { late.set_enabled(false); };
     EXPECT_FALSE(late.click());
 }
 
-TEST(Keys, go_to_the_handler_then_the_control_then_outward_to_the_form) {
-    TForm form("form");
-    auto& panel = form.add<TPanel>("panel");
-    auto& edit = panel.add<TEdit>("edit");
-    auto& memo = form.add<TMemo>("memo");
-    form.show();
-    std::string log;
-    const auto logs = [&log](const char* name, bool uses) {
-        return [&log, name, uses](const Key&) {
-            log += name;
+TEST_F(Keys, go_to_the_handler_then_the_control_then_outward_to_the_form) {
+    auto& panel = form_.add<TPanel>("panel");
+    auto& edit = panel.add<TEdit>("inner");
+    auto& memo = form_.add<TMemo>("memo");
+    const auto logs = [this](const char* name, bool uses) {
+        return [this, name, uses](const Key&) {
+            log_ += name;
             return uses;
         };
     };
     panel.on_key = logs("panel ", false);
-    form.on_key = logs("form ", true);
+    form_.on_key = logs("form ", true);
     EXPECT_TRUE(edit.key({Key_code::enter, {}}));
     EXPECT_TRUE(memo.key({Key_code::enter, {}}));
     EXPECT_EQ(memo.text(), "\n") << "a memo uses the key itself";
     edit.on_key = logs("edit ", true);
     EXPECT_TRUE(edit.key({Key_code::character, "a"}));
     EXPECT_EQ(edit.text(), "");
-    EXPECT_EQ(log, "panel form edit ");
+    EXPECT_EQ(log_, "panel form edit ");
 }
 
-TEST(Dropped_files, go_to_the_innermost_handler_around_where_they_fall) {
-    TForm form("form");
-    auto& bar = form.add<TPanel>("bar");
-    auto& edit = bar.add<TEdit>("edit");
-    form.show();
+TEST_F(Keys, and_files_that_fall_go_to_the_innermost_handler_around) {
+    auto& bar = form_.add<TPanel>("bar");
+    auto& edit = bar.add<TEdit>("inner");
     EXPECT_FALSE(edit.accepts_files() || edit.drop_files({"C:\\a"}));
     std::vector<std::string> dropped;
     bar.on_drop_files = [&](const std::vector<std::string>& names) { dropped = names; };
@@ -205,22 +191,19 @@ TEST(Dropped_files, go_to_the_innermost_handler_around_where_they_fall) {
     EXPECT_FALSE(edit.drop_files({"C:\\a"}));
 }
 
-TEST(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {
-    TForm form("form");
-    auto& pages = form.add<TPageControl>("pages");
+TEST_F(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {
+    auto& pages = form_.add<TPageControl>("pages");
     auto& first = pages.add<TTabSheet>("first", "First");
     auto& second = pages.add<TTabSheet>("second", "Second");
     auto& third = pages.add<TTabSheet>("third", "Third");
-    form.show();
-    std::string log;
-    pages.on_change = [&] { log += "change "; };
-    third.on_show = [&] { log += "third "; };
+    pages.on_change = [&] { log_ += "change "; };
+    third.on_show = [&] { log_ += "third "; };
 
     EXPECT_EQ(pages.active_page(), &first);
     pages.set_active_page(second);
     second.set_visible(false);
     EXPECT_EQ(pages.active_index(), 2);
-    EXPECT_EQ(log, "third ") << "the program's doing is no user's change";
+    EXPECT_EQ(log_, "third ") << "the program's doing is no user's change";
     third.set_visible(false);
     EXPECT_EQ(pages.active_page(), &first);
     pages.set_active_page(third);
@@ -230,26 +213,16 @@ TEST(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {
     EXPECT_EQ(pages.active_page(), nullptr);
     EXPECT_EQ(pages.active_index(), -1);
 
-    log.clear();
+    log_.clear();
     first.set_visible(true);
     third.set_visible(true);
+    auto& edit = first.add<TEdit>("inner");
+    edit.on_exit = [&] { log_ += "left " + std::to_string(pages.active_index()) + " "; };
+    edit.focus();
     EXPECT_TRUE(pages.select_page(third));
-    EXPECT_EQ(log, "third change ");
+    EXPECT_EQ(log_, "left 0 third change ") << "what has the focus on a page is left before another comes";
     pages.remove(third);
     EXPECT_EQ(pages.active_page(), &first);
-}
-
-TEST(Page_control, leaves_what_has_the_focus_on_a_page_before_another_comes) {
-    TForm form("form");
-    auto& pages = form.add<TPageControl>("pages");
-    auto& edit = pages.add<TTabSheet>("first", "First").add<TEdit>("edit");
-    auto& second = pages.add<TTabSheet>("second", "Second");
-    form.show();
-    edit.focus();
-    std::string pages_left;
-    edit.on_exit = [&] { pages_left += std::to_string(pages.active_index()); };
-    EXPECT_TRUE(pages.select_page(second));
-    EXPECT_EQ(pages_left, "0");
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 #include "toolkit/map_view.h"
 
-#include "toolkit/form.h"
-#include "toolkit/headless_desktop.h"
-
-#include <gtest/gtest.h>
+#include "form_support.h"
 
 namespace {
 
@@ -11,10 +8,8 @@ Map_polygon square(double x, double y, double size) {
     return {{{{x, y}, {x + size, y}, {x + size, y + size}, {x, y + size}}}};
 }
 
-TEST(TMapView, knows_the_polygon_under_the_pointer_also_enlarged_and_moved) {
-    Headless_desktop desktop([](const std::string& fault) { ADD_FAILURE() << fault; });
-    TForm form("form");
-    auto& view = form.add<TMapView>("map");
+TEST_F(Form_parts, a_map_view_knows_the_polygon_under_the_pointer_also_enlarged_and_moved) {
+    auto& view = form_.add<TMapView>("map");
     Polygon_map map;
     map.polygons = {square(0, 0, 10), square(20, 0, 10)};
     map.polygons[0].rings.push_back(square(4, 4, 2).rings[0]); // a hole
@@ -23,7 +18,6 @@ TEST(TMapView, knows_the_polygon_under_the_pointer_also_enlarged_and_moved) {
     view.describe = [](int polygon) { return "field " + std::to_string(polygon); };
     int changes = 0;
     view.on_hover = [&] { ++changes; };
-    form.show();
 
     const auto at = [&](double x, double y) {
         const Map_point point{x, y};

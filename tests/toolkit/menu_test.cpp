@@ -1,26 +1,13 @@
+#include "form_support.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/descriptor_watch.h"
-#include "toolkit/edit.h"
-#include "toolkit/headless_desktop.h"
 #include "toolkit/label.h"
 #include "toolkit/mnemonics.h"
 #include "toolkit/page_control.h"
 #include "toolkit/splitter.h"
 
-#include <gtest/gtest.h>
-
 namespace {
-
-class Form_parts : public testing::Test {
-protected:
-    void SetUp() override { form_.show(); }
-
-    Headless_desktop desktop_{[](const std::string& fault) { ADD_FAILURE() << fault; }};
-    TForm form_{"form", "A form"};
-    TEdit& edit_ = form_.add<TEdit>("edit");
-    std::string log_;
-};
 
 TEST_F(Form_parts, a_menu_is_chosen_from_by_words_and_by_keys) {
     bool can_save = true;

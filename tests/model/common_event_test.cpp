@@ -71,12 +71,9 @@ TEST_F(Common_event_test, an_inline_operation_has_its_keys_in_the_event_and_timi
 }
 
 TEST_F(Common_event_test, a_start_is_read_under_either_prefix_and_under_the_keys_of_old_files) {
-    struct Case {
-        const char* lines;
-        const char* read; // mode, offset, old mode
-    };
-    for (const Case& c :
-         {Case{"begin_synchronization=before_planting\nbegin_offset=4", "before_planting 4 no_sync"},
+    // the lines, and the mode, offset and old mode that come of them
+    for (const auto& [lines, read_as] :
+         {std::pair("begin_synchronization=before_planting\nbegin_offset=4", "before_planting 4 no_sync"),
           {"event_synchronization=before_planting\nevent_offset=4", "before_planting 4 no_sync"},
           {"sync=after_flowering\noffset=5", "relative_to_simulation_event 5 after_flowering"},
           {"phen_sync=after_harvest", "relative_to_simulation_event 0 after_harvest"},
@@ -84,12 +81,12 @@ TEST_F(Common_event_test, a_start_is_read_under_either_prefix_and_under_the_keys
           {"synchronisation=relative_date", "relative_to_simulation_event 0 relative_date"},
           {"end_synchronization=before_planting", "relative_to_simulation_event 0 no_sync"},
           {"event_synchronization=tomorrow", "actual_date 0 no_sync"}}) {
-        const auto scenario = read(std::string("event:count=1\n[event:1]\n") + c.lines);
+        const auto scenario = read(std::string("event:count=1\n[event:1]\n") + lines);
         const Synchronization& start = event_at(*scenario, 0)->begin_sync;
         EXPECT_EQ(start.mode.get_label() + " " + std::to_string(start.offset) + " " +
                       start.old_sync.get_label(),
-                  c.read)
-            << c.lines;
+                  read_as)
+            << lines;
     }
 }
 
@@ -169,21 +166,17 @@ TEST_F(Common_event_test, a_period_that_does_nothing_can_be_deleted_and_comes_ba
 }
 
 TEST_F(Common_event_test, events_compare_by_the_day_on_which_they_start) {
-    struct Case {
-        Mode mode;
-        int by_date, by_offset;
-    };
-    for (const Case& c : {Case{Mode::actual_date, 1, 0},
-                          {Mode::relative_to_sow_date, 1, 0},
-                          {Mode::relative_to_simulation_event, 0, 1},
-                          {Mode::before_planting, 0, -1}}) {
+    for (const auto& [mode, by_date, by_offset] : {std::tuple(Mode::actual_date, 1, 0),
+                                                   {Mode::relative_to_sow_date, 1, 0},
+                                                   {Mode::relative_to_simulation_event, 0, 1},
+                                                   {Mode::before_planting, 0, -1}}) {
         Common_event plain("plain"), later("later"), behind("behind");
         for (Common_event* event : {&plain, &later, &behind})
-            event->begin_sync.mode = c.mode;
+            event->begin_sync.mode = mode;
         later.begin_sync.set_datenum(1998201);
         behind.begin_sync.offset = 5;
-        EXPECT_EQ(later.compare(plain), c.by_date);
-        EXPECT_EQ(behind.compare(plain), c.by_offset);
+        EXPECT_EQ(later.compare(plain), by_date);
+        EXPECT_EQ(behind.compare(plain), by_offset);
         plain.begin_sync.mode = Mode::thermal_time;
         EXPECT_EQ(later.compare(plain), 0);
     }

@@ -17,10 +17,6 @@ Synchronization sync_of(Mode mode, std::int16_t offset, std::int32_t date_num = 
     return sync;
 }
 
-std::int32_t resolved(const Synchronization& sync, std::int32_t base) {
-    return sync.resolved(TESK::Date(base)).date_num;
-}
-
 // The lines that the synchronization has in a file, run together.
 std::string written(Synchronization sync, const char* prefix) {
     TESK::Data_record record("s");
@@ -32,13 +28,9 @@ std::string written(Synchronization sync, const char* prefix) {
 }
 
 TEST(Synchronization_test, a_mode_decides_the_keys_in_the_file_and_the_words_on_the_screen) {
-    struct Case {
-        Mode mode;
-        const char* lines; // behind the first
-        const char* text;
-    };
     const std::string seasons = "reschedule=no\r\nend_repeat_each_season=false\r\n";
-    const Case cases[] = {
+    // the mode, the lines behind the first, the words
+    const std::tuple<Mode, const char*, const char*> cases[] = {
         {Mode::actual_date, "end_date=1998213 (1998/8/1)\r\n", "1998/8/1 (actual date)"},
         {Mode::relative_to_simulation_event, "end_offset=-3\r\nend_relative_to_simulation_event=begin\r\n",
          "-3 Days begin"},
@@ -50,25 +42,21 @@ TEST(Synchronization_test, a_mode_decides_the_keys_in_the_file_and_the_words_on_
          "-3 Days after bud break"},
         {Mode::thermal_time, "end_thermal_time=450\r\n", "450 Degree days"},
     };
-    for (const Case& c : cases) {
-        Synchronization sync = sync_of(c.mode, -3, 1998213);
+    for (const auto& [mode, lines, words] : cases) {
+        Synchronization sync = sync_of(mode, -3, 1998213);
         sync.normal_crop_stage.set_label("active_growth");
         sync.fruit_tree_stage.set_label("bud_break");
         std::string text = "old";
-        EXPECT_EQ(sync.text_str(text), c.text);
+        EXPECT_EQ(sync.text_str(text), words);
         EXPECT_EQ(written(sync, "end_"), "[s]\r\nend_synchronization=" + sync.mode.get_label() + "\r\n" +
-                                             c.lines +
-                                             (c.mode < Mode::after_normal_crop_growth_stage ? "" : seasons));
+                                             lines +
+                                             (mode < Mode::after_normal_crop_growth_stage ? "" : seasons));
     }
 }
 
 TEST(Synchronization_test, resolves_by_its_mode_and_a_negative_offset_moves_the_other_way) {
-    struct Case {
-        Synchronization sync;
-        std::int32_t base;
-        std::int32_t result;
-    };
-    const Case cases[] = {
+    const auto sown = [](std::int32_t date) { return sync_of(Mode::relative_to_sow_date, 9, date); };
+    const std::tuple<Synchronization, std::int32_t, std::int32_t> cases[] = {
         {sync_of(Mode::actual_date, 9, 1998213), 2000001, 1998213},
         {Synchronization(5), 2000364, 2001003},
         {Synchronization(-5), 2001003, 2000364},
@@ -80,24 +68,16 @@ TEST(Synchronization_test, resolves_by_its_mode_and_a_negative_offset_moves_the_
         {sync_of(Mode::after_fruit_tree_growth_stage, 5), 1999364, 2000004},
         {sync_of(Mode::thermal_time, 5), 1999364, 0},
         {Synchronization(5), 0, 0}, // nothing to count from
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(resolved(c.sync, c.base), c.result) << c.sync.mode.get_label() << c.sync.offset;
-}
-
-TEST(Synchronization_test, a_date_relative_to_planting_falls_in_the_year_of_the_planting) {
-    struct Case {
-        std::int32_t date; // the year is an offset
-        std::int32_t base;
-        std::int32_t result;
-    };
-    const Case cases[] = {
-        {213, 1999100, 1999213},  {1213, 1999100, 2000212}, // one of the years is a leap year
-        {1213, 2000100, 2001212}, {1060, 1999100, 2000060}, // up to the 60th day that does not count
-        {4213, 2000100, 2004213}, {1213, 1899100, 1900213}, // 1900 is no leap year
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(resolved(sync_of(Mode::relative_to_sow_date, 9, c.date), c.base), c.result) << c.date;
+        // The year of the date counts from that of the planting.
+        {sown(213), 1999100, 1999213},
+        {sown(1213), 1999100, 2000212}, // one of the years is a leap year
+        {sown(1213), 2000100, 2001212},
+        {sown(1060), 1999100, 2000060}, // up to the 60th day that does not count
+        {sown(4213), 2000100, 2004213},
+        {sown(1213), 1899100, 1900213}}; // 1900 is no leap year
+    for (const auto& [sync, base, result] : cases)
+        EXPECT_EQ(sync.resolved(TESK::Date(base)).date_num, result)
+            << sync.mode.get_label() << sync.offset << " from " << base;
 }
 
 TEST(Synchronization_test, two_count_from_the_same_thing_when_mode_and_stage_agree) {

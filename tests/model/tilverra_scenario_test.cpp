@@ -118,37 +118,27 @@ TEST_F(Tilverra_scenario_test, keys_that_share_a_field_take_the_last_value_and_w
 }
 
 TEST_F(Tilverra_scenario_test, options_that_contradict_each_other_are_settled_on_reading) {
-    struct Case {
-        const char* runoff_model;
-        bool rainfall_intensity;
-        const char* leaching_mode;
-    };
-    for (const Case& c : {Case{"numerical", true, "bottom"},
-                          {"curve_number", false, "specified"},
-                          {"none", false, "specified"}}) {
-        const auto scenario = read(std::string("[submodels]\nrunoff_model=") + c.runoff_model +
+    for (const auto& [runoff_model, intensity, leaching_mode] : {std::tuple("numerical", true, "bottom"),
+                                                                 {"curve_number", false, "specified"},
+                                                                 {"none", false, "specified"}}) {
+        const auto scenario = read(std::string("[submodels]\nrunoff_model=") + runoff_model +
                                    "\nrainfall_intensity=true\n[leaching_observation]\nmode=specified\n");
-        EXPECT_EQ(scenario->model_options->rainfall_intensity, c.rainfall_intensity) << c.runoff_model;
-        EXPECT_EQ(scenario->model_options->leaching_observation_mode.get_label(), c.leaching_mode);
+        EXPECT_EQ(scenario->model_options->rainfall_intensity, intensity) << runoff_model;
+        EXPECT_EQ(scenario->model_options->leaching_observation_mode.get_label(), leaching_mode);
     }
     // The keys of older files come after that, so theirs stays.
     EXPECT_TRUE(read("[simulation]\nrainfall_intensity=true\n")->model_options->rainfall_intensity);
 }
 
 TEST_F(Tilverra_scenario_test, the_half_life_of_residue_follows_from_its_decomposition_time) {
-    struct Case {
-        const char* lines;
-        std::int16_t half_life;
-    };
-    const Case cases[] = {
-        {"decomposition_time=60", 41},       {"decomposition_time=60\ndecomposition_time_50=7", 7},
-        {"decomposition_time=2", 1},         {"decomposition_time=1", 0}, // by the logarithm of 0
-        {"decomposition_time=0", 0},         {"decomposition_time=-5", 0},
-        {"decomposition_time=32767", 22712},
-    };
-    for (const Case& c : cases) {
-        const auto scenario = read(std::string("[incorporated_residue]\n") + c.lines);
-        EXPECT_EQ(scenario->residue.decomposition_time_50, c.half_life) << c.lines;
+    const std::pair<const char*, int> cases[] = {
+        {"decomposition_time=60", 41},      {"decomposition_time=60\ndecomposition_time_50=7", 7},
+        {"decomposition_time=2", 1},        {"decomposition_time=1", 0}, // by the logarithm of 0
+        {"decomposition_time=0", 0},        {"decomposition_time=-5", 0},
+        {"decomposition_time=32767", 22712}};
+    for (const auto& [lines, half_life] : cases) {
+        const auto scenario = read(std::string("[incorporated_residue]\n") + lines);
+        EXPECT_EQ(scenario->residue.decomposition_time_50, half_life) << lines;
         EXPECT_EQ(scenario->manure.decomposition_time_50, 41);
     }
 }

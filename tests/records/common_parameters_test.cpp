@@ -32,11 +32,7 @@ public:
 };
 
 TEST_F(Common_parameters_test, keys_that_moved_since_the_version_of_the_file_are_carried_over_in_order) {
-    struct Case {
-        const char* version;
-        bool moved;
-    };
-    for (const auto& [version, moved] : {Case{"", true},
+    for (const auto& [version, moved] : {std::pair("", true),
                                          {"[version]\nmajor=3\nrelease=99\nminor=99\n", true},
                                          {"[version]\nmajor=4\nrelease=0\nminor=0\n", false},
                                          {"[version]\nmajor=4\nrelease=2\nminor=1\n", false},

@@ -21,12 +21,7 @@ struct Depth {
 };
 
 TEST(Validation, the_last_range_that_a_value_leaves_decides) {
-    struct Case {
-        float value;
-        Valid_range range;
-        Validation_status status;
-    };
-    const Case cases[] = {
+    const std::tuple<float, Valid_range, Validation_status> cases[] = {
         {5, usual_range, Validation_status::good},
         {1, usual_range, Validation_status::good},
         {10, usual_range, Validation_status::good},
@@ -40,14 +35,13 @@ TEST(Validation, the_last_range_that_a_value_leaves_decides) {
         {-1e30F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
         {3e38F, {FLT_MIN, FLT_MAX, FLT_MIN, FLT_MAX}, Validation_status::good},
         {HUGE_VALF, {0, 3.40282347e+38, 0, 3.40282347e+38}, Validation_status::good},
-        {4, {5, 10, 5, 3}, Validation_status::error_high},
-    };
+        {4, {5, 10, 5, 3}, Validation_status::error_high}};
     std::string message;
-    for (const Case& c : cases) {
-        Depth depth(c.value, c.range);
+    for (const auto& [value, range, status] : cases) {
+        Depth depth(value, range);
         EXPECT_EQ(depth.valid.status, Validation_status::unchecked);
-        EXPECT_EQ(depth.valid.validate(message, true), c.status) << c.value;
-        EXPECT_EQ(depth.valid.status, c.status);
+        EXPECT_EQ(depth.valid.validate(message, true), status) << value;
+        EXPECT_EQ(depth.valid.status, status);
     }
 }
 

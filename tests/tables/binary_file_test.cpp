@@ -48,14 +48,8 @@ TEST_F(Binary_file_test, numbers_lie_in_the_byte_order_asked_for_and_come_back) 
 
 TEST_F(Binary_file_test, strings_lie_as_their_form_and_length_say_and_come_back) {
     using namespace std::string_literals;
-    struct Case {
-        std::string text;
-        TESK::String_form form;
-        std::uint32_t length;
-        std::string bytes;
-        std::string read_back;
-    };
-    const Case cases[] = {
+    // the text, its form and length, its bytes, and what is read back
+    const std::tuple<std::string, int, unsigned, std::string, std::string> cases[] = {
         {"ab", 1, 0, "\2ab"s, "ab"},
         {"ab", 1, 5, "\2ab\0\0"s, "ab"},
         {"abc", 0, 2, "ab"s, "ab"},
@@ -65,14 +59,14 @@ TEST_F(Binary_file_test, strings_lie_as_their_form_and_length_say_and_come_back)
         {"ab", 3, 0, "\2\0\0\0ab"s, "ab"},
         {"ab", 5, 0, "\2ab\0"s, "ab"},
         {"abcdef", 1, 4, "\6abc"s, "abc"},
-        {std::string(300, 'x'), 1, 0, "\xFF"s + std::string(255, 'x'), std::string(255, 'x')},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(written(false, [&](auto& file) { file.write_string(c.text, c.form, c.length); }), c.bytes);
+        {std::string(300, 'x'), 1, 0, "\xFF"s + std::string(255, 'x'), std::string(255, 'x')}};
+    for (const auto& [text, form_number, length, bytes, read_back] : cases) {
+        const auto form = static_cast<TESK::String_form>(form_number);
+        EXPECT_EQ(written(false, [&](auto& file) { file.write_string(text, form, length); }), bytes);
         Binary_file_fstream file(folder.name("file").c_str(), false);
-        std::string text;
-        EXPECT_EQ(file.read_string(text, c.form, c.length), c.read_back) << c.bytes;
-        EXPECT_EQ(file.tell(), static_cast<std::int64_t>(c.bytes.size()));
+        std::string found;
+        EXPECT_EQ(file.read_string(found, form, length), read_back) << bytes;
+        EXPECT_EQ(file.tell(), static_cast<std::int64_t>(bytes.size()));
     }
     EXPECT_EQ(written(false, [](auto& file) { file.write_string(std::wstring(L"ab"), 1, 6); }),
               "\2a\0b\0\0\0\0"s);

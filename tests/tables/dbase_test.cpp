@@ -167,31 +167,27 @@ TEST_F(Dbase_test, deleted_rows_are_passed_over_unless_shown) {
 
 TEST_F(Dbase_test, tables_of_other_writers_are_read_whatever_they_leave_out) {
     const std::vector<Column> columns = {{"a", 'C', 1}, {"b", 'N', 3}};
-    struct Case {
-        const char* what;
-        std::string bytes;
-        std::size_t fields;
-        std::size_t rows;
-    };
-    const Case cases[] = {{"no terminator", table(columns, " x 12", 1, 0, ""), 2, 1},
-                          {"a longer header", table(columns, " x 12", 1, 264), 2, 1},
-                          {"more rows counted than written", table(columns, " x 12 y  7", 1000), 2, 2},
-                          {"the last row broken off", table(columns, " x 12 y ", 2), 2, 1},
-                          {"an end-of-file byte", table(columns, " x 12\x1A", 1), 2, 1},
-                          {"no fields", table({}, "", 0), 0, 0},
-                          {"a field of 255", table({{"a", 'C', 255}}, " " + std::string(255, 'z'), 1), 1, 1},
-                          {"memo", table({{"M", 'M', 10}}, "          5", 1), 1, 1},
-                          {"a header broken off", table(columns, "", 1).substr(0, 50), 0, 0},
-                          {"broken off in the header", std::string("\x03\x7C\x01", 3), 0, 0},
-                          {"version 0", std::string(200, '\0'), 0, 0},
-                          {"junk", std::string(500, '\xFF'), 14, 0}};
-    for (const Case& c : cases) {
-        const std::string name = folder.write("t.dbf", c.bytes);
-        EXPECT_EQ(walk(name, {}).size(), c.rows) << c.what;
+    // what it is, its bytes, its fields and its rows
+    const std::tuple<const char*, std::string, std::size_t, std::size_t> cases[] = {
+        {"no terminator", table(columns, " x 12", 1, 0, ""), 2, 1},
+        {"a longer header", table(columns, " x 12", 1, 264), 2, 1},
+        {"more rows counted than written", table(columns, " x 12 y  7", 1000), 2, 2},
+        {"the last row broken off", table(columns, " x 12 y ", 2), 2, 1},
+        {"an end-of-file byte", table(columns, " x 12\x1A", 1), 2, 1},
+        {"no fields", table({}, "", 0), 0, 0},
+        {"a field of 255", table({{"a", 'C', 255}}, " " + std::string(255, 'z'), 1), 1, 1},
+        {"memo", table({{"M", 'M', 10}}, "          5", 1), 1, 1},
+        {"a header broken off", table(columns, "", 1).substr(0, 50), 0, 0},
+        {"broken off in the header", std::string("\x03\x7C\x01", 3), 0, 0},
+        {"version 0", std::string(200, '\0'), 0, 0},
+        {"junk", std::string(500, '\xFF'), 14, 0}};
+    for (const auto& [what, bytes, fields, rows] : cases) {
+        const std::string name = folder.write("t.dbf", bytes);
+        EXPECT_EQ(walk(name, {}).size(), rows) << what;
         Open_table open(name);
         open.source.read_structure();
-        EXPECT_EQ(open.source.fields.count(), c.fields) << c.what;
-        EXPECT_EQ(folder.read("t.dbf"), c.bytes) << c.what;
+        EXPECT_EQ(open.source.fields.count(), fields) << what;
+        EXPECT_EQ(folder.read("t.dbf"), bytes) << what;
     }
 }
 

@@ -36,11 +36,7 @@ std::string big_endian(const std::u16string& text) {
 }
 
 TEST(Translation_files, in_the_code_page_are_read_line_by_line) {
-    const struct {
-        const char* what;
-        std::string file;
-        const char* result;
-    } cases[] = {
+    const std::tuple<const char*, std::string, const char*> cases[] = {
         {"usual", "L_Run,\nen Run\nes Ejecutar ya\n\nL_Soil\nes Suelo",
          "L_Run{en:Run;es:Ejecutar ya;}L_Soil{es:Suelo;}"},
         {"line ends of the other kind", "L_Run, note\r\nen Run\r\n\r\n", "L_Run{en:Run;}"},
@@ -55,24 +51,19 @@ TEST(Translation_files, in_the_code_page_are_read_line_by_line) {
          std::string("\x7F"
                      "ELF\0\xFF\n\0\0 \n",
                      11),
-         ""},
-    };
+         ""}};
     const Temporary_folder folder;
-    for (const auto& c : cases) {
+    for (const auto& [what, file, result] : cases) {
         Translations_phrases phrases;
-        read_ANSI_translations(folder.write("file.txt", c.file), phrases);
-        EXPECT_EQ(contents(phrases), c.result) << c.what;
+        read_ANSI_translations(folder.write("file.txt", file), phrases);
+        EXPECT_EQ(contents(phrases), result) << what;
     }
 }
 
 TEST(Translation_files, in_unicode_keep_every_letter) {
     const std::u16string run = u"L_Run,\nru \u0417\u0430\u043F\u0443\u0441\u043A";
     const std::string expected = std::string("L_Run{ru:") + russian_run + ";}";
-    const struct {
-        const char* what;
-        std::string file;
-        std::string result;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"usual", big_endian(run), expected},
         {"byte order mark", big_endian(u"\uFEFF" + run), expected},
         {"carriage returns, an odd byte", big_endian(u"L_Run,\r\n" + run.substr(7) + u"\r\n") + "x",
@@ -82,13 +73,12 @@ TEST(Translation_files, in_unicode_keep_every_letter) {
          "L_x{ru:\xEF\xBF\xBD\xEF\xBF\xBD;}"},
         {"low bytes first", "\xFF\xFEL\0_\0x\0", ""},
         {"the code page", "L_Run,\nru Zapusk\n", ""},
-        {"one byte", "L", ""},
-    };
+        {"one byte", "L", ""}};
     const Temporary_folder folder;
-    for (const auto& c : cases) {
+    for (const auto& [what, file, result] : cases) {
         Translations_phrases phrases;
-        read_Unicode_translations(folder.write("file.txt", c.file), phrases);
-        EXPECT_EQ(contents(phrases), c.result) << c.what;
+        read_Unicode_translations(folder.write("file.txt", file), phrases);
+        EXPECT_EQ(contents(phrases), result) << what;
     }
 }
 

@@ -29,20 +29,15 @@ TEST(Translations_phrases, finds_a_phrase_by_key_native_text_or_english) {
     add(phrases, "Soil", {{"es", "Suelo"}});
     add(phrases, "L_Empty", {{"en", "Empty"}, {"es", ""}});
 
-    const struct {
-        const char* text;
-        const char* language;
-        const char* result;
-    } cases[] = {
+    const char* cases[][3] = {
         {"L_Run", "es", "Ejecutar"},  {"Run it", "es", "Ejecutar"}, {"Run", "es", "Ejecutar"},
         {"Run", "ES", "Ejecutar"},    {"L_Run", "en", "Run"},       {"Soil", "es", "Suelo"},
         {"run", "es", "(none)"},      {"&Run", "es", "(none)"},     {"Run ", "es", "(none)"},
         {"Ejecutar", "es", "(none)"}, {"Run", "fr", "(none)"},      {"Run", "", "(none)"},
         {"Soil", "en", "(none)"},     {"", "es", "(none)"},         {"Empty", "es", "(none)"},
-        {"L_Run,", "es", "(none)"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(found(phrases, c.text, c.language), c.result) << c.text << " in " << c.language;
+        {"L_Run,", "es", "(none)"}};
+    for (const auto& [text, language, result] : cases)
+        EXPECT_EQ(found(phrases, text, language), result) << text << " in " << language;
 }
 
 TEST(Translations_phrases, of_repeated_phrases_the_first_with_a_translation_serves) {

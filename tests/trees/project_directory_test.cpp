@@ -32,13 +32,8 @@ protected:
 };
 
 TEST_F(Project_directory_test, the_folder_of_a_record_follows_from_its_mode) {
-    struct Case {
-        const char* file;
-        Directory_mode mode;
-        bool create;
-        const char* folder;
-    };
-    const Case cases[] = {
+    // the record, its mode, whether the folder is made, the folder
+    const std::tuple<const char*, Directory_mode, bool, const char*> cases[] = {
         {"C:\\a\\x.ext", Directory_mode::file_folder, false, "C:\\a\\"},
         {"C:\\a\\gone.ext", Directory_mode::file_folder, false, "C:\\here"},
         {"C:\\a\\x.ext", Directory_mode::own_folder, false, "C:\\a\\x"},
@@ -50,10 +45,9 @@ TEST_F(Project_directory_test, the_folder_of_a_record_follows_from_its_mode) {
         {"readme.txt", Directory_mode::containing_folder, false, "C:\\here"},
         {"C:\\a\\x.ext", Directory_mode(9), false, "C:\\here"},
         {"C:\\a\\plain", Directory_mode::own_folder, true, "C:\\a\\plain"}, // the file is in its way
-        {"C:\\v1.2\\plain", Directory_mode::own_folder, false, "C:\\v1.2\\plain"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(Common_parameters_directory(File_name(c.file), c.mode, c.create), c.folder) << c.file;
+        {"C:\\v1.2\\plain", Directory_mode::own_folder, false, "C:\\v1.2\\plain"}};
+    for (const auto& [file, mode, create, folder] : cases)
+        EXPECT_EQ(Common_parameters_directory(File_name(file), mode, create), folder) << file;
     EXPECT_TRUE(exists("a/gone"));
     EXPECT_EQ(drives.read("a/plain"), "record");
     EXPECT_FALSE(exists("a/x"));

@@ -29,13 +29,8 @@ TEST_F(Suite_directory_test, the_root_is_found_upward_from_the_program) {
     drives.write("second/bin/tool.exe");
     std::filesystem::create_directories(drives.host("Suite/bin"));
     std::filesystem::create_symlink(drives.host("other/tool.exe"), drives.host("Suite/bin/linked.exe"));
-    struct Case {
-        const char* program;
-        const char* current;
-        const char* root;
-        bool found;
-    };
-    const Case cases[] = {
+    // the program, the current directory, the root, whether it is one
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"C:\\Suite\\Tilverra\\project_editor.exe", "C:\\other", "C:\\Suite", true},
         {"C:\\Suite\\XEB\\spatial\\deep\\tool.exe", "C:\\other", "C:\\Suite", true},
         {"C:\\Suite\\TVS_suite.exe", "C:\\other", "C:\\Suite", true},
@@ -43,14 +38,13 @@ TEST_F(Suite_directory_test, the_root_is_found_upward_from_the_program) {
         {"C:\\second\\bin\\tool.exe", "C:\\other", "C:\\second", true},
         {"C:\\Suite\\Tilverra\\project_editor.exe", "C:\\", "C:\\", false},
         {"project_editor.exe", "C:\\other", "C:\\other", false},
-        {"C:\\other\\tool.exe", "C:\\Suite", "C:", false},
-    };
-    for (const Case& c : cases) {
-        platform::change_directory(c.current);
-        Suite_Directory suite{File_name(c.program)};
-        EXPECT_EQ(suite, c.root) << c.program;
-        EXPECT_EQ(suite.is_suite_root(), c.found) << c.program;
-        EXPECT_EQ(suite.started_from, c.program);
+        {"C:\\other\\tool.exe", "C:\\Suite", "C:", false}};
+    for (const auto& [program, current, root, found] : cases) {
+        platform::change_directory(current);
+        Suite_Directory suite{File_name(program)};
+        EXPECT_EQ(suite, root) << program;
+        EXPECT_EQ(suite.is_suite_root(), found) << program;
+        EXPECT_EQ(suite.started_from, program);
     }
 }
 

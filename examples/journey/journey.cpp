@@ -13,6 +13,7 @@
 #include "editing/bound_control.h"
 #include "main/host_functions.h"
 #include "maps_shapelib/shapelib_reader.h"
+#include "page_walk.h"
 #include "platform/files.h"
 #include "platform/host_names.h"
 #include "run_set_journey.h"
@@ -21,7 +22,6 @@
 #include "toolkit/check_box.h"
 #include "toolkit/edit.h"
 #include "toolkit/file_list_box.h"
-#include "toolkit/page_control.h"
 #include "toolkit/timer.h"
 
 #include <QtCore/QDir>
@@ -55,7 +55,8 @@ public:
         if (const char* language = std::getenv("TVS_JOURNEY_LANGUAGE"))
             choose_language(language);
         if (!folder_.isEmpty())
-            take_pages(main_form, "");
+            visit_pages(main_form,
+                        [this](const std::string& captions) { take(QString::fromStdString(captions)); });
         main_form.close();
     }
 
@@ -243,48 +244,6 @@ private:
     void translate() const {
         while (translation_timer_ != nullptr && translation_timer_->enabled())
             translation_timer_->fire();
-    }
-
-    // A picture of each page below a control that can come to the front, pages within pages too.
-    void take_pages(TControl& within, const QString& prefix) {
-        bool any = false;
-        within.walk([&](TControl& inner) {
-            if (!has_tabs(inner) || !inner.visible() || page_above(inner, within))
-                return true;
-            any = true;
-            for (TControl* page : inner.children()) {
-                if (!page->visible() || !page->enabled())
-                    continue;
-                static_cast<TPageControl&>(inner).select_page(static_cast<TTabSheet&>(*page));
-                take_pages(*page, prefix + (prefix.isEmpty() ? "" : ", ") +
-                                      QString::fromStdString(page->native_text()));
-            }
-            if (!inner.children().empty())
-                restore_first(static_cast<TPageControl&>(inner));
-            return true;
-        });
-        if (!any)
-            take(prefix);
-    }
-    static void restore_first(TPageControl& pages) {
-        for (TControl* page : pages.children()) {
-            if (page->visible()) {
-                pages.select_page(static_cast<TTabSheet&>(*page));
-                return;
-            }
-        }
-    }
-    static bool has_tabs(const TControl& control) {
-        return control.kind() == Control_kind::page_control &&
-               static_cast<const TPageControl&>(control).tabs() != Tabs::none;
-    }
-    // Whether another page control stands between the two.
-    static bool page_above(const TControl& control, const TControl& within) {
-        for (const TControl* above = control.parent(); above != nullptr && above != &within;
-             above = above->parent())
-            if (has_tabs(*above))
-                return true;
-        return false;
     }
 
     void take(QString name) {

@@ -1,11 +1,12 @@
 // Operations on many scenarios, each beside the bare cost of the files that it reads and writes: generating
-// 10,000 scenarios from a template, as many from a table of 20 columns, putting 2,000 aside, and resetting
-// 1,000.
+// 10,000 scenarios from a template, as many from a table of 20 columns, putting 2,000 aside, resetting 1,000,
+// and showing the settings of 1,000 side by side.
 #include "model/tilverra_scenario.h"
 #include "operations/carbon_sequestration_count.h"
 #include "operations/scenario_generator.h"
 #include "operations/scenario_reset.h"
 #include "operations/scenario_table.h"
+#include "operations/settings_plan.h"
 #include "platform/files.h"
 #include "records/vv_file.h"
 #include "support/inputs.h"
@@ -239,6 +240,75 @@ void read_twice_and_write_1000(benchmark::State& state) {
         }
 }
 BENCHMARK(read_twice_and_write_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The names of as many scenarios as are reset, each of them one of a family: some values are its own.
+std::vector<std::string> make_settings_targets() {
+    make_project();
+    const std::string text = scenario_text();
+    make_targets("\\settings\\", reset, text);
+    std::vector<std::string> names;
+    for (int i = 1; i <= reset; ++i) {
+        names.push_back(numbered("\\settings\\", i));
+        Record_settings settings(TESK::File_name(names.back().c_str()));
+        for (int layer = 1; layer <= 9; ++layer)
+            settings.set("H2O." + std::to_string(layer), "0." + std::to_string(1000 + i * 7 % 3000 + layer));
+        settings.set("scenario.description", "Wheat, plot " + std::to_string(i));
+        settings.save(platform::Durability::quick);
+    }
+    return names;
+}
+
+// As the page of settings opens them.
+void open_settings_of_1000(benchmark::State& state) {
+    const std::vector<std::string> names = make_settings_targets();
+    Settings_grid grid;
+    for (auto _ : state)
+        grid.read(names, {});
+    state.counters["keys"] = static_cast<double>(grid.order().size());
+}
+BENCHMARK(open_settings_of_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void read_1000(benchmark::State& state) {
+    const std::vector<std::string> names = make_settings_targets();
+    for (auto _ : state)
+        for (const std::string& name : names) {
+            Tilverra_scenario scenario;
+            TESK::VV_file(name.c_str()).get(scenario);
+        }
+}
+BENCHMARK(read_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void settings_of_1000_that_differ(benchmark::State& state) {
+    Settings_grid grid;
+    grid.read(make_settings_targets(), {});
+    for (auto _ : state)
+        benchmark::DoNotOptimize(grid.find_rows("", true));
+}
+BENCHMARK(settings_of_1000_that_differ)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void settings_of_1000_filtered_by_words(benchmark::State& state) {
+    Settings_grid grid;
+    grid.read(make_settings_targets(), {});
+    for (auto _ : state)
+        benchmark::DoNotOptimize(grid.find_rows("plot 99", false));
+}
+BENCHMARK(settings_of_1000_filtered_by_words)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// One value for all, and each key in turn.
+void setting_given_to_1000(benchmark::State& state) {
+    Settings_grid grid;
+    grid.read(make_settings_targets(), {});
+    Settings_plan plan(grid);
+    std::size_t row = 0;
+    while (grid.rows()[row].section != "salt" || grid.rows()[row].key != "1")
+        ++row;
+    int value = 0;
+    for (auto _ : state)
+        for (std::size_t record = 0; record < grid.files().size(); ++record)
+            if (!plan.want(record, row, "0." + std::to_string(++value % 90 + 10)).taken)
+                state.SkipWithError("refused");
+}
+BENCHMARK(setting_given_to_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The longest way to a count: the number of animals wraps, and no number of plots is left out.
 void count_at_worst(benchmark::State& state) {

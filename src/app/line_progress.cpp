@@ -20,27 +20,34 @@ std::string filled(std::string text, std::initializer_list<std::string> values) 
 } // namespace
 
 Line_progress::Line_progress(Scenarios_page& page, std::size_t steps, Closing closing)
-    : page_(page), closing_(closing), waiting_([this] { goes_on(); }) {
-    page_.sim_run_progressbar.set_maximum(static_cast<int>(steps));
-    page_.sim_run_progressbar.set_position(0);
-    page_.sim_run_progressbar.set_visible(true);
+    : Line_progress(page.sim_run_progressbar, page.sim_run_progress_note, steps, closing) {}
+
+Line_progress::Line_progress(TProgressBar& bar, TLabel& note, std::size_t steps, Closing closing)
+    : bar_(bar), note_(note), closing_(closing), waiting_([this] { goes_on(); }) {
+    bar_.set_maximum(static_cast<int>(steps));
+    bar_.set_position(0);
+    bar_.set_visible(true);
 }
 
 Line_progress::~Line_progress() {
-    page_.sim_run_progressbar.set_visible(false);
-    page_.sim_run_progress_note.set_text("");
-    page_.sim_run_progress_note.set_visible(false);
+    bar_.set_visible(false);
+    note_.set_text("");
+    note_.set_visible(false);
 }
 
 void Line_progress::show(std::size_t number, std::size_t total, const std::string& file_name) {
     const std::string name = file_name.substr(0, file_name.rfind('.'));
-    page_.sim_run_progress_note.set_text(
+    note_.set_text(
         filled(worded("%1 of %2, %3"), {std::to_string(number), std::to_string(total), screen_text(name)}));
-    page_.sim_run_progress_note.set_visible(true);
+    note_.set_visible(true);
 }
 
 void Line_progress::step() {
-    page_.sim_run_progressbar.step();
+    bar_.step();
+}
+
+void Line_progress::set_position(std::size_t position) {
+    bar_.set_position(static_cast<int>(position));
 }
 
 bool Line_progress::goes_on() {

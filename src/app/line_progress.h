@@ -1,4 +1,4 @@
-// Shows on the page of the scenarios how far an operation on many of them has come, as long as it lives: a
+// Shows on a page how far an operation on many scenarios has come, as long as it lives: a
 // bar, and what is worked on. What changed is painted, also while a program is waited for, and a user who
 // closes the window meanwhile stops the operation.
 #pragma once
@@ -9,11 +9,16 @@
 #include <string>
 
 class Scenarios_page;
+class TLabel;
+class TProgressBar;
 
 class Line_progress {
 public:
     enum class Closing { stops, asks }; // whether the user is asked before the window's closing stops it
 
+    // In the bar and the note, which are hidden at other times.
+    Line_progress(TProgressBar& bar, TLabel& note, std::size_t steps, Closing closing = Closing::stops);
+    // In those of the page of the scenarios.
     Line_progress(Scenarios_page& page, std::size_t steps, Closing closing = Closing::stops);
     ~Line_progress();
     Line_progress(const Line_progress&) = delete;
@@ -22,11 +27,13 @@ public:
     // Tells what is worked on: "3 of 200, clay soil" of the file "clay soil.tvn", in code page 1252.
     void show(std::size_t number, std::size_t total, const std::string& file_name);
     void step();
+    void set_position(std::size_t position);
     // Paints. False, and so from then on, when the operation is to stop.
     bool goes_on();
 
 private:
-    Scenarios_page& page_;
+    TProgressBar& bar_;
+    TLabel& note_;
     Closing closing_;
     bool is_stopped_ = false;
     bool is_asking_ = false;

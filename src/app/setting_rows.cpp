@@ -1,292 +1,226 @@
 #include "app/setting_rows.h"
 
+#include "editing/auto_status.h"
 #include "editing/bound_control.h"
-#include "foundation/code_page_1252.h"
+#include "operations/record_difference.h"
+#include "operations/setting_values.h"
 #include "toolkit/screen_language.h"
 
-#include <algorithm>
 #include <cmath>
-#include <sstream>
 
 namespace {
 
+using TESK::Validation_status;
+
 constexpr Colour blue = 0xc06000;
-constexpr Colour orange = 0x0070d0;
 constexpr Colour grey = 0x808080;
 constexpr Picture other_value{Shape::diamond, blue, Mark::none, false, "differs from the first scenario"};
+constexpr Picture not_the_template{Shape::diamond, blue, Mark::none, false, "differs from the template"};
 constexpr Picture changed{Shape::disc, blue, Mark::asterisk, false, "changed, not applied yet"};
-constexpr Picture doubtful{Shape::octagon, orange, Mark::exclamation, false, "doubtful value"};
 constexpr Picture undeclared{Shape::ring, grey, Mark::question, false, "unknown to this program"};
 
-std::string in_lower_case(std::string text) {
-    for (char& c : text)
-        c = TESK::fold_case(c);
-    return text;
-}
-
 // The limits beyond which no value is taken, or else those beyond which it is doubtful.
-std::string range_of(const Setting& setting) {
-    const TESK::Valid_number* const guard = setting.guard();
+std::string range_of(const Setting* setting) {
+    const TESK::Valid_number* const guard = setting == nullptr ? nullptr : setting->guard();
     if (guard == nullptr)
         return {};
     // Limits near the ends of what a number can be are none.
     const auto is_bounded = [](double low, double high) { return std::fabs(low) > 1e-30 || high < 1e38; };
     if (is_bounded(guard->error_low, guard->error_high))
-        return guard->range_text(TESK::Validation_status::error_low);
+        return guard->range_text(Validation_status::error_low);
     return is_bounded(guard->warning_low, guard->warning_high)
-               ? guard->range_text(TESK::Validation_status::warning_low)
+               ? guard->range_text(Validation_status::warning_low)
                : std::string();
+}
+
+// The verdict on a number; nothing where nothing judges it.
+std::optional<Validation_status> verdict_on(const Settings_grid::Row& row, const std::string& value) {
+    if (row.rule == nullptr || row.rule->guard() == nullptr)
+        return {};
+    const std::optional<double> number = number_of(value);
+    return number ? row.rule->guard()->judge(*number) : Validation_status::not_valid;
+}
+
+std::string name_of(const std::string& file) {
+    return screen_text(TESK::File_name(file.c_str()).get_name(false));
 }
 
 } // namespace
 
 std::vector<Table_column> Setting_rows::columns() {
-    return {{"section", "Section", 16, Align::start, true, false},
-            {"key", "Key", 22, Align::start, true, false},
-            {"caption", "Meaning", 24, Align::start, true, false},
-            {"unit", "Unit", 8, Align::start, true, false},
-            {"range", "Range", 22, Align::start, true, false}};
+    return {{"key", "Key", 22, Align::start, true, false},
+            {"caption", "Meaning", 16, Align::start, true, false},
+            {"unit", "Unit", 6, Align::start, true, false},
+            {"range", "Range", 14, Align::start, true, false},
+            {"changed_by", "Changed by", 18, Align::start, false, false}};
 }
 
-Setting_rows::Value Setting_rows::intern(const std::string& value) {
-    const auto [found, is_new] = value_places_.try_emplace(value, static_cast<Value>(values_.size()));
-    if (is_new) {
-        values_.push_back(value);
-        folded_values_.push_back(in_lower_case(value));
-    }
-    return found->second;
-}
-
-void Setting_rows::compare(Row& row) {
-    row.differs = std::any_of(row.values.begin(), row.values.end(),
-                              [&](Value value) { return value != row.values.front(); });
-}
-
-Operation_outcome Setting_rows::read(const std::vector<std::string>& files) {
-    files_.clear();
-    rows_.clear();
-    order_.clear();
+Operation_outcome Setting_rows::read(const std::vector<std::string>& files,
+                                     const Operation_progress& progress) {
     shown_.clear();
-    places_.clear();
-    value_places_.clear();
-    wanted_.clear();
-    values_.assign(1, "");
-    folded_values_.assign(1, "");
-    Operation_outcome outcome;
-    for (const std::string& file : files) {
-        const Record_settings settings(TESK::File_name(file.c_str()));
-        if (!settings.failure().empty()) {
-            outcome.not_done.push_back({file, settings.failure()});
-            continue;
-        }
-        files_.push_back(settings.file());
-        add(settings, files_.size() - 1);
-        ++outcome.done;
-    }
-    for (Row& row : rows_) {
-        row.values.resize(files_.size());
-        compare(row);
-    }
+    settings_shown_ = 0;
+    plan_.forget_all();
+    const Operation_outcome outcome = grid_.read(files, progress);
+    only_shown_.assign(grid_.files().size(), "");
     return outcome;
 }
 
-// What only a later file has stands behind what it follows there.
-void Setting_rows::add(const Record_settings& settings, std::size_t scenario) {
-    std::vector<std::pair<std::size_t, std::size_t>> behind; // a place in the order, and the row for it
-    std::vector<std::size_t> place_of(rows_.size());
-    for (std::size_t place = 0; place < order_.size(); ++place)
-        place_of[order_[place]] = place;
-    std::size_t place = 0;
-    for (const Setting& setting : settings.all()) {
-        const auto [found, is_new] = places_.try_emplace(setting.name(), rows_.size());
-        if (is_new)
-            behind.emplace_back(place, new_row(setting));
-        else if (found->second < place_of.size())
-            place = place_of[found->second] + 1;
-        Row& row = rows_[found->second];
-        row.values.resize(scenario + 1);
-        row.values[scenario] = intern(setting.value());
-    }
-    if (behind.empty())
-        return;
-    std::stable_sort(behind.begin(), behind.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<std::size_t> merged;
-    auto next = behind.begin();
-    for (std::size_t old = 0; old <= order_.size(); ++old) {
-        for (; next != behind.end() && next->first == old; ++next)
-            merged.push_back(next->second);
-        if (old < order_.size())
-            merged.push_back(order_[old]);
-    }
-    order_ = std::move(merged);
-}
-
-std::size_t Setting_rows::new_row(const Setting& setting) {
-    Row row;
-    row.section = setting.section();
-    row.key = setting.key();
-    row.caption = setting.caption();
-    row.unit = setting.unit();
-    row.range = range_of(setting);
-    row.folded = in_lower_case(row.section + '.' + row.key + '\n' + row.caption);
-    row.kind = setting.kind();
-    for (const auto& [label, description] : setting.choices())
-        row.choices.push_back(label);
-    row.is_known = setting.is_known();
-    row.is_fixed = setting.is_fixed();
-    rows_.push_back(std::move(row));
-    return rows_.size() - 1;
-}
-
 void Setting_rows::filter(const std::string& words, bool only_differing) {
+    const std::vector<std::size_t> rows = grid_.find_rows(words, only_differing);
     shown_.clear();
-    for (const std::size_t row : order_)
-        if (!only_differing || rows_[row].differs)
-            shown_.push_back(row);
-    std::istringstream stream(in_lower_case(words));
-    for (std::string word; stream >> word;) {
-        std::vector<bool> has_word(
-            values_.size()); // each value is looked at once, however many cells have it
-        for (std::size_t value = 0; value < values_.size(); ++value)
-            has_word[value] = folded_values_[value].find(word) != std::string::npos;
-        std::erase_if(shown_, [&](std::size_t place) {
-            const Row& row = rows_[place];
-            return row.folded.find(word) == std::string::npos &&
-                   std::none_of(row.values.begin(), row.values.end(),
-                                [&](Value value) { return has_word[value]; });
-        });
+    settings_shown_ = rows.size();
+    const std::string* section = nullptr;
+    for (const std::size_t row : rows) {
+        const std::string& own = grid_.rows()[row].section;
+        if (section == nullptr || *section != own)
+            shown_.push_back({row, true});
+        section = &own;
+        shown_.push_back({row, false});
     }
 }
 
-// ---- changes
-
-const Setting_rows::Wanted* Setting_rows::wanted_at(int row, int column) const {
-    if (column < first_scenario)
-        return nullptr;
-    const auto found = wanted_.find(
-        {static_cast<std::size_t>(column - first_scenario), shown_[static_cast<std::size_t>(row)]});
-    return found == wanted_.end() ? nullptr : &found->second;
-}
-
-Settings_change Setting_rows::change_of(std::size_t scenario) const {
-    Settings_change change{files_[scenario], {}};
-    for (auto one = wanted_.lower_bound({scenario, 0}); one != wanted_.end() && one->first.first == scenario;
-         ++one) {
-        const Row& row = rows_[one->first.second];
-        change.settings.push_back({row.section, row.key, values_[row.values[scenario]]});
-    }
-    return change;
-}
-
-std::size_t Setting_rows::changed_files() const {
-    std::size_t files = 0;
-    for (auto one = wanted_.begin(); one != wanted_.end(); ++files)
-        one = wanted_.lower_bound({one->first.first + 1, 0});
-    return files;
-}
-
-std::vector<Settings_change> Setting_rows::changes() const {
-    std::vector<Settings_change> changes;
-    for (auto one = wanted_.begin(); one != wanted_.end();) {
-        const std::size_t scenario = one->first.first;
-        changes.push_back(change_of(scenario));
-        one = wanted_.lower_bound({scenario + 1, 0});
-    }
-    return changes;
-}
-
-void Setting_rows::forget_changes() {
-    for (const auto& [place, wanted] : wanted_) {
-        Row& row = rows_[place.second];
-        row.values[place.first] = wanted.before;
-        compare(row);
-    }
-    wanted_.clear();
-}
-
-void Setting_rows::changes_done(const std::string& file) {
-    std::erase_if(wanted_, [&](const auto& one) { return files_[one.first.first] == file; });
-}
-
-std::string Setting_rows::remark(int row, int column) const {
-    const Wanted* const wanted = wanted_at(row, column);
-    return wanted == nullptr ? "" : screen_text(wanted->remark);
-}
-
-std::string Setting_rows::set_text(int row, int column, const std::string& text) {
-    const std::size_t place = shown_[static_cast<std::size_t>(row)];
-    const auto scenario = static_cast<std::size_t>(column - first_scenario);
-    const std::string value = record_text(text);
-    if (screen_text(value) != text)
-        return worded("A record cannot hold some of these characters.");
-    Row& target = rows_[place];
-    if (values_[target.values[scenario]] == value)
+std::optional<Setting_rows::Place> Setting_rows::place_of(int row, int column) const {
+    const auto line = static_cast<std::size_t>(row);
+    if (column < first_scenario || row < 0 || line >= shown_.size() || shown_[line].is_heading)
         return {};
-    Settings_change change = change_of(scenario);
-    std::erase_if(change.settings, [&](const Wanted_setting& one) {
-        return one.section == target.section && one.key == target.key;
-    });
-    const auto found = wanted_.find({scenario, place});
-    const bool is_old = found != wanted_.end() && values_[found->second.before] == value;
-    change.settings.push_back({target.section, target.key, value});
-    const Setting_verdict verdict = try_settings(change);
-    if (!verdict.taken)
-        return screen_text(verdict.reason);
-    if (is_old) {
-        target.values[scenario] = found->second.before;
-        wanted_.erase(found);
-    } else {
-        const Value before = found == wanted_.end() ? target.values[scenario] : found->second.before;
-        wanted_[{scenario, place}] = {before, verdict.reason};
-        target.values[scenario] = intern(value);
-    }
-    compare(target);
-    if (on_wanted)
-        on_wanted();
-    return {};
+    return Place{static_cast<std::size_t>(column - first_scenario), shown_[line].row};
+}
+
+bool Setting_rows::differs(const Place& place) const {
+    const auto& values = grid_.rows()[place.row].values;
+    return values[place.record] != values.front();
 }
 
 // ---- what the table shows
 
 Table_cell Setting_rows::cell(int row, int column) const {
-    const Row& shown = row_at(row);
+    if (const auto place = place_of(row, column))
+        return value_cell(*place);
+    const Settings_grid::Row& shown = row_at(row);
+    if (!shown_[static_cast<std::size_t>(row)].is_heading)
+        return description_cell(shown, column);
+    return column == key_column ? Table_cell{.text = screen_text(shown.section), .strong = true}
+                                : Table_cell{};
+}
+
+Table_cell Setting_rows::description_cell(const Settings_grid::Row& row, int column) const {
     switch (column) {
-    case section_column: return {.text = screen_text(shown.section)};
     case key_column:
-        return {.text = screen_text(shown.key), .picture = shown.is_known ? Picture{} : undeclared};
+        return {.text = screen_text(row.key), .picture = row.rule == nullptr ? undeclared : Picture{}};
     case caption_column:
-        return {.text = shown.is_known ? screen_text(shown.caption) : worded("unknown to this program")};
-    case unit_column: return {.text = screen_text(shown.unit)};
-    case range_column: return {.text = screen_text(shown.range)};
-    default: break;
+        return {.text = row.rule == nullptr ? worded(undeclared.meaning) : screen_text(row.rule->caption())};
+    case unit_column: return {.text = row.rule == nullptr ? "" : screen_text(row.rule->unit())};
+    case range_column: return {.text = screen_text(range_of(row.rule))};
+    default: return {.text = has_common_ ? changers_of(row) : ""};
     }
-    const Value value = shown.values[static_cast<std::size_t>(column - first_scenario)];
-    Table_cell cell{.text = screen_text(values_[value])};
-    if (const Wanted* const wanted = wanted_at(row, column))
-        cell.picture = wanted->remark.empty() ? changed : doubtful;
-    else if (value != shown.values.front())
-        cell.picture = other_value;
+}
+
+// One sign has room: what is wrong comes before what is wanted, that before what differs. The last is told by
+// the type, too, and what is wanted by what lies behind the text.
+Table_cell Setting_rows::value_cell(const Place& place) const {
+    const Settings_grid::Row& row = grid_.rows()[place.row];
+    const Settings_grid::Value value = row.values[place.record];
+    const std::string& text = grid_.text(value);
+    const std::optional<Validation_status> verdict =
+        value == Settings_grid::no_value ? std::nullopt : verdict_on(row, text);
+    Table_cell cell{.text = screen_text(text), .strong = differs(place)};
+    const bool is_wanted = plan_.is_wanted(place.record, place.row);
+    if (is_wanted)
+        cell.colour = focus_colour;
+    if (verdict && *verdict != Validation_status::good)
+        cell.picture = status_light(static_cast<int>(*verdict));
+    else if (is_wanted)
+        cell.picture = changed;
+    else if (cell.strong)
+        cell.picture = has_common_ ? not_the_template : other_value;
+    else if (verdict)
+        cell.picture = status_light(static_cast<int>(*verdict));
     return cell;
 }
 
-std::string Setting_rows::hint(int row, int column) const {
-    if (column < first_scenario)
-        return cell(row, column).text;
-    const std::string said = remark(row, column);
-    return said.empty() ? worded(cell(row, column).picture.meaning) : said;
+// "wet, dry (alike)"
+std::string Setting_rows::changers_of(const Settings_grid::Row& row) const {
+    constexpr std::size_t most_names = 3;
+    const Changers changers = who_changed(row, 0);
+    std::string names;
+    for (std::size_t i = 0; i < changers.records.size() && i < most_names; ++i)
+        names += (i > 0 ? ", " : "") + name_of(grid_.files()[changers.records[i]]);
+    if (changers.records.size() > most_names)
+        names += ' ' + worded("and %1 more", std::to_string(changers.records.size() - most_names));
+    if (changers.records.size() > 1)
+        names += " (" + worded(changers.alike ? "alike" : "each otherwise") + ')';
+    return names;
 }
 
-std::optional<Cell_editor> Setting_rows::editor(int row, int column) const {
-    const Row& shown = row_at(row);
-    if (column < first_scenario || shown.is_fixed ||
-        shown.values[static_cast<std::size_t>(column - first_scenario)] == 0)
+std::string Setting_rows::remark(int row, int column) const {
+    const auto place = place_of(row, column);
+    if (!place)
         return {};
-    switch (shown.kind) {
-    case Setting_kind::choice: return Cell_editor{Cell_editor::Kind::choice, shown.choices};
-    case Setting_kind::flag: return Cell_editor{Cell_editor::Kind::choice, {"true", "false"}};
+    const Settings_grid::Row& shown = grid_.rows()[place->row];
+    const Settings_grid::Value value = shown.values[place->record];
+    if (!only_shown_[place->record].empty())
+        return only_shown_[place->record];
+    if (value == Settings_grid::no_value)
+        return worded("This scenario has no such setting.");
+    if (const std::string reason = grid_.reason_not_to_set(place->record, place->row); !reason.empty())
+        return screen_text(reason);
+    const auto verdict = verdict_on(shown, grid_.text(value));
+    return verdict && *verdict != Validation_status::good
+               ? screen_text("The value " + shown.rule->guard()->range_text(*verdict) + ".")
+               : std::string();
+}
+
+std::string Setting_rows::hint(int row, int column) const {
+    const auto place = place_of(row, column);
+    if (!place)
+        return cell(row, column).text;
+    std::string hint = cell(row, column).text;
+    const auto add = [&](const std::string& line) {
+        if (!line.empty())
+            hint += (hint.empty() ? "" : "\n") + line;
+    };
+    add(remark(row, column));
+    if (plan_.is_wanted(place->record, place->row))
+        add(worded(changed.meaning));
+    if (differs(*place))
+        add(worded((has_common_ ? not_the_template : other_value).meaning));
+    return hint;
+}
+
+// ---- what the user changes
+
+std::optional<Cell_editor> Setting_rows::editor(int row, int column) const {
+    const auto place = place_of(row, column);
+    if (!place || !only_shown_[place->record].empty())
+        return {};
+    const Settings_grid::Row& shown = grid_.rows()[place->row];
+    if (shown.values[place->record] == Settings_grid::no_value ||
+        !grid_.reason_not_to_set(place->record, place->row).empty())
+        return {};
+    Cell_editor editor;
+    switch (shown.rule == nullptr ? Setting_kind::text : shown.rule->kind()) {
+    case Setting_kind::choice:
+        editor.kind = Cell_editor::Kind::choice;
+        for (const auto& [label, description] : shown.rule->choices())
+            editor.items.push_back(screen_text(label));
+        break;
+    case Setting_kind::flag: editor = {Cell_editor::Kind::choice, {"true", "false"}}; break;
     case Setting_kind::integer:
-    case Setting_kind::number: return Cell_editor{Cell_editor::Kind::number, {}};
-    default: return Cell_editor{};
+    case Setting_kind::number: editor.kind = Cell_editor::Kind::number; break;
+    case Setting_kind::date:
+    case Setting_kind::file: editor.kind = Cell_editor::Kind::other; break;
+    default: break;
     }
+    return editor;
+}
+
+std::string Setting_rows::set_text(int row, int column, const std::string& text) {
+    const auto place = place_of(row, column);
+    if (!place)
+        return worded("This cell cannot be edited.");
+    const std::string value = record_text(text);
+    if (screen_text(value) != text)
+        return worded("A record cannot hold some of these characters.");
+    const Setting_verdict verdict = plan_.want(place->record, place->row, value);
+    return verdict.taken ? std::string() : screen_text(verdict.reason);
 }

@@ -1,47 +1,50 @@
-// The rows of the page of settings: the keys of many scenarios, a column for the values of each, and what
-// the user wants to have changed in them.
+// The rows of the page of settings: the keys of many scenarios under their sections, a column for the values
+// of each, and what the user wants to have changed in them.
 #pragma once
 
-#include "operations/operation_outcome.h"
-#include "operations/record_settings.h"
-#include "operations/settings_change.h"
+#include "operations/settings_grid.h"
+#include "operations/settings_plan.h"
 #include "toolkit/table.h"
 
-#include <cstdint>
-#include <functional>
-#include <map>
+#include <optional>
 #include <string>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 class Setting_rows : public Table_rows {
 public:
     // Columns before those of the scenarios.
-    enum Column { section_column, key_column, caption_column, unit_column, range_column, first_scenario };
+    enum Column { key_column, caption_column, unit_column, range_column, changers_column, first_scenario };
     static std::vector<Table_column> columns();
 
     // Reads the files, the one that the others are compared with first, and forgets what was wanted. Those
     // that cannot be read get no column; they are named with the reason.
-    Operation_outcome read(const std::vector<std::string>& files);
-    // Full names, by columns.
-    const std::vector<std::string>& files() const { return files_; }
+    Operation_outcome read(const std::vector<std::string>& files, const Operation_progress& progress);
+    // Says that the first file is the one that the others were made from: who has changed it is told.
+    void set_has_common(bool has_common) { has_common_ = has_common; }
+    bool has_common() const { return has_common_; }
+    // Says that the file of a column is only shown, and why, in the user's language.
+    void set_only_shown(std::size_t record, std::string reason) { only_shown_[record] = std::move(reason); }
+    const std::string& only_shown(std::size_t record) const { return only_shown_[record]; }
 
     // Shows the rows in whose keys or values all words of the filter, in code page 1252, are found, and that
     // differ between scenarios if only those are wanted.
     void filter(const std::string& words, bool only_differing);
-    std::size_t total() const { return order_.size(); }
+    // How many settings are shown, and how many there are.
+    std::size_t settings_shown() const { return settings_shown_; }
+    std::size_t total() const { return grid_.order().size(); }
 
-    bool has_changes() const { return !wanted_.empty(); }
-    std::size_t changed_files() const;
-    // What is wanted of each file that is to change, its settings in the order of the rows.
-    std::vector<Settings_change> changes() const;
-    void forget_changes();
-    // What was wanted of this file now stands in it.
-    void changes_done(const std::string& file);
-    // Why the value of a cell is doubtful or cannot be had, in the user's language; mostly nothing.
+    const Settings_grid& grid() const { return grid_; }
+    Settings_plan& plan() { return plan_; }
+    const Settings_plan& plan() const { return plan_; }
+
+    // The record and the row of the grid that a cell shows; nothing for one that shows no value.
+    struct Place {
+        std::size_t record;
+        std::size_t row;
+    };
+    std::optional<Place> place_of(int row, int column) const;
+    // What is to be said of the value of a cell, in the user's language; mostly nothing.
     std::string remark(int row, int column) const;
-    std::function<void()> on_wanted; // a change of a cell was taken
 
     // Table_rows
     int count() const override { return static_cast<int>(shown_.size()); }
@@ -51,42 +54,23 @@ public:
     std::string set_text(int row, int column, const std::string& text) override;
 
 private:
-    using Value = std::uint32_t; // a place in values_; 0 where a file has no such setting
-    struct Row {
-        std::string section;
-        std::string key;
-        std::string caption;
-        std::string unit;
-        std::string range;
-        std::string folded; // what the filter finds
-        std::vector<std::string> choices;
-        Setting_kind kind = Setting_kind::text;
-        bool is_known = false;
-        bool is_fixed = false;
-        bool differs = false;
-        std::vector<Value> values; // by scenarios
+    struct Line {
+        std::size_t row;
+        bool is_heading; // of the row's section
     };
-    struct Wanted {
-        Value before;
-        std::string remark; // a plain English sentence
-    };
-    using Place = std::pair<std::size_t, std::size_t>; // scenario and row, by which files come together
 
-    void add(const Record_settings& settings, std::size_t scenario);
-    std::size_t new_row(const Setting& setting);
-    Value intern(const std::string& value);
-    void compare(Row& row);
-    const Row& row_at(int row) const { return rows_[shown_[static_cast<std::size_t>(row)]]; }
-    const Wanted* wanted_at(int row, int column) const;
-    Settings_change change_of(std::size_t scenario) const;
+    const Settings_grid::Row& row_at(int row) const {
+        return grid_.rows()[shown_[static_cast<std::size_t>(row)].row];
+    }
+    Table_cell description_cell(const Settings_grid::Row& row, int column) const;
+    Table_cell value_cell(const Place& place) const;
+    bool differs(const Place& place) const;
+    std::string changers_of(const Settings_grid::Row& row) const;
 
-    std::vector<std::string> files_;
-    std::vector<Row> rows_;
-    std::vector<std::size_t> order_; // rows, as the records have them
-    std::vector<std::size_t> shown_;
-    std::unordered_map<std::string, std::size_t> places_; // rows, by "section.key"
-    std::vector<std::string> values_;
-    std::vector<std::string> folded_values_;
-    std::unordered_map<std::string, Value> value_places_;
-    std::map<Place, Wanted> wanted_;
+    Settings_grid grid_;
+    Settings_plan plan_{grid_};
+    std::vector<Line> shown_;
+    std::size_t settings_shown_ = 0;
+    bool has_common_ = false;
+    std::vector<std::string> only_shown_; // by records; empty for those that are edited
 };

@@ -19,20 +19,32 @@ public:
     TTabSheet& settings_tabsheet;
     TEdit& settings_filter_edit;
     TCheckBox& settings_only_differing_checkbox;
+    TCheckBox& settings_template_checkbox; // the template stands before the scenarios
     TTable& settings_table;
     TLabel& settings_count_label;
     TButton& settings_give_to_all_button;
     TButton& settings_apply_button;
     TButton& settings_discard_button;
+    TLabel& settings_progress_note;
+    TProgressBar& settings_progressbar;
+    TFileDialog settings_file_dialog;
 
 private:
+    std::vector<std::string> wanted_files();
+    std::string template_file() const;
     void read();
+    void show_columns();
     void filter();
+    void edit_in_dialog(int row, int column);
+    void open_menu();
     void give_to_all();
+    void template_clicked();
     void apply();
     void discard();
     void show_state();
+    void show_edited();
 
     Setting_rows rows_;
     std::string project_folder_;
+    bool is_at_work_ = false; // painting meanwhile must not begin anew
 };

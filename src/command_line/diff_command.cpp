@@ -24,13 +24,11 @@ const char* word_for(Changed_by who) {
     return "";
 }
 
-std::unique_ptr<Record_settings> read(Session& session, const std::string& argument) {
+void read(Session& session, const std::string& argument, Settings_grid& records) {
     const TESK::File_name file = session.file_of_argument(argument);
     enter_folder_of_names(file);
-    auto settings = std::make_unique<Record_settings>(file);
-    if (!settings->failure().empty())
-        throw Command_failure(exit_unreachable, screen_text(settings->failure()));
-    return settings;
+    if (const std::string failure = records.add(file); !failure.empty())
+        throw Command_failure(exit_unreachable, screen_text(failure));
 }
 
 Json text_or_null(const std::optional<std::string>& value) {
@@ -38,17 +36,19 @@ Json text_or_null(const std::optional<std::string>& value) {
 }
 
 void diff(Session& session, const Options& options) {
-    const auto first = read(session, options.first);
-    const auto second = read(session, options.second);
-    const auto common = options.common.empty() ? nullptr : read(session, options.common);
-    const bool is_three_way = common != nullptr;
+    Settings_grid records;
+    read(session, options.first, records);
+    read(session, options.second, records);
+    const bool is_three_way = !options.common.empty();
+    if (is_three_way)
+        read(session, options.common, records);
     Report report(session, {{"setting"},
                             {"first"},
                             {"second"},
                             {"common", is_three_way},
                             {"changed_by", is_three_way},
                             {"known", false}});
-    for (const Record_difference& one : compare_records(*first, *second, common.get())) {
+    for (const Record_difference& one : compare_records(records)) {
         session.note(exit_found);
         if (!report.add({screen_text(one.section + '.' + one.key), text_or_null(one.first),
                          text_or_null(one.second), text_or_null(one.common),

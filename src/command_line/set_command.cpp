@@ -2,8 +2,7 @@
 #include "command_line/outcome_report.h"
 #include "command_line/record_targets.h"
 #include "command_line/report.h"
-#include "operations/record_settings.h"
-#include "platform/host_names.h"
+#include "operations/settings_change.h"
 
 #include <memory>
 
@@ -17,115 +16,89 @@ struct Options {
     Scenario_choice choice;
 };
 
-struct Assignment {
-    std::string name;
-    std::string value;
-};
-
 // The assignment in the code page. Its setting must be one of the record's: a key may have an equals sign no
 // more than in a file.
-Assignment parse(const std::string& text) {
+Wanted_setting parse(const std::string& text) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos || text.find('.') > equals)
         throw Command_failure(exit_misused,
                               "'" + text + "' is no assignment such as 'submodels.salinity=true'.");
     if (screen_text(record_text(text)) != text)
         throw Command_failure(exit_misused, "'" + text + "' has a character that records cannot hold.");
-    return {record_text(text.substr(0, equals)), record_text(text.substr(equals + 1))};
+    return {{}, record_text(text.substr(0, equals)), record_text(text.substr(equals + 1))};
 }
 
-class Setter {
-public:
-    Setter(Session& session, const std::vector<Assignment>& assignments, bool only_tries, bool is_one_file)
-        : session_(session), assignments_(assignments), only_tries_(only_tries),
-          report_(session,
-                  {{"scenario", !is_one_file}, {"setting"}, {"old"}, {"new"}, {"outcome"}, {"reason"}}) {}
+using State = Settings_result::State;
 
-    // All of the assignments to a file are done, or none.
-    void set(const TESK::File_name& file, const std::string& name) {
-        ++count_;
-        Record_settings settings(file);
-        if (!was_read(session_, settings)) {
-            failed_.push_back(name);
-            return;
-        }
-        std::vector<std::vector<Json>> rows;
-        bool is_refused = false;
-        for (const Assignment& assignment : assignments_) {
-            const Setting* setting = settings.find(assignment.name);
-            const std::string old = setting == nullptr ? "" : setting->value();
-            std::string value = assignment.value;
-            if (setting != nullptr && setting->kind() == Setting_kind::file && value.starts_with('/'))
-                value = platform::name_from_host_path(value);
-            const Setting_change change = settings.set(assignment.name, value);
-            is_refused = is_refused || !change.done;
-            rows.push_back({name, screen_text(assignment.name), screen_text(old), screen_text(value),
-                            !change.done     ? "refused"
-                            : change.changed ? "done"
-                                             : "unchanged",
-                            change.reason.empty() ? Json() : Json(screen_text(change.reason))});
-        }
-        const std::string reason = is_refused || only_tries_ ? std::string() : save(settings);
-        if (is_refused)
-            session_.note(exit_found);
-        if (is_refused || !reason.empty())
-            failed_.push_back(name);
-        for (std::vector<Json>& row : rows) {
-            if (is_refused && row[4] == "done")
-                row[4] = "left";
-            if (!reason.empty() && row[4] == "done") {
-                row[4] = "failed";
-                row[5] = reason;
-            }
-            report_.add(row);
-        }
-    }
-    void finish() {
-        report_.finish();
-        say_failed(session_, failed_, count_);
-    }
-
-private:
-    // Gives why it could not be written; nothing when it was.
-    std::string save(Record_settings& settings) {
-        const platform::Write_result result = settings.save(platform::Durability::quick);
-        if (!result.ok())
-            session_.note(exit_unreachable);
-        return screen_text(result.reason);
-    }
-
-    Session& session_;
-    const std::vector<Assignment>& assignments_;
-    bool only_tries_;
-    Report report_;
-    std::vector<std::string> failed_;
-    std::size_t count_ = 0;
-};
-
-// Lets the change to scenarios of a project be undone.
-void put_aside(Opened_project& project, const Record_targets& targets, bool no_backup) {
-    std::vector<std::string> files;
-    for (const auto& target : targets.targets)
-        files.push_back(target.file);
-    if (std::optional<Change_backups> backups = backups_for(project, files, no_backup))
-        must_be_begun(backups->put_copies_aside("settings", files, {}));
+// What became of a setting whose file had this result.
+const char* word_for(State file, const Setting_change& change) {
+    if (!change.done)
+        return "refused";
+    if (!change.changed)
+        return "unchanged";
+    return file == State::refused ? "left" : file == State::not_written ? "failed" : "done";
 }
 
+// Says what was done to each setting, and at the end which files failed.
+void tell(Session& session, const Record_targets& targets, const std::vector<Wanted_setting>& wanted,
+          const std::vector<Settings_result>& results) {
+    Report report(
+        session,
+        {{"scenario", !targets.is_one_file}, {"setting"}, {"old"}, {"new"}, {"outcome"}, {"reason"}});
+    std::vector<std::string> failed;
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        const Settings_result& result = results[i];
+        const std::string& name = targets.targets[i].name;
+        if (!result.reason.empty()) {
+            failed.push_back(name);
+            session.note(result.state == State::refused ? exit_found : exit_unreachable);
+        }
+        if (result.state == State::unreadable)
+            session.console.say(screen_text(result.reason));
+        for (std::size_t k = 0; k < result.settings.size(); ++k) {
+            const auto& [before, change] = result.settings[k];
+            const bool is_unwritten = result.state == State::not_written && change.changed;
+            const std::string reason = is_unwritten ? result.reason : change.reason;
+            report.add({name, screen_text(wanted[k].key), screen_text(before), screen_text(wanted[k].value),
+                        word_for(result.state, change), reason.empty() ? Json() : Json(screen_text(reason))});
+        }
+    }
+    report.finish();
+    say_failed(session, failed, results.size());
+}
+
+// All of the assignments to a file are done, or none. Only the files that will change are put aside, so that
+// the change to scenarios of a project can be undone.
 void set(Session& session, Options& options) {
-    std::vector<Assignment> assignments;
+    std::vector<Wanted_setting> wanted;
     for (const std::string& text : options.assignments)
-        assignments.push_back(parse(text));
+        wanted.push_back(parse(text));
     const Record_targets targets = find_targets(session, options.target, options.choice);
-    if (targets.project != nullptr && !options.only_tries)
-        put_aside(*targets.project, targets, options.no_backup);
-    Setter setter(session, assignments, options.only_tries, targets.is_one_file);
-    std::size_t done = 0;
-    for (const auto& [file, name] : targets.targets) {
-        session.console.show_progress("setting", ++done, targets.targets.size());
-        setter.set(file, name);
+    std::vector<Settings_result> results;
+    std::vector<Settings_change> changes;
+    std::vector<std::string> files;
+    std::vector<std::size_t> places; // of the changes among the results
+    for (const auto& target : targets.targets) {
+        session.console.show_progress("checking", results.size() + 1, targets.targets.size());
+        results.push_back(try_settings({target.file, wanted}));
+        if (results.back().state != State::changed)
+            continue;
+        changes.push_back({target.file, wanted});
+        files.push_back(target.file);
+        places.push_back(results.size() - 1);
+    }
+    if (!options.only_tries && !changes.empty()) {
+        std::optional<Change_backups> backups;
+        if (targets.project != nullptr)
+            backups = backups_for(*targets.project, files, options.no_backup);
+        std::vector<Settings_result> done;
+        must_be_begun(change_settings(changes, backups ? &*backups : nullptr,
+                                      shown_progress(session, "setting"), &done));
+        for (std::size_t i = 0; i < done.size(); ++i)
+            results[places[i]] = std::move(done[i]);
     }
     session.console.end_progress();
-    setter.finish();
+    tell(session, targets, wanted, results);
 }
 
 } // namespace

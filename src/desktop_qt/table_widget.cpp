@@ -91,7 +91,8 @@ QVariant Table_model::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
     case Qt::DecorationRole:
     case Qt::BackgroundRole:
-    case Qt::ForegroundRole: break;
+    case Qt::ForegroundRole:
+    case Qt::FontRole: break;
     default: return {};
     }
     const Table_cell cell = table_->rows()->cell(row, column);
@@ -100,9 +101,16 @@ QVariant Table_model::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole: return spoken(cell);
     case Qt::DecorationRole: return cell.picture.shape == Shape::none ? QVariant() : icon_of(cell.picture);
     case Qt::BackgroundRole: return has_colour ? QVariant(to_qt(cell.colour)) : QVariant();
+    case Qt::FontRole: return cell.strong ? QVariant(strong_font()) : QVariant();
     case Qt::ForegroundRole: return has_colour ? QVariant(readable_on(to_qt(cell.colour))) : QVariant();
     default: return to_qt(cell.text);
     }
+}
+
+QFont Table_model::strong_font() const {
+    QFont font = view_.font();
+    font.setBold(true);
+    return font;
 }
 
 QIcon Table_model::icon_of(const Picture& picture) const {

@@ -27,6 +27,7 @@ public:
 
 private:
     QVariant tick(int row) const;
+    QFont strong_font() const;
     QIcon icon_of(const Picture& picture) const;
 
     const TTable* table_;

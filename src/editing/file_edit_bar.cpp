@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr const char* no_file = "<Currently not selected>";
 constexpr const char* unnamed_caption = "caption";
 constexpr Colour unknown_status_colour = 0xffaa1b;
 
@@ -37,6 +36,21 @@ TButton& add_button(TControl& parent, const char* name, const char* text, const 
 }
 
 } // namespace
+
+bool ask_for_file(TFileDialog& dialog, const TESK::Filtered_file_name* file,
+                  const TESK::Directory_name& folder) {
+    TESK::Ustring extension = "*";
+    TESK::Ustring filter;
+    if (file != nullptr) {
+        file->get_default_extension(extension);
+        file->get_dialog_filter(filter);
+    }
+    dialog.default_extension = screen_text(extension);
+    dialog.file_name = file == nullptr || file->contains("<") ? "" : screen_text(*file);
+    dialog.filter = screen_text(filter) + (filter.empty() ? "" : "|") + "All files (*.*)|*.*|";
+    dialog.initial_folder = screen_text(folder);
+    return dialog.execute();
+}
 
 TAutoFileEditBar::TAutoFileEditBar(std::string name)
     : TPanel(std::move(name), Layout::row), panel_caption(add<TLabel>("panel_caption")),
@@ -169,20 +183,9 @@ void TAutoFileEditBar::relative_button_clicked() {
 }
 
 void TAutoFileEditBar::filename_button_clicked() {
-    TFileDialog& dialog = file_requestor_dialog;
-    TESK::Ustring extension = "*";
-    TESK::Ustring filter;
-    if (file != nullptr) {
-        file->get_default_extension(extension);
-        file->get_dialog_filter(filter);
-    }
-    dialog.default_extension = screen_text(extension);
-    dialog.file_name = file == nullptr || file->contains("<") ? "" : screen_text(*file);
-    dialog.filter = screen_text(filter) + (filter.empty() ? "" : "|") + "All files (*.*)|*.*|";
-    dialog.initial_folder = screen_text(directory);
-    if (!dialog.execute())
+    if (!ask_for_file(file_requestor_dialog, file, directory))
         return;
-    take_name(dialog.file_name);
+    take_name(file_requestor_dialog.file_name);
     name_changed();
 }
 
@@ -190,7 +193,7 @@ void TAutoFileEditBar::filename_button_clicked() {
 void TAutoFileEditBar::cancel_button_clicked() {
     if (file == nullptr)
         return;
-    file->set(no_file);
+    file->set(no_file_name);
     own_status = TESK::Validation_status::unknown;
     show_status();
     name_changed();

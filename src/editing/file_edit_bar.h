@@ -14,6 +14,14 @@
 #include <functional>
 #include <optional>
 
+// The name that means no file, and that no user has chosen yet.
+constexpr const char* no_file_name = "<Currently not selected>";
+
+// Asks for a file: of the kinds that `file` can be, which is suggested, or for null of any kind, beginning in
+// the folder. True when one was chosen; the dialog has its name.
+bool ask_for_file(TFileDialog& dialog, const TESK::Filtered_file_name* file,
+                  const TESK::Directory_name& folder);
+
 class TAutoFileEditBar : public TPanel {
 public:
     explicit TAutoFileEditBar(std::string name);

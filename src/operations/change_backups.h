@@ -26,6 +26,9 @@ public:
     // The project's folder must be there before anything is put aside.
     explicit Change_backups(const TESK::Directory_name& project_folder);
 
+    // Whether it lies in the project, so that it can be put aside.
+    bool can_hold(const std::string& name) const { return !relative_name(name).empty(); }
+
     // What there is to put aside of the files and folders: how many of them are there, and how much it is.
     struct Need {
         std::size_t entries = 0;

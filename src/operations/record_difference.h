@@ -1,12 +1,19 @@
-// What differs between two records, key by key; with the record that both were made from, also who changed
-// it.
+// What differs between records that stand side by side; with the record that all were made from, also who
+// changed it.
 #pragma once
 
-#include "operations/record_settings.h"
+#include "operations/settings_grid.h"
 
 #include <optional>
 #include <string>
 #include <vector>
+
+// Who has another value in a row than the record that all were made from.
+struct Changers {
+    std::vector<std::size_t> records; // in order; empty when none has
+    bool alike = true;                // all of these have the same new value
+};
+Changers who_changed(const Settings_grid::Row& row, std::size_t common);
 
 enum class Changed_by {
     first,
@@ -26,8 +33,8 @@ struct Record_difference {
     Changed_by changed_by;
 };
 
-// The settings that differ, in the order of the first record, what only another one has behind what it
-// follows there. With `common` (null for none), the settings in which either differs from it, be they alike
-// or not. What a file leaves out counts with the record's default.
-std::vector<Record_difference> compare_records(const Record_settings& first, const Record_settings& second,
-                                               const Record_settings* common);
+// The settings in which the first two records of the grid differ, in the order of the first, what only
+// another one has behind what it follows there. With a third record, which both were made from, the settings
+// in which either differs from that, be they alike or not. What a file leaves out counts with the record's
+// default.
+std::vector<Record_difference> compare_records(const Settings_grid& records);

@@ -4,7 +4,6 @@
 #include "foundation/labeled_enum.h"
 #include "model/project_editor_parameters.h"
 #include "model/tilverra_scenario.h"
-#include "operations/record_lines.h"
 #include "operations/setting_values.h"
 #include "platform/files.h"
 #include "records/typed_entries.h"
@@ -22,6 +21,11 @@ namespace {
 template <class Entry>
 const Entry& as(const TESK::VV_base_entry& entry) {
     return static_cast<const Entry&>(entry);
+}
+
+template <class Entry>
+bool have_same(const TESK::VV_base_entry& a, const TESK::VV_base_entry& b) {
+    return as<Entry>(a).value == as<Entry>(b).value;
 }
 
 const char* text_or_nothing(const char* text) {
@@ -99,12 +103,20 @@ std::vector<std::pair<std::string, std::string>> Setting::choices() const {
     return choices;
 }
 
+bool Setting::is_in_file() const {
+    return owner_->lines().find(section(), key()) != nullptr;
+}
+
+const TESK::Filtered_file_name* Setting::typed_file() const {
+    return kind() != Setting_kind::file
+               ? nullptr
+               : dynamic_cast<const TESK::Filtered_file_name*>(&as<TESK::VV_filename_entry>(*entry_).value);
+}
+
 std::string Setting::file_masks() const {
     std::string masks;
-    if (kind() == Setting_kind::file)
-        if (const auto* file =
-                dynamic_cast<const TESK::Filtered_file_name*>(&as<TESK::VV_filename_entry>(*entry_).value))
-            file->get_default_filter(masks);
+    if (const TESK::Filtered_file_name* file = typed_file())
+        file->get_default_filter(masks);
     return masks == "*" ? std::string() : masks;
 }
 
@@ -127,6 +139,44 @@ std::string Setting::value() const {
         std::string text;
         return entry_->get_value(text);
     }
+    }
+}
+
+const void* Setting::field() const {
+    switch (entry_->type_code()) {
+    case Entry_type::uint8: return &as<TESK::VV_uint8_entry>(*entry_).value;
+    case Entry_type::uint32: return &as<TESK::VV_uint32_entry>(*entry_).value;
+    case Entry_type::int16: return &as<TESK::VV_int16_entry>(*entry_).value;
+    case Entry_type::int32: return &as<TESK::VV_int32_entry>(*entry_).value;
+    case Entry_type::float32: return &as<TESK::VV_float32_entry>(*entry_).value;
+    case Entry_type::float64: return &as<TESK::VV_float64_entry>(*entry_).value;
+    case Entry_type::date: return &as<TESK::VV_date_entry>(*entry_).value;
+    case Entry_type::boolean: return &as<TESK::VV_bool_entry>(*entry_).value;
+    case Entry_type::string: return &as<TESK::VV_string_entry>(*entry_).value;
+    case Entry_type::file_name: return &as<TESK::VV_filename_entry>(*entry_).value;
+    case Entry_type::enumeration: return &as<TESK::VV_enum_entry>(*entry_).value;
+    case Entry_type::units: return &as<TESK::VV_units_entry>(*entry_).value;
+    default: return nullptr;
+    }
+}
+
+bool Setting::has_value_of(const Setting& other) const {
+    const TESK::VV_base_entry& a = *entry_;
+    const TESK::VV_base_entry& b = *other.entry_;
+    if (a.type_code() != b.type_code())
+        return value() == other.value();
+    switch (a.type_code()) {
+    case Entry_type::uint8: return have_same<TESK::VV_uint8_entry>(a, b);
+    case Entry_type::uint32: return have_same<TESK::VV_uint32_entry>(a, b);
+    case Entry_type::int16: return have_same<TESK::VV_int16_entry>(a, b);
+    case Entry_type::int32: return have_same<TESK::VV_int32_entry>(a, b);
+    case Entry_type::float32: return have_same<TESK::VV_float32_entry>(a, b);
+    case Entry_type::boolean: return have_same<TESK::VV_bool_entry>(a, b);
+    case Entry_type::string: return have_same<TESK::VV_string_entry>(a, b);
+    case Entry_type::file_name: return have_same<TESK::VV_filename_entry>(a, b);
+    case Entry_type::date:
+        return as<TESK::VV_date_entry>(a).value.date_num == as<TESK::VV_date_entry>(b).value.date_num;
+    default: return value() == other.value();
     }
 }
 
@@ -153,6 +203,7 @@ Record_settings::Record_settings(const TESK::File_name& file) : file_(file), rec
     if (!failure_.empty())
         return;
     text_ = text_read_ = std::move(content.contents);
+    primary_ = record_->get_primary_section_name();
     TESK::VV_text(text_, true).get(*record_);
     list_settings();
 }
@@ -161,8 +212,6 @@ void Record_settings::list_settings() {
     record_->redeclare_for_write();
     record_->attach_guards();
     settings_.clear();
-    const std::string primary = record_->get_primary_section_name();
-    const Record_lines lines(text_, primary);
     const bool has_version = dynamic_cast<const Common_parameters*>(record_.get()) != nullptr;
     for (const TESK::VV_section& section : record_->all_sections()) {
         for (TESK::VV_base_entry& entry : section.all_entries()) {
@@ -170,11 +219,15 @@ void Record_settings::list_settings() {
             const bool is_fixed = (has_version && section.label == "version") ||
                                   (mark != std::string::npos && record_->enumerated_sections.find_exact(
                                                                     entry.key.substr(0, mark)) != nullptr);
-            // What the file holds stays, even where a later value leaves it undeclared.
-            entry.encountered = lines.find(section.label, entry.key) != nullptr;
-            settings_.emplace_back(section, entry, is_fixed, entry.encountered);
+            settings_.emplace_back(*this, section, entry, is_fixed);
         }
     }
+}
+
+const Record_lines& Record_settings::lines() const {
+    if (!lines_)
+        lines_.emplace(text_, primary_);
+    return *lines_;
 }
 
 const Setting* Record_settings::find(std::string_view section, std::string_view key) const {
@@ -201,19 +254,24 @@ Setting_change Record_settings::set(std::string_view name, const std::string& va
 
 std::string Record_settings::reason_not_to_set(const Setting& setting) const {
     if (setting.is_fixed())
-        return "It follows from the rest of the file and is not set by hand.";
-    const auto* common = dynamic_cast<const Common_parameters_data_record*>(record_.get());
-    if (common == nullptr)
-        return {};
-    // In a file of an older version the old key is read, whatever stands under the new one.
-    std::uint16_t count = 0;
-    const Section_mapping* rows = common->get_section_mapping(count);
-    for (const Section_mapping& row : std::span(rows, count))
-        if (row.since.number() > common->file_version.number() && setting.section() == row.new_section &&
-            setting.key() == row.new_key && find(row.old_section, row.old_key) != nullptr)
-            return "The file is of an older version and says it under [" + std::string(row.old_section) +
-                   "] " + row.old_key + ". Convert the file first.";
+        return fixed_reason;
+    for (const Older_spelling& older : older_spellings())
+        if (setting.section() == older.section && setting.key() == older.key &&
+            find(older.old_section, older.old_key) != nullptr)
+            return older.reason();
     return {};
+}
+
+std::vector<Older_spelling> Record_settings::older_spellings() const {
+    std::vector<Older_spelling> older;
+    if (const auto* common = dynamic_cast<const Common_parameters_data_record*>(record_.get())) {
+        std::uint16_t count = 0;
+        const Section_mapping* rows = common->get_section_mapping(count);
+        for (const Section_mapping& row : std::span(rows, count))
+            if (row.since.number() > common->file_version.number())
+                older.push_back({row.new_section, row.new_key, row.old_section, row.old_key});
+    }
+    return older;
 }
 
 Setting_change Record_settings::set(std::string_view section, std::string_view key,
@@ -221,26 +279,14 @@ Setting_change Record_settings::set(std::string_view section, std::string_view k
     const Setting* setting = find(section, key);
     if (setting == nullptr)
         return {false, false, "The record has no such section and key."};
-    std::string reason = reason_not_to_set(*setting);
-    std::string text;
-    if (reason.empty())
-        reason = text_for_value(*setting, value, text);
-    if (!reason.empty())
+    if (const std::string reason = reason_not_to_set(*setting); !reason.empty())
         return {false, false, reason};
-
+    const Value_trial trial = try_value(*setting, value);
+    Setting_change change{trial.taken, false, trial.reason};
+    if (!trial.taken)
+        return change;
     const std::map<std::string, std::string> before = values_of(settings_);
-    const std::string old = before.at(setting->name());
-    setting->entry().set_value(TESK::Ustring(text));
-    const TESK::Validation_status verdict = setting->judge();
-    if (TESK::severity_group(verdict) == TESK::severity_group(TESK::Validation_status::error)) {
-        reason = "The value " + setting->guard()->range_text(verdict) + ".";
-        setting->entry().set_value(TESK::Ustring(old));
-        return {false, false, reason};
-    }
-    if (verdict != TESK::Validation_status::good)
-        reason = "The value " + setting->guard()->range_text(verdict) + ".";
-
-    Setting_change change{true, false, reason};
+    setting->entry().set_value(TESK::Ustring(trial.text));
     for (const Setting& other : settings_) {
         std::string now;
         if (other.entry().get_value(now) == before.at(other.name()))
@@ -249,20 +295,25 @@ Setting_change Record_settings::set(std::string_view section, std::string_view k
         if (other.is_in_file() || &other == setting)
             write_value(other);
     }
+    // What the file holds stays, even where a later value leaves it undeclared.
+    for (const Setting& one : settings_)
+        one.entry().encountered = one.is_in_file();
     list_settings();
     return change;
 }
 
 // Puts the setting's line in the place of the one that counts in the text, which is the last.
 void Record_settings::write_value(const Setting& setting) {
-    const std::string primary = record_->get_primary_section_name();
-    const Record_lines lines(text_, primary);
     std::string line;
     setting.entry().label_cstr(line);
-    if (const Record_line* old = lines.find(setting.section(), setting.key()))
+    if (const Record_line* old = lines().find(setting.section(), setting.key())) {
         text_.replace(old->begin, old->end - old->begin, line);
-    else
-        lines.insert_into(text_, setting.section(), line, keys_before(setting));
+    } else {
+        std::string longer = text_;
+        lines().insert_into(longer, setting.section(), line, keys_before(setting));
+        text_ = std::move(longer);
+    }
+    lines_.reset();
 }
 
 // The keys that a save would put before the setting's in its section, the nearest first.

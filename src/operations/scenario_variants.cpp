@@ -24,27 +24,20 @@ std::string Scenario_variants::add_column(const std::string& name) {
 Scenario_variants::Verdict Scenario_variants::set(std::size_t column_index, std::size_t variant,
                                                   const std::string& value) {
     Column& column = columns_[column_index];
-    TESK::VV_base_entry& entry = column.setting->entry();
-    std::string text;
-    Verdict verdict{text_for_value(*column.setting, value, text), ""};
-    if (!verdict.refusal.empty())
-        return verdict;
-    entry.set_value(TESK::Ustring(text));
-    const TESK::Validation_status status = column.setting->judge();
-    const bool is_error =
-        TESK::severity_group(status) == TESK::severity_group(TESK::Validation_status::error);
-    if (status != TESK::Validation_status::good)
-        (is_error ? verdict.refusal : verdict.doubt) =
-            "The value " + column.setting->guard()->range_text(status) + ".";
-    if (!is_error && entry.get_value(text) != column.old_value) {
+    const Value_trial trial = try_value(*column.setting, value);
+    Verdict verdict;
+    (trial.taken ? verdict.doubt : verdict.refusal) = trial.reason;
+    if (trial.taken && trial.line != column.old_value) {
+        TESK::VV_base_entry& entry = column.setting->entry();
+        entry.set_value(TESK::Ustring(trial.text));
         if (column.lines.empty()) {
             column.sample = value;
             find_lines(column);
         }
         for (Lines& lines : column.lines)
             lines.setting->entry().label_cstr(lines.of_variant[variant]);
+        entry.set_value(TESK::Ustring(column.old_value));
     }
-    entry.set_value(TESK::Ustring(column.old_value));
     return verdict;
 }
 

@@ -2,6 +2,8 @@
 
 #include "foundation/code_page_1252.h"
 #include "foundation/numbers.h"
+#include "platform/host_names.h"
+#include "records/typed_entries.h"
 #include "temporal/date.h"
 
 #include <algorithm>
@@ -137,7 +139,54 @@ std::string unit_text(const Setting& setting, const std::string& value, std::str
     return {};
 }
 
+std::string line_text(const std::string& value) {
+    return value.find_first_of(std::string("\r\n\0", 3)) == std::string::npos
+               ? std::string()
+               : "The value must be one line of text.";
+}
+
+// The value of an entry, which gets it back. The text of a number that is not a round one tells less than the
+// field holds.
+class Kept_value {
+public:
+    explicit Kept_value(TESK::VV_base_entry& entry) : entry_(entry) {
+        entry.get_value(text_);
+        if (entry.type_code() == Entry_type::float32)
+            number_ = static_cast<TESK::VV_float32_entry&>(entry).value;
+        else if (entry.type_code() == Entry_type::float64)
+            number_ = static_cast<TESK::VV_float64_entry&>(entry).value;
+    }
+    Kept_value(const Kept_value&) = delete;
+    Kept_value& operator=(const Kept_value&) = delete;
+    ~Kept_value() {
+        if (entry_.type_code() == Entry_type::float32)
+            static_cast<TESK::VV_float32_entry&>(entry_).value = static_cast<float>(number_);
+        else if (entry_.type_code() == Entry_type::float64)
+            static_cast<TESK::VV_float64_entry&>(entry_).value = number_;
+        else
+            entry_.set_value(TESK::Ustring(text_));
+    }
+
+private:
+    TESK::VV_base_entry& entry_;
+    std::string text_;
+    double number_ = 0;
+};
+
+// What a file with this text behind the key would be shown with: it keeps ten decimals of a number.
+std::string value_in_file(const Setting& setting, const std::string& line) {
+    if (setting.kind() == Setting_kind::number)
+        if (const auto number = whole_number<float>(line, std::chars_format::general))
+            return shortest_number(*number);
+    return setting.value();
+}
+
 } // namespace
+
+std::optional<std::int32_t> date_number_of(const std::string& words) {
+    const auto number = whole_number<std::int32_t>(words);
+    return number ? number : date_number(words);
+}
 
 std::string shortest_number(float number) {
     char digits[64];
@@ -166,10 +215,39 @@ std::string text_for_value(const Setting& setting, const std::string& value, std
     case Setting_kind::unit: return unit_text(setting, value, text);
     default: break;
     }
-    if (value.find_first_of(std::string("\r\n\0", 3)) != std::string::npos)
-        return "The value must be one line of text.";
+    if (std::string reason = line_text(value); !reason.empty())
+        return reason;
     if (setting.is_known() && value.size() > setting.longest_value())
         return "The value must have no more than " + std::to_string(setting.longest_value()) + " characters.";
-    text = value;
+    const bool is_host_path = setting.kind() == Setting_kind::file && value.starts_with('/');
+    text = is_host_path ? platform::name_from_host_path(value) : value;
     return {};
+}
+
+Value_trial try_value(const Setting& setting, const std::string& value) {
+    Value_trial trial;
+    trial.reason = text_for_value(setting, value, trial.text);
+    if (!trial.reason.empty())
+        return trial;
+    TESK::VV_base_entry& entry = setting.entry();
+    const Kept_value kept(entry);
+    entry.set_value(TESK::Ustring(trial.text));
+    entry.get_value(trial.line);
+    trial.value = value_in_file(setting, trial.line);
+    const TESK::Validation_status verdict = setting.judge();
+    trial.taken = TESK::severity_group(verdict) != TESK::severity_group(TESK::Validation_status::error);
+    if (verdict != TESK::Validation_status::good)
+        trial.reason = "The value " + setting.guard()->range_text(verdict) + ".";
+    return trial;
+}
+
+Value_trial try_undeclared_value(const std::string& value) {
+    std::string reason = line_text(value);
+    return {reason.empty(), reason, value, value, value};
+}
+
+// A float32, as the fields that are judged are.
+std::optional<double> number_of(const std::string& value) {
+    const auto number = whole_number<float>(value, std::chars_format::general);
+    return number ? std::optional<double>(*number) : std::nullopt;
 }

@@ -3,13 +3,16 @@
 
 #include "operations/change_backups.h"
 #include "operations/operation_outcome.h"
+#include "operations/record_settings.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 // What a setting of a record is to become; the value as a person writes it, in code page 1252.
 struct Wanted_setting {
-    std::string section;
+    std::optional<std::string> section; // nothing where `key` is the whole name, "section.key"
     std::string key;
     std::string value;
 };
@@ -19,16 +22,31 @@ struct Settings_change {
     std::vector<Wanted_setting> settings;
 };
 
-// Why the last of the settings cannot be had in its file together with those before it, or why its value is
-// doubtful though it is taken; a plain English sentence. Nothing is written.
+// Whether a value can be had, and why not, or why it is doubtful; a plain English sentence.
 struct Setting_verdict {
     bool taken = false;
     std::string reason;
 };
-Setting_verdict try_settings(const Settings_change& change);
 
-// Puts the files aside under the name "settings" and changes in each what is wanted, and nothing else. A file
-// gets all that is wanted of it, or stays as it is and is named in the outcome with the reason. When the
-// files cannot be put aside nothing is changed.
-Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups& backups,
-                                  const Operation_progress& progress);
+// What became of a file, and of each setting that was wanted of it.
+struct Settings_result {
+    enum class State : std::uint8_t { unchanged, changed, refused, unreadable, not_written };
+    struct One {
+        std::string before; // empty where there is no such setting
+        Setting_change change;
+    };
+    State state = State::unchanged;
+    std::string reason{}; // why the file cannot be read or written, or the first refusal
+    std::vector<One> settings{};
+};
+
+// What would become of it. Nothing is written.
+Settings_result try_settings(const Settings_change& change);
+
+// Puts the files aside under the name "settings", unless `backups` is null, and changes in each what is
+// wanted, and nothing else. A file gets all that is wanted of it, or stays as it is and is named in the
+// outcome with the reason. When the files cannot be put aside nothing is changed. `results`, null for who
+// does not care, gets one for each change that was dealt with before the operation was stopped, in order.
+Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups* backups,
+                                  const Operation_progress& progress,
+                                  std::vector<Settings_result>* results = nullptr);

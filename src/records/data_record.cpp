@@ -127,12 +127,20 @@ void Data_record::redeclare_for_write() {
 
 void Data_record::keep_undeclared(const VV_section& read) {
     VV_section* section = find_section(read.label);
+    // Most entries stand there in the same order: the one behind the last is tried first.
+    const Unidirectional_list::Node* next = section == nullptr ? nullptr : section->entries.head();
     std::string value;
     for (const VV_base_entry& entry : read.all_entries()) {
         if (!entry.encountered)
             continue;
         if (section == nullptr)
             section = append_section(read.label);
+        if (next != nullptr && next->item->get_key_view() == entry.key) {
+            const auto* const same = static_cast<const VV_base_entry*>(next->item.get());
+            next = next->next;
+            if (same->type_code() != Entry_type::unexpected)
+                continue;
+        }
         VV_base_entry* there = section->find_entry(entry.key);
         if (there == nullptr) {
             there = new VV_unexpected_entry(entry.key, entry.get_value(value));

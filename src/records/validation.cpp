@@ -51,8 +51,7 @@ Validation_status Valid_number::validate(std::string& message, bool html) {
     return status;
 }
 
-Validation_status Valid_number::judge() const {
-    const double x = get_value();
+Validation_status Valid_number::judge(double x) const {
     Validation_status verdict = Validation_status::good;
     if (!is_open_low(warning_low) && x < warning_low)
         verdict = Validation_status::warning_low;

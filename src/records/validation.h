@@ -48,8 +48,9 @@ class Valid_number : public Valid_type {
 public:
     Validation_status validate(std::string& message, bool html) override;
 
-    // The verdict alone: the status stays as it is.
-    Validation_status judge() const;
+    // The verdict alone, on the field's value or on another: the status stays as it is.
+    Validation_status judge() const { return judge(get_value()); }
+    Validation_status judge(double x) const;
     // What the verdict asks of the value: "must range from 0 - 4". Nothing for a verdict that asks nothing.
     std::string range_text(Validation_status verdict) const;
 

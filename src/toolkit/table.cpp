@@ -399,6 +399,8 @@ bool TTable::edit_cell(int row, int column, const std::string& text) {
     row_changed(row);
     if (TForm* const holder = form())
         holder->notice(refused, refused.empty() ? Mark::none : Mark::exclamation);
+    if (on_edited)
+        on_edited();
     return refused.empty();
 }
 

@@ -20,6 +20,7 @@ struct Table_cell {
     std::string text{};
     Picture picture{};              // a light or another sign before the text
     Colour colour = desktop_colour; // behind the text
+    bool strong = false;            // set off by a heavier type
 };
 
 // How a cell is edited: as a text, as a number, by choosing one of the items, or by what the owner shows when
@@ -165,6 +166,7 @@ public:
 
     std::function<void()> on_change;    // the user moved the cursor to another row
     std::function<void()> on_selection; // the user selected other rows or cells
+    std::function<void()> on_edited;    // cells were typed, chosen or pasted, and taken or not
     std::function<void(int row)> on_tick;
     std::function<void(int column, bool down)> on_sort;
     std::function<void()> on_columns; // the user made a column wider or narrower, or showed or hid it

@@ -92,8 +92,11 @@ bool TTable::paste() {
         int column = block.first_column;
         for (std::size_t i = 0; fills ? column <= block.last_column : i < line.size(); ++i) {
             const std::string& text = line[fills ? 0 : i];
-            const std::string why = editor(row, column) ? rows_->set_text(row, column, text)
-                                                        : worded("This cell cannot be edited.");
+            // What was copied beside the cells that are edited comes back with them.
+            const bool is_same = has_cell(row, column) && rows_->cell(row, column).text == text;
+            const std::string why = is_same               ? std::string()
+                                    : editor(row, column) ? rows_->set_text(row, column, text)
+                                                          : worded("This cell cannot be edited.");
             refused += why.empty() ? 0 : 1;
             reason = reason.empty() ? why : reason;
             const int next = step_column(column, 1);
@@ -107,5 +110,7 @@ bool TTable::paste() {
                        Mark::exclamation);
     else if (holder)
         holder->notice({});
+    if (on_edited)
+        on_edited();
     return true;
 }

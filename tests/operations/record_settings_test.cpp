@@ -182,20 +182,22 @@ TEST_F(Record_settings_test, differences_tell_who_changed_what_of_a_common_recor
     const auto text = [](const char* soil, const char* salt, const char* more) {
         return std::string("[parameter_filenames]\nsoil=") + soil + "\n[salt]\n1=" + salt + "\n2=1\n" + more;
     };
-    const Record_settings common(file(text("a.sil", "1", "[ours]\nx=1\n"), "common.tvn"));
-    const Record_settings first(file(text("b.sil", "1.0000", "[ours]\nx=2\n"), "first.tvn"));
-    const Record_settings second(file(text("b.sil", "2", "[ours]\nx=3\ny=1\n"), "second.tvn"));
-    const auto told = [](const std::vector<Record_difference>& differences) {
+    const std::string common = file(text("a.sil", "1", "[ours]\nx=1\n"), "common.tvn");
+    const std::string first = file(text("b.sil", "1.0000", "[ours]\nx=2\n"), "first.tvn");
+    const std::string second = file(text("b.sil", "2", "[ours]\nx=3\ny=1\n"), "second.tvn");
+    const auto told = [](const std::vector<std::string>& files) {
         std::string lines;
-        for (const Record_difference& one : differences)
+        Settings_grid records;
+        records.read(files, {});
+        for (const Record_difference& one : compare_records(records))
             lines += one.section + '.' + one.key + ' ' + one.first.value_or("-") + ' ' +
                      one.second.value_or("-") + ' ' + "FSAB"[static_cast<int>(one.changed_by)] + '\n';
         return lines;
     };
-    EXPECT_EQ(told(compare_records(first, second, nullptr)), "salt.1 1 2 B\nours.x 2 3 B\nours.y - 1 B\n");
-    EXPECT_EQ(told(compare_records(first, second, &common)),
+    EXPECT_EQ(told({first, second}), "salt.1 1 2 B\nours.x 2 3 B\nours.y - 1 B\n");
+    EXPECT_EQ(told({first, second, common}),
               "parameter_filenames.soil b.sil b.sil A\nsalt.1 1 2 S\nours.x 2 3 B\nours.y - 1 S\n");
-    EXPECT_EQ(told(compare_records(first, first, nullptr)), "");
+    EXPECT_EQ(told({first, first}), "");
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include <random>
 #include <sstream>
 
@@ -118,7 +120,7 @@ TEST_F(Scenario_table_test, a_variant_is_what_setting_the_values_one_by_one_woul
                 base += std::string(line) + (round % 2 == 0 ? "\r\n" : "\n");
         drives.write("base.tvn", base);
         Scenario_variants variants(TESK::File_name("C:\\base.tvn"), 6);
-        std::vector<Record_settings> expected;
+        std::deque<Record_settings> expected;
         for (int i = 0; i < 6; ++i)
             expected.emplace_back(TESK::File_name("C:\\base.tvn"));
         for (std::size_t column = 0; column < names.size(); ++column) {

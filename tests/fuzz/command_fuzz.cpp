@@ -1,19 +1,12 @@
 // Any bytes are names and texts of a command line: a name in quotes comes back whole, a command line that is
 // not refused holds the arguments that were put in, and no others.
 #include "platform/command_line.h"
+#include "require.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
 #include <vector>
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 // The name as a program gets it: without separators at its end, but for a root's.
 std::string handed_over(const std::string& name) {

@@ -1,10 +1,9 @@
 // Any bytes are a journal of a run set, and what was asked of one: reading them must do no harm.
+#include "require.h"
 #include "runs/run_progress.h"
 #include "runs/run_set.h"
 #include "runs/scenario_states.h"
 
-#include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -17,15 +16,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     in_pieces.take(text.substr(0, size / 2));
     in_pieces.take(text.substr(size / 2));
     for (std::size_t run = 0; run < runs; ++run)
-        if (describe_end(journal.runs()[run], journal.reason(run)) !=
-            describe_end(in_pieces.runs()[run], in_pieces.reason(run)))
-            std::abort();
+        require(describe_end(journal.runs()[run], journal.reason(run)) ==
+                describe_end(in_pieces.runs()[run], in_pieces.reason(run)));
     describe(progress_of(journal, true, moment_now()));
 
     // A set that can be read is written as it was read.
     if (const auto set = run_set_from_text(text); set && unusable_name(*set).empty())
-        if (text_of(*run_set_from_text(text_of(*set))) != text_of(*set))
-            std::abort();
+        require(text_of(*run_set_from_text(text_of(*set))) == text_of(*set));
     parameter_files_in(text);
     return 0;
 }

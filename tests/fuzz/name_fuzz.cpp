@@ -3,17 +3,9 @@
 #include "names/file_name.h"
 #include "platform/entry_names.h"
 #include "platform/listing.h"
-
-#include <cstdint>
-#include <cstdlib>
-#include <string>
+#include "require.h"
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 void check_parts(const std::string& text) {
     TESK::File_name file{TESK::Ustring(text)};

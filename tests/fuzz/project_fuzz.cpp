@@ -2,8 +2,6 @@
 #include "model/project_editor_parameters.h"
 #include "round_trip.h"
 
-#include <cstdint>
-
 namespace {
 
 class Fuzzed_project : public Tilverra_project_editor_parameters {

@@ -4,8 +4,6 @@
 #include "records/vv_enumerated_section.h"
 #include "round_trip.h"
 
-#include <cstdint>
-
 namespace {
 
 class Element : public TESK::Item {

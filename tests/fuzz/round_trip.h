@@ -3,9 +3,7 @@
 
 #include "records/data_record.h"
 #include "records/vv_text.h"
-
-#include <cstdlib>
-#include <string>
+#include "require.h"
 
 // Reads the text into the record and gives what the record saves of it, with all that it does not know.
 inline std::string saved_text(TESK::Data_record& record, std::string text) {
@@ -22,6 +20,5 @@ void expect_round_trip(const std::string& text) {
     Record first;
     const std::string once = saved_text(first, text);
     Record second;
-    if (saved_text(second, once) != once)
-        std::abort();
+    require(saved_text(second, once) == once);
 }

@@ -2,8 +2,6 @@
 #include "model/tilverra_scenario.h"
 #include "round_trip.h"
 
-#include <cstdint>
-
 namespace {
 
 // On reading, a scenario asks the disk whether its rotation is there, and names events after the moment.

@@ -1,11 +1,8 @@
 // Any bytes are a file of user settings: what was read comes back from what is written, and a second section
 // leaves the first as it is.
 #include "records/vv_text.h"
+#include "require.h"
 #include "trees/user_settings.h"
-
-#include <cstdint>
-#include <cstdlib>
-#include <string>
 
 namespace {
 
@@ -44,14 +41,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TESK::User_settings settings = read(section, text);
     const std::string once = written(settings, section, text);
     TESK::User_settings again = read(section, once);
-    if (!are_same(settings, again) || written(again, section, once) != once)
-        std::abort();
+    require(are_same(settings, again) && written(again, section, once) == once);
     if (size % 2 != 0) // once in a while is enough
         return 0;
     TESK::User_settings other;
     other.top = 7;
     const std::string both = written(other, section + " 2", once);
-    if (!are_same(settings, read(section, both)) || !are_same(other, read(section + " 2", both)))
-        std::abort();
+    require(are_same(settings, read(section, both)) && are_same(other, read(section + " 2", both)));
     return 0;
 }

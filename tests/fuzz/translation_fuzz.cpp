@@ -1,18 +1,10 @@
 // Any bytes are a translation file, in either encoding: all texts that come of it are UTF-8, and every phrase
 // finds its translation.
 #include "foundation/code_page_1252.h"
+#include "require.h"
 #include "translation/translation_files.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 bool is_utf8(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {

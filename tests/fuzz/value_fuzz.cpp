@@ -2,23 +2,16 @@
 // them, and what is written is read back as it was.
 #include "foundation/numbers.h"
 #include "records/typed_entries.h"
+#include "require.h"
 #include "temporal/date_time_64.h"
 #include "units/units_clad.h"
 #include "units/units_convertor.h"
 
 #include <cerrno>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <string>
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 // Takes a value off the front of the bytes; what is missing is 0.
 template <class T>

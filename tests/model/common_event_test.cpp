@@ -102,7 +102,9 @@ TEST_F(Common_event_test, an_event_without_an_ID_has_a_moment_for_one_and_each_a
     const double before = TESK::Date_time_64().date_time;
     const auto scenario = read("event:count=4\n[event:1]\nID=a\n[event:2]\nID=\n");
     ASSERT_EQ(scenario->events.count(), 4U);
-    EXPECT_EQ(event_at(*scenario, 0)->ID, "a");
+    EXPECT_EQ(scenario->events.find_event("a"), event_at(*scenario, 0));
+    for (const char* unknown : {"A", "b", static_cast<const char*>(nullptr)})
+        EXPECT_EQ(scenario->events.find_event(unknown), nullptr);
     std::set<std::string> met;
     for (const std::uint32_t index : {1U, 2U, 3U})
         EXPECT_TRUE(met.insert(event_at(*scenario, index)->ID).second);
@@ -115,17 +117,6 @@ TEST_F(Common_event_test, an_event_without_an_ID_has_a_moment_for_one_and_each_a
     }
     const std::string first = save(*scenario);
     EXPECT_EQ(save(*read(first)), first);
-}
-
-TEST_F(Common_event_test, sections_are_met_in_any_order_and_in_the_old_spelling) {
-    const auto scenario =
-        read("event:count=3\n[event:3]\nID=c\n[event_1]\nID=a\n[event:4]\nID=d\n[event:2]\nID=b\n");
-    ASSERT_EQ(scenario->events.count(), 3U);
-    const std::string IDs[] = {"a", "b", "c"};
-    for (std::uint32_t index = 0; index < 3; ++index)
-        EXPECT_EQ(scenario->events.find_event(IDs[index].c_str()), event_at(*scenario, index));
-    for (const char* unknown : {"B", "d", static_cast<const char*>(nullptr)})
-        EXPECT_EQ(scenario->events.find_event(unknown), nullptr);
 }
 
 TEST_F(Common_event_test, a_hostile_count_makes_the_events_that_it_tells_and_no_sections) {

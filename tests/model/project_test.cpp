@@ -93,21 +93,11 @@ protected:
 TEST_F(Simulation_paths_test, without_a_file_the_defaults_stand_and_a_file_is_written_at_the_end) {
     drives.write("Suite/TVS_suite.exe");
     const auto paths = setup();
-    EXPECT_EQ(*paths, "C:\\Simulation");
     EXPECT_EQ(paths->projects_directory, "C:\\Simulation\\Projects");
     paths->save();
     EXPECT_EQ(drives.read("Suite/TVS_suite.ini"),
               "[TVS_suite]\r\ndetails_URL=\r\ndescription=\r\nmaster_simulation_directory=C:\\Simulation\r\n"
               "[version]\r\nmajor=4\r\nrelease=14\r\nminor=4\r\n");
-}
-
-TEST_F(Simulation_paths_test, the_file_tells_the_directory_and_keeps_what_others_wrote_into_it) {
-    drives.write("Suite/TVS_suite.ini", "[TVS_suite]\nmaster_simulation_directory=D:\\Work\n[other]\nk=v\n");
-    const auto paths = setup();
-    EXPECT_EQ(*paths, "D:\\Work");
-    EXPECT_EQ(paths->projects_directory, "D:\\Work\\Projects");
-    paths->save();
-    EXPECT_NE(drives.read("Suite/TVS_suite.ini").find("[other]\r\nk=v\r\n"), std::string::npos);
 }
 
 TEST_F(Simulation_paths_test, where_the_suite_cannot_be_written_the_user_has_a_file_which_is_read_first) {

@@ -28,9 +28,7 @@ public:
         set_current_section("numbers");
         expect_int16("whole", whole);
         expect_float32("real", real, "a caption");
-        set_entry_alias("whole", "old_whole");
         set_current_section("empty");
-        sections.add_alias("numbers", "old_numbers");
     }
 
     TESK::Ustring title = "untitled";

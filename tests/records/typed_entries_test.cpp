@@ -121,15 +121,6 @@ TEST(Typed_entries, a_date_is_its_number_and_words_that_nothing_reads_back) {
     EXPECT_EQ(through(in_words, "2001/2/3"), "2001034 (2001/2/3)");
 }
 
-TEST(Typed_entries, units_stand_by_their_abbreviation) {
-    Units_clad units(0x2A820603);
-    VV_units_entry entry("units", units);
-    EXPECT_EQ(line_of(entry), "units=kg/ha");
-    EXPECT_EQ(through(entry, "%"), "%");
-    entry.set_value("kg/m\xB2");
-    EXPECT_EQ(units.code, 0x28800603U);
-}
-
 TEST(Typed_entries, texts_and_names_stand_as_they_are_and_annotations_follow_a_blank) {
     Ustring text = "some text ";
     File_name name;

@@ -59,19 +59,6 @@ TEST_F(Vv_file_test, twenty_empty_lines_end_the_file_and_nineteen_do_not) {
     }
 }
 
-TEST_F(Vv_file_test, reading_fills_declared_fields_by_new_and_old_names_and_leaves_the_others) {
-    Small_record small;
-    read(small, "title=A\n[numbers]\nwhole=12 units\nreal=1.5 old caption\n[unknown]\nk=v\n");
-    EXPECT_EQ(small.title, "A");
-    EXPECT_EQ(small.whole, 12);
-    EXPECT_FLOAT_EQ(small.real, 1.5F);
-    EXPECT_FALSE(small.is_structure_defined());
-    EXPECT_TRUE(small.sections.is_empty());
-    read(small, "[old_numbers]\nold_whole=3\n");
-    read(small, "");
-    EXPECT_EQ(small.whole, 3);
-}
-
 TEST_F(Vv_file_test, what_is_no_readable_file_is_not_read) {
     Small_record small;
     ::mkfifo(folder.path("fifo").c_str(), 0600);

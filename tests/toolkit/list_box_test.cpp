@@ -7,20 +7,6 @@
 
 namespace {
 
-TEST(List_box, tells_its_view_of_the_changed_lines_only) {
-    TCheckListBox list("list");
-    list.set_lines(std::vector<std::string>(5000, "line"));
-    Recording_view view(list);
-    list.set_checked(3999, true);
-    ASSERT_EQ(view.changes.size(), 1u);
-    EXPECT_EQ(view.changes[0].aspect, Aspect::lines_changed);
-    EXPECT_EQ(view.changes[0].first, 3999);
-    EXPECT_EQ(view.changes[0].count, 1);
-    list.set_all_checked(true);
-    EXPECT_EQ(view.changes.size(), 5000u);
-    EXPECT_EQ(list.checked_count(), 5000);
-}
-
 TEST(List_box, fires_for_the_user_and_not_for_the_program) {
     TCheckListBox list("list");
     std::string log;

@@ -42,18 +42,6 @@ TEST_F(Form_parts, a_menu_is_chosen_from_by_words_and_by_keys) {
     EXPECT_EQ(log_, "");
 }
 
-TEST_F(Form_parts, notices_go_to_the_status_line_or_where_the_owner_wants_them) {
-    form_.notice("lost");
-    auto& line = form_.add<TPanel>("bottom").add<TStatusLine>("status");
-    form_.notice("Model not found", Mark::cross);
-    EXPECT_EQ(line.text(), "Model not found");
-    EXPECT_EQ(line.mark(), Mark::cross);
-    form_.on_notice = [&](const std::string& text, Mark) { log_ = text; };
-    form_.notice("elsewhere");
-    EXPECT_EQ(log_, "elsewhere");
-    EXPECT_EQ(line.text(), "Model not found");
-}
-
 TEST_F(Form_parts, a_form_is_activated_when_it_is_shown_and_when_the_user_comes_back_to_it) {
     form_.on_activate = [&] { log_ += "active "; };
     form_.close();

@@ -18,10 +18,7 @@ constexpr Label_description described[] = {{"on", "is on"},   {"off", "is off"},
                                            {"auto", nullptr}, {"Auto", "by itself"}, {"off", "is off again"},
                                            {"caf\xE9", ""},   {nullptr, nullptr}};
 
-struct Set_label {
-    const char* text;
-    std::int32_t value;
-};
+using Set_label = std::pair<const char*, std::int32_t>; // a text, and the value that it sets
 
 TEST(Labeled_enum, the_last_exact_match_wins_and_then_the_last_without_case) {
     // An exact match at 0 counts for nothing beside a later one without case.

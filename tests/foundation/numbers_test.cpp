@@ -108,18 +108,17 @@ TEST(Numbers, integers_are_read_as_strtol_reads_them) {
 }
 
 TEST(Numbers, padding_stands_before_the_digits_and_never_cuts_them) {
-    const auto padded = [](std::int32_t value, int radix, char fill, int width) {
-        std::string buffer = "what was there";
-        return int32_to_cstr_padded(value, buffer, radix, fill, width);
-    };
-    EXPECT_EQ(padded(7, 10, '0', 3), "007");
-    EXPECT_EQ(padded(1234, 10, '0', 3), "1234");
-    EXPECT_EQ(padded(-7, 10, '0', 4), "00-7");
-    EXPECT_EQ(padded(0, 10, ' ', -3), "0");
-    EXPECT_EQ(padded(INT32_MIN, 10, ' ', 12), " -2147483648");
-    EXPECT_EQ(padded(-1, 16, '0', 9), "0ffffffff");
-    EXPECT_EQ(padded(-2, 2, '0', 0), "11111111111111111111111111111110");
-    std::string buffer = "what was there";
+    const std::tuple<std::int32_t, int, char, int, const char*> cases[] = {
+        {7, 10, '0', 3, "007"},
+        {1234, 10, '0', 3, "1234"},
+        {-7, 10, '0', 4, "00-7"},
+        {0, 10, ' ', -3, "0"},
+        {INT32_MIN, 10, ' ', 12, " -2147483648"},
+        {-1, 16, '0', 9, "0ffffffff"},
+        {-2, 2, '0', 0, "11111111111111111111111111111110"}};
+    std::string buffer;
+    for (const auto& [value, radix, fill, width, text] : cases)
+        EXPECT_EQ(int32_to_cstr_padded(value, buffer = "what was there", radix, fill, width), text);
     EXPECT_EQ(uint32_to_cstr_padded(4294967295U, buffer, 10, '.', 12), "..4294967295");
 }
 

@@ -129,10 +129,6 @@ TEST(Directory_entry_name, names_are_items_of_lists) {
     name.show_full_path = true;
     EXPECT_EQ(name.label_to(label), "C:\\x\\y.z");
 
-    EXPECT_TRUE(name.toggle_checked() && name.toggle_selected());
-    EXPECT_FALSE(name.toggle_checked());
-    EXPECT_TRUE(name.is_selected());
-
     Association_list list;
     list.append(new File_name("b.x"));
     list.append(new Directory_name("A"));
@@ -152,14 +148,13 @@ TEST(Directory_entry_name, the_file_manager_is_started_on_the_name) {
 }
 
 TEST(Directory_name, names_are_joined_and_split) {
-    Directory_name name("C:\\x");
     File_name target("old");
-    EXPECT_EQ(name.append_to("y", target), "C:\\x\\y");
+    for (const auto& [folder, joined] :
+         {std::pair("C:\\x", "C:\\x\\y"), {"C:\\x\\", "C:\\x\\y"}, {"C:/x/", "C:/x/y"}, {"", "y"}})
+        EXPECT_EQ(Directory_name(folder).append_to("y", target), joined);
     EXPECT_EQ(target.get_name(true), "y");
+    Directory_name name("C:\\x");
     EXPECT_EQ(name.append_to("y", target, true), "C:\\x/y");
-    EXPECT_EQ(Directory_name("C:\\x\\").append_to("y", target), "C:\\x\\y");
-    EXPECT_EQ(Directory_name("C:/x/").append_to("y", target), "C:/x/y");
-    EXPECT_EQ(Directory_name("").append_to("y", target), "y");
     EXPECT_EQ(name.append_to("y", name), "C:\\x\\y");
 
     Directory_name first("");

@@ -25,15 +25,10 @@ TEST(listing, tells_every_entry_that_a_name_can_reach_with_its_attributes) {
         for (const Folder_entry& entry : list_folder("F", "*.*", asked))
             found.insert(entry.name + ' ' + std::to_string(entry.attributes) +
                          (entry.is_link ? " link" : ""));
-        const std::set<std::string> expected = {"a 32",
-                                                "A 32",
-                                                ".point 32",
-                                                "M\xFCller 32",
-                                                ".~saving-mine 32",
-                                                "sub 16",
-                                                "to sub 16 link",
-                                                "to nowhere 32 link",
-                                                asked == Listed_attributes::all ? "locked 33" : "locked 32"};
+        std::set<std::string> expected = {
+            "a 32",   "A 32",           ".point 32",         "M\xFCller 32", ".~saving-mine 32",
+            "sub 16", "to sub 16 link", "to nowhere 32 link"};
+        expected.insert(asked == Listed_attributes::all ? "locked 33" : "locked 32");
         EXPECT_EQ(found, expected);
     }
     EXPECT_EQ(list_folder("f", "*LL*").size(), 1U);

@@ -64,18 +64,7 @@ TEST_F(Process, a_suite_program_gets_its_arguments_as_they_stand_and_is_waited_f
     EXPECT_EQ(run("patient.exe"), 3);
 }
 
-TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself) {
-    // The record is taken only when the file that the script waits for is there.
-    write_script("slow.exe",
-                 "while [ ! -e go ]; do :; done\nread -r stat < /proc/self/stat\necho $stat > stat.part\n"
-                 "/bin/mv stat.part stat\n");
-    EXPECT_EQ(start("slow.exe"), result_started);
-    EXPECT_FALSE(has_children());
-    drives.write("go");
-    EXPECT_NE(Temporary_user::take_record(drives.host("stat")), "none");
-}
-
-TEST_F(Process, the_end_of_a_program_that_goes_on_by_itself_can_be_noticed) {
+TEST_F(Process, a_program_that_is_not_waited_for_goes_on_by_itself_and_its_end_can_be_noticed) {
     write_script("slow.exe", "while [ ! -e go ]; do :; done\nexit 5\n");
     write_script("killed.exe", "kill -9 $$\n");
     End_watch slow;

@@ -35,10 +35,6 @@ std::string text_of(const Date& date) {
     return date.text_str(text);
 }
 
-struct Step {
-    std::int32_t start, count, expected;
-};
-
 struct Numbers {
     std::int32_t a, b, c;
 };
@@ -114,12 +110,12 @@ TEST(Date, steps_at_the_edges_of_years_and_of_the_number) {
         EXPECT_EQ(Date(number).inc(), next) << number;
         EXPECT_EQ(Date(number).dec(), previous) << number;
     }
-    const Step back_by_days[] = {
+    const Numbers back_by_days[] = {
         {2001010, 9, 2001001}, {2001010, 10, 2000366}, {2001010, 376, 1999365}, {2001010, -1, 2001011},
         {2001010, 0, 2001010}, {1001, 1, 366},         {366, 366, -1365},       {-5, 0, 5},
         {-100005, 2, -100003}};
-    for (const Step& step : back_by_days)
-        EXPECT_EQ(Date(step.start).dec_days(step.count), step.expected) << step.start;
+    for (const auto& [start, days, expected] : back_by_days)
+        EXPECT_EQ(Date(start).dec_days(days), expected) << start;
     EXPECT_EQ(Date(2000161).inc_days(-3), 2000161);
     // Behind year 32767 the 16 bits of a year start again from below: forward, a pair of negative years takes
     // three days; back, each year its days.
@@ -132,19 +128,19 @@ TEST(Date, steps_at_the_edges_of_years_and_of_the_number) {
 
 TEST(Date, steps_by_months_and_years_with_their_oddities) {
     // December is month 0 of the next year.
-    const Step months_on[] = {{2000136, 31, 2003015},           {2000031, 1, 2000062}, {2000350, 1, 2001015},
-                              {32767365, INT16_MAX, -30038212}, {2000320, 1, 2001015}, {-10135, 12, -9135},
-                              {2000161, INT16_MIN, -730374},    {2000136, -2, 2000075}};
-    for (const Step& step : months_on)
-        EXPECT_EQ(Date(step.start).inc_months(static_cast<std::int16_t>(step.count)), step.expected);
+    const Numbers months_on[] = {{2000136, 31, 2003015},        {2000031, 1, 2000062},
+                                 {2000350, 1, 2001015},         {32767365, INT16_MAX, -30038212},
+                                 {2000320, 1, 2001015},         {-10135, 12, -9135},
+                                 {2000161, INT16_MIN, -730374}, {2000136, -2, 2000075}};
+    for (const auto& [start, months, expected] : months_on)
+        EXPECT_EQ(Date(start).inc_months(static_cast<std::int16_t>(months)), expected) << start;
     // The month is 7 % 5, 3 % 3, 2 % 5 and 17 % 20.
-    const Step months_back[] = {{2000350, 5, 2000046},
-                                {2000167, 3, 2000015},
-                                {2000075, 5, 2000046},
-                                {2000075, 20, 2001380},
-                                {2000075, 0, 2000075}};
-    for (const Step& step : months_back)
-        EXPECT_EQ(Date(step.start).dec_months(static_cast<std::int16_t>(step.count)), step.expected);
+    for (const auto& [start, months, expected] : {Numbers{2000350, 5, 2000046},
+                                                  {2000167, 3, 2000015},
+                                                  {2000075, 5, 2000046},
+                                                  {2000075, 20, 2001380},
+                                                  {2000075, 0, 2000075}})
+        EXPECT_EQ(Date(start).dec_months(static_cast<std::int16_t>(months)), expected) << start;
     EXPECT_EQ(Date(2000060).inc_years(1), 2001060); // February 29 to March 1
     EXPECT_EQ(Date(2000060).dec_years(2001), -1060);
     EXPECT_EQ(Date(32767060).inc_years(1), -32768060);
@@ -195,14 +191,21 @@ TEST(Date, days_between_keeps_its_quirk_and_is_never_negative) {
 }
 
 TEST(Date, range_has_its_ends_inside_unless_it_recurs) {
-    const Numbers inside[] = {{2000001, 2000010, 2000001}, {60, 300, 2000100},    {300, 60, 10},
-                              {2000001, 2000010, 2000010}, {5, 2000010, 1999001}, {300, 60, 350}};
-    for (const auto& [start, end, date] : inside)
-        EXPECT_TRUE(Date(date).is_between(Date(start), Date(end))) << date;
-    const Numbers outside[] = {{300, 60, 100},     {300, 60, 300},     {300, 60, 60},
-                               {60, 300, 2000060}, {60, 300, 2000300}, {2000001, 2000010, 2000011}};
-    for (const auto& [start, end, date] : outside)
-        EXPECT_FALSE(Date(date).is_between(Date(start), Date(end))) << date;
+    const std::tuple<std::int32_t, std::int32_t, std::int32_t, bool> cases[] = {
+        {2000001, 2000010, 2000001, true},
+        {60, 300, 2000100, true},
+        {300, 60, 10, true},
+        {2000001, 2000010, 2000010, true},
+        {5, 2000010, 1999001, true},
+        {300, 60, 350, true},
+        {300, 60, 100, false},
+        {300, 60, 300, false},
+        {300, 60, 60, false},
+        {60, 300, 2000060, false},
+        {60, 300, 2000300, false},
+        {2000001, 2000010, 2000011, false}};
+    for (const auto& [start, end, date, is_inside] : cases)
+        EXPECT_EQ(Date(date).is_between(Date(start), Date(end)), is_inside) << start << ' ' << date;
 }
 
 TEST(Date, copy_takes_the_number_and_assignment_the_format_too) {

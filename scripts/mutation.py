@@ -1,14 +1,16 @@
 #!/usr/bin/env python3
 """Measures what the tests catch: puts small faults into src/, one at a time, and counts those that a test sees.
 
-    scripts/mutation.py [--count 400] [--seed 1] [--tests FOLDER] [--list FILE]
+    scripts/mutation.py [--count 400] [--seed 1] [--tests FOLDER] [--list FILE] [--again FILE]
 
 A fault flips a condition, moves a bound, turns a comparison round, changes a number by one or spoils a text.
 All faults are compiled into one build of a copy of the tree (build/mutation), each asleep until the environment
 variable MUTANT names it, so one build serves them all. Places and order depend on src/ and the seed alone: two
 runs over the same src/, with other tests (--tests names another tests/ folder), meet the same faults.
 
-A fault counts as caught when the tests of its own folder, or those of a folder above it, fail or hang.
+A fault counts as caught when the tests of its own folder, or those of a folder above it, fail or hang. Programs
+that never come to its place are not run for it. To compare tests with fewer of them, list the faults with the old
+tests (--list), and meet those that they caught once more with the new ones (--tests, --again).
 """
 import argparse
 import os
@@ -24,12 +26,29 @@ TOP = pathlib.Path(__file__).resolve().parent.parent
 WORK = TOP / "build/mutation"
 HEADER = """#pragma once
 #include <cstdlib>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
 namespace mutation {
+inline unsigned char* map_reached() {
+    const char* file = std::getenv("MUTATION_REACHED");
+    const int opened = file ? ::open(file, O_RDWR | O_CLOEXEC) : -1;
+    void* map = opened < 0 ? MAP_FAILED : ::mmap(nullptr, 65536, PROT_READ | PROT_WRITE, MAP_SHARED, opened, 0);
+    if (opened >= 0) ::close(opened);
+    return map == MAP_FAILED ? nullptr : static_cast<unsigned char*>(map);
+}
+inline unsigned char* reached() {
+    static unsigned char* const map = map_reached();
+    return map;
+}
 inline int active() {
     static const int mutant = [] { const char* t = std::getenv("MUTANT"); return t ? std::atoi(t) : 0; }();
     return mutant;
 }
-inline bool on(int n) { return active() == n; }
+inline bool on(int n) {
+    if (unsigned char* map = reached()) map[n] = 1;
+    return active() == n;
+}
 inline int number(int n, int value) { return on(n) ? value + 1 : value; }
 inline const char* text(int n, const char* value) { return on(n) ? "spoilt" : value; }
 struct At { int n; };
@@ -132,10 +151,10 @@ def build(chosen):
     sys.exit("the tree with its faults does not compile")
 
 
-def run_tests(programs, mutant, limits):
+def run_tests(programs, mutant, limits, **variables):
     """The first test program that fails or hangs with the fault; None when all pass."""
     for program in programs:
-        environment = dict(os.environ, MUTANT=str(mutant), QT_QPA_PLATFORM="offscreen")
+        environment = dict(os.environ, MUTANT=str(mutant), QT_QPA_PLATFORM="offscreen", **variables)
         try:
             done = subprocess.run([program, "--gtest_fail_fast", "--gtest_brief=1"], env=environment,
                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=WORK / "bin",
@@ -147,12 +166,46 @@ def run_tests(programs, mutant, limits):
     return None
 
 
+def try_without_fault():
+    """What each program needs: the seconds that it may take, and the numbers of the places that it comes to."""
+    limits, reached = {}, {}
+    for folder in FOLDERS:
+        program = WORK / f"bin/bin/{folder}_tests"
+        if not program.exists():
+            continue
+        trace = WORK / "reached"
+        trace.write_bytes(bytes(65536))
+        begin = time.monotonic()
+        if run_tests([program], 0, {}, MUTATION_REACHED=str(trace)):
+            sys.exit(f"{program.name} fails without a fault")
+        limits[program] = 5 + 5 * (time.monotonic() - begin)
+        reached[program] = trace.read_bytes()
+    return limits, reached
+
+
+def programs_for(folder, number, reached):
+    """The test programs of the folder and those above that come to the fault's place, its own first."""
+    above = (WORK / f"bin/bin/{f}_tests" for f in FOLDERS[FOLDERS.index(folder):])
+    return [p for p in above if p in reached and reached[p][number]]
+
+
+def place(site):
+    return f"{site[1]}:{site[2] + 1}:{site[4] + 1}\t{site[3]}"
+
+
+def caught_before(file):
+    """Of a list made by --list: place of each fault that was caught, and what caught it."""
+    rows = [line.split("\t") for line in file.read_text().splitlines()]
+    return {f"{row[1]}\t{row[2]}": row[0] for row in rows if row[0] != "MISSED"}
+
+
 def main():
     arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     arguments.add_argument("--count", type=int, default=400)
     arguments.add_argument("--seed", type=int, default=1)
     arguments.add_argument("--tests", type=pathlib.Path, default=TOP / "tests")
     arguments.add_argument("--list", type=pathlib.Path, help="writes each fault and what caught it")
+    arguments.add_argument("--again", type=pathlib.Path, help="meets only the faults caught in this earlier list")
     options = arguments.parse_args()
 
     sites = all_sites()
@@ -168,31 +221,26 @@ def main():
     numbers = [n for n in chosen if n not in dropped][: options.count]
     print(f"{len(numbers)} faults of {len(sites)} places", flush=True)
 
-    # A program's limit follows what it needs without a fault.
-    limits = {}
-    for folder in FOLDERS:
-        program = WORK / f"bin/bin/{folder}_tests"
-        if program.exists():
-            begin = time.monotonic()
-            if run_tests([program], 0, {}):
-                sys.exit(f"{program.name} fails without a fault")
-            limits[program] = 5 + 5 * (time.monotonic() - begin)
+    before = caught_before(options.again) if options.again else None
+    limits, reached = try_without_fault()
     caught = {}
     for count, number in enumerate(numbers, 1):
-        folder = chosen[number][0]
-        own = FOLDERS.index(folder)
-        above = [f for f in FOLDERS[own:] if f == folder or f != "file_transfer_curl"]
-        programs = [p for p in (WORK / f"bin/bin/{f}_tests" for f in above) if p in limits]
-        caught[number] = run_tests(programs, number, limits)
+        programs = programs_for(chosen[number][0], number, reached)
+        if before is None:
+            caught[number] = run_tests(programs, number, limits)
+        elif place(chosen[number]) in before:  # what caught it then catches it now, most likely
+            programs.sort(key=lambda p: p.name not in before[place(chosen[number])])
+            caught[number] = run_tests(programs, number, limits)
         if count % 50 == 0:
             print(f"{count} tried, {sum(c is not None for c in caught.values())} caught", flush=True)
     if options.list:
         with open(options.list, "w") as out:
             for number in numbers:
-                _, file, line, kind, start, _ = chosen[number]
+                _, file, line, *_ = chosen[number]
                 text = (TOP / file).read_text().splitlines()[line].strip()
-                out.write(f"{caught[number] or 'MISSED'}\t{file}:{line + 1}:{start + 1}\t{kind}\t{text}\n")
-    print(f"caught {sum(c is not None for c in caught.values())} of {len(numbers)}")
+                out.write(f"{caught.get(number) or 'MISSED'}\t{place(chosen[number])}\t{text}\n")
+    print(f"caught {sum(c is not None for c in caught.values())} of {len(numbers)}"
+          + (f", before {len(before)}" if before is not None else ""))
 
 
 if __name__ == "__main__":

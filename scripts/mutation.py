@@ -87,7 +87,8 @@ def sites_of_line(line):
     for match in re.finditer(r"(?<=[ (,+-])\d+(?=[ );,])(?!\.)", code):
         found.append(("number", match.start(), match.end()))
     for match in re.finditer(r'(?<!\w)"_+"(?!\s*")', code):
-        found.append(("text", match.start(), match.end()))
+        if code[: match.start()].strip() and code[match.end():].strip():  # not one of texts that follow each other
+            found.append(("text", match.start(), match.end()))
     return found
 
 
@@ -107,11 +108,12 @@ def mutate(line, faults):
     """The line with its faults put in, from the last to the first."""
     for number, kind, start, end in sorted(faults, key=lambda f: -f[2]):
         old = line[start:end]
-        new = {"condition": f"mutation::on({number}) != static_cast<bool>({old})",
-               "bound": f"mutation::At{{{number}}} {line[start - 3:start].strip().split()[-1]} ",
-               "comparison": f"mutation::At{{{number}}} {line[start - 3:start].strip().split()[-1]} ",
-               "number": f"mutation::number({number}, {old})",
-               "text": f"mutation::text({number}, {old})"}[kind]
+        if kind in ("bound", "comparison"):
+            new = f"mutation::At{{{number}}} {line[:start].split()[-1]} "
+        else:
+            new = {"condition": f"mutation::on({number}) != static_cast<bool>({old})",
+                   "number": f"mutation::number({number}, {old})",
+                   "text": f"mutation::text({number}, {old})"}[kind]
         line = line[:start] + new + line[end:]
     return line
 
@@ -137,7 +139,7 @@ def build(chosen):
     flags = f"-include {WORK}/mutation.h -w -O0"
     subprocess.run(["cmake", "-S", WORK / "tree", "-B", WORK / "bin", "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
                     f"-DCMAKE_CXX_FLAGS={flags}"], check=True, stdout=subprocess.DEVNULL)
-    for _ in range(8):
+    for _ in range(30):
         write_files(chosen, dropped)
         result = subprocess.run(["ninja", "-C", WORK / "bin", "-k", "0"], capture_output=True, text=True)
         if result.returncode == 0:

@@ -2,6 +2,8 @@
 #include "model/tilverra_scenario.h"
 #include "round_trip.h"
 
+#include <algorithm>
+
 namespace {
 
 // On reading, a scenario asks the disk whether its rotation is there, and names events after the moment.
@@ -20,9 +22,23 @@ public:
     }
 };
 
+// A count of thousands of events takes the time of thousands of inputs and shows no more than one of nine.
+std::string with_few_events(std::string text) {
+    for (std::size_t at = text.find("count"); at != std::string::npos; at = text.find("count", at)) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        at = std::min(text.find('=', at), end);
+        at = std::min(text.find_first_of("0123456789", at), end - 1) + 1;
+        std::replace_if(
+            text.begin() + static_cast<std::ptrdiff_t>(at), text.begin() + static_cast<std::ptrdiff_t>(end),
+            [](char c) { return c >= '0' && c <= '9'; }, ' ');
+    }
+    return text;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    expect_round_trip<Fuzzed_scenario>(std::string(reinterpret_cast<const char*>(data), size));
+    expect_round_trip<Fuzzed_scenario>(
+        with_few_events(std::string(reinterpret_cast<const char*>(data), size)));
     return 0;
 }

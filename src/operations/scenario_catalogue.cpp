@@ -32,26 +32,39 @@ std::unique_ptr<Tilverra_scenario> read_scenario(const std::string& file) {
     return TESK::VV_file(file.c_str()).get(*scenario) ? std::move(scenario) : nullptr;
 }
 
+// Why the file is not imported; empty when it is. One without a key of a scenario is read as one of defaults:
+// a file cut short by a full disk must not replace anything.
+std::string refuse_source(const std::string& file, bool replaces) {
+    Tilverra_scenario scenario;
+    if (!TESK::VV_file(file.c_str(), true).get(scenario))
+        return "The file cannot be read.";
+    for (const TESK::VV_section& section : TESK::Items_of<TESK::VV_section>(scenario.sections))
+        for (const TESK::VV_base_entry& entry : section.all_entries())
+            if (entry.encountered && entry.type_code() != TESK::Entry_type::unexpected)
+                return "";
+    return replaces ? "The file holds nothing of a scenario, so it replaces none." : "";
+}
+
 // The files that are to be imported, once the user has been asked. Empty when they stop it.
 std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std::vector<std::string>& files,
                                    const Import_question& ask, Operation_outcome& outcome) {
     std::vector<Import> imports;
     Import_answer answer = ask ? Import_answer::replace : Import_answer::replace_all;
     for (const std::string& file : files) {
-        if (!read_scenario(file)) {
-            outcome.not_done.push_back({file, "The file cannot be read."});
-            continue;
-        }
         Import import{file, TESK::Smart_file_name(file.c_str())};
         import.target.set_ext(scenario_extension);
-        if (std::string reason = refuse_scenario_name(import.target.get_name(false)); !reason.empty()) {
-            outcome.not_done.push_back({file, std::move(reason)});
-            continue;
-        }
         import.target.set_path(folder);
         const auto same = std::find_if(imports.begin(), imports.end(),
                                        [&](const Import& one) { return one.target == import.target; });
-        if (same == imports.end() && !platform::exists(import.target)) {
+        const bool replaces = same != imports.end() || platform::exists(import.target);
+        std::string reason = refuse_scenario_name(import.target.get_name(false));
+        if (reason.empty())
+            reason = refuse_source(file, replaces);
+        if (!reason.empty()) {
+            outcome.not_done.push_back({file, std::move(reason)});
+            continue;
+        }
+        if (!replaces) {
             imports.push_back(std::move(import));
             continue;
         }

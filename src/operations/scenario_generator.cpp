@@ -69,13 +69,12 @@ bool list(const TESK::Smart_directory_name& folder, std::uint8_t kind, const cha
     return is_whole || !platform::exists(folder);
 }
 
-void read(const std::string& name, Tilverra_scenario& scenario) {
-    TESK::VV_file(name.c_str()).get(scenario);
-}
-
 platform::Write_result write(const std::string& text, const std::string& name) {
     return platform::write_file(name, text, platform::Durability::quick);
 }
+
+const platform::Write_result unreadable{platform::Write_error::other,
+                                        "A file that it is made of cannot be read."};
 
 std::string scenario_number(std::uint32_t number) {
     char text[16];
@@ -141,6 +140,10 @@ private:
             if (!list<TESK::File_name, TESK::File_name>(below, TESK::list_files, overlay_extension,
                                                         overlays_.emplace_back()))
                 note_unreadable(below);
+        for (const auto& files : overlays_)
+            for (const TESK::File_name& file : files)
+                if (Tilverra_scenario overlay; !TESK::VV_file(file.c_str()).get(overlay))
+                    failure_ = "The file cannot be read: " + file;
     }
 
     std::string failure_;
@@ -225,36 +228,42 @@ private:
                 if (!outcome_.stopped && !base_result.ok())
                     outcome_.not_done.push_back({files_.full_name(target), base_result.reason});
                 else if (!outcome_.stopped)
-                    trace_ << TESK::utf8_from_code_page(write_overlaid(base, file, target)) << '\n';
+                    write_overlaid(base, file, target);
             } else {
                 const platform::Scratch_file target(base_result.ok() ? platform::make_temporary_file() : "");
                 overlay(target.name(), folder + 1,
-                        base_result.ok() ? write(overlaid(base, file)->text, target.name()) : base_result);
+                        base_result.ok() ? make_base(base, file, target.name()) : base_result);
             }
             if (outcome_.stopped)
                 return;
         }
     }
 
-    struct Overlaid {
+    // Lays the overlay over the base, and gives the text of it. False when one of them cannot be read.
+    static bool lay_over(const std::string& base, const TESK::File_name& overlay_file,
+                         Tilverra_scenario& scenario, std::string& text) {
+        if (!TESK::VV_file(base.c_str()).get(scenario) || !TESK::VV_file(overlay_file.c_str()).get(scenario))
+            return false;
+        scenario.description += ' ' + overlay_file.get_name(true);
+        text = Repeated_text(scenario, {}).compose();
+        return true;
+    }
+    // The base for the folders behind.
+    static platform::Write_result make_base(const std::string& base, const TESK::File_name& file,
+                                            const std::string& name) {
         Tilverra_scenario scenario;
         std::string text;
-    };
-    static std::unique_ptr<Overlaid> overlaid(const std::string& base, const TESK::File_name& overlay_file) {
-        auto result = std::make_unique<Overlaid>();
-        Tilverra_scenario& scenario = result->scenario;
-        read(base, scenario);
-        read(overlay_file, scenario);
-        scenario.description += ' ' + overlay_file.get_name(true);
-        result->text = Repeated_text(scenario, {}).compose();
-        return result;
+        return lay_over(base, file, scenario, text) ? write(text, name) : unreadable;
     }
-    // Gives the description.
-    std::string write_overlaid(const std::string& base, const TESK::File_name& file,
-                               const std::string& target) {
-        const auto made = overlaid(base, file);
-        files_.write(target, made->text, outcome_);
-        return made->scenario.description;
+    void write_overlaid(const std::string& base, const TESK::File_name& file, const std::string& target) {
+        Tilverra_scenario scenario;
+        std::string text;
+        if (!lay_over(base, file, scenario, text)) {
+            outcome_.not_done.push_back({files_.full_name(target), unreadable.reason});
+            return;
+        }
+        files_.write(target, text, outcome_);
+        trace_ << TESK::utf8_from_code_page(scenario.description) << '\n';
     }
 
     // Tells of the next scenario. Gives its file name.

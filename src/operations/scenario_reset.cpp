@@ -33,12 +33,21 @@ void move_sections(Tilverra_scenario& source, Tilverra_scenario& target, const T
     }
 }
 
+constexpr const char* source_unreadable = "The scenario to copy from cannot be read.";
+
+// A file that is not there counts as an empty one.
+bool read_source(const TESK::File_name& source_file, Tilverra_scenario& source) {
+    TESK::VV_file file(source_file.c_str(), true);
+    return file.get(source) || !file.exists();
+}
+
 } // namespace
 
 platform::Write_result reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
                                       const Ticked_reset_boxes& ticked) {
     Tilverra_scenario source;
-    TESK::VV_file(source_file.c_str(), true).get(source);
+    if (!read_source(source_file, source))
+        return {platform::Write_error::other, source_unreadable};
 
     Tilverra_scenario target;
     TESK::VV_file file(target_file.c_str(), true);
@@ -55,6 +64,10 @@ Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std:
                                   const Ticked_reset_boxes& ticked, Change_backups* backups,
                                   const Operation_progress& progress) {
     Operation_outcome outcome;
+    if (Tilverra_scenario source; !read_source(source_file, source)) {
+        outcome.refused = source_unreadable;
+        return outcome;
+    }
     if (backups != nullptr && !targets.empty()) {
         outcome = backups->put_copies_aside(
             "reset", targets, [&](std::size_t, std::size_t total) { return goes_on(progress, 0, total); });

@@ -41,13 +41,14 @@ using Ticked_reset_boxes = std::bitset<reset_boxes.size()>;
 
 // Writes the target file again with the sections of the ticked boxes taken from the source file, as far as
 // they stand there; they move to the end. The rest of the target is what a plain save of it writes, and what
-// the file held beyond that stays. A file that is not there counts as an empty one, and so does a source that
-// cannot be read; a target that cannot be read is left alone. The result is that of the write, which waits
-// until the disk holds the file.
+// the file held beyond that stays. A file that is not there counts as an empty one; where one of the two is
+// there and cannot be read, the target is left alone. The result is that of the write, which waits until the
+// disk holds the file.
 platform::Write_result reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
                                       const Ticked_reset_boxes& ticked);
 
-// Resets many; a target that is the source is the caller's to leave out. With `backups`, which may be null,
+// Resets many; a target that is the source is the caller's to leave out. A source that cannot be read is
+// refused before anything is touched. With `backups`, which may be null,
 // the change can be undone.
 Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std::vector<std::string>& targets,
                                   const Ticked_reset_boxes& ticked, Change_backups* backups,

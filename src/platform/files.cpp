@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/entry_names.h"
+#include "platform/file_steps.h"
 #include "platform/host_handle.h"
 #include "platform/host_names.h"
 
@@ -141,7 +142,8 @@ Read_result read_file(std::string_view name, std::size_t limit) {
         return {Read_outcome::too_large, ""};
 
     Read_result result{Read_outcome::read, ""};
-    if (!read_to_end(file, size, limit, result.contents))
+    const int fault = fault_at(Write_step::read);
+    if ((fault != 0 && fault != EINTR) || !read_to_end(file, size, limit, result.contents))
         return {Read_outcome::unreadable, ""};
     if (result.contents.size() > limit)
         return {Read_outcome::too_large, ""};

@@ -76,11 +76,9 @@ void Data_record::expect_structure(bool) {
 
 void Data_record::begin_reading() {
     make_primary_section_current();
-    if (!is_structure_defined()) {
-        units_labels.delete_all(Item_filter::all);
-        units_codes.delete_all(Item_filter::all);
+    // The units read before stay: their numbers do, where the second of two files does not name them.
+    if (!is_structure_defined())
         expect_structure(false);
-    }
     make_primary_section_current();
     preread();
 }

@@ -50,7 +50,8 @@ TEST_F(Catalogue_test, an_import_reads_what_it_can_and_replaces_only_what_the_us
         files.push_back("C:\\old\\" + name + ".sim");
     }
     std::filesystem::create_directory(drives.host("old/folder.sim"));
-    files.insert(files.begin(), {"C:\\old\\gone.sim", "C:\\old\\folder.sim"});
+    drives.write("old/cut/b.sim"); // by a full disk
+    files.insert(files.begin(), {"C:\\old\\gone.sim", "C:\\old\\folder.sim", "C:\\old\\cut\\b.sim"});
     using enum Import_answer;
     struct Case {
         std::vector<Import_answer> answers;
@@ -70,7 +71,7 @@ TEST_F(Catalogue_test, an_import_reads_what_it_can_and_replaces_only_what_the_us
         EXPECT_EQ(descriptions(names), one.descriptions);
         EXPECT_EQ(outcome.done, one.done);
         EXPECT_EQ(outcome.stopped, one.answers.back() == stop);
-        ASSERT_EQ(outcome.not_done.size(), 2U);
+        ASSERT_EQ(outcome.not_done.size(), 3U);
         EXPECT_EQ(outcome.not_done[0].file, "C:\\old\\gone.sim");
     }
     EXPECT_FALSE(there("Scenarios/gone.tvn"));

@@ -121,6 +121,8 @@ TEST_F(Scenario_generator_test, combinations_come_in_the_order_of_the_loops_each
 TEST_F(Scenario_generator_test, overlays_of_each_folder_lie_over_each_other_and_over_nothing_else) {
     write_overlays();
     drives.write("p/Database/Soil/clay.sil");
+    drives.write("p/Scenarios/base.tvn",
+                 "[scenario]\ndescription=Base\n[H2O]\n1=0.5\n[NO3]\nunits=lb/acre\n");
     EXPECT_EQ(generate(), 4U);
     struct Case {
         const char* description;
@@ -137,6 +139,8 @@ TEST_F(Scenario_generator_test, overlays_of_each_folder_lie_over_each_other_and_
     for (int i = 0; i < 4; ++i) {
         const auto scenario = generated("0000" + std::to_string(i + 1));
         EXPECT_EQ(scenario->description, cases[i].description);
+        EXPECT_NE(drives.read("p/Generated_scenarios/0000" + std::to_string(i + 1) + ".tvn").find("lb/acre"),
+                  std::string::npos);
         for (int layer = 1; layer <= 3; ++layer)
             EXPECT_EQ(scenario->H2O[layer], cases[i].water[layer - 1]) << i;
         for (int layer = 1; layer <= 2; ++layer)
@@ -238,6 +242,11 @@ TEST_F(Scenario_generator_test, what_cannot_be_read_generates_nothing_and_is_nam
     platform::File_faults faults;
     faults.fail(platform::Write_step::list, EIO);
     expect_refused("The folder cannot be read: C:\\p\\Database\\Soil");
+    faults.clear();
+    write_overlays();
+    std::filesystem::resize_file(drives.host("p/Database/initialization/2 salt/salty.TVS_init"),
+                                 TESK::VV_file::largest_file + 1);
+    expect_refused("The file cannot be read: C:\\p\\Database\\initialization\\2 salt\\salty.TVS_init");
 }
 
 // A template with some of the lines that a scenario can have, some of other programs, and events.

@@ -182,6 +182,10 @@ TEST_F(Scenario_reset_test, many_are_reset_until_it_is_stopped_and_those_that_fa
               "Files that could not be dealt with: 1\n" + targets[0] + ": The file cannot be read.\n");
     EXPECT_NE(folder.read("b.tvn").find("1=0.5"), std::string::npos);
     EXPECT_EQ(folder.read("c.tvn"), "[H2O]\n1=0.25\n");
+
+    EXPECT_EQ(reset_scenarios(TESK::File_name(targets[0].c_str()), {targets[2]}, {}, nullptr, {}).refused,
+              "The scenario to copy from cannot be read.");
+    EXPECT_EQ(folder.read("c.tvn"), "[H2O]\n1=0.25\n");
 }
 
 } // namespace

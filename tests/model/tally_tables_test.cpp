@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 #include <string>
 
 namespace {
@@ -26,21 +25,6 @@ TEST(Tally_tables_test, dates_and_what_is_never_reported_cannot_be_tallied) {
     EXPECT_STREQ(get_annual_tally_line(row_of(annual_tally_rows, "Crops of the year")), not_talliable);
     for (const char* label : {"Year", "Biomass grazed"})
         EXPECT_STREQ(get_annual_tally_line(row_of(annual_tally_rows, label)), label);
-}
-
-TEST(Tally_tables_test, no_two_rows_are_of_one_variable) {
-    std::set<std::uint32_t> codes;
-    const auto check = [&](const auto& rows) {
-        std::set<std::string> labels;
-        for (const Tally_row& row : rows) {
-            ASSERT_NE(row.label, nullptr);
-            ASSERT_NE(row.format, nullptr) << row.label;
-            EXPECT_TRUE(labels.insert(row.label).second) << row.label;
-            EXPECT_TRUE(row.code == 0 || codes.insert(row.code).second) << row.label;
-        }
-    };
-    check(growing_season_tally_rows);
-    check(annual_tally_rows);
 }
 
 } // namespace

@@ -28,16 +28,15 @@ TEST(command_line, arguments_are_split_by_the_rules_of_the_run_time) {
 
 TEST(command_line, a_name_in_quotes_comes_back_as_one_argument) {
     // the name, in quotes, as it comes back
-    const std::tuple<std::string, std::string, std::string> cases[] = {
-        {"C:\\a b\\c.tvn", "\"C:\\a b\\c.tvn\"", "C:\\a b\\c.tvn"},
-        {"", "\"\"", ""},
-        {"C:\\my study\\", "\"C:\\my study\"", "C:\\my study"},
-        {"C:\\a\\\\", "\"C:\\a\"", "C:\\a"},
-        {"C:\\", "\"C:\\\\\"", "C:\\"},
-        {"\\", "\"\\\\\"", "\\"},
-        {"a\" \"b", "\"a\\\" \\\"b\"", "a\" \"b"},
-        {"a\\\\\"b", "\"a\\\\\\\\\\\"b\"", "a\\\\\"b"},
-        {"\\\"", "\"\\\\\\\"\"", "\\\""}};
+    const char* cases[][3] = {{"C:\\a b\\c.tvn", "\"C:\\a b\\c.tvn\"", "C:\\a b\\c.tvn"},
+                              {"", "\"\"", ""},
+                              {"C:\\my study\\", "\"C:\\my study\"", "C:\\my study"},
+                              {"C:\\a\\\\", "\"C:\\a\"", "C:\\a"},
+                              {"C:\\", "\"C:\\\\\"", "C:\\"},
+                              {"\\", "\"\\\\\"", "\\"},
+                              {"a\" \"b", "\"a\\\" \\\"b\"", "a\" \"b"},
+                              {"a\\\\\"b", "\"a\\\\\\\\\\\"b\"", "a\\\\\"b"},
+                              {"\\\"", "\"\\\\\\\"\"", "\\\""}};
     for (const auto& [name, text, back] : cases) {
         EXPECT_EQ(in_quotes(name), text);
         EXPECT_EQ(split_arguments("x " + in_quotes(name) + " y"), (Texts{"x", back, "y"})) << name;

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -36,19 +37,17 @@ struct files : testing::Test {
 
     // The paths below a folder of c: with what stands there.
     std::string picture(const std::string& folder) const {
-        std::string result;
         std::set<std::string> lines;
         for (const auto& entry : fs::recursive_directory_iterator(drives.host(folder))) {
-            std::string line = fs::path(entry.path()).lexically_relative(drives.host(folder));
-            if (entry.is_symlink())
-                line += " -> " + fs::read_symlink(entry.path()).string();
-            else if (entry.is_regular_file())
-                line += " = " + drives.read(fs::path(entry.path()).lexically_relative(drives.host()));
-            lines.insert(line);
+            const std::string path = entry.path().lexically_relative(drives.host());
+            const std::string below = entry.path().lexically_relative(drives.host(folder));
+            lines.insert(below +
+                         (entry.is_symlink()        ? " -> " + fs::read_symlink(entry.path()).string()
+                          : entry.is_regular_file() ? " = " + drives.read(path)
+                                                    : "") +
+                         "\n");
         }
-        for (const std::string& line : lines)
-            result += line + "\n";
-        return result;
+        return std::accumulate(lines.begin(), lines.end(), std::string());
     }
 };
 
@@ -57,30 +56,24 @@ struct files : testing::Test {
 TEST_F(files, each_kind_of_entry_is_told_and_read_or_refused) {
     using Kind = Entry_kind;
     using Outcome = Read_outcome;
-    const std::tuple<const char*, Entry_kind, bool, Read_outcome, const char*> cases[] = {
-        {"file", Kind::file, false, Outcome::read, "text"},
-        {"FILE", Kind::file, false, Outcome::read, "text"},
-        {"file\\", Kind::absent, false, Outcome::absent, ""},
-        {"empty", Kind::file, false, Outcome::read, ""},
-        {"folder", Kind::folder, false, Outcome::unreadable, ""},
-        {"folder\\", Kind::folder, false, Outcome::unreadable, ""},
-        {"pipe", Kind::other, false, Outcome::unreadable, ""},
-        {"z:\\dev\\zero", Kind::other, false, Outcome::unreadable, ""},
-        {"to file", Kind::file, true, Outcome::read, "text"},
-        {"to folder", Kind::folder, true, Outcome::unreadable, ""},
-        {"to nowhere", Kind::absent, true, Outcome::absent, ""},
-        {"circle", Kind::absent, true, Outcome::absent, ""},
-        {"none", Kind::absent, false, Outcome::absent, ""},
-        {"file\\x", Kind::absent, false, Outcome::absent, ""},
-        {"q:\\file", Kind::absent, false, Outcome::absent, ""}};
-    for (const auto& [name, kind, link, outcome, contents] : cases) {
-        EXPECT_EQ(entry_kind(name), kind) << name;
-        EXPECT_EQ(exists(name), kind != Kind::absent) << name;
-        EXPECT_EQ(is_link(name), link) << name;
-        const Read_result result = read_file(name);
-        EXPECT_EQ(result.outcome, outcome) << name;
-        EXPECT_EQ(result.contents, contents) << name;
-    }
+    const std::tuple<std::vector<std::string>, Entry_kind, bool, Read_outcome, const char*> cases[] = {
+        {{"file", "FILE"}, Kind::file, false, Outcome::read, "text"},
+        {{"empty"}, Kind::file, false, Outcome::read, ""},
+        {{"folder", "folder\\"}, Kind::folder, false, Outcome::unreadable, ""},
+        {{"pipe", "z:\\dev\\zero"}, Kind::other, false, Outcome::unreadable, ""},
+        {{"to file"}, Kind::file, true, Outcome::read, "text"},
+        {{"to folder"}, Kind::folder, true, Outcome::unreadable, ""},
+        {{"to nowhere", "circle"}, Kind::absent, true, Outcome::absent, ""},
+        {{"none", "file\\", "file\\x", "q:\\file"}, Kind::absent, false, Outcome::absent, ""}};
+    for (const auto& [names, kind, link, outcome, contents] : cases)
+        for (const std::string& name : names) {
+            EXPECT_EQ(entry_kind(name), kind) << name;
+            EXPECT_EQ(exists(name), kind != Kind::absent) << name;
+            EXPECT_EQ(is_link(name), link) << name;
+            const Read_result result = read_file(name);
+            EXPECT_EQ(result.outcome, outcome) << name;
+            EXPECT_EQ(result.contents, contents) << name;
+        }
     EXPECT_EQ(read_file("file", 4).contents, "text");
     EXPECT_EQ(read_file("file", 3).outcome, Outcome::too_large);
     // The size of such a file is not known before it is read.

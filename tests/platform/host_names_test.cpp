@@ -21,18 +21,17 @@ using current_directory_name = host_names;
 TEST_F(host_names, a_name_is_placed_on_its_drive) {
     drives.write("Simulation/Projects/maize.tvp");
     // below c: (const char* path;)
-    const std::tuple<std::string, const char*> cases[] = {
-        {"C:\\Simulation\\Projects\\maize.tvp", "Simulation/Projects/maize.tvp"},
-        {"c:/Simulation/Projects\\\\maize.tvp", "Simulation/Projects/maize.tvp"},
-        {"c:\\SIMULATION\\projects\\MAIZE.TVP", "Simulation/Projects/maize.tvp"},
-        {"\\simulation\\New\\File", "Simulation/New/File"},
-        {"new file", "new file"},
-        {"c:x", "x"},
-        {"C:", ""},
-        {"C:\\", ""},
-        {"c:\\a\\.\\b\\..\\c\\", "a/c"},
-        {"c:\\..\\..\\a", "a"},
-        {"..\\..\\etc", "etc"}};
+    const char* cases[][2] = {{"C:\\Simulation\\Projects\\maize.tvp", "Simulation/Projects/maize.tvp"},
+                              {"c:/Simulation/Projects\\\\maize.tvp", "Simulation/Projects/maize.tvp"},
+                              {"c:\\SIMULATION\\projects\\MAIZE.TVP", "Simulation/Projects/maize.tvp"},
+                              {"\\simulation\\New\\File", "Simulation/New/File"},
+                              {"new file", "new file"},
+                              {"c:x", "x"},
+                              {"C:", ""},
+                              {"C:\\", ""},
+                              {"c:\\a\\.\\b\\..\\c\\", "a/c"},
+                              {"c:\\..\\..\\a", "a"},
+                              {"..\\..\\etc", "etc"}};
     for (const auto& [name, path] : cases)
         EXPECT_EQ(host_path(name), drives.host(path)) << name;
     EXPECT_EQ(host_path("z:\\no\\such"), "/no/such");
@@ -52,19 +51,14 @@ TEST_F(host_names, a_name_that_exists_in_several_cases_is_the_first_in_byte_orde
 }
 
 TEST_F(host_names, every_entry_has_one_name_and_the_name_leads_back_to_it) {
-    const std::set<std::string> entries = {
-        "plain.txt",
-        "M\xC3\xBCller",         // in the code page
-        "M\xFCller",             // its bytes in the code page
-        "M\xC3\x83\xC2\xBCller", // put into UTF-8 twice
-        "\xD0\x96",              // a Cyrillic letter
-        "\xC3\x90\xE2\x80\x93",  // the same bytes, read as the code page's
-        "\xF0\x9F\x98\x80",      // beyond the basic plane
-        "\x80",
-        "\xC0\xAF",
-        "\xC2\x81",
-        "\xED\xA0\x80",
-    };
+    // In the code page, as its bytes, and put into UTF-8 twice; a Cyrillic letter, and its bytes read as the
+    // code page's; a letter beyond the basic plane; what is no UTF-8.
+    const std::set<std::string> entries = {"plain.txt",        "M\xC3\xBCller",
+                                           "M\xFCller",        "M\xC3\x83\xC2\xBCller",
+                                           "\xD0\x96",         "\xC3\x90\xE2\x80\x93",
+                                           "\xF0\x9F\x98\x80", "\x80",
+                                           "\xC0\xAF",         "\xC2\x81",
+                                           "\xED\xA0\x80"};
     for (const std::string& entry : entries)
         drives.write("f/" + entry);
 

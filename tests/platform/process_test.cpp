@@ -129,23 +129,19 @@ TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
     write_script("Suite/lost.exe", "");
     drives.write("Suite/lost.exe", "#!/no/such/interpreter\n");
     fs::permissions(drives.host("Suite/data.exe"), fs::perms::owner_all);
-    const std::tuple<const char*, int> cases[] = {{"", result_file_not_found},
-                                                  {"\"\" x", result_file_not_found},
-                                                  {"\"C:\\Suite\\absent.exe\" x", result_file_not_found},
-                                                  {"no_such_tool", result_file_not_found},
-                                                  {"C:\\Suite", result_file_not_found},
-                                                  {"\"C:\\Nowhere\\absent.exe\"", result_path_not_found},
-                                                  {"q:\\absent.exe", result_path_not_found},
-                                                  {"\"C:\\Suite\\locked.exe\"", result_access_denied},
-                                                  {"\"C:\\Suite\\data.exe\"", result_bad_format},
-                                                  {"\"C:\\Suite\\lost.exe\"", result_bad_format},
-                                                  {"\"C:\\Suite\\windows.exe\"", result_bad_format},
-                                                  {"explorer /n,/e,C:\\Suite\"", result_file_not_found},
-                                                  {"notepad.exe \"C:\\notes.txt\"", result_file_not_found}};
-    for (const auto& [command_line, result] : cases) {
-        EXPECT_EQ(start(command_line), result) << command_line;
-        EXPECT_EQ(run(command_line), std::nullopt) << command_line;
-    }
+    const std::pair<int, std::vector<std::string>> cases[] = {
+        {result_file_not_found,
+         {"", "\"\" x", "\"C:\\Suite\\absent.exe\" x", "no_such_tool", "C:\\Suite",
+          "explorer /n,/e,C:\\Suite\"", "notepad.exe \"C:\\notes.txt\""}},
+        {result_path_not_found, {"\"C:\\Nowhere\\absent.exe\"", "q:\\absent.exe"}},
+        {result_access_denied, {"\"C:\\Suite\\locked.exe\""}},
+        {result_bad_format,
+         {"\"C:\\Suite\\data.exe\"", "\"C:\\Suite\\lost.exe\"", "\"C:\\Suite\\windows.exe\""}}};
+    for (const auto& [result, command_lines] : cases)
+        for (const std::string& command_line : command_lines) {
+            EXPECT_EQ(start(command_line), result) << command_line;
+            EXPECT_EQ(run(command_line), std::nullopt) << command_line;
+        }
 }
 
 TEST_F(Process, the_program_is_found_by_its_name) {

@@ -46,16 +46,10 @@ TEST(Validation, the_last_range_that_a_value_leaves_decides) {
 }
 
 TEST(Validation, both_forms_of_the_verdict_end_in_valid) {
-    struct Case {
-        float value;
-        Valid_range range;
-        const char* second_caption;
-        std::string text;
-        std::string html;
-    };
     const std::string ranges = "<TD> m<TD BGCOLOR=YELLOW>1.00<TD BGCOLOR=YELLOW>10.00<TD BGCOLOR=RED>0.50"
                                "<TD  BGCOLOR=RED>20.00<TD>";
-    const Case cases[] = {
+    // the value, its range and second caption; the verdict as text and in a page
+    const std::tuple<float, Valid_range, const char*, std::string, std::string> cases[] = {
         {5, usual_range, "(soil)", "Observation depth (soil) = 5.00 m",
          "(soil)<TD BGCOLOR=\"lightgreen\">5.00" + ranges},
         {15, usual_range, nullptr,
@@ -76,13 +70,12 @@ TEST(Validation, both_forms_of_the_verdict_end_in_valid) {
          ""},
     };
     std::string message;
-    for (const Case& c : cases) {
-        Depth depth(c.value, c.range, c.second_caption);
+    for (const auto& [value, range, second_caption, text, html] : cases) {
+        Depth depth(value, range, second_caption);
         depth.valid.validate(message, false);
-        EXPECT_EQ(message, "Validating:" + c.text + ":Valid\n");
+        EXPECT_EQ(message, "Validating:" + text + ":Valid\n");
         depth.valid.validate(message, true);
-        EXPECT_TRUE(c.html.empty() || message == "<TR><TD>Observation depth<BR>" + c.html + "Valid\n")
-            << message;
+        EXPECT_TRUE(html.empty() || message == "<TR><TD>Observation depth<BR>" + html + "Valid\n") << message;
     }
 }
 

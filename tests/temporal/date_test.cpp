@@ -236,36 +236,26 @@ TEST(Date, today_is_the_day_of_the_local_calendar) {
 }
 
 TEST(Date, text_has_the_fields_of_the_ordering_in_the_styles) {
-    const std::pair<std::uint16_t, const char*> orderings[] = {
-        {0, ""},           {1, "2000"},       {12, "2000/161"},  {19, "6/9"},
-        {26, "9/6"},       {33, "161/2000"},  {83, "2000/6/9"},  {90, "2000/9/6"},
-        {139, "6/2000/9"}, {153, "6/9/2000"}, {202, "9/2000/6"}, {209, "9/6/2000"}};
-    for (const auto& [ordering, expected] : orderings)
-        EXPECT_EQ(text_of(Date(2000161, ordering)), expected);
-    struct {
-        Date date; // not copied, which would lose its format
-        const char* expected;
-    } const cases[] = {{Date(2000161, 83, 136, 0), "20000609"},
-                       {Date(2000161, 83, 144, '-'), "2000- 6- 9"},
-                       {Date(2000161, 83, 40), "2000/Jun/09"},
-                       {Date(2000005, 33, 136), "005/2000"},
-                       {Date(2000005, 33, 144), "  5/2000"},
-                       {Date(2000005, 12, 132), "2000/5"},
-                       {Date(2000065, 153, 68, ','), "March 5, 2000"},
-                       {Date(2000065, 19, 68, ','), "March 5"},
-                       {Date(2000065, 209, 36, ' '), "5 Mar 2000"},
-                       {Date(1998160, 83, 133), "98/6/9"},
-                       {Date(1998160, 83, 134), "'98/6/9"},
-                       {Date(2005161, 1, 129), "05"},
-                       {Date(161), "0000/6/9"},
-                       {Date(-5005, 83, 136), "-005/01/05"},
-                       {Date(-105005, 83, 133), "-5/1/5"},
-                       {Date(0), "Date omitted"},
-                       {Date(0, 0, std::uint16_t{0}), "Date omitted"},
-                       {Date(2000999, 83, 68), "2000/December/152"},
-                       {Date(2000005, 83, 132, '/', true), "2000/1/5(005)"}};
-    for (const auto& [date, expected] : cases)
-        EXPECT_EQ(text_of(date), expected);
+    const std::tuple<std::int32_t, std::uint16_t, std::uint16_t, char, const char*> cases[] = {
+        {2000161, 0, 132, '/', ""},          {2000161, 83, 132, '/', "2000/6/9"},
+        {2005161, 1, 129, '/', "05"},        {2000161, 90, 132, '/', "2000/9/6"},
+        {2000161, 1, 132, '/', "2000"},      {2000005, 33, 136, '/', "005/2000"},
+        {2000161, 19, 132, '/', "6/9"},      {2000005, 33, 144, '/', "  5/2000"},
+        {2000161, 26, 132, '/', "9/6"},      {-5005, 83, 136, '/', "-005/01/05"},
+        {0, 0, 0, '/', "Date omitted"},      {2000161, 139, 132, '/', "6/2000/9"},
+        {2000161, 83, 136, 0, "20000609"},   {2000161, 153, 132, '/', "6/9/2000"},
+        {2000005, 12, 132, '/', "2000/5"},   {2000161, 202, 132, '/', "9/2000/6"},
+        {2000065, 19, 68, ',', "March 5"},   {2000161, 209, 132, '/', "9/6/2000"},
+        {1998160, 83, 133, '/', "98/6/9"},   {2000161, 83, 144, '-', "2000- 6- 9"},
+        {-105005, 83, 133, '/', "-5/1/5"},   {2000161, 83, 40, '/', "2000/Jun/09"},
+        {1998160, 83, 134, '/', "'98/6/9"},  {2000065, 209, 36, ' ', "5 Mar 2000"},
+        {2000161, 12, 132, '/', "2000/161"}, {2000065, 153, 68, ',', "March 5, 2000"},
+        {2000161, 33, 132, '/', "161/2000"}, {2000999, 83, 68, '/', "2000/December/152"}};
+    for (const auto& [number, ordering, styles, separator, expected] : cases)
+        EXPECT_EQ(text_of(Date(number, ordering, styles, separator)), expected);
+    EXPECT_EQ(text_of(Date(161)), "0000/6/9"); // as a format is when nothing is said
+    EXPECT_EQ(text_of(Date(0)), "Date omitted");
+    EXPECT_EQ(text_of(Date(2000005, 83, 132, '/', true)), "2000/1/5(005)");
 }
 
 TEST(Date, reads_back_its_own_texts_and_takes_hostile_ones_quietly) {

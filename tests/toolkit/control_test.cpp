@@ -12,7 +12,6 @@ struct Focus : Form_parts {
         control.on_exit = [this, &control] { log_ += "-" + control.name() + " "; };
     }
 };
-using Keys = Form_parts;
 using Page_control = Form_parts;
 
 TEST(Control, goes_before_or_after_its_view_and_is_drawn_by_one_at_a_time) {
@@ -156,39 +155,6 @@ TEST_F(Focus, is_left_before_a_button_acts_and_when_its_control_goes) {
     auto& late = form_.add<TButton>("late", "Late");
     edit_.on_exit = [&] { late.set_enabled(false); };
     EXPECT_FALSE(late.click());
-}
-
-TEST_F(Keys, go_to_the_handler_then_the_control_then_outward_to_the_form) {
-    auto& panel = form_.add<TPanel>("panel");
-    auto& edit = panel.add<TEdit>("inner");
-    auto& memo = form_.add<TMemo>("memo");
-    const auto logs = [this](const char* name, bool uses) {
-        return [this, name, uses](const Key&) {
-            log_ += name;
-            return uses;
-        };
-    };
-    panel.on_key = logs("panel ", false);
-    form_.on_key = logs("form ", true);
-    EXPECT_TRUE(edit.key({Key_code::enter, {}}));
-    EXPECT_TRUE(memo.key({Key_code::enter, {}}));
-    EXPECT_EQ(memo.text(), "\n") << "a memo uses the key itself";
-    edit.on_key = logs("edit ", true);
-    EXPECT_TRUE(edit.key({Key_code::character, "a"}));
-    EXPECT_EQ(edit.text(), "");
-    EXPECT_EQ(log_, "panel form edit ");
-}
-
-TEST_F(Keys, and_files_that_fall_go_to_the_innermost_handler_around) {
-    auto& bar = form_.add<TPanel>("bar");
-    auto& edit = bar.add<TEdit>("inner");
-    EXPECT_FALSE(edit.accepts_files() || edit.drop_files({"C:\\a"}));
-    std::vector<std::string> dropped;
-    bar.on_drop_files = [&](const std::vector<std::string>& names) { dropped = names; };
-    EXPECT_TRUE(edit.accepts_files() && edit.drop_files({"C:\\a", "C:\\b"}));
-    EXPECT_EQ(dropped, (std::vector<std::string>{"C:\\a", "C:\\b"}));
-    bar.set_enabled(false);
-    EXPECT_FALSE(edit.drop_files({"C:\\a"}));
 }
 
 TEST_F(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {

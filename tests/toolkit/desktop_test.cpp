@@ -52,22 +52,6 @@ TEST_F(Headless, runs_a_dialog_until_it_has_a_result) {
     EXPECT_EQ(faults_.size(), 1u) << "the dialog was still open";
 }
 
-TEST_F(Headless, escape_clicks_the_cancel_button_and_leaves_other_windows_open) {
-    TForm form("form");
-    auto& edit = form.add<TEdit>("edit");
-    form.show();
-    EXPECT_FALSE(edit.key({Key_code::escape, {}}));
-    EXPECT_TRUE(form.visible());
-    int clicks = 0;
-    auto& cancel = form.add<TButton>("cancel", "Cancel");
-    cancel.set_cancel(true);
-    cancel.on_click = [&] { ++clicks; };
-    EXPECT_TRUE(edit.key({Key_code::escape, {}}));
-    cancel.set_visible(false);
-    EXPECT_FALSE(edit.key({Key_code::escape, {}}));
-    EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(Headless, closing_leaves_the_focus_first_and_can_be_refused) {
     TForm form("form");
     auto& edit = form.add<TEdit>("edit");
@@ -85,47 +69,6 @@ TEST_F(Headless, closing_leaves_the_focus_first_and_can_be_refused) {
     EXPECT_EQ(value, "typed last");
     EXPECT_FALSE(form.visible());
     EXPECT_TRUE(faults_.empty());
-}
-
-TEST_F(Headless, lets_no_action_through_while_an_operation_runs) {
-    TForm form("form");
-    auto& button = form.add<TButton>("button", "Run");
-    auto& edit = form.add<TEdit>("edit");
-    TTimer timer(10);
-    form.show();
-    std::string log;
-    timer.on_timer = [&] { log += "time "; };
-    timer.set_enabled(true);
-    desktop_->on_process_messages = [&] {
-        EXPECT_FALSE(button.click() || edit.key({Key_code::character, "x"}));
-        desktop_->advance(10);
-    };
-    button.on_click = [&] {
-        EXPECT_TRUE(current_desktop->process_messages());
-        desktop_->closing = true;
-        EXPECT_FALSE(current_desktop->process_messages());
-        log += "run ";
-    };
-    EXPECT_TRUE(button.click());
-    desktop_->advance(10);
-    EXPECT_EQ(log, "run time ");
-}
-
-TEST_F(Headless, fires_timers_as_time_goes_by) {
-    std::string log;
-    TTimer fast(100);
-    TTimer slow(250);
-    fast.on_timer = [&] { log += "f"; };
-    slow.on_timer = [&] {
-        log += "s";
-        slow.set_enabled(false);
-    };
-    fast.set_enabled(true);
-    slow.set_enabled(true);
-    desktop_->advance(99);
-    EXPECT_EQ(log, "");
-    desktop_->advance(451);
-    EXPECT_EQ(log, "ffsfff");
 }
 
 TEST_F(Headless, gets_what_a_page_links_to_on_the_web) {

@@ -5,30 +5,6 @@
 
 namespace {
 
-std::string only_digits(const std::string& text) {
-    std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
-                 [](char c) { return c >= '0' && c <= '9'; });
-    return digits;
-}
-
-TEST(Edit, filters_what_is_typed_and_what_is_pasted_alike) {
-    TEdit edit("edit");
-    edit.input_filter = only_digits;
-    int changes = 0;
-    edit.on_change = [&] { ++changes; };
-
-    EXPECT_TRUE(edit.type_text("1a2\n3"));
-    EXPECT_EQ(edit.text(), "123");
-    EXPECT_EQ(edit.caret(), 3);
-    // As a widget reports a paste of "x9y" behind the first digit.
-    EXPECT_TRUE(edit.edit_text("1x9y23", 4));
-    EXPECT_EQ(edit.text(), "1923");
-    EXPECT_EQ(edit.caret(), 2);
-    EXPECT_TRUE(edit.type_text("abc"));
-    EXPECT_EQ(changes, 2) << "what is refused changes nothing";
-}
-
 TEST(Edit, lets_a_change_handler_set_text_and_caret_which_is_never_below_0) {
     TEdit edit("edit");
     edit.on_change = [&] {

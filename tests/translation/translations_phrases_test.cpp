@@ -56,10 +56,6 @@ TEST(Translations_phrases, of_repeated_phrases_the_first_with_a_translation_serv
 TEST(Built_in_phrases, stand_in_their_order_and_are_known_by_their_keys) {
     const auto table = built_in_phrases();
     ASSERT_EQ(table.size(), 833u);
-    EXPECT_STREQ(table[0], "English");
-    EXPECT_STREQ(table[2], "Planting");
-    EXPECT_STREQ(table[11], "Green LAI at physiological maturity (GAI)");
-    EXPECT_STREQ(table[825], "95% probability");
     EXPECT_STREQ(table[832], "Soil slope steepness mapped");
     EXPECT_EQ(std::set<std::string>(table.begin(), table.end()).size(), table.size());
 

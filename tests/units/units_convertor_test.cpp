@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 using namespace TESK;
 
@@ -10,7 +12,14 @@ namespace {
 
 const Units_convertor convertor;
 
-void expect_conversion(double wide_value, std::uint32_t from, std::uint32_t to, double wanted) {
+struct Conversion {
+    double value;
+    std::uint32_t from, to;
+    double wanted;
+};
+
+void expect_conversion(const Conversion& conversion) {
+    const auto& [wide_value, from, to, wanted] = conversion;
     const auto value = static_cast<float>(wide_value);
     float result = -1;
     float narrow = -1;
@@ -27,65 +36,44 @@ void expect_conversion(double wide_value, std::uint32_t from, std::uint32_t to, 
 }
 
 TEST(Units_convertor, a_value_is_converted_by_the_rule_of_its_units) {
-    const std::tuple<double, std::uint32_t, std::uint32_t, double> conversions[] = {
-        // The named cases have their own factors.
-        {3.25, 0xFFFFFFFF, 0xFFFFFFFF, 3.25},
-        {2, 0x2A02, 0x2800, 20000},
-        {50, 0x0003, 0x0018, 0.5},
-        {86400, 0x4C00, 0x4E00, 1},
-        {1, 0x2A820603, 0x28800603, 0.0001},
-        {1, 0x28C2CC00, 0x28804C06, 0.041876},
-        {10, 0x28804D00, 0x28804C06, 0.036},
-        // Metric units differ by powers of ten.
-        {1, 0x2003, 0x2000, 1000},
-        {1, 0x2000, 0x2003, 0.001},
-        {1, 0x20830600, 0x20800603, 0.000001},
-        {1, 0x2A820603, 0x2A820600, 1000},
-        // Where nothing relates them the value passes.
-        {7, 0x0603, 0x2043, 7},
-        {7, 0x28830603, 0x0603, 7},
-        {1, 0x1100, 0x1900, 1},
-        // Times differ by their seconds.
-        {1, 0x1A00, 0x1900, 365},
-        {1, 0x1700, 0x1643, 60000},
-        {1, 0x16802000, 0x18802000, 3600},
-        {36, 0x18802003, 0x16802000, 10},
-        // Between squares and ares the first exponent is squared.
-        {1, 0x2803, 0x2A02, 100000},
-        {1, 0x2842, 0x2A00, 100},
-        {1, 0x2A02, 0x2803, 1e9},
-        {1, 0x2A800000, 0x28800000, 0.01},
-        // The code that stands for a square meter here, whatever the prefix of the are and
-        // even behind "per".
-        {3, 0x2A03, 0x0028, 30000},
-        {3, 0x2A82, 0x0028, 30000},
-        // English units go by way of their metric base.
-        {32, 0x8100, 0x0100, 0},
-        {212, 0x8100, 0x0100, 100},
-        {34, 0x8180, 0x0180, 0.9},
-        {100, 0x0100, 0x8100, 212},
-        {100000, 0x0143, 0x8100, 212},
-        {100, 0x0100, 0x8606, 212},
-        {1, 0xA00B, 0x2003, 1.609344},
-        {0.9144, 0x2000, 0xA005, 3},
-        {1.609344, 0x2003, 0xA00B, 1},
-        {3, 0xA005, 0xA006, 1},
-        {1, 0x1880A00B, 0x18802003, 1.609344},
-        {1, 0xA085, 0x2080, 0},
-        {1, 0xAA800603, 0x2A820603, 2.471054},
-        {1, 0xAA810603, 0x28800603, 0.000988422},
-        // An English unit without a rule is taken for a metric one.
-        {1, 0x8606, 0x0603, 1000},
-        // What no rule leads to an English unit is 0: mass, land, volume, kelvin, no length, one over a
-        // length.
-        {1, 0x0603, 0x8606, 0},
-        {1, 0x2A00, 0xAA00, 0},
-        {1, 0x3400, 0xB408, 0},
-        {1, 0x0200, 0x8100, 0},
-        {1, 0x2000, 0xA00D, 0},
-        {1, 0x2000, 0xA085, 0}};
-    for (const auto& [value, from, to, wanted] : conversions)
-        expect_conversion(value, from, to, wanted);
+    const Conversion named[] = {{50, 0x0003, 0x0018, 0.5},
+                                {10, 0x28804D00, 0x28804C06, 0.036},
+                                {86400, 0x4C00, 0x4E00, 1},
+                                {1, 0x2A820603, 0x28800603, 0.0001},
+                                {2, 0x2A02, 0x2800, 20000},
+                                {3.25, 0xFFFFFFFF, 0xFFFFFFFF, 3.25},
+                                {1, 0x28C2CC00, 0x28804C06, 0.041876}};
+    // By powers of ten and, for times, by their seconds; where nothing relates them the value passes.
+    const Conversion metric[] = {{7, 0x0603, 0x2043, 7},
+                                 {7, 0x28830603, 0x0603, 7},
+                                 {1, 0x1100, 0x1900, 1},
+                                 {1, 0x1700, 0x1643, 60000},
+                                 {1, 0x1A00, 0x1900, 365},
+                                 {36, 0x18802003, 0x16802000, 10},
+                                 {1, 0x2003, 0x2000, 1000},
+                                 {1, 0x2A820603, 0x2A820600, 1000},
+                                 {1, 0x2000, 0x2003, 0.001},
+                                 {1, 0x16802000, 0x18802000, 3600},
+                                 {1, 0x20830600, 0x20800603, 0.000001}};
+    // The first exponent is squared. 0x0028 stands for a square meter here, whatever the prefix of the are
+    // and even behind "per".
+    const Conversion squares_and_ares[] = {{1, 0x2803, 0x2A02, 100000}, {1, 0x2842, 0x2A00, 100},
+                                           {1, 0x2A02, 0x2803, 1e9},    {1, 0x2A800000, 0x28800000, 0.01},
+                                           {3, 0x2A03, 0x0028, 30000},  {3, 0x2A82, 0x0028, 30000}};
+    // By way of the metric base; an English unit without a rule is taken for a metric one.
+    const Conversion english[] = {
+        {3, 0xA005, 0xA006, 1},    {212, 0x8100, 0x0100, 100},    {1, 0xA00B, 0x2003, 1.609344},
+        {1, 0xA085, 0x2080, 0},    {100, 0x0100, 0x8100, 212},    {1.609344, 0x2003, 0xA00B, 1},
+        {32, 0x8100, 0x0100, 0},   {100, 0x0100, 0x8606, 212},    {1, 0x1880A00B, 0x18802003, 1.609344},
+        {34, 0x8180, 0x0180, 0.9}, {0.9144, 0x2000, 0xA005, 3},   {1, 0xAA800603, 0x2A820603, 2.471054},
+        {1, 0x8606, 0x0603, 1000}, {100000, 0x0143, 0x8100, 212}, {1, 0xAA810603, 0x28800603, 0.000988422}};
+    // What no rule leads to an English unit is 0: mass, land, volume, kelvin, no length, one over a length.
+    const Conversion without_a_rule[] = {{1, 0x0603, 0x8606, 0}, {1, 0x2A00, 0xAA00, 0},
+                                         {1, 0x3400, 0xB408, 0}, {1, 0x0200, 0x8100, 0},
+                                         {1, 0x2000, 0xA00D, 0}, {1, 0x2000, 0xA085, 0}};
+    for (const std::span<const Conversion> conversions : std::initializer_list<std::span<const Conversion>>{
+             named, metric, squares_and_ares, english, without_a_rule})
+        std::for_each(conversions.begin(), conversions.end(), expect_conversion);
     float untouched = 5;
     EXPECT_TRUE(convertor.convert_simple(1, 0x0603, untouched, 0x8606));
     EXPECT_EQ(untouched, 5);
@@ -95,18 +83,18 @@ TEST(Units_convertor, english_measures_become_metric_by_the_rows_of_their_quanti
     const double meters[] = {0,      0.0254, 0.05715, 0.1016,  0.201168, 0.3048, 0.9144,
                              5.0292, 1.8288, 20.1168, 201.168, 1609.344, 1852,   0};
     for (unsigned row = 0; row < std::size(meters); ++row)
-        expect_conversion(1, 0xA000 + row, 0x2000, meters[row]);
+        expect_conversion({1, 0xA000 + row, 0x2000, meters[row]});
     // The rows of acres and of gallons begin with these, end with these, and have nothing behind them.
     for (const auto& [row, acres] : {std::pair(0U, 1.0), {1U, 0.25}, {9U, 2.1169}, {10U, 1.0}}) {
-        expect_conversion(1, 0xAA00 + row, 0x2A00, acres * 40.468563);
-        expect_conversion(1, 0xAA80 + row, 0x2A80, 1 / (acres * 40.468563));
+        expect_conversion({1, 0xAA00 + row, 0x2A00, acres * 40.468563});
+        expect_conversion({1, 0xAA80 + row, 0x2A80, 1 / (acres * 40.468563)});
     }
     for (const auto& [row, gallons] :
          {std::pair(0U, 0.0000130208), {1U, 0.00078125}, {13U, 288.0}, {14U, 1.0}})
         for (const unsigned quantity : {0xB400U, 0xB500U}) {
-            expect_conversion(1, quantity + row, 0x3400, gallons * 3.785412);
-            expect_conversion(1, quantity + 0x80 + row, 0x3480, 3.785412 / gallons);
-            expect_conversion(1, quantity + 0x40 + row, 0x3400, gallons * 4.54609);
+            expect_conversion({1, quantity + row, 0x3400, gallons * 3.785412});
+            expect_conversion({1, quantity + 0x80 + row, 0x3480, 3.785412 / gallons});
+            expect_conversion({1, quantity + 0x40 + row, 0x3400, gallons * 4.54609});
         }
 }
 

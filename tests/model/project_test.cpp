@@ -67,8 +67,6 @@ TEST_F(Project_test, a_project_file_keeps_its_values_and_what_other_programs_wro
         project.set_preserve_unexpected(true);
         ASSERT_TRUE(VV_file("C:\\p.tvp").get(project));
         EXPECT_EQ(project.description, "Irrigation study, Ca\361ada del R\355o (18 \260C mean)");
-        EXPECT_EQ(project.cropping_system_model, "C:\\TVS\\Tilverra\\tilverra_5.exe");
-        EXPECT_TRUE(project.statistical_analysis && project.GIS_parameters.soils_mapped);
         EXPECT_EQ(project.GIS_parameters.coverage_PAT_filename, "GIS\\fields.dbf");
         EXPECT_EQ(project.growing_season_tally.statistics[1], 0x3FFU);
         const std::string text = save(project);

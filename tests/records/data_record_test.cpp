@@ -7,18 +7,6 @@ using namespace TESK;
 
 namespace {
 
-// An element of a series: one key.
-class Element : public Item {
-public:
-    explicit Element(const char* text = "default") : value(text) {}
-    bool setup_structure(Data_record& record, bool) override {
-        if (value != "nothing to declare")
-            record.expect_string("value", value, 255);
-        return true;
-    }
-    Ustring value;
-};
-
 // A record with a series of elements; makes those that a file counts.
 class Series_record : public Data_record {
 public:

@@ -10,17 +10,6 @@ using namespace TESK;
 
 namespace {
 
-class Element : public Item {
-public:
-    bool setup_structure(Data_record& record, bool) override {
-        record.expect_string("value", value, 255);
-        record.expect_int16("number", number);
-        return true;
-    }
-    Ustring value = "default";
-    std::int16_t number = 0;
-};
-
 class Varied_record : public Data_record {
 public:
     Varied_record() : Data_record("primary") {}

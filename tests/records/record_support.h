@@ -36,6 +36,18 @@ public:
     float real = 0.5F;
 };
 
+// An element of a series: one key.
+class Element : public TESK::Item {
+public:
+    explicit Element(const char* text = "default") : value(text) {}
+    bool setup_structure(TESK::Data_record& record, bool) override {
+        if (value != "nothing to declare")
+            record.expect_string("value", value, 255);
+        return true;
+    }
+    TESK::Ustring value;
+};
+
 // The text of the value of an entry in a record whose structure stands; "<none>" when it is not there.
 inline std::string value_of(const TESK::Data_record& record, const std::string& section,
                             const std::string& key) {

@@ -1,7 +1,6 @@
 #include "toolkit/button.h"
 #include "toolkit/edit.h"
 #include "toolkit/headless_desktop.h"
-#include "toolkit/timer.h"
 #include "toolkit/web_view.h"
 
 #include <gtest/gtest.h>

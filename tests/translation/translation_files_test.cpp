@@ -35,6 +35,17 @@ std::string big_endian(const std::u16string& text) {
     return bytes;
 }
 
+// Each case says what it is, the bytes of the file, and what comes of reading it.
+template <class Read, class Cases>
+void expect_contents(Read read, const Cases& cases) {
+    const Temporary_folder folder;
+    for (const auto& [what, file, result] : cases) {
+        Translations_phrases phrases;
+        read(folder.write("file.txt", file), phrases);
+        EXPECT_EQ(contents(phrases), result) << what;
+    }
+}
+
 TEST(Translation_files, in_the_code_page_are_read_line_by_line) {
     const std::tuple<const char*, std::string, const char*> cases[] = {
         {"usual", "L_Run,\nen Run\nes Ejecutar ya\n\nL_Soil\nes Suelo",
@@ -52,12 +63,7 @@ TEST(Translation_files, in_the_code_page_are_read_line_by_line) {
                      "ELF\0\xFF\n\0\0 \n",
                      11),
          ""}};
-    const Temporary_folder folder;
-    for (const auto& [what, file, result] : cases) {
-        Translations_phrases phrases;
-        read_ANSI_translations(folder.write("file.txt", file), phrases);
-        EXPECT_EQ(contents(phrases), result) << what;
-    }
+    expect_contents(read_ANSI_translations, cases);
 }
 
 TEST(Translation_files, in_unicode_keep_every_letter) {
@@ -74,12 +80,7 @@ TEST(Translation_files, in_unicode_keep_every_letter) {
         {"low bytes first", "\xFF\xFEL\0_\0x\0", ""},
         {"the code page", "L_Run,\nru Zapusk\n", ""},
         {"one byte", "L", ""}};
-    const Temporary_folder folder;
-    for (const auto& [what, file, result] : cases) {
-        Translations_phrases phrases;
-        read_Unicode_translations(folder.write("file.txt", file), phrases);
-        EXPECT_EQ(contents(phrases), result) << what;
-    }
+    expect_contents(read_Unicode_translations, cases);
 }
 
 TEST(Translation_files, that_cannot_be_or_are_no_texts_add_nothing) {

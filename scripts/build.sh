@@ -6,6 +6,22 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 preset=$1
 target=${2:+--target $2}
 
+# On a terminal the build tool goes over one line. Elsewhere a line for each tenth of the way is enough, beside
+# what warns or fails.
+tell_progress() {
+    local shown=-1 line
+    while IFS= read -r line; do
+        if [[ $line =~ ^\[([0-9]+)/([0-9]+)\]\  ]]; then
+            local tenth=$((BASH_REMATCH[1] * 10 / BASH_REMATCH[2]))
+            [ "$tenth" -ne "$shown" ] || continue
+            shown=$tenth
+            echo "  built ${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}"
+        else
+            printf '%s\n' "$line"
+        fi
+    done
+}
+
 cd "$top"
 cache="build/$preset/CMakeCache.txt"
 home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache" 2>/dev/null || true)
@@ -19,5 +35,10 @@ answer=$(cmake --preset "$preset" 2>&1) || {
     exit 1
 }
 # shellcheck disable=SC2086 # the target is two words or none
-cmake --build --preset "$preset" $target -- -n | grep -q '^ninja: no work to do' ||
-    cmake --build --preset "$preset" $target >&2
+if ! cmake --build --preset "$preset" $target -- -n | grep -q '^ninja: no work to do'; then
+    if [ -t 2 ]; then
+        cmake --build --preset "$preset" $target >&2
+    else
+        cmake --build --preset "$preset" $target 2>&1 | tell_progress >&2
+    fi
+fi

@@ -2,23 +2,43 @@
 # Installs what is missing, builds the program and runs it: run.sh [PROJECT_FILE [PROJECT_TYPE]]
 # Without a file it opens the project of the example suite, which it installs for the user first.
 # Where there is no display, the program is shown on Qt's offscreen platform: it leaves a picture of each page in
-# build/pictures and, without a file, works on the example first.
+# build/pictures and, without a file, works on the example first. A line tells what came of each step; the whole
+# of it is in build/pictures/log.txt.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 
 "$top/scripts/install_packages.sh" run
 "$top/scripts/build.sh" release
 bin="$top/build/release/bin"
+echo "Built in $bin: project_editor.exe, tvs_project, and suite_stand_in for the suite's other programs"
 
 has_display() {
     [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]
 }
+# Of the log of a journey: a line for each step, with what it came to last, and whatever could not be done.
+summarise() {
+    awk -v width=118 '
+        function tell() {
+            if (step != "") print substr(step (result == "" ? "" : ": " result), 1, width)
+            step = result = ""
+        }
+        /^(picture: |  asked)/ { next }
+        /^  came of it: no |^  .*(there is no|cannot be|has failed)/ { print substr($0, 1, width) }
+        /^  (came of it|to be run|started): / { sub(/^  [a-z ]*: /, ""); result = $0; next }
+        /^  / { next }
+        { tell(); step = $0 }
+        END { tell() }'
+}
 # show pages|work PROGRAM PROJECT [TYPE]
 show_without_display() {
-    echo "There is no display: the program is shown by pictures of its pages, in build/pictures"
+    local pictures="$top/build/pictures" result=0
+    echo "There is no display: the program is shown by pictures of its pages"
     export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-${TMPDIR:-/tmp}} QT_LOGGING_RULES="*.warning=false"
-    rm -rf "$top/build/pictures"
-    exec "$bin/journey" "$1" "$top/build/pictures" "${@:2}"
+    rm -rf "$pictures"
+    mkdir -p "$pictures"
+    "$bin/journey" "$1" "$pictures" "${@:2}" 2>&1 | tee "$pictures/log.txt" | summarise || result=$?
+    echo "$(find "$pictures" -name '*.png' | wc -l) pictures in $pictures; the whole log: log.txt there"
+    exit "$result"
 }
 
 if [ $# -gt 0 ]; then

@@ -60,9 +60,7 @@ bool Known_run_set::refresh() {
     if (!is_read_ || !journal_)
         return false;
     const bool has_news = journal_->update();
-    // Whoever has taken a list of command lines is out of sight, and may have done with it.
-    const bool is_handed_out = journal_->job() && journal_->job()->is_list();
-    const bool was_at_work = std::exchange(is_at_work_, !is_handed_out && is_owned(*journal_));
+    const bool was_at_work = std::exchange(is_at_work_, !is_handed_out() && is_owned(*journal_));
     return has_news || was_at_work != is_at_work_;
 }
 
@@ -81,8 +79,16 @@ bool Known_run_set::is_at_work() {
     return is_at_work_;
 }
 
+bool Known_run_set::is_handed_out() {
+    return journal() != nullptr && journal_->job() && journal_->job()->is_list();
+}
+
+bool Known_run_set::may_change() {
+    return is_at_work() || is_handed_out();
+}
+
 Run_progress Known_run_set::progress() {
-    return journal() == nullptr ? Run_progress() : progress_of(*journal_, is_at_work_, moment_now());
+    return journal() == nullptr ? Run_progress() : progress_of(*journal_, may_change(), moment_now());
 }
 
 std::string Known_run_set::time() {
@@ -119,7 +125,7 @@ std::vector<Table_column> Run_rows::columns() {
             {"scenario", "Scenario", 30},
             {"started", "Started", 22},
             {"duration", "Duration", 12, Align::end},
-            {"end", "How it ended", 30}};
+            {"end", "Exit code or signal", 30}};
 }
 
 void Run_rows::show(Known_run_set* set) {
@@ -138,13 +144,13 @@ Table_cell Run_rows::cell(int row, int column) const {
     const Run_record& record = set_->journal()->runs()[run];
     switch (column) {
     case state_column: {
-        const Run_state state = state_of(record, set_->is_at_work());
+        const Run_state state = state_of(record, set_->may_change());
         return {.text = worded(word_for(state)), .picture = picture_of(state)};
     }
     case scenario_column: return {.text = scenario_name(run)};
     case started_column: return {.text = local_time_text(record.started)};
     case duration_column:
-        if (record.outcome == Run_record::Outcome::running && set_->is_at_work())
+        if (record.outcome == Run_record::Outcome::running && set_->may_change())
             return {.text = duration_text(static_cast<double>(moment_now() - record.started) / milliseconds)};
         return {.text = record.has_ended() && record.started != 0 ? duration_text(record.seconds) : ""};
     default:
@@ -156,7 +162,7 @@ Table_cell Run_rows::cell(int row, int column) const {
 void Run_rows::sort(int column, bool down) {
     if (set_ == nullptr || set_->journal() == nullptr)
         return;
-    const bool is_owned_now = set_->is_at_work();
+    const bool is_owned_now = set_->may_change();
     const auto& runs = set_->journal()->runs();
     // What each run is sorted by: a number, and behind it a text.
     std::vector<std::pair<double, std::string>> keys(order_.size());

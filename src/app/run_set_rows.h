@@ -21,8 +21,12 @@ public:
     // Null for a folder that holds no set.
     const Run_set* set();
     Run_journal* journal();
-    // Whether anybody has it run, as of the last refresh().
+    // Whether anybody has it run who can be asked to stop, as of the last refresh().
     bool is_at_work();
+    // Whether it was handed out as a list of command lines: who has taken that is out of sight.
+    bool is_handed_out();
+    // Either of them.
+    bool may_change();
     Run_progress progress();
     // Reads what is new, and asks whether whoever had it run is still there. True when anything changed; then
     // journal()->changed() tells which runs.

@@ -6,6 +6,7 @@
 #include "runs/run_folders.h"
 #include "runs/run_repetition.h"
 #include "runs/run_supervisor.h"
+#include "runs/worker_files.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 #include "toolkit/screen_memory.h"
@@ -220,7 +221,8 @@ void Runs_page::look(bool is_second_over) {
     for (int row = 0; row < set_rows_.count(); ++row) {
         Known_run_set& set = *set_rows_.sets[static_cast<std::size_t>(row)];
         look_at(set, row, is_second_over);
-        any_at_work = any_at_work || set.engine || set.is_at_work();
+        any_at_work = any_at_work || set.engine || set.is_at_work() ||
+                      (set.is_handed_out() && !set.progress().is_over());
     }
     timer_.set_enabled(any_at_work);
     show_progress();
@@ -248,7 +250,7 @@ void Runs_page::look_at(Known_run_set& set, int row, bool is_second_over) {
         if (run_log_memo.visible() && has_news)
             show_log();
     }
-    if (has_news || has_ended || set.is_at_work())
+    if (has_news || has_ended || set.may_change())
         run_sets_table.row_changed(row);
     if ((has_news || has_ended) && on_run_changed)
         on_run_changed();
@@ -257,6 +259,9 @@ void Runs_page::look_at(Known_run_set& set, int row, bool is_second_over) {
 // One notice for the whole set.
 void Runs_page::ended(Known_run_set& set) {
     const Run_progress progress = set.progress();
+    if (set.is_handed_out())
+        return form.parameter_file_form().notice(
+            worded("The command lines are in %1.", screen_text(run_list_file(set.folder()))));
     form.parameter_file_form().notice(worded(progress.failed > 0  ? "Runs have failed; see the page Runs:"
                                              : progress.is_over() ? "The runs have ended:"
                                                                   : "The runs have been stopped:") +

@@ -33,6 +33,11 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
       }()),
       stop_at_failure_checkbox(
           scenario_run_tabsheet.add<TCheckBox>("stop_at_failure_checkbox", "Stop at the first failure")),
+      engine(scenario_run_tabsheet),
+      write_run_list_button(add_button(scenario_run_tabsheet, "write_run_list_button",
+                                       "Write a list of command lines",
+                                       "A line for each run, for whoever runs such lists on this or other "
+                                       "machines. What comes of them is told on the page Runs.")),
       format_groupbox(scenario_run_tabsheet.add<TRadioGroup>(
           "format_groupbox", "Report format",
           std::vector<std::string>{"specified in each scenario", "specified below for all runs"})),
@@ -52,6 +57,7 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
     scenario_run_tabsheet.on_enter = [this] { report_format_filebar.set_visible(true); };
     senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
     run_beside_button.on_click = [this] { run_beside_button_onclick(); };
+    write_run_list_button.on_click = [this] { write_run_list_button_onclick(); };
     Place narrow = runs_at_once_edit.place();
     narrow.width = 6;
     runs_at_once_edit.set_place(narrow);
@@ -154,10 +160,8 @@ void Scenario_run_page::senerios_run_button_onclick() {
         current_desktop->restore();
 }
 
-// The marks stay: what became of each run is told on the page Runs.
-void Scenario_run_page::run_beside_button_onclick() {
-    if (!has_project() || !workspace().need_project_directory())
-        return;
+// The full names of the checked scenarios or, without check marks, of the one under the cursor.
+std::vector<std::string> Scenario_run_page::chosen_scenarios() const {
     Scenario_lists& lists = form.scenarios.lists;
     const TFileCheckListBox& list = lists.current();
     std::vector<std::string> chosen;
@@ -169,19 +173,44 @@ void Scenario_run_page::run_beside_button_onclick() {
         chosen.push_back(lists.scenario_of_line(list.item_index()));
     else if (chosen.empty() && workspace().active_scenario_exists())
         chosen.push_back(platform::full_name(record().active_scenario));
-    run_beside(std::move(chosen));
+    return chosen;
+}
+
+// The marks stay: what became of each run is told on the page Runs.
+void Scenario_run_page::run_beside_button_onclick() {
+    if (has_project() && workspace().need_project_directory())
+        run_beside(chosen_scenarios());
+}
+
+// Nothing, and the user knows why, where there is no scenario or the project could not be saved.
+std::optional<Run_set> Scenario_run_page::make_set(std::vector<std::string> scenarios) {
+    if (scenarios.empty())
+        form.parameter_file_form().notice(worded("There is no scenario to be run."));
+    if (scenarios.empty() || !form.save())
+        return std::nullopt;
+    return run_set_of(record(), *workspace().project_directory, form.project_file(), common_format(),
+                      std::move(scenarios));
 }
 
 void Scenario_run_page::run_beside(std::vector<std::string> scenarios) {
-    if (scenarios.empty())
-        return form.parameter_file_form().notice(worded("There is no scenario to be run."));
-    if (!form.save())
+    std::optional<Run_set> set = make_set(std::move(scenarios));
+    if (!set)
         return;
-    Run_set set = run_set_of(record(), *workspace().project_directory, form.project_file(), common_format(),
-                             std::move(scenarios));
-    set.at_once = static_cast<std::size_t>(std::atoi(runs_at_once_edit.text().c_str()));
-    set.stops_at_first_failure = stop_at_failure_checkbox.checked();
-    if (form.runs.run_beside(set))
+    set->at_once = static_cast<std::size_t>(std::atoi(runs_at_once_edit.text().c_str()));
+    set->stops_at_first_failure = stop_at_failure_checkbox.checked();
+    engine.give_to(*set);
+    if (form.runs.run_beside(*set))
+        form.project_pagecontrol.set_active_page(form.runs.runs_tabsheet);
+}
+
+void Scenario_run_page::write_run_list_button_onclick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    std::optional<Run_set> set = make_set(chosen_scenarios());
+    if (!set)
+        return;
+    set->engine = Engine_kind::list;
+    if (form.runs.run_beside(*set))
         form.project_pagecontrol.set_active_page(form.runs.runs_tabsheet);
 }
 

@@ -4,8 +4,10 @@
 #include "app/line_progress.h"
 #include "app/project_page.h"
 #include "app/run_ends.h"
+#include "app/run_engine_choice.h"
 #include "editing/auto_choices.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,7 @@ public:
 
     void senerios_run_button_onclick();
     void run_beside_button_onclick();
+    void write_run_list_button_onclick();
     void view_output_button_onclick();
     void view_tables_button_onclick();
     void run_statistical_analysis_checkbox_onclick();
@@ -40,6 +43,8 @@ public:
     TButton& run_beside_button;
     TEdit& runs_at_once_edit;
     TCheckBox& stop_at_failure_checkbox;
+    Run_engine_choice engine;
+    TButton& write_run_list_button;
     TRadioGroup& format_groupbox;
     TAutoCheckBox& run_statistical_analysis_checkbox;
     TCheckBox& CPF_water_checkbox;
@@ -48,6 +53,8 @@ public:
 
 private:
     bool common_format() const { return format_groupbox.item_index() == 1; }
+    std::vector<std::string> chosen_scenarios() const;
+    std::optional<Run_set> make_set(std::vector<std::string> scenarios);
     bool run_one(const std::string& scenario_file, bool wait);
     bool run_checked(bool batch, Line_progress& progress);
 

@@ -21,7 +21,7 @@ class End_signals {
 public:
     End_signals() {
         struct sigaction action {};
-        action.sa_handler = [](int) { asked_to_end = 1; };
+        action.sa_handler = [](int) { asked_to_end = asked_to_end + 1; };
         for (std::size_t i = 0; i < std::size(signals); ++i)
             sigaction(signals[i], &action, &old_[i]);
     }
@@ -51,6 +51,11 @@ void watch(Session& session, Run_engine& engine, Run_journal& journal) {
         if (asked_to_end != 0 && !is_stopping) {
             is_stopping = true;
             engine.stop();
+        }
+        if (asked_to_end > 1 && journal.job() && !journal.job()->is_cancelled) {
+            session.console.say("The job " + journal.job()->number +
+                                " goes on. \"tvs_project stop\" stops it once the scheduler answers.");
+            break;
         }
         if (engine.trouble() != trouble && !(trouble = engine.trouble()).empty())
             session.console.say(screen_text(trouble));

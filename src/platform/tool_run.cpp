@@ -39,6 +39,10 @@ bool read_to_end(const Host_handle& pipe, Clock::time_point limit, std::string& 
 
 } // namespace
 
+bool has_tool(const std::string& tool) {
+    return !find_tool(tool).empty();
+}
+
 Tool_answer ask_tool(const std::string& tool, const std::vector<std::string>& arguments,
                      std::chrono::milliseconds longest) {
     Tool_answer answer;

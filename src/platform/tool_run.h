@@ -15,6 +15,9 @@ struct Tool_answer {
     bool ok() const { return was_started && exit_code == 0; }
 };
 
+// Whether PATH has the tool.
+bool has_tool(const std::string& tool);
+
 // Runs the tool of PATH with the arguments, in the host's root folder, with an empty standard input. One that
 // takes longer is ended.
 Tool_answer ask_tool(const std::string& tool, const std::vector<std::string>& arguments,

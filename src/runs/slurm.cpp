@@ -50,6 +50,10 @@ Tasks tasks_of(const std::string& lines) {
 
 } // namespace
 
+bool is_there() {
+    return platform::has_tool("sbatch");
+}
+
 std::optional<std::size_t> largest_array() {
     constexpr std::string_view key = "MaxArraySize";
     const platform::Tool_answer answer = platform::ask_tool("scontrol", {"show", "config"}, longest_answer);

@@ -9,6 +9,9 @@
 
 namespace slurm {
 
+// Whether this machine has its commands.
+bool is_there();
+
 // How many tasks the array of a job can have; nothing when the scheduler does not answer.
 std::optional<std::size_t> largest_array();
 

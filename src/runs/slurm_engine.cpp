@@ -120,6 +120,8 @@ bool Slurm_engine::poll() {
     next_question_ = std::chrono::steady_clock::now() + pause_;
     auto tasks = slurm::ask_for(journal_.job()->number);
     trouble_ = tasks ? writer_.state().reason : no_answer;
+    if (is_stopping_)
+        cancel();
     if (tasks)
         settle(std::move(*tasks));
     journal_.update();
@@ -174,9 +176,18 @@ void Slurm_engine::settle_task(std::size_t task, const std::string& state) {
 }
 
 void Slurm_engine::stop() {
+    is_stopping_ = true;
     journal_.update();
-    cancel_job_of(journal_);
+    cancel();
     next_question_ = {};
+}
+
+void Slurm_engine::cancel() {
+    if (!journal_.job() || journal_.job()->is_cancelled || cancel_job_of(journal_))
+        return;
+    const std::string& number = journal_.job()->number;
+    trouble_ = "The scheduler does not cancel the job " + number + " yet. It is asked again; \"scancel " +
+               number + "\" does the same by hand.";
 }
 
 bool cancel_job_of(const Run_journal& journal) {

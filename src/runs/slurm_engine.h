@@ -25,13 +25,15 @@ public:
     // submitted.
     std::string start() override;
     bool poll() override;
-    // Cancels the job, whoever has submitted it.
+    // Cancels the job, whoever has submitted it. While the scheduler does not take that it is tried again
+    // with each question, and trouble() tells what a user can do.
     void stop() override;
     std::string trouble() const override { return trouble_; }
 
 private:
     std::string submit(const std::vector<std::size_t>& runs);
     std::vector<std::string> sbatch_arguments(const Scheduler_job& job) const;
+    void cancel();
     void settle(slurm::Tasks tasks);
     bool is_settled(std::size_t task) const;
     void settle_task(std::size_t task, const std::string& state);
@@ -46,6 +48,7 @@ private:
     std::vector<std::size_t> list_; // the runs of the job
     std::set<std::size_t> over_;    // its tasks that were over when last asked for
     std::chrono::steady_clock::time_point next_question_{};
+    bool is_stopping_ = false;
     std::string trouble_;
 };
 

@@ -1,7 +1,10 @@
+#include "platform/tool_run.h"
 #include "project_support.h"
 #include "runs/local_engine.h"
 #include "runs/run_folders.h"
+#include "toolkit/recording_view.h"
 
+#include <set>
 #include <thread>
 
 namespace {
@@ -103,6 +106,62 @@ TEST_F(Runs_page_test, closing_asks_what_is_to_become_of_runs_and_a_stopped_set_
     EXPECT_EQ(runs(), "done wet exit code 0;");
     EXPECT_EQ(page().run_sets_table.count(), 1);
     EXPECT_FALSE(page().runs_continue_button.enabled());
+}
+
+TEST_F(Runs_page_test, a_change_among_10000_runs_redraws_its_line_alone) {
+    Run_set set;
+    set.project_file = "C:\\projects\\study.tvp";
+    set.folder = "C:\\projects\\study";
+    set.model = "C:\\model.exe";
+    for (int run = 0; run < 10000; ++run)
+        set.scenarios.push_back("C:\\projects\\study\\Scenarios\\plot " + std::to_string(run) + ".tvn");
+    const std::string folder = make_run_set("C:\\projects\\study\\Runs", set).folder;
+    Journal_writer writer(folder);
+    ASSERT_TRUE(claim_set(folder, set.scenarios.size(), writer));
+    form.runs.Update();
+    ASSERT_EQ(page().runs_table.count(), 10000);
+    Recording_view view(form.runs.runs_table);
+    writer.start(9000);
+    Run_record killed;
+    killed.outcome = Run_record::Outcome::signalled;
+    killed.code = 9;
+    writer.end(7000, killed);
+    desktop.advance(1000);
+    EXPECT_EQ(page().runs_table.rows()->cell(7000, 4).text, "signal 9 (Killed)");
+    std::set<int> redrawn;
+    for (const auto& change : view.changes)
+        for (int row = change.first; row < change.first + change.count; ++row)
+            redrawn.insert(row);
+    EXPECT_EQ(redrawn, (std::set<int>{7000, 9000}));
+}
+
+TEST_F(Runs_page_test, runs_are_given_to_slurm_where_it_is_and_to_whoever_runs_a_list) {
+    const Run_engine_choice& choice = form.scenarios.run.engine;
+    EXPECT_EQ(choice.slurm_checkbox.enabled(), platform::has_tool("sbatch"));
+    created().check(0);
+    EXPECT_TRUE(press(form.scenarios.run.write_run_list_button));
+    EXPECT_NE(parameter_form.status_line.text().find("The command lines are in "), std::string::npos);
+    EXPECT_TRUE(at_rest());
+    EXPECT_EQ(runs(), "waiting base ;");
+
+    choice.slurm_checkbox.set_enabled(true);
+    press(choice.slurm_checkbox);
+    choice.slurm_partition_edit.set_text("main");
+    choice.slurm_time_edit.set_text("30");
+    choice.slurm_options_edit.set_text("--nice=1 --comment=x");
+    std::string asked;
+    form.runs.make_engine = [&](const std::string& folder) -> std::unique_ptr<Run_engine> {
+        asked = text_of(*read_run_set(folder));
+        return std::make_unique<Local_engine>(folder, *read_run_set(folder));
+    };
+    EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
+    wait_until([&] { return at_rest(); });
+    const std::optional<Run_set> set = run_set_from_text(asked);
+    ASSERT_TRUE(set);
+    EXPECT_EQ(set->engine, Engine_kind::slurm);
+    EXPECT_EQ(set->slurm.partition + '/' + set->slurm.time + '/' + set->slurm.memory + '/' +
+                  set->slurm.options,
+              "main/30//--nice=1 --comment=x");
 }
 
 } // namespace

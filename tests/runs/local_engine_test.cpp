@@ -65,31 +65,51 @@ TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
     ASSERT_EQ(engine.start(), "");
     finish(engine);
     EXPECT_EQ(ends_of(folder, set), std::vector<std::string>(2, "failed: the model is not there"));
+
+    // Nor does that stand in the way of a stop while another run is at work.
+    set = project.set_of({"wait", "good", "other", "more"}, 1);
+    const std::string stopped = project.make(set);
+    Local_engine second(stopped, set, 100ms);
+    ASSERT_EQ(second.start(), "");
+    const pid_t run = project.await_number("wait.pid");
+    std::filesystem::remove(project.drives.host("model.exe"));
+    kill(run, SIGKILL);
+    poll(second, [&] { return ends_of(stopped, set)[1] != "waiting: "; });
+    second.stop();
+    finish(second);
+    EXPECT_EQ(ends_of(stopped, set)[0], "failed: signal 9 (Killed)");
+    EXPECT_EQ(ends_of(stopped, set)[1], "failed: the model is not there");
+    EXPECT_EQ(project.started(), std::vector<std::string>{"wait"});
 }
 
 TEST_F(Local_engine_test, stops_politely_then_hard_and_goes_on_where_it_ended) {
-    const Run_set set = project.set_of({"good", "wait", "deaf", "other"}, 2);
+    const Run_set set = project.set_of({"good", "wait", "deaf", "parent", "other"}, 3);
     const std::string folder = project.make(set);
     pid_t deaf = 0;
+    pid_t child = 0; // of a run that forks
     {
         Local_engine engine(folder, set, 100ms);
         ASSERT_EQ(engine.start(), "");
-        poll(engine, [&] { return !project.text("deaf.pid").empty(); });
+        poll(engine,
+             [&] { return !project.text("deaf.pid").empty() && !project.text("parent.pid").empty(); });
         deaf = project.await_number("deaf.pid");
+        child = project.await_number("parent.pid");
         EXPECT_EQ(Local_engine(folder, set).start(), "Another program has this set run.");
         engine.stop();
         finish(engine);
     }
-    EXPECT_TRUE(is_soon_gone(deaf));
+    EXPECT_TRUE(is_soon_gone(deaf) && is_soon_gone(child));
     EXPECT_EQ(ends_of(folder, set),
-              (std::vector<std::string>{"done: ", "stopped: stopped", "stopped: stopped", "waiting: "}));
+              (std::vector<std::string>{"done: ", "stopped: stopped", "stopped: stopped", "stopped: stopped",
+                                        "waiting: "}));
 
     project.drives.write("model.exe", "#!/bin/sh\nmkdir -p \"$0.d\"; exit 7\n");
     Local_engine again(folder, set);
     ASSERT_EQ(again.start(), "");
     finish(again);
-    EXPECT_EQ(ends_of(folder, set), (std::vector<std::string>{"done: ", "failed: exit code 7",
-                                                              "failed: exit code 7", "failed: exit code 7"}));
+    EXPECT_EQ(ends_of(folder, set),
+              (std::vector<std::string>{"done: ", "failed: exit code 7", "failed: exit code 7",
+                                        "failed: exit code 7", "failed: exit code 7"}));
 }
 
 TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {

@@ -83,6 +83,12 @@ TEST_F(Other_engines_test, a_silent_scheduler_settles_nothing_and_its_books_tell
         EXPECT_TRUE(engine.poll());
     EXPECT_EQ(engine.trouble(), "The scheduler does not answer.");
     EXPECT_EQ(ends_of(folder, 3), "waiting \nwaiting \ndone \n");
+    answer("scancel", "exit 1");
+    Slurm_engine stopped(folder, set, 0ms);
+    ASSERT_EQ(stopped.start(), "");
+    stopped.stop();
+    EXPECT_TRUE(stopped.poll());
+    EXPECT_NE(stopped.trouble().find("\"scancel 7\""), std::string::npos) << "what a user can do";
     answer("squeue", "echo 'slurm_load_jobs error: Invalid job id specified'; exit 1");
     EXPECT_TRUE(engine.poll());
     while (engine.poll()) {

@@ -28,6 +28,7 @@ public:
                      "  wait*) echo $$ >\"$name.pid\"; sleep 60 ;;\n"
                      "  deaf*) trap '' TERM; echo $$ >\"$name.pid\"; while :; do sleep 1; done ;;\n"
                      "  fork*) sleep 60 & echo $! >\"$name.pid\" ;;\n"
+                     "  parent*) sleep 60 & echo $! >\"$name.pid\"; wait ;;\n"
                      "  slow*) sleep 0.05 ;;\n"
                      "  loud*) i=0; while [ $i -lt 40000 ]; do echo \"line $i\"; i=$((i+1)); done ;;\n"
                      "esac\n"

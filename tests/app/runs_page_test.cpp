@@ -138,6 +138,7 @@ TEST_F(Runs_page_test, a_change_among_10000_runs_redraws_its_line_alone) {
 TEST_F(Runs_page_test, runs_are_given_to_slurm_where_it_is_and_to_whoever_runs_a_list) {
     const Run_engine_choice& choice = form.scenarios.run.engine;
     EXPECT_EQ(choice.slurm_checkbox.enabled(), platform::has_tool("sbatch"));
+    form.runs.make_engine = [](const std::string& folder) { return ::make_engine(folder); };
     created().check(0);
     EXPECT_TRUE(press(form.scenarios.run.write_run_list_button));
     EXPECT_NE(parameter_form.status_line.text().find("The command lines are in "), std::string::npos);

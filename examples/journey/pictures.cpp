@@ -109,7 +109,7 @@ private:
         press("show_optimization_model_button");
         for (const char* name : {"GIS_GS_variable_listbox", "GIS_annl_variable_listbox"})
             if (auto* const list = reach<TListBox>(name))
-                list->select(2);
+                list->select(list->index_of("Yield"));
         if (auto* const table = reach<TTable>("run_sets_table"))
             table->set_cursor(table->count() - 1, 0);
         if (auto* const table = reach<TTable>("created_scenarios_filelistbox_table"))
@@ -178,8 +178,8 @@ private:
             }
         TVP_filename no_file{"noname"};
         Trecent_file_selector_form start_page;
-        start_page.bind(no_file, false, "");
         start_page.make_example = [] { return std::string(); };
+        start_page.bind(no_file, false, "");
         start_page.show_modal();
         TESK::Date date(2024060);
         TAutoCalendar_form calendar;

@@ -134,6 +134,8 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
     Place wide = MUID_found_note.place();
     wide.span = 2;
     MUID_found_note.set_place(wide);
+    for (TButton* button : {&GIS_show_tables_button, &explore_GIS_button})
+        keep_narrow(*button);
     GIS_scenarios_checklistbox.set_mask("*.tvn");
     GIS_omit_years_edit.set_Description_label("Equilibration years to omit");
     // Neither does anything in the suite as it stands.
@@ -264,6 +266,9 @@ void GIS_page::show_hide_attributes() {
     };
     for (const auto& [combo, is_mapped] : combos)
         combo->set_visible(is_mapped);
+    for (const char* name :
+         {"label_GIS_soil_sand_combo", "label_GIS_soil_clay_combo", "label_GIS_soil_depth_combo"})
+        GIS_uniform_soil_tabsheet.find(name)->set_visible(p.uniform_soil_proile_mapped);
     MUID_found_note.set_visible(PAT_attributes->find("MUID", true) != nullptr);
 }
 

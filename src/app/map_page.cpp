@@ -113,8 +113,12 @@ void Map_page::list_tables() {
                 items.push_back(table.substr(table.find_last_of('\\') + 1));
             }
     }
-    if (items != map_table_combo.items())
-        map_table_combo.set_items(items);
+    if (items == map_table_combo.items())
+        return;
+    // The one that is chosen stays so; another language has other words for the first.
+    const int chosen = map_table_combo.item_index();
+    map_table_combo.set_items(items);
+    map_table_combo.set_item_index(chosen < static_cast<int>(items.size()) ? chosen : 0);
 }
 
 void Map_page::table_chosen() {

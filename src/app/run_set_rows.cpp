@@ -121,7 +121,7 @@ Table_cell Run_set_rows::cell(int row, int column) const {
 }
 
 std::vector<Table_column> Run_rows::columns() {
-    return {{"state", "State", 12},
+    return {{"state", "State", 15},
             {"scenario", "Scenario", 30},
             {"started", "Started", 22},
             {"duration", "Duration", 12, Align::end},

@@ -27,7 +27,7 @@ constexpr int ticked_choice = 8;
 
 std::vector<Table_column> table_columns() {
     return {{"name", "Name", 24},
-            {"state", "State", 15},
+            {"state", "State", 17},
             {"description", "Description", 34},
             {"changed", "Last changed", 17},
             {"run", "Last run", 17}};
@@ -89,7 +89,7 @@ Scenario_list_table::Scenario_list_table(TPanel& filter, TTable& rows_table, TCo
     filter_edit.set_hint(
         "Show only the scenarios whose name or description holds these words; * and ? stand for any "
         "characters.");
-    state_combo.set_items({std::begin(state_choices), std::end(state_choices)});
+    state_combo.set_words({std::begin(state_choices), std::end(state_choices)});
     state_combo.set_item_index(all_states);
     count_label.set_text_is_data(true);
     table.set_columns(table_columns());

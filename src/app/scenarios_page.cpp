@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int share_of_lists = 600; // of 1000, until the user moves the border
+constexpr int share_of_lists = 560; // of 1000, until the user moves the border
 
 } // namespace
 

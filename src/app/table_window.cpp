@@ -50,6 +50,7 @@ Table_window::Table_window()
     set_bounds({0, 0, usual_width, usual_height});
     file_label.set_text_is_data(true);
     file_label.set_cut(Cut::middle);
+    file_label.set_names_next(true);
     table.set_text_is_data(true); // and so are the names of its columns
     table.set_rows(&rows_);
     table.on_sort = [this](int column, bool down) { sort(column, down); };

@@ -1,7 +1,9 @@
 // The desktop's own dialogs: messages and file names.
 #include "desktop_qt/qt_desktop.h"
 #include "desktop_qt/usual_pointer.h"
+#include "toolkit/screen_language.h"
 
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
@@ -11,13 +13,17 @@ namespace {
 struct Button {
     QMessageBox::StandardButton shown;
     Modal_result result;
+    const char* caption;
 };
 
 constexpr Button buttons[] = {
-    {QMessageBox::Ok, Modal_result::ok},         {QMessageBox::Cancel, Modal_result::cancel},
-    {QMessageBox::Yes, Modal_result::yes},       {QMessageBox::No, Modal_result::no},
-    {QMessageBox::Abort, Modal_result::abort},   {QMessageBox::Retry, Modal_result::retry},
-    {QMessageBox::Ignore, Modal_result::ignore},
+    {QMessageBox::Ok, Modal_result::ok, "&OK"},
+    {QMessageBox::Cancel, Modal_result::cancel, "Cancel"},
+    {QMessageBox::Yes, Modal_result::yes, "&Yes"},
+    {QMessageBox::No, Modal_result::no, "&No"},
+    {QMessageBox::Abort, Modal_result::abort, "&Abort"},
+    {QMessageBox::Retry, Modal_result::retry, "&Retry"},
+    {QMessageBox::Ignore, Modal_result::ignore, "&Ignore"},
 };
 
 QMessageBox::StandardButtons shown_buttons(Button_set set) {
@@ -62,9 +68,12 @@ Modal_result Qt_desktop::message_box(const Message& message) {
                        : parent               ? parent->windowTitle()
                                               : QString());
     box.setStandardButtons(shown_buttons(message.buttons));
-    for (const Button& button : buttons)
+    for (const Button& button : buttons) {
+        if (QAbstractButton* const shown = box.button(button.shown))
+            shown->setText(to_qt(worded(button.caption)));
         if (button.result == message.preset)
             box.setDefaultButton(button.shown);
+    }
     const int pressed = box.exec();
     throw_kept();
     for (const Button& button : buttons)
@@ -84,6 +93,11 @@ bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
     // The program asks itself before it replaces a file; drives are links, and names keep them.
     dialog.setOptions(QFileDialog::DontConfirmOverwrite | QFileDialog::DontResolveSymlinks);
     dialog.setNameFilters(name_filters(asked));
+    dialog.setLabelText(QFileDialog::Accept, to_qt(worded(saves ? "Save" : "Open")));
+    dialog.setLabelText(QFileDialog::Reject, to_qt(worded("Cancel")));
+    dialog.setLabelText(QFileDialog::LookIn, to_qt(worded("Folder:")));
+    dialog.setLabelText(QFileDialog::FileName, to_qt(worded("File name:")));
+    dialog.setLabelText(QFileDialog::FileType, to_qt(worded("Files of type:")));
     if (asked.default_extension != "*")
         dialog.setDefaultSuffix(to_qt(asked.default_extension));
     if (!asked.initial_folder.empty())

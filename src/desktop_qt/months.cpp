@@ -1,8 +1,8 @@
 // The view of a month's days.
 #include "desktop_qt/views.h"
 #include "toolkit/month_grid.h"
+#include "toolkit/screen_language.h"
 
-#include <QtCore/QLocale>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTableWidget>
 
@@ -10,6 +10,7 @@ namespace {
 
 constexpr int weeks = 6;
 constexpr int weekdays = 7;
+constexpr const char* weekday_names[weekdays] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
 
 class Month_view : public View_of<TMonthGrid, QTableWidget> {
 public:
@@ -17,8 +18,8 @@ public:
         : View_of(context, control, *new QTableWidget(weeks, weekdays, parent)) {
         QTableWidget& table = widget();
         QStringList names;
-        for (int weekday = 1; weekday <= weekdays; ++weekday)
-            names.append(QLocale().standaloneDayName(weekday, QLocale::ShortFormat));
+        for (const char* name : weekday_names)
+            names.append(to_qt(worded(name)));
         table.setHorizontalHeaderLabels(names);
         table.verticalHeader()->hide();
         table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);

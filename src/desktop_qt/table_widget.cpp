@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr QChar en_space(0x2002);
+
 Qt::Alignment alignment_of(Align align) {
     const auto across = align == Align::end      ? Qt::AlignRight
                         : align == Align::middle ? Qt::AlignHCenter
@@ -137,7 +139,9 @@ QVariant Table_model::headerData(int section, Qt::Orientation orientation, int r
         return {};
     const Table_column& column = table_->columns()[static_cast<std::size_t>(section)];
     switch (role) {
-    case Qt::DisplayRole: return to_qt(table_->shown_caption(section));
+    case Qt::DisplayRole:
+        return to_qt(table_->shown_caption(section)) +
+               (column.align == Align::end ? QString(en_space) : QString());
     case Qt::ToolTipRole: return to_qt(column.hint);
     case Qt::TextAlignmentRole: return static_cast<int>(alignment_of(column.align));
     default: return {};
@@ -152,6 +156,13 @@ Qt::ItemFlags Table_model::flags(const QModelIndex& index) const {
         flags |= Qt::ItemIsUserCheckable;
     const auto editor = table_->editor(index.row(), index.column());
     return editor && editor->kind != Cell_editor::Kind::other ? flags | Qt::ItemIsEditable : flags;
+}
+
+// What stands at the right keeps away from the text of the next column.
+void Cell_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->displayAlignment.testFlag(Qt::AlignRight))
+        option->text += en_space;
 }
 
 QRect Cell_delegate::tick_box(const QTableView& view, const QModelIndex& index,

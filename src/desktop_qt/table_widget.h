@@ -54,6 +54,7 @@ public:
                    const QModelIndex& index) override;
 
 protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
     bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&) override {
         return false; // a tick is turned by the control
     }

@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QHeaderView>
 
+#include <set>
+
 namespace {
 
 class Table_view : public View_of<TTable, Table_widget> {
@@ -81,8 +83,11 @@ private:
         connect(header, &QHeaderView::sectionClicked, this,
                 [this](int column) { act([&] { control().click_header(column); }); });
         connect(header, &QHeaderView::sectionResized, this, [this](int column, int before, int now) {
-            if (before != 0 && now != 0 && !is_filling(column))
-                act([&] { control().resize_column(column, to_characters(column, now)); });
+            if (before == 0 || now == 0 || is_filling(column))
+                return;
+            if (!showing())
+                sized_by_user_.insert(column);
+            act([&] { control().resize_column(column, to_characters(column, now)); });
         });
     }
 
@@ -119,8 +124,10 @@ private:
         for (int column = 0; column < control().column_count(); ++column) {
             const Table_column& shown = control().columns()[static_cast<std::size_t>(column)];
             header.setSectionHidden(column, !shown.visible);
+            // What a caption takes depends on the language.
+            const int caption = sized_by_user_.contains(column) ? 0 : header.sectionSizeHint(column);
             if (shown.visible && !acting() && !is_filling(column))
-                header.resizeSection(column, to_pixels(column, shown.width));
+                header.resizeSection(column, std::max(to_pixels(column, shown.width), caption));
         }
         show_order();
         emit model_->headerDataChanged(Qt::Horizontal, 0, std::max(control().column_count() - 1, 0));
@@ -177,6 +184,7 @@ private:
     }
 
     Table_model* model_;
+    std::set<int> sized_by_user_; // columns
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "editing/window_translator.h"
 
 #include "toolkit/check_box.h"
+#include "toolkit/combo_box.h"
 #include "toolkit/menu.h"
 #include "toolkit/table.h"
 #include "translation/translation_files.h"
@@ -41,6 +42,13 @@ public:
         }
         if (control.kind() == Control_kind::main_menu)
             changed |= static_cast<TMainMenu&>(control).refresh_words();
+        if (control.kind() == Control_kind::combo_box) {
+            auto& combo = static_cast<TComboBox&>(control);
+            if (const auto words = new_words(combo.native_words(), combo.items())) {
+                combo.translate_words(*words);
+                changed = true;
+            }
+        }
         if (control.kind() == Control_kind::table && !control.text_is_data())
             changed |= translate_captions(static_cast<TTable&>(control));
         if (control.text_is_data() || !has_caption(control.kind()))
@@ -49,8 +57,13 @@ public:
             control.translate_text(*text);
             changed = true;
         }
-        if (control.kind() == Control_kind::radio_group)
-            changed |= translate_items(static_cast<TRadioGroup&>(control));
+        if (control.kind() == Control_kind::radio_group) {
+            auto& group = static_cast<TRadioGroup&>(control);
+            if (const auto words = new_words(group.native_items(), group.items())) {
+                group.translate_items(*words);
+                changed = true;
+            }
+        }
         return changed;
     }
 
@@ -69,16 +82,17 @@ private:
         return changed;
     }
 
-    bool translate_items(TRadioGroup& group) const {
-        std::vector<std::string> items = group.items();
+    // What to show for the program's words, if any of it differs from what is on view.
+    std::optional<std::vector<std::string>> new_words(const std::vector<std::string>& native,
+                                                      const std::vector<std::string>& shown) const {
+        std::vector<std::string> words = shown;
         bool changed = false;
-        for (std::size_t i = 0; i < items.size(); ++i)
-            if (const auto item = new_wording(group.native_items()[i], items[i])) {
-                items[i] = *item;
+        for (std::size_t i = 0; i < native.size(); ++i)
+            if (const auto word = new_wording(native[i], shown[i])) {
+                words[i] = *word;
                 changed = true;
             }
-        group.translate_items(items);
-        return changed;
+        return changed ? std::optional(words) : std::nullopt;
     }
 
     // What to show for the program's text, unless that is what is on view already. What the language has no

@@ -9,7 +9,22 @@ TComboBox::TComboBox(std::string name, bool editable)
 
 void TComboBox::set_items(std::vector<std::string> items) {
     items_ = std::move(items);
+    native_words_.clear();
     notify(Aspect::all_lines);
+}
+
+void TComboBox::set_words(std::vector<std::string> words) {
+    set_items(words);
+    native_words_ = std::move(words);
+}
+
+void TComboBox::translate_words(const std::vector<std::string>& translations) {
+    if (translations.size() != native_words_.size() || translations == items_)
+        return;
+    const int chosen = item_index();
+    items_ = translations;
+    notify(Aspect::all_lines);
+    set_item_index(chosen);
 }
 
 void TComboBox::add_item(const std::string& item) {

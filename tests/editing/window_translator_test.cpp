@@ -89,6 +89,18 @@ TEST_F(Window_translator, changes_one_control_a_pass_in_the_order_of_the_screen)
     EXPECT_EQ(texts(), "Soil,Current,Soil,Soil,Actual");
 }
 
+TEST_F(Window_translator, words_the_choices_that_are_the_programs_own_and_keeps_what_is_chosen) {
+    auto& combo = form.add<TComboBox>("combo");
+    combo.set_words({"Run", "Soil", "Total"});
+    combo.set_item_index(1);
+    EXPECT_GT(translate_all(form, "es", phrases), 0);
+    EXPECT_EQ(combo.items(), (std::vector<std::string>{"Ejecutar", "Suelo", "Total"}));
+    EXPECT_EQ(combo.text(), "Suelo");
+    EXPECT_EQ(combo.item_index(), 1);
+    translate_all(form, "", phrases);
+    EXPECT_EQ(combo.text(), "Soil");
+}
+
 TEST_F(Window_translator, leaves_alone_what_is_typed_listed_or_data) {
     auto& edit = form.add<TEdit>("edit");
     auto& memo = form.add<TMemo>("memo");

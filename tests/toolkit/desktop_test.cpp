@@ -1,6 +1,7 @@
 #include "toolkit/button.h"
 #include "toolkit/edit.h"
 #include "toolkit/headless_desktop.h"
+#include "toolkit/timer.h"
 #include "toolkit/web_view.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +69,24 @@ TEST_F(Headless, closing_leaves_the_focus_first_and_can_be_refused) {
     EXPECT_EQ(value, "typed last");
     EXPECT_FALSE(form.visible());
     EXPECT_TRUE(faults_.empty());
+}
+
+TEST_F(Headless, fires_timers_as_time_goes_by_and_not_while_an_operation_runs) {
+    std::string log;
+    TTimer fast(100), slow(250);
+    fast.on_timer = [&] { log += "f"; };
+    slow.on_timer = [&] {
+        log += "s";
+        slow.set_enabled(false);
+    };
+    fast.set_enabled(true);
+    slow.set_enabled(true);
+    desktop_->advance(99);
+    EXPECT_EQ(log, "");
+    desktop_->advance(451);
+    desktop_->on_process_messages = [&] { desktop_->advance(100); };
+    current_desktop->process_messages();
+    EXPECT_EQ(log, "ffsfff");
 }
 
 TEST_F(Headless, gets_what_a_page_links_to_on_the_web) {

@@ -1,4 +1,5 @@
 #include "foundation/association_list.h"
+#include "names/recycling.h"
 #include "names/smart_directory_name.h"
 #include "names/smart_file_name.h"
 #include "platform/shell.h"
@@ -135,6 +136,13 @@ TEST_F(Smart_names, recycling_has_two_modes) {
     EXPECT_EQ(shell.asked, "recycle C:\\a.txt\n");
     EXPECT_TRUE(Smart_directory_name("C:\\p").recycle(true));
     EXPECT_FALSE(is_there("p"));
+
+    drives.write("one");
+    drives.write("three");
+    const std::vector<std::string> names{"C:\\none", "C:\\one", "C:\\three"};
+    const TESK::Recycling stopped = TESK::recycle_all(names, true, [](std::size_t done) { return done < 1; });
+    EXPECT_TRUE(stopped.was_stopped && stopped.done == 1);
+    EXPECT_EQ(stopped.kept, std::vector<std::string>{"C:\\three"});
 }
 
 TEST_F(Smart_names, a_file_tells_its_time) {

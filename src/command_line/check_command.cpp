@@ -56,8 +56,8 @@ void check(Session& session, const std::string& argument, Scenario_choice& choic
     session.console.end_progress();
     const std::size_t found = report.finish();
     if (session.console.out_is_terminal() && !session.as_json)
-        session.console.say(std::to_string(scenarios.size()) + " scenarios checked, " +
-                            std::to_string(found) + " findings.");
+        session.console.say("Scenarios checked: " + std::to_string(scenarios.size()) +
+                            ", findings: " + std::to_string(found));
 }
 
 } // namespace

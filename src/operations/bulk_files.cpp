@@ -53,7 +53,7 @@ void Bulk_files::write(const std::string& file_name, const std::string& text,
                        Operation_outcome& outcome) const {
     const std::string target = in_folder(file_name);
     const std::string old = backups_ != nullptr && exists(file_name) ? full_name(file_name) : std::string();
-    const bool is_moved = !old.empty() && backups_->move(old);
+    const bool is_moved = !old.empty() && backups_->move(old).ok();
     if (!old.empty() && !is_moved && platform::exists(old)) {
         outcome.not_done.push_back({old, "It cannot be put aside."});
         return;

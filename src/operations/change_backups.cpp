@@ -125,8 +125,9 @@ Operation_outcome Change_backups::announce(const std::string& operation,
     return outcome;
 }
 
-bool Change_backups::move(const std::string& name) const {
-    return !current_.empty() && platform::move_entry(name, kept(current_, relative_name(name))).ok();
+platform::Write_result Change_backups::move(const std::string& name) const {
+    return current_.empty() ? platform::write_failure(platform::Write_error::absent)
+                            : platform::move_entry(name, kept(current_, relative_name(name)));
 }
 
 bool Change_backups::move_back(const std::string& name) const {
@@ -359,7 +360,8 @@ std::string Change_backups::bring_back(const std::string& old_name, const Entry&
     const bool is_kept = platform::exists(old_copy);
     if (entry.kind == Kind::copied)
         return platform::copy_file(old_copy, place(entry.name)).reason;
-    if (entry.kind == Kind::moved && !move(place(entry.name)))
-        return "It could not be moved away.";
+    if (entry.kind == Kind::moved)
+        if (std::string reason = move(place(entry.name)).reason; !reason.empty())
+            return reason;
     return is_kept ? platform::move_entry(old_copy, place(entry.name)).reason : std::string();
 }

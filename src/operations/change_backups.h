@@ -12,6 +12,7 @@
 
 #include "names/directory_name.h"
 #include "operations/operation_outcome.h"
+#include "platform/write_result.h"
 
 #include <cstdint>
 #include <string>
@@ -49,7 +50,7 @@ public:
     // The same without copies, for files and folders that move() will take one by one.
     Operation_outcome announce(const std::string& operation, const std::vector<std::string>& names);
     // Moves what the set was announced with out of its place, or back there. False when that cannot be.
-    bool move(const std::string& name) const;
+    platform::Write_result move(const std::string& name) const;
     bool move_back(const std::string& name) const;
 
     struct Change {

@@ -4,6 +4,7 @@
 #include "names/recycling.h"
 #include "platform/command_line.h"
 #include "platform/files.h"
+#include "platform/moving.h"
 #include "records/vv_file.h"
 
 #include <algorithm>
@@ -87,9 +88,12 @@ std::string delete_entry(const std::string& name, bool permanently, const Change
     const TESK::File_name entry(name.c_str());
     if (!platform::exists(name) && !platform::is_link(name))
         return {};
-    const bool is_deleted =
-        permanently && backups != nullptr ? backups->move(name) : entry.recycle(permanently);
-    return is_deleted ? std::string() : "It could not be deleted.";
+    if (permanently && backups != nullptr)
+        return backups->move(name).reason;
+    if (entry.recycle(permanently))
+        return {};
+    const std::string reason = platform::permission_to_remove(name).reason;
+    return "It could not be deleted." + (reason.empty() ? "" : ' ' + reason);
 }
 
 // Moves the files of the scenarios from one place of the list up to another to the trash. What stays is for

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 
@@ -64,6 +65,14 @@ Write_result move_entry(std::string_view from, std::string_view to) {
         entered.added(host_entry_of(target));
     }
     return write_result_from_errno(error);
+}
+
+Write_result permission_to_remove(std::string_view name) {
+    const std::string path = host_path(name);
+    if (path.empty())
+        return write_failure(Write_error::bad_name);
+    const bool may_write = faccessat(AT_FDCWD, host_folder_of(path).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return write_result_from_errno(may_write ? 0 : errno);
 }
 
 std::uint64_t bytes_below(std::string_view name) {

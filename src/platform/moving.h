@@ -13,6 +13,9 @@ namespace platform {
 // two names.
 Write_result move_entry(std::string_view from, std::string_view to);
 
+// Why the entry cannot be taken out of its folder, as far as the folder tells; ok where it lets that be.
+Write_result permission_to_remove(std::string_view name);
+
 // The bytes of a file, or of all files below a folder. Links count nothing and are not followed; what cannot
 // be read counts nothing.
 std::uint64_t bytes_below(std::string_view name);

@@ -49,7 +49,7 @@ TEST_F(Change_backups_test, an_undo_brings_everything_back_and_can_be_undone_aga
     put("run/x", "x");
     change();
     EXPECT_TRUE(backups.announce("deletion", {name("run"), name("never")}).ok());
-    EXPECT_TRUE(backups.move(name("run")));
+    EXPECT_TRUE(backups.move(name("run")).ok());
     ASSERT_EQ(backups.list().size(), 2U);
     EXPECT_EQ(backups.list()[1].operation, "reset");
     EXPECT_EQ(contents(), "A B N - ");

@@ -160,7 +160,10 @@ std::vector<std::string> choose_scenarios(Opened_project& project, const Scenari
         throw Command_failure(exit_misused, "Say which scenarios: their names, wildcards, or --all.");
     if (choice.all && !choice.patterns.empty())
         throw Command_failure(exit_misused, "Say either --all or which scenarios, not both.");
-    std::vector<std::string> scenarios = list_scenarios(project.folder_of(choice.folder()));
+    std::string failure;
+    std::vector<std::string> scenarios = list_scenarios(project.folder_of(choice.folder()), &failure);
+    if (!failure.empty())
+        throw Command_failure(exit_unreachable, failure);
     if (!choice.patterns.empty())
         scenarios = matching(scenarios, choice, project);
     if (!choice.states.empty()) {

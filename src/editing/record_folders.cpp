@@ -4,6 +4,7 @@
 #include "foundation/code_page_1252.h"
 #include "platform/files.h"
 #include "platform/listing.h"
+#include "toolkit/screen_language.h"
 
 #include <algorithm>
 
@@ -25,9 +26,12 @@ bool fits(const std::string& name, const std::string& masks) {
 }
 
 template <class Wanted>
-std::vector<Folder_entry> entries_of(const std::string& folder, Wanted wanted) {
+std::vector<Folder_entry> entries_of(const std::string& folder, platform::Write_result& result,
+                                     Wanted wanted) {
     const std::string name = record_text(folder);
-    auto found = platform::list_folder(name).entries;
+    platform::Folder_listing listing = platform::list_folder(name);
+    result = std::move(listing.result);
+    std::vector<platform::Folder_entry> found = std::move(listing.entries);
     std::erase_if(found, [&](const platform::Folder_entry& entry) { return !wanted(entry); });
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
         const int order = TESK::compare_ignoring_case(a.name, b.name);
@@ -45,13 +49,18 @@ std::vector<Folder_entry> entries_of(const std::string& folder, Wanted wanted) {
 
 std::vector<Folder_entry> Record_folders::files(const std::string& folder, const std::string& mask) {
     const std::string masks = record_text(mask);
-    return entries_of(folder, [&](const platform::Folder_entry& entry) {
+    platform::Write_result result;
+    auto entries = entries_of(folder, result, [&](const platform::Folder_entry& entry) {
         return !is_folder(entry) && fits(entry.name, masks);
     });
+    const bool is_whole = result.ok() || result.error == platform::Write_error::absent;
+    failure_ = is_whole ? "" : worded("The folder cannot be read: %1", folder) + ' ' + worded(result.reason);
+    return entries;
 }
 
 std::vector<Folder_entry> Record_folders::folders(const std::string& folder) {
-    return entries_of(folder, [](const platform::Folder_entry& entry) {
+    platform::Write_result result;
+    return entries_of(folder, result, [](const platform::Folder_entry& entry) {
         return is_folder(entry) && !entry.name.starts_with('.');
     });
 }

@@ -18,7 +18,7 @@ std::string folded(std::string text) {
 } // namespace
 
 Bulk_files::Bulk_files(const TESK::Directory_name& folder) : folder_(folder) {
-    for (std::string& name : list_scenarios(folder_))
+    for (std::string& name : list_scenarios(folder_, &failure_))
         present_.try_emplace(folded(name), std::move(name));
 }
 

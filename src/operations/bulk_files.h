@@ -14,6 +14,9 @@ public:
     // Looks what is in the folder, which need not be there.
     explicit Bulk_files(const TESK::Directory_name& folder);
 
+    // Why what is in the folder is not known; empty when it is.
+    const std::string& failure() const { return failure_; }
+
     // The full name of a scenario by its file name, as it will be or, in whatever case, is written.
     std::string full_name(const std::string& file_name) const;
     // Whether it is there already.
@@ -33,5 +36,6 @@ private:
 
     const TESK::Directory_name folder_;
     std::unordered_map<std::string, std::string> present_; // the names in the folder by those in lower case
+    std::string failure_;
     Change_backups* backups_ = nullptr;
 };

@@ -302,6 +302,7 @@ struct Generation {
             return;
         plan.count = family->count();
         files = std::make_unique<Bulk_files>(target_folder);
+        plan.refused = files->failure();
     }
 
     // The file names of the scenarios.

@@ -70,9 +70,14 @@ bool comes_before(std::string_view a, std::string_view b) {
     return a < b;
 }
 
-std::vector<std::string> list_scenarios(const TESK::Directory_name& folder) {
+std::vector<std::string> list_scenarios(const TESK::Directory_name& folder, std::string* failure) {
     std::vector<std::string> names;
-    for (const platform::Folder_entry& entry : platform::list_folder(folder, "*.tvn"))
+    const platform::Folder_listing listing = platform::list_folder(folder, "*.tvn");
+    if (failure != nullptr)
+        *failure = listing.ok() || listing.result.error == platform::Write_error::absent
+                       ? ""
+                       : "The folder cannot be read: " + folder + ". " + listing.result.reason;
+    for (const platform::Folder_entry& entry : listing)
         if ((entry.attributes & platform::attribute_directory) == 0)
             names.push_back(entry.name);
     // The point of the extension would come behind a blank.

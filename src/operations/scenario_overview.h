@@ -10,8 +10,9 @@
 #include <vector>
 
 // The file names of the scenarios in a folder, without it, in code page 1252 and in the order of
-// comes_before(). None when the folder is not there.
-std::vector<std::string> list_scenarios(const TESK::Directory_name& folder);
+// comes_before(). None when the folder is not there. `failure`, which may be null, is told why these are not
+// all; it becomes empty when they are.
+std::vector<std::string> list_scenarios(const TESK::Directory_name& folder, std::string* failure = nullptr);
 
 // The order in which people count: "plot 2" before "plot 10". Case does not count.
 bool comes_before(std::string_view a, std::string_view b);

@@ -183,8 +183,11 @@ Operation_outcome rename_scenario(Project_workspace& workspace, const TESK::File
     const Move moves[] = {names.file, names.folder};
     for (const Scenario_folder kind : {Scenario_folder::created, Scenario_folder::generated}) {
         const TESK::Directory_name& folder = workspace.scenarios_directory(kind, false);
-        for (const std::string& scenario : list_scenarios(folder))
+        std::string failure;
+        for (const std::string& scenario : list_scenarios(folder, &failure))
             rename_in_record(folder + '\\' + scenario, moves, outcome);
+        if (!failure.empty())
+            outcome.not_done.push_back({folder, failure});
     }
     rename_comparisons(workspace, names.name, outcome);
     if (rename_in_project(workspace.project_parameters, moves) && !workspace.host.save())

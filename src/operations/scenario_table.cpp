@@ -72,7 +72,7 @@ std::string describe_table_check(const Table_check& check) {
 Scenario_table::Scenario_table(Text_table table, const TESK::File_name& template_file,
                                const TESK::Directory_name& folder)
     : table_(std::move(table)), files_(folder) {
-    check_.refused = table_.failure;
+    check_.refused = table_.failure.empty() ? files_.failure() : table_.failure;
     if (check_.refused.empty() && table_.rows.size() < 2)
         check_.refused = "The table has no scenarios.";
     if (!check_.refused.empty())

@@ -1,5 +1,7 @@
 #include "toolkit/file_list_box.h"
 
+#include "toolkit/form.h"
+
 #include <algorithm>
 #include <unordered_map>
 
@@ -17,7 +19,21 @@ void TFileListBox::set_mask(const std::string& mask) {
 
 void TFileListBox::Update() {
     Folder_source* const source = source_ ? source_ : current_folder_source;
-    entries_ = source && !folder_.empty() ? source->files(folder_, mask_) : std::vector<Folder_entry>();
+    std::vector<Folder_entry> found;
+    std::string failure;
+    if (source && !folder_.empty()) {
+        found = source->files(folder_, mask_);
+        failure = source->failure();
+    }
+    if (!failure.empty()) {
+        if (TForm* const shown_on = form())
+            shown_on->notice(failure, Mark::exclamation);
+        if (folder_ == listed_folder_ && mask_ == listed_mask_)
+            return; // what stood there, with its ticks, is nearer to the truth
+    }
+    listed_folder_ = folder_;
+    listed_mask_ = mask_;
+    entries_ = std::move(found);
 
     std::unordered_map<std::string, int> before;
     for (int index = count() - 1; index >= 0; --index)

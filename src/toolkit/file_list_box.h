@@ -18,7 +18,7 @@ public:
     void set_source(Folder_source* source) { source_ = source; }
 
     // Reads the folder again. What was checked, selected or under the cursor still is, as far as it still
-    // exists under the same name. Nothing fires.
+    // exists under the same name; where the folder cannot be read, a notice says so. Nothing fires.
     void Update() override;
 
     // The whole name of a line's file; of a line added by hand, as if it stood in the folder.
@@ -35,6 +35,8 @@ private:
     std::string mask_ = "*.*";
     Folder_source* source_ = nullptr;
     std::vector<Folder_entry> entries_;
+    std::string listed_folder_; // what the entries are of
+    std::string listed_mask_;
 };
 
 class TFileCheckListBox : public TFileListBox {

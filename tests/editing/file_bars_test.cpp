@@ -4,10 +4,12 @@
 #include "editing/view_file_button.h"
 #include "names/typed_filenames.h"
 #include "platform/current_directory.h"
+#include "platform/file_writer.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
 #include "toolkit/headless_desktop.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 
 using TESK::Directory_name;
@@ -245,6 +247,21 @@ TEST_F(File_bars, a_list_shows_the_files_of_a_folder_that_fit_one_of_its_masks) 
     ASSERT_EQ(folders.folders("C:\\s").size(), 1U);
     EXPECT_EQ(folders.folders("C:\\s")[0].path, "C:\\s\\sub");
     EXPECT_TRUE(folders.files("C:\\gone", "*.*").empty());
+    EXPECT_EQ(folders.failure(), "");
+
+    // A disk that fails takes nothing away from the list.
+    auto& list = form.add<TFileCheckListBox>("list");
+    list.set_source(&folders);
+    list.set_folder("C:\\s");
+    list.set_checked(0, true);
+    std::string told;
+    form.on_notice = [&](const std::string& text, Mark) { told = text; };
+    platform::File_faults faults;
+    faults.fail(platform::Write_step::list, EIO);
+    list.Update();
+    EXPECT_EQ(told, "The folder cannot be read: C:\\s The disk has a fault.");
+    EXPECT_TRUE(list.count() == 4 && list.checked(0));
+    list.set_source(nullptr);
 }
 
 TEST_F(File_bars, the_gem_tells_whether_a_file_is_fresh) {

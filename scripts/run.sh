@@ -15,18 +15,16 @@ echo "Built in $bin: project_editor.exe, tvs_project, and suite_stand_in for the
 has_display() {
     [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]
 }
-# Of the log of a journey: a line for each step, with what it came to last, and whatever could not be done.
+# Of the log of a journey: a line for each step, with what came of it, and whatever could not be done.
 summarise() {
     awk -v width=118 '
         function tell() {
-            if (step != "") print substr(step (result == "" ? "" : ": " result), 1, width)
+            if (step != "") print substr("  " step (result == "" ? "" : ": " result), 1, width)
             step = result = ""
         }
-        /^(picture: |  asked)/ { next }
-        /^  came of it: no |^  .*(there is no|cannot be|has failed)/ { print substr($0, 1, width) }
-        /^  (came of it|to be run|started): / { sub(/^  [a-z ]*: /, ""); result = $0; next }
-        /^  / { next }
-        { tell(); step = $0 }
+        /^== / { tell(); step = substr($0, 4); next }
+        /^  came of it: no |^  (there is no line|.* cannot be pressed)/ { print substr("!" $0, 1, width) }
+        /^  (came of it|to be run): / { sub(/^  [a-z ]*: /, ""); sub(/C:\\Simulation\\Projects\\[^\\]*\\/, ""); result = $0 }
         END { tell() }'
 }
 # show pages|work PROGRAM PROJECT [TYPE]

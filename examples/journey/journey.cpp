@@ -92,7 +92,7 @@ private:
         return static_cast<Control&>(*found);
     }
     void step(const char* what) {
-        std::cout << what << '\n';
+        std::cout << "== " << what << '\n'; // so that it stands out from what the stand-ins say
         QApplication::processEvents();
     }
     void press(const char* name) {
@@ -270,8 +270,9 @@ private:
                           << runs.rows()->cell(row, 4).text << '\n';
             }
         press("runs_show_log_button");
-        const std::string log = control<TMemo>("run_log_memo").text();
-        std::cout << "  came of it: " << log.substr(0, log.find('\n')) << '\n';
+        std::string log = control<TMemo>("run_log_memo").text();
+        log.erase(log.find_last_not_of('\n') + 1);
+        std::cout << "  came of it: " << log.substr(log.rfind('\n') + 1) << '\n';
         if (!folder_.isEmpty())
             take("runs that have failed");
         press("runs_show_log_button");

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t most_on_view = 256 << 10; // of a log: its end
 constexpr int lines_of_sets = 5;
-constexpr int lines_of_log = 8;
+constexpr int lines_of_log = 5;
 constexpr int share_of_sets = 250; // of 1000, of the room for both tables
 
 TTable& add_table(TControl& parent, const char* name, std::vector<Table_column> columns, const char* empty,

@@ -244,16 +244,16 @@ BENCHMARK(read_twice_and_write_1000)->Unit(benchmark::kMillisecond)->UseRealTime
 // The names of as many scenarios as are reset, each of them one of a family: some values are its own.
 std::vector<std::string> make_settings_targets() {
     make_project();
-    const std::string text = scenario_text();
-    make_targets("\\settings\\", reset, text);
+    scenario_text();
+    make_targets("\\settings", 0, "");
+    Record_settings settings(TESK::File_name(template_name().c_str()));
     std::vector<std::string> names;
     for (int i = 1; i <= reset; ++i) {
-        names.push_back(numbered("\\settings\\", i));
-        Record_settings settings(TESK::File_name(names.back().c_str()));
         for (int layer = 1; layer <= 9; ++layer)
             settings.set("H2O." + std::to_string(layer), "0." + std::to_string(1000 + i * 7 % 3000 + layer));
         settings.set("scenario.description", "Wheat, plot " + std::to_string(i));
-        settings.save(platform::Durability::quick);
+        names.push_back(numbered("\\settings\\", i));
+        write(names.back(), settings.text());
     }
     return names;
 }

@@ -214,6 +214,22 @@ private:
         press("run_button");
         await(project_folder() + "\\Carbon_sequestration_optimization\\optimization.xeb");
         press("opt_C_seq_view_results");
+
+        step("The settings of four scenarios beside their template, one of them given to all");
+        check("created_scenarios_filelistbox", {first, second, third});
+        control<TCheckBox>("settings_template_checkbox").check();
+        give_to_all_scenarios("size", "21.5");
+    }
+
+    // Nothing of it is applied.
+    void give_to_all_scenarios(const std::string& key, const std::string& value) {
+        auto& table = control<TTable>("settings_table");
+        const int last = table.column_count() - 1;
+        for (int row = 0; row < table.count(); ++row)
+            if (table.rows()->cell(row, 0).text == key && table.edit_cell(row, last, value) &&
+                table.click_cell(row, last))
+                press("settings_give_to_all_button");
+        std::cout << "  " << static_cast<TLabel*>(form_->find("settings_count_label"))->text() << '\n';
     }
 
     // Copies of a scenario as another program leaves them; their names.

@@ -172,6 +172,8 @@ bool Setting::has_value_of(const Setting& other) const {
     case Entry_type::int32: return have_same<TESK::VV_int32_entry>(a, b);
     case Entry_type::float32: return have_same<TESK::VV_float32_entry>(a, b);
     case Entry_type::boolean: return have_same<TESK::VV_bool_entry>(a, b);
+    case Entry_type::enumeration:
+        return as<TESK::VV_enum_entry>(a).value.get_int32() == as<TESK::VV_enum_entry>(b).value.get_int32();
     case Entry_type::string: return have_same<TESK::VV_string_entry>(a, b);
     case Entry_type::file_name: return have_same<TESK::VV_filename_entry>(a, b);
     case Entry_type::date:

@@ -18,6 +18,16 @@ public:
     Ustring text;
 };
 
+namespace {
+
+// A unit as a file spells it.
+struct Unit_as_read {
+    std::string text;
+    std::uint32_t code = 0; // what it is read as
+};
+
+} // namespace
+
 class Data_record::Units_code_item : public Enumeration {
 public:
     Units_code_item(std::string where, std::uint32_t code) : place(std::move(where)), units(code) {}
@@ -25,7 +35,7 @@ public:
 
     const std::string place;
     Units_clad units;
-    std::optional<std::string> as_read;
+    std::optional<Unit_as_read> as_read;
 };
 
 namespace {
@@ -34,22 +44,23 @@ namespace {
 // that no table holds, belong to the numbers beside it.
 class Units_line_entry : public VV_units_entry {
 public:
-    Units_line_entry(std::string_view entry_key, Units_clad& field, std::optional<std::string>& as_read)
+    Units_line_entry(std::string_view entry_key, Units_clad& field, std::optional<Unit_as_read>& as_read)
         : VV_units_entry(entry_key, field), as_read_(as_read) {}
     using VV_units_entry::set_value;
     bool set_value(const Ustring& text) override {
-        as_read_ = text;
-        return VV_units_entry::set_value(text.c_str());
+        VV_units_entry::set_value(text.c_str());
+        as_read_ = {text, value.code};
+        return true;
     }
     void append_value(std::string& text) const override {
-        if (as_read_ && Units_clad::parse_label(as_read_->c_str()) == value.code)
-            text += *as_read_;
+        if (as_read_ && as_read_->code == value.code)
+            text += as_read_->text;
         else
             VV_units_entry::append_value(text);
     }
 
 private:
-    std::optional<std::string>& as_read_;
+    std::optional<Unit_as_read>& as_read_;
 };
 
 } // namespace

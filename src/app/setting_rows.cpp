@@ -48,7 +48,8 @@ std::string name_of(const std::string& file) {
 } // namespace
 
 std::vector<Table_column> Setting_rows::columns() {
-    return {{"key", "Key", 22, Align::start, true, false},
+    // The key stands before each row, too: the column is for who copies it.
+    return {{"key", "Key", 22, Align::start, false, false},
             {"caption", "Meaning", 16, Align::start, true, false},
             {"unit", "Unit", 6, Align::start, true, false},
             {"range", "Range", 14, Align::start, true, false},

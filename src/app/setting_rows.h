@@ -50,6 +50,7 @@ public:
     int count() const override { return static_cast<int>(shown_.size()); }
     Table_cell cell(int row, int column) const override;
     std::string hint(int row, int column) const override;
+    Table_cell row_header(int row) const override { return cell(row, key_column); }
     std::optional<Cell_editor> editor(int row, int column) const override;
     std::string set_text(int row, int column, const std::string& text) override;
 

@@ -58,6 +58,7 @@ Settings_page::Settings_page(TTilverra_project_form& project_form)
     settings_progress_note.set_text_is_data(true);
     settings_progress_note.set_visible(false);
     settings_progressbar.set_visible(false);
+    settings_table.set_has_row_headers(true);
     settings_table.set_columns(Setting_rows::columns());
     settings_table.set_text("There is no active scenario, and none is ticked, or nothing passes the filter.");
     settings_table.set_rows(&rows_);

@@ -135,7 +135,9 @@ QIcon Table_model::icon_of(const Picture& picture) const {
 }
 
 QVariant Table_model::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (!table_ || orientation != Qt::Horizontal || section >= table_->column_count())
+    if (orientation == Qt::Vertical)
+        return row_header(section, role);
+    if (!table_ || section >= table_->column_count())
         return {};
     const Table_column& column = table_->columns()[static_cast<std::size_t>(section)];
     switch (role) {
@@ -144,6 +146,20 @@ QVariant Table_model::headerData(int section, Qt::Orientation orientation, int r
                (column.align == Align::end ? QString(en_space) : QString());
     case Qt::ToolTipRole: return to_qt(column.hint);
     case Qt::TextAlignmentRole: return static_cast<int>(alignment_of(column.align));
+    default: return {};
+    }
+}
+
+QVariant Table_model::row_header(int row, int role) const {
+    if (!table_ || !table_->has_row_headers() || !table_->rows() || row >= table_->rows()->count())
+        return {};
+    const Table_cell cell = table_->rows()->row_header(row);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole: return to_qt(cell.text);
+    case Qt::AccessibleTextRole: return spoken(cell);
+    case Qt::DecorationRole: return cell.picture.shape == Shape::none ? QVariant() : icon_of(cell.picture);
+    case Qt::FontRole: return cell.strong ? strong_font() : view_.font();
     default: return {};
     }
 }
@@ -236,6 +252,16 @@ Table_widget::Table_widget(QWidget* parent) : QTableView(parent) {
 void Table_widget::set_delegate(Cell_delegate* delegate) {
     delegate_ = delegate;
     setItemDelegate(delegate);
+}
+
+void Table_widget::show_row_headers() {
+    constexpr int most_characters = 28;
+    QHeaderView& header = *verticalHeader();
+    header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header.setTextElideMode(Qt::ElideRight);
+    header.setMaximumWidth(most_characters * fontMetrics().averageCharWidth());
+    header.setHighlightSections(false);
+    header.show();
 }
 
 void Table_widget::set_empty_text(const QString& text) {

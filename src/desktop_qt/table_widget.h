@@ -27,6 +27,7 @@ public:
 
 private:
     QVariant tick(int row) const;
+    QVariant row_header(int row, int role) const;
     QFont strong_font() const;
     QIcon icon_of(const Picture& picture) const;
 
@@ -74,6 +75,7 @@ public:
     std::function<void()> on_header_menu;
 
     void set_delegate(Cell_delegate* delegate);
+    void show_row_headers();
     void set_empty_text(const QString& text);
 
 protected:

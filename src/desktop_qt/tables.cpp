@@ -18,6 +18,8 @@ public:
         widget().setSelectionBehavior(rows ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
         widget().setSelectionMode(rows ? QAbstractItemView::ExtendedSelection
                                        : QAbstractItemView::ContiguousSelection);
+        if (this->control().has_row_headers())
+            widget().show_row_headers();
         connect_actions();
     }
 

@@ -39,6 +39,8 @@ public:
     virtual int count() const = 0;
     virtual Table_cell cell(int row, int column) const = 0;
     virtual std::string hint(int, int) const { return {}; }
+    // What stands before a row wherever the table is scrolled to, where the table has that.
+    virtual Table_cell row_header(int) const { return {}; }
 
     // For tables with ticks.
     virtual bool ticked(int) const { return false; }
@@ -89,6 +91,9 @@ public:
     int count() const { return count_; }
     Selects selects() const { return selects_; }
     bool has_ticks() const { return has_ticks_; }
+    // To be set before the table is shown.
+    void set_has_row_headers(bool has) { has_row_headers_ = has; }
+    bool has_row_headers() const { return has_row_headers_; }
 
     // Captions are the program's, and may be translated like those of other controls.
     const std::vector<Table_column>& columns() const { return columns_; }
@@ -195,6 +200,7 @@ private:
 
     Selects selects_;
     bool has_ticks_;
+    bool has_row_headers_ = false;
     Table_rows* rows_ = nullptr;
     int count_ = 0;
     std::vector<Table_column> columns_;

@@ -117,6 +117,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
         project_type.set_label(arguments[2].c_str());
     forms.project_form.menu.set_program(program_file_name);
     forms.project_form.map.set_reader(services.polygons);
+    forms.project_form.options.set_table_reader(services.tables);
     forms.project_form.bind(project_parameters, project_type.get(), forms.parameter_file_form);
     project_file_name.qualify_in_root();
     forms.parameter_file_form.set_web_documentation(suite_web_address().c_str(), suite_directory->c_str());

@@ -4,6 +4,7 @@
 
 #include "operations/file_transfer_client.h"
 #include "operations/polygon_reader.h"
+#include "operations/table_reader.h"
 #include "toolkit/desktop.h"
 
 #include <functional>
@@ -20,6 +21,8 @@ struct Program_services {
     File_transfer_client* file_transfer = nullptr;
     // Null for none; then no map is shown.
     Polygon_reader* polygons = nullptr;
+    // Null for none; then no scenarios are made from tables.
+    Table_reader* tables = nullptr;
 };
 
 // Runs the program from its start to its end. The arguments are as the host gives them: the program's own

@@ -1,16 +1,27 @@
 #include "app/options_page.h"
 
+#include "app/line_progress.h"
+#include "app/scenario_table_form.h"
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_generator.h"
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
+#include <algorithm>
 #include <iostream>
+#include <limits>
 
 namespace {
 
 constexpr const char* usual_template_caption = "Template scenario";
 constexpr const char* usual_template_note = "A scenario to be used as a template to generate scenarios.";
+
+// Says what a generation would do, and asks whether it is to be begun.
+bool may_generate(const Generation_plan& plan) {
+    return message_box(worded("Scenarios that will be generated: %1", std::to_string(plan.count)) + '\n' +
+                           worded("Scenarios that will be replaced: %1", std::to_string(plan.replaced.size())),
+                       "Combinatorial scenario generation", Button_set::ok_cancel) == Modal_result::ok;
+}
 
 } // namespace
 
@@ -34,6 +45,10 @@ Options_page::Options_page(TTilverra_project_form& project_form)
       combinatorial_scenario_generation_help_button(
           add_button(*combinatorial_scenario_generation_button.parent(),
                      "combinatorial_scenario_generation_help_button", "Help")),
+      table_scenario_generation_button(add_button(
+          *combinatorial_scenario_generation_button.parent(), "table_scenario_generation_button",
+          "Scenarios from a table...",
+          "Make a scenario of each row of a table, from the template: of a CSV file or a spreadsheet.")),
       simulation_model_filebar(model_tabsheet.add<TAutoFileEditBar>("simulation_model_filebar")),
       show_GIS_button(
           add_row(model_tabsheet, "panel_project_type").add<TSpeedButton>("show_GIS_button", "GIS")),
@@ -49,7 +64,14 @@ Options_page::Options_page(TTilverra_project_form& project_form)
     wire();
 }
 
+void Options_page::set_table_reader(Table_reader* reader) {
+    table_reader_ = reader;
+    table_scenario_generation_button.set_visible(reader != nullptr);
+}
+
 void Options_page::wire() {
+    table_scenario_generation_button.set_visible(false);
+    table_scenario_generation_button.on_click = [this] { table_scenario_generation_buttonClick(); };
     show_GIS_button.on_click = [this] { show_GIS_buttonClick(); };
     show_optimization_model_button.on_click = [this] { show_optimization_model_buttonClick(); };
     STATSGO_directory_edit.on_change = [this] { STATSGO_directory_edit_onchange(); };
@@ -123,38 +145,78 @@ void Options_page::STATSGO_directory_edit_onchange() {
     form.GIS.STATSGO_tabsheetShow();
 }
 
-void Options_page::combinatorial_scenario_generation_buttonClick() {
-    if (!has_project() || !workspace().need_project_directory())
-        return;
-    std::optional<Change_backups> backups;
-    if (!prepare_backups(plan_generation(record(), *workspace().project_directory).replaced, backups))
-        return;
+// Where generated scenarios are seen to appear.
+void Options_page::show_generated() {
     Scenario_lists& lists = form.scenarios.lists;
     lists.tabsheet_generated_scenarios.set_visible(true);
     lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
     form.project_pagecontrol.set_active_page(form.scenarios.scenarios_tabsheet);
     lists.pagecontrol_scenarios.set_active_page(lists.tabsheet_generated_scenarios);
     lists.set_current_list();
-    TFileCheckListBox& list = lists.generated_scenarios_filelistbox;
-    const Operation_outcome outcome =
-        generate_scenarios(record(), *workspace().project_directory, pointer_to(backups), std::cout,
-                           [&list](const std::string& file_name) {
-                               list.add_line(screen_text(file_name));
-                               list.show_line(list.count() - 1);
-                               return paint_pending();
-                           });
+}
+
+// Lists the scenarios anew, and tells what failed or was not done any more.
+void Options_page::tell_outcome(const Operation_outcome& outcome) {
     workspace().enter_project_folder();
     form.show_hide();
-    lists.relist_scenarios_button_onclick();
+    form.scenarios.lists.relist_scenarios_button_onclick();
     show_failures(outcome, outcome.refused.empty() ? "Scenarios not generated" : "No scenarios generated");
     if (outcome.stopped)
         message_box(worded("The generation was stopped. Scenarios generated until then: %1",
                            std::to_string(outcome.done)),
                     "Generation stopped", Button_set::ok);
+}
+
+void Options_page::combinatorial_scenario_generation_buttonClick() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    const Generation_plan plan = plan_generation(record(), *workspace().project_directory);
+    std::optional<Change_backups> backups;
+    if ((plan.refused.empty() && !may_generate(plan)) || !prepare_backups(plan.replaced, backups))
+        return;
+    show_generated();
+    TFileCheckListBox& list = form.scenarios.lists.generated_scenarios_filelistbox;
+    Operation_outcome outcome;
+    {
+        const std::size_t total = std::min<std::uint64_t>(plan.count, std::numeric_limits<int>::max());
+        Line_progress progress(form.scenarios, total);
+        std::size_t number = 0;
+        outcome = generate_scenarios(record(), *workspace().project_directory, pointer_to(backups), std::cout,
+                                     [&](const std::string& file_name) {
+                                         list.add_line(screen_text(file_name));
+                                         list.show_line(list.count() - 1);
+                                         progress.show(++number, total, file_name);
+                                         progress.step();
+                                         return progress.goes_on();
+                                     });
+    }
+    tell_outcome(outcome);
     if (outcome.stopped || !outcome.refused.empty())
         return;
     message_box("The generated scenarios are found under /Simulation scenarios\\ [Generated scenarios]",
                 "Scenarios have been generated", Button_set::ok);
+}
+
+void Options_page::table_scenario_generation_buttonClick() {
+    if (!has_project() || table_reader_ == nullptr || !workspace().need_project_directory())
+        return;
+    workspace().enter_project_folder();
+    TESK::File_name template_file(record().template_scenario);
+    template_file.qualify();
+    Tscenario_table_form asks(*table_reader_, template_file,
+                              workspace().scenarios_directory(Scenario_folder::generated, false));
+    asks.prepare_backups = [this](const std::vector<std::string>& files,
+                                  std::optional<Change_backups>& backups) {
+        return prepare_backups(files, backups);
+    };
+    if (asks.show_modal() != Modal_result::ok)
+        return;
+    show_generated();
+    const Operation_outcome& outcome = asks.outcome();
+    tell_outcome(outcome);
+    if (outcome.refused.empty() && !outcome.stopped)
+        message_box(worded("Scenarios generated: %1", std::to_string(outcome.done)),
+                    "Scenarios from a table", Button_set::ok);
 }
 
 void Options_page::combinatorial_scenario_generation_help_buttonClick() {

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "app/project_page.h"
+#include "operations/table_reader.h"
 #include "toolkit/edit.h"
 
 class Options_page : public Project_page {
 public:
     explicit Options_page(TTilverra_project_form& project_form);
 
+    // What reads tables; null for none, and there is no button for them. Outlives the page.
+    void set_table_reader(Table_reader* reader);
     void bind();
     void Update();
     void show_hide();
@@ -16,6 +19,7 @@ public:
 
     void combinatorial_scenario_generation_buttonClick();
     void combinatorial_scenario_generation_help_buttonClick();
+    void table_scenario_generation_buttonClick();
     void show_GIS_buttonClick();
     void show_optimization_model_buttonClick();
     void STATSGO_directory_edit_onchange();
@@ -31,6 +35,7 @@ public:
     TGroupBox& panel_combinatorial_generation;
     TButton& combinatorial_scenario_generation_button;
     TButton& combinatorial_scenario_generation_help_button;
+    TButton& table_scenario_generation_button;
 
     TAutoFileEditBar& simulation_model_filebar;
     TSpeedButton& show_GIS_button;
@@ -42,4 +47,8 @@ public:
 private:
     void wire();
     void show_hide_type_buttons();
+    void show_generated();
+    void tell_outcome(const Operation_outcome& outcome);
+
+    Table_reader* table_reader_ = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_comparison.h"
+#include "toolkit/screen_language.h"
 
 namespace {
 
@@ -107,4 +108,39 @@ void Scenario_analysis_page::button_compare_other_scenarioClick() {
     if (compare_with(record_text(form.TVN_filedialog.file_name), active_has_output))
         form.comparisons.list_again();
     form.project_pagecontrol.set_active_page(form.comparisons.tabsheet_scenario_comparison);
+}
+
+void Scenario_analysis_page::compare_line() {
+    Scenario_lists& lists = form.scenarios.lists;
+    if (!has_project() || lists.current().item_index() < 0 || !workspace().need_project_directory())
+        return;
+    const std::string file = lists.scenario_of_line(lists.current().item_index());
+    const std::vector<int> others = lists.current_table().lines_beside_cursor();
+    form.forget_cancellation();
+    Line_progress progress(form.scenarios, others.size());
+    std::size_t number = 0;
+    std::size_t compared = 0;
+    for (const int other : others) {
+        progress.show(++number, others.size(), record_text(lists.current().line(other).text));
+        const Comparison_outcome outcome =
+            compare_scenarios(workspace(), file, lists.scenario_of_line(other));
+        if (outcome == Comparison_outcome::no_output) {
+            form.parameter_file_form().notice(
+                worded("This scenario does not have any output.  First run the simulation"),
+                Mark::exclamation);
+            return;
+        }
+        compared += outcome == Comparison_outcome::skipped ? 0 : 1;
+        progress.step();
+        if (form.was_cancelled() || !progress.goes_on())
+            break;
+    }
+    if (compared > 0) {
+        form.comparisons.list_again();
+        form.project_pagecontrol.set_active_page(form.comparisons.tabsheet_scenario_comparison);
+    }
+    std::string told = worded("Scenarios compared: %1", std::to_string(compared));
+    if (number > compared)
+        told += "; " + worded("without output: %1", std::to_string(number - compared));
+    form.parameter_file_form().notice(told, number > compared ? Mark::exclamation : Mark::none);
 }

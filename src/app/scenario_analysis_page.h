@@ -12,6 +12,9 @@ public:
 
     void button_compare_project_scenariosClick();
     void button_compare_other_scenarioClick();
+    // Compares the scenario of the line under the cursor, of either list, with those that are checked beside
+    // it or, where none is, selected. The marks stay.
+    void compare_line();
 
     TTabSheet& scenario_analysis_tabsheet;
     TButton& button_compare_project_scenarios;

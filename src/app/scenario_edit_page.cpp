@@ -130,10 +130,12 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
 }
 
 void Scenario_edit_page::scenario_delete_button_onclick() {
-    if (!has_project())
-        return;
+    if (has_project())
+        ask_and_delete(form.scenarios.lists.checked_files());
+}
+
+void Scenario_edit_page::ask_and_delete(const std::vector<std::string>& files) {
     Scenario_lists& lists = form.scenarios.lists;
-    const std::vector<std::string> checked = lists.checked_files();
     const bool has_folder = workspace().ensure_project_directory();
     workspace().enter_project_folder();
     const TVN_filename& active = record().active_scenario;
@@ -142,15 +144,15 @@ void Scenario_edit_page::scenario_delete_button_onclick() {
     Deletion_plan plan;
     if (has_folder) {
         const Busy_pointer busy;
-        plan = plan_deletion(workspace().scenarios_directory(lists.current_folder(), false), checked);
+        plan = plan_deletion(workspace().scenarios_directory(lists.current_folder(), false), files);
     }
     const Deletion_answer answer = ask_to_delete(plan, active_file);
     if (answer == Deletion_answer::keep || !workspace().need_project_directory())
         return;
     const bool permanently = answer == Deletion_answer::for_good;
     Operation_outcome outcome;
-    if (!checked.empty())
-        outcome = delete_checked(checked, permanently);
+    if (!files.empty())
+        outcome = delete_listed(files, permanently);
     else if (!active_file.empty() &&
              (!workspace().active_scenario_is_outside() || may_delete_outside(active_file)))
         // The folder of the active scenario stays.
@@ -173,23 +175,23 @@ Operation_outcome Scenario_edit_page::delete_active(bool permanently) {
     return delete_scenario_file(active, permanently, pointer_to(backups));
 }
 
-Operation_outcome Scenario_edit_page::delete_checked(const std::vector<std::string>& checked,
-                                                     bool permanently) {
+Operation_outcome Scenario_edit_page::delete_listed(const std::vector<std::string>& listed,
+                                                    bool permanently) {
     Scenario_lists& lists = form.scenarios.lists;
     const TESK::Directory_name folder = workspace().scenarios_directory(lists.current_folder(), false);
     std::vector<std::string> files;
-    for (std::size_t i = 0; permanently && i < checked.size(); ++i)
-        for (const std::string& file : files_of_scenario(folder, checked[i]))
+    for (std::size_t i = 0; permanently && i < listed.size(); ++i)
+        for (const std::string& file : files_of_scenario(folder, listed[i]))
             files.push_back(file);
     std::optional<Change_backups> backups;
     if (!prepare_backups(files, backups))
         return {};
     const Busy_pointer busy;
-    Line_progress progress(form.scenarios, checked.size());
+    Line_progress progress(form.scenarios, listed.size());
     return delete_scenarios(
-        folder, checked, permanently, pointer_to(backups), [&](std::size_t done, std::size_t total) {
-            lists.current().set_item_index(lists.current().index_of(screen_text(checked[done])));
-            progress.show(done + 1, total, checked[done]);
+        folder, listed, permanently, pointer_to(backups), [&](std::size_t done, std::size_t total) {
+            lists.current().set_item_index(lists.current().index_of(screen_text(listed[done])));
+            progress.show(done + 1, total, listed[done]);
             progress.step();
             return progress.goes_on();
         });

@@ -17,6 +17,9 @@ public:
     void scenario_open_other_onclick();
     void scenario_open_SIM_onclick();
     void scenario_delete_button_onclick();
+    // Asks what is to become of these scenarios of the list in front, and deletes them; of none, the active
+    // scenario.
+    void ask_and_delete(const std::vector<std::string>& files);
     void parameter_database_onclick();
     void open_master_database();
     void open_project_database();
@@ -38,5 +41,5 @@ public:
 private:
     void wire();
     Operation_outcome delete_active(bool permanently);
-    Operation_outcome delete_checked(const std::vector<std::string>& checked, bool permanently);
+    Operation_outcome delete_listed(const std::vector<std::string>& listed, bool permanently);
 };

@@ -287,6 +287,20 @@ void Scenario_list_table::follow_cursor() {
     table.set_cursor(row, row < 0 ? -1 : std::max(table.cursor_column(), 0));
 }
 
+std::vector<int> Scenario_list_table::lines_beside_cursor() const {
+    const int cursor = list.item_index();
+    std::vector<int> lines;
+    for (int line = 0; line < list.count(); ++line)
+        if (line != cursor && list.checked(line))
+            lines.push_back(line);
+    if (lines.empty())
+        for (const Row_range& range : table.selected_rows())
+            for (int row = range.first; row <= range.last; ++row)
+                if (line_of(row) != cursor)
+                    lines.push_back(line_of(row));
+    return lines;
+}
+
 int Scenario_list_table::ticked_out_of_sight() const {
     int count = 0;
     for (int line = 0; line < list.count(); ++line)

@@ -45,6 +45,8 @@ public:
     std::function<void()> on_menu;
     std::function<void()> on_layout; // the user changed the columns or the order
 
+    // The lines that are ticked, without the one under the cursor; where none is, the selected ones.
+    std::vector<int> lines_beside_cursor() const;
     // How many lines the list has that the filter hides although they are ticked.
     int ticked_out_of_sight() const;
 

@@ -16,44 +16,68 @@ std::string Scenario_menu::file() const {
                                                                                : lists.scenario_of_line(line);
 }
 
+namespace {
+
+constexpr const char* dividing_line = "-";
+
+} // namespace
+
+struct Scenario_menu::Entry {
+    const char* text;
+    const char* key; // as key_name gives it
+    void (Scenario_menu::*act)();
+    const char* (Scenario_menu::*obstacle)() const = nullptr; // beside that there is no line
+};
+
 std::vector<Menu_item> Scenario_menu::items() {
-    const bool has_line = has_project() && form.scenarios.lists.current().item_index() >= 0;
-    const auto item = [&](const char* text, auto handler) {
-        Menu_item made;
-        made.text = text;
-        made.on_click = [this, handler] { handler(*this); };
-        made.enabled = has_line;
-        return made;
+    static constexpr Entry entries[] = {
+        {"&Open in the scenario editor", "Enter", &Scenario_menu::open_in_editor},
+        {"&Run beside the editor", "Ctrl+Enter", &Scenario_menu::run_beside},
+        {"&View output", "F3", &Scenario_menu::show_output},
+        {"Show its &files", "Ctrl+E", &Scenario_menu::show_files},
+        {dividing_line, "", nullptr},
+        {"Re&name...", "F2", &Scenario_menu::rename},
+        {"D&uplicate...", "Ctrl+D", &Scenario_menu::duplicate},
+        {"&Copy name", "Ctrl+Shift+C", &Scenario_menu::copy_name},
+        {"Co&mpare with the ticked scenarios", "Ctrl+M", &Scenario_menu::compare,
+         &Scenario_menu::why_not_compared},
+        {"&Settings", "Alt+Enter", &Scenario_menu::show_settings},
+        {dividing_line, "", nullptr},
+        {"&Tick all shown", "Ctrl+T", &Scenario_menu::tick_all_shown},
+        {"&Delete this scenario", "Ctrl+Del", &Scenario_menu::delete_scenario},
     };
-    Menu_item line;
-    line.text = "-";
-    std::vector<Menu_item> items = {
-        item("&Open in the scenario editor", [](Scenario_menu& menu) { menu.open_in_editor(); }),
-        item("&Run beside the editor", [](Scenario_menu& menu) { menu.run_beside(); }),
-        item("&View output", [](Scenario_menu& menu) { menu.show_output(); }),
-        item("Show its &files", [](Scenario_menu& menu) { menu.show_files(); }),
-        line,
-        item("Re&name...",
-             [](Scenario_menu& menu) {
-                 menu.give_name(rename_scenario, "Enter the new name of the scenario.",
-                                "Scenario not renamed");
-             }),
-        item("D&uplicate...",
-             [](Scenario_menu& menu) {
-                 menu.give_name(duplicate_scenario, "Enter the name of the scenario to create.",
-                                "Scenario not duplicated");
-             }),
-        item("&Copy name", [](Scenario_menu& menu) { menu.copy_name(); }),
-        item("Co&mpare project scenarios",
-             [](Scenario_menu& menu) {
-                 menu.form.scenarios.analysis.button_compare_project_scenariosClick();
-             }),
-        line,
-        item("&Tick all shown",
-             [](Scenario_menu& menu) { menu.form.scenarios.lists.current_table().tick_all_shown(); }),
-        item("&Delete",
-             [](Scenario_menu& menu) { menu.form.scenarios.edit.scenario_delete_button_onclick(); })};
+    std::vector<Menu_item> items;
+    for (const Entry& entry : entries) {
+        Menu_item& item = items.emplace_back();
+        item.text = entry.text;
+        if (entry.act == nullptr)
+            continue;
+        item.shortcut = entry.key;
+        item.on_click = [this, &entry] { (this->*entry.act)(); };
+        item.on_update = [this, &entry](Menu_item& shown) {
+            const bool has_line = has_project() && form.scenarios.lists.current().item_index() >= 0;
+            shown.hint = !has_line              ? "Choose a scenario in the list first."
+                         : entry.obstacle == nullptr ? ""
+                                                : (this->*entry.obstacle)();
+            shown.enabled = shown.hint.empty();
+        };
+    }
     return items;
+}
+
+bool Scenario_menu::press(const Key& key) {
+    const std::string name = key_name(key);
+    for (Menu_item& item : items()) {
+        if (!item.on_click || item.shortcut != name)
+            continue;
+        item.on_update(item);
+        if (item.enabled)
+            item.on_click();
+        else
+            form.parameter_file_form().notice(worded(item.hint), Mark::exclamation);
+        return true;
+    }
+    return false;
 }
 
 void Scenario_menu::popup() {
@@ -88,6 +112,41 @@ void Scenario_menu::show_files() {
     form.explore(folder.has_output() ? std::string(outputs)
                                      : std::string(workspace().scenarios_directory(
                                            form.scenarios.lists.current_folder(), false)));
+}
+
+void Scenario_menu::rename() {
+    give_name(rename_scenario, "Enter the new name of the scenario.", "Scenario not renamed");
+}
+
+void Scenario_menu::duplicate() {
+    give_name(duplicate_scenario, "Enter the name of the scenario to create.", "Scenario not duplicated");
+}
+
+const char* Scenario_menu::why_not_compared() const {
+    return form.scenarios.lists.current_table().lines_beside_cursor().empty()
+               ? "Tick the scenarios to compare it with first."
+               : "";
+}
+
+void Scenario_menu::compare() {
+    form.scenarios.analysis.compare_line();
+}
+
+void Scenario_menu::show_settings() {
+    form.settings.settings_tabsheet.bring_to_front();
+    if (form.settings.settings_discard_button.enabled())
+        form.parameter_file_form().notice(
+            worded("Changes that are not applied are shown. Apply or discard them first."),
+            Mark::exclamation);
+}
+
+void Scenario_menu::tick_all_shown() {
+    form.scenarios.lists.current_table().tick_all_shown();
+}
+
+void Scenario_menu::delete_scenario() {
+    Scenario_lists& lists = form.scenarios.lists;
+    form.scenarios.edit.ask_and_delete({record_text(lists.current().item_text())});
 }
 
 // Asks for a name, beginning with the one that the scenario has.

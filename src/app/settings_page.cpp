@@ -101,13 +101,16 @@ std::string Settings_page::template_file() const {
 // The active scenario, and behind it the ticked ones.
 std::vector<std::string> Settings_page::wanted_files() {
     std::vector<std::string> files;
-    if (workspace().active_scenario_exists()) {
+    Scenario_lists& lists = form.scenarios.lists;
+    // A generated scenario is never the active one.
+    if (lists.current_folder() == Scenario_folder::generated && lists.current().item_index() >= 0) {
+        files.push_back(lists.scenario_of_line(lists.current().item_index()));
+    } else if (workspace().active_scenario_exists()) {
         TESK::Smart_file_name active;
         active = std::string(record().active_scenario);
         active.qualify();
         files.push_back(active);
     }
-    Scenario_lists& lists = form.scenarios.lists;
     for (int line = 0; line < lists.current().count(); ++line) {
         if (!lists.current().checked(line))
             continue;

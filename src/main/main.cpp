@@ -5,6 +5,7 @@
 #include "main/host_functions.h"
 #include "maps_shapelib/shapelib_reader.h"
 #include "runs/run_supervisor.h"
+#include "table_csv/csv_table_reader.h"
 
 #include <QtWidgets/QApplication>
 
@@ -16,9 +17,11 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     Curl_file_transfer file_transfer;
     Shapelib_reader polygons;
+    Csv_table_reader tables;
     Program_services services;
     services.make_desktop = [] { return std::make_unique<Qt_desktop>(host_functions()); };
     services.file_transfer = &file_transfer;
     services.polygons = &polygons;
+    services.tables = &tables;
     return run_program({argv, argv + argc}, services, std::cerr);
 }

@@ -39,25 +39,30 @@ bool active_scenario_has_output(const Project_workspace& workspace) {
 }
 
 Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::string& other_scenario) {
-    const TESK::File_name active_file(workspace.project_parameters.active_scenario.c_str());
+    return compare_scenarios(workspace, workspace.project_parameters.active_scenario, other_scenario);
+}
+
+Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::string& scenario,
+                                     const std::string& other_scenario) {
+    const TESK::File_name file(scenario.c_str());
     const TESK::File_name other_file(other_scenario.c_str());
-    const std::string active_name = active_file.get_name(false);
+    const std::string name = file.get_name(false);
     const std::string other_name = other_file.get_name(false);
-    const Scenario_folders active(workspace, active_file);
-    if (!active.folder.has_output())
+    const Scenario_folders first(workspace, file);
+    if (!first.folder.has_output())
         return Comparison_outcome::no_output;
     const Scenario_folders other(workspace, other_file);
-    if (!other.folder.has_output() || other_name == active_name)
+    if (!other.folder.has_output() || other_name == name)
         return Comparison_outcome::skipped;
-    const Scenario_folders result(workspace, comparison_file(workspace, active_name + " vs " + other_name));
+    const Scenario_folders result(workspace, comparison_file(workspace, name + " vs " + other_name));
     bool all_started = true;
     for (const TESK::Smart_file_name Tilverra_scenario_directory::*output :
          {&Tilverra_scenario_directory::daily_xeb, &Tilverra_scenario_directory::season_xeb,
           &Tilverra_scenario_directory::annual_xeb, &Tilverra_scenario_directory::harvest_xeb}) {
-        if (!(active.folder.*output).exists() || !(other.folder.*output).exists())
+        if (!(first.folder.*output).exists() || !(other.folder.*output).exists())
             continue;
         all_started &= workspace.host.run(suite_directory->get_XEB_directory().get_compare_exe(),
-                                          platform::in_quotes(result.folder.*output), active.folder.*output,
+                                          platform::in_quotes(result.folder.*output), first.folder.*output,
                                           other.folder.*output, true, platform::normal_window);
         if (workspace.host.was_cancelled())
             break;

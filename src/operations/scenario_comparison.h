@@ -21,6 +21,10 @@ bool active_scenario_has_output(const Project_workspace& workspace);
 // far as both have them, one after the other.
 Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::string& other_scenario);
 
+// The same with a scenario of the project in place of the active one.
+Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::string& scenario,
+                                     const std::string& other_scenario);
+
 // The names of the project's comparisons. Needs a project directory.
 std::vector<std::string> list_comparisons(const Project_workspace& workspace);
 

@@ -17,6 +17,7 @@
 #include "platform/files.h"
 #include "platform/host_names.h"
 #include "runs/run_supervisor.h"
+#include "table_csv/csv_table_reader.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/edit.h"
@@ -27,6 +28,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -36,6 +38,7 @@
 
 namespace {
 
+constexpr const char* family = "name\tdescription\tH2O.1\ndry start\tDry start\t0.12\nwet start\t\t0.31\n";
 // The desktop of the journey: the window is drawn, and what a user would be asked is answered and printed.
 class Journey_desktop : public Qt_desktop {
 public:
@@ -74,6 +77,15 @@ public:
     bool run_file_dialog(TFileDialog& dialog) override {
         std::cout << "  asked for a file: " << dialog.title << '\n';
         return false;
+    }
+    // The dialog for a table takes the clipboard, and writes what can be written.
+    void run_modal(TForm& form) override {
+        QTimer::singleShot(0, [&] {
+            static_cast<TButton*>(form.find("paste_table_button"))->click();
+            if (!static_cast<TButton*>(form.find("write_scenarios_button"))->click())
+                form.close();
+        });
+        Qt_desktop::run_modal(form);
     }
     void minimise() override {}
     void restore() override {}
@@ -201,6 +213,9 @@ private:
         press("combinatorial_scenario_generation_button");
         auto& generated = control<TListBox>("generated_scenarios_filelistbox");
         std::cout << "  came of it: " << generated.count() << " scenarios\n";
+        step("Two scenarios from a table");
+        set_clipboard_text(family);
+        press("table_scenario_generation_button");
         control<TListBox>("created_scenarios_filelistbox");
         select("my own.tvn");
 
@@ -356,8 +371,10 @@ int open(const QString& folder, Journey_desktop::Work work, std::vector<std::str
     if (!folder.isEmpty())
         QDir().mkpath(folder);
     Shapelib_reader polygons;
+    Csv_table_reader tables;
     Program_services services;
     services.polygons = &polygons;
+    services.tables = &tables;
     services.make_desktop = [&] { return std::make_unique<Journey_desktop>(folder, work); };
     return run_program(arguments, services, std::cerr);
 }

@@ -4,6 +4,7 @@
 //
 // A picture is FOLDER/LANGUAGE_SIZE/PAGE.png. What a user would be asked is drawn and given up.
 #include "app/entry.h"
+#include "desktop_qt/menus.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/auto_calendar.h"
 #include "editing/recent_file_selector_form.h"
@@ -11,6 +12,8 @@
 #include "maps_shapelib/shapelib_reader.h"
 #include "names/typed_filenames.h"
 #include "page_walk.h"
+#include "table_csv/csv_table_reader.h"
+#include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/list_box.h"
 #include "toolkit/page_control.h"
@@ -37,6 +40,11 @@ struct Size {
 constexpr Size sizes[] = {{"small", 1024, 700}, {"large", 1680, 1050}};
 // Chosen as on the page of the languages.
 constexpr const char* languages[] = {"English", "Spanish", "Russian", "French"};
+
+// A table of scenarios in which something is found.
+constexpr const char* faulty_table = "name\tparameter_filenames.soil\tH2O.1\tsimulation.ending_date\n"
+                                     "dry start\tDatabase\\Soil\\silt loam.sil\t0.12\t\n"
+                                     "wet start\t\tmuch\t\nstony\t\t0.2\ttomorrow\nwet start\t\t0.3\t\n";
 
 QPalette dark_palette() {
     QPalette palette(QColor(45, 45, 48), QColor(45, 45, 48));
@@ -81,11 +89,23 @@ public:
         return Qt_desktop::message_box(message);
     }
     void run_modal(TForm& form) override {
+        if (auto* const paste = static_cast<TButton*>(form.find("paste_table_button"))) {
+            set_clipboard_text(faulty_table);
+            QTimer::singleShot(0, qApp, [paste] { paste->click(); });
+        }
         dismiss_later("dialog " + form.name());
         Qt_desktop::run_modal(form);
     }
     bool run_file_dialog(TFileDialog&) override { return false; }
-    Item_path choose(TPopupMenu&, int) override { return {}; }
+    Item_path choose(TPopupMenu& menu, int) override {
+        update_items(menu.items);
+        QMenu shown;
+        fill_menu(shown, menu.items);
+        shown.popup({0, 0});
+        QApplication::processEvents();
+        save(shown, "menu at the pointer");
+        return {};
+    }
     void start_timer(TTimer& timer) override {
         last_timer_ = &timer;
         Qt_desktop::start_timer(timer);
@@ -167,9 +187,13 @@ private:
                 save(menu, "menu " + std::to_string(bar->actions().indexOf(action)));
                 menu.close();
             }
-        for (const char* button : {"scenario_delete_button", "senerios_run_button", "reset_scenario_button",
-                                   "explore_file_button", "GIS_coverage_table_button"})
+        for (const char* button :
+             {"scenario_delete_button", "senerios_run_button", "reset_scenario_button", "explore_file_button",
+              "GIS_coverage_table_button", "table_scenario_generation_button",
+              "combinatorial_scenario_generation_button"})
             press(button);
+        if (auto* const table = reach<TTable>("created_scenarios_filelistbox_table"))
+            table->open_menu(0, 0);
         for (QWidget* other : QApplication::topLevelWidgets())
             if (other != &window && other->isVisible()) {
                 QApplication::processEvents();
@@ -208,8 +232,10 @@ int main(int argc, char** argv) {
         QApplication::setPalette(dark_palette());
     }
     Shapelib_reader polygons;
+    Csv_table_reader tables;
     Program_services services;
     services.polygons = &polygons;
+    services.tables = &tables;
     services.make_desktop = [&] { return std::make_unique<Pictures_desktop>(argv[2]); };
     return run_program({argv + 3, argv + argc}, services, std::cerr);
 }

@@ -420,7 +420,7 @@ void Scenario_list_table::set_layout(const std::string& layout) {
     std::istringstream words(layout);
     int sort = -1;
     std::string word;
-    if (!(words >> sort >> word) || sort >= table.column_count())
+    if (!(words >> sort >> word) || sort < 0 || sort >= table.column_count())
         return;
     table.set_sort(sort, word == "down");
     int column = -1;

@@ -7,6 +7,7 @@
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -24,7 +25,7 @@ enum Column { finding_column, row_column, column_column, reason_column };
 std::vector<Table_column> finding_columns() {
     return {{"finding", "Finding", 14, Align::start, true, false},
             {"row", "Row", 7, Align::end, true, false},
-            {"column", "Column", 22, Align::start, true, false},
+            {"column", "Column", 30, Align::start, true, false},
             {"reason", "What is found", 60, Align::start, true, false}};
 }
 
@@ -33,20 +34,27 @@ constexpr int least_height = 520;
 
 } // namespace
 
-// The faults of a check, then its doubts, then what it will replace.
+// The faults of a check by their rows, then its doubts, then what it will replace.
 class Tscenario_table_form::Findings : public Table_rows {
 public:
     // Null for none.
-    void show(const Table_check* check) { check_ = check; }
+    void show(const Table_check* check) {
+        check_ = check;
+        faults_.clear();
+        for (std::size_t i = 0; check != nullptr && i < check->faults.size(); ++i)
+            faults_.push_back(&check->faults[i]);
+        std::stable_sort(faults_.begin(), faults_.end(),
+                         [](const Table_fault* a, const Table_fault* b) { return a->row < b->row; });
+    }
 
     int count() const override {
-        return check_ == nullptr ? 0 : static_cast<int>(faults() + doubts() + check_->existing.size());
+        return check_ == nullptr ? 0 : static_cast<int>(faults_.size() + doubts() + check_->existing.size());
     }
     Table_cell cell(int row, int column) const override {
         auto place = static_cast<std::size_t>(row);
-        if (place < faults())
-            return cell_of(check_->faults[place], fault_sign, column);
-        place -= faults();
+        if (place < faults_.size())
+            return cell_of(*faults_[place], fault_sign, column);
+        place -= faults_.size();
         if (place < doubts())
             return cell_of(check_->doubts[place], doubt_sign, column);
         place -= doubts();
@@ -67,20 +75,19 @@ private:
         default: return {.text = worded(screen_text(fault.reason))};
         }
     }
-    std::size_t faults() const { return check_->faults.size(); }
     std::size_t doubts() const { return check_->doubts.size(); }
 
     const Table_check* check_ = nullptr;
+    std::vector<const Table_fault*> faults_;
 };
 
 Tscenario_table_form::Tscenario_table_form(Table_reader& reader, const TESK::File_name& template_file,
                                            const TESK::Directory_name& folder)
-    : TForm("scenario_table_form", "Scenarios from a table"),
-      choose_table_button([this]() -> TButton& {
+    : TForm("scenario_table_form", "Scenarios from a table"), choose_table_button([this]() -> TButton& {
           add_note(*this, "table_form_note",
                    "Each row makes a scenario from the template. The column \"name\" names it, "
                    "\"description\" describes it, and every other column is a setting such as "
-                   "\"simulation.soil\". An empty cell keeps the template's value.");
+                   "\"parameter_filenames.soil\". An empty cell keeps the template's value.");
           return add_button(add_row(*this, "panel_table_source"), "choose_table_button", "Choose a &file...",
                             "Read the table from a CSV file, as spreadsheets save it.");
       }()),
@@ -180,7 +187,7 @@ void Tscenario_table_form::show_check() {
     const Table_check* const check = table_ ? &table_->check() : nullptr;
     findings_->show(check);
     findings_table.rows_changed();
-    findings_table.set_text(check == nullptr    ? "No table has been chosen yet."
+    findings_table.set_text(check == nullptr     ? "No table has been chosen yet."
                             : check->may_write() ? "Nothing is wrong with the table."
                                                  : "");
     check_again_button.set_enabled(check != nullptr && !file_.empty());

@@ -21,6 +21,8 @@ public:
     std::string full_name(const std::string& file_name) const;
     // Whether it is there already.
     bool exists(const std::string& file_name) const;
+    // All that are there, by their file names in lower case.
+    const std::unordered_map<std::string, std::string>& present() const { return present_; }
 
     // Makes the folder and, with `backups`, which may be null, begins the set of the operation that will
     // write these scenarios. Gives why that cannot be; nothing when it can.

@@ -12,7 +12,9 @@
 #include "records/vv_file.h"
 
 #include <array>
+#include <charconv>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -323,10 +325,18 @@ struct Generation {
 Generation_plan plan_generation(const Tilverra_project_editor_parameters& project,
                                 Tilverra_project_directory& project_directory) {
     Generation generation(project, project_directory);
-    if (generation.plan.refused.empty())
-        for (const std::string& number : generation.numbers())
-            if (generation.files->exists(number))
-                generation.plan.replaced.push_back(generation.files->full_name(number));
+    if (!generation.plan.refused.empty())
+        return std::move(generation.plan);
+    // What is there is looked through, not what will be: that may be any number.
+    std::map<std::uint32_t, std::string> replaced;
+    for (const auto& [folded, name] : generation.files->present()) {
+        std::uint32_t number = 0;
+        std::from_chars(folded.data(), folded.data() + folded.size(), number);
+        if (number > 0 && number <= generation.plan.count && scenario_number(number) == folded)
+            replaced[number] = generation.files->full_name(name);
+    }
+    for (auto& [number, name] : replaced)
+        generation.plan.replaced.push_back(std::move(name));
     return std::move(generation.plan);
 }
 

@@ -3,6 +3,7 @@
 #include "app/database_editor_form.h"
 #include "app/file_manager_form.h"
 #include "app/new_name_form.h"
+#include "app/scenario_table_form.h"
 #include "editing/auto_calendar.h"
 #include "toolkit/check_box.h"
 #include "toolkit/mnemonics.h"
@@ -96,6 +97,11 @@ TEST_F(Form_translation, reaches_every_caption_and_hint_of_the_dialogs) {
     expect_all_told(new_name);
     Tdatabase_editor_form databases(nullptr);
     expect_all_told(databases);
+    struct No_reader : Table_reader {
+        Text_table read(std::string_view) override { return {}; }
+    } reader;
+    Tscenario_table_form from_table(reader, TESK::File_name(""), TESK::Directory_name(""));
+    expect_all_told(from_table);
     TFile_manager_form manager{TVN_filename("noname")};
     expect_all_told(manager);
 }

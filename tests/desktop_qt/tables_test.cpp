@@ -108,6 +108,30 @@ TEST_F(Table_views, rows_are_selected_and_ticked_by_mouse_and_keyboard) {
     EXPECT_TRUE(view.selectionModel()->isRowSelected(5));
 }
 
+TEST_F(Table_views, the_owner_sees_keys_on_a_line_before_the_table_uses_them_itself) {
+    auto& table = form_.add<TTable>("table", TTable::Selects::rows, true);
+    table.on_key = [&](const Key& key) {
+        const std::string name = key_name(key);
+        log_ += name.ends_with('+') ? "" : name + ' '; // not of Ctrl and its like alone
+        return true;
+    };
+    fill(table);
+    QTableView& view = widget<QTableView>(table);
+    click(view, 3, 1);
+    for (const auto& [key, modifiers] : std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifiers>>{
+             {Qt::Key_Return, Qt::NoModifier},
+             {Qt::Key_Return, Qt::ControlModifier},
+             {Qt::Key_Return, Qt::AltModifier},
+             {Qt::Key_F2, Qt::NoModifier},
+             {Qt::Key_F3, Qt::NoModifier},
+             {Qt::Key_D, Qt::ControlModifier},
+             {Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier},
+             {Qt::Key_Delete, Qt::ControlModifier},
+             {Qt::Key_Delete, Qt::NoModifier}})
+        QTest::keyClick(&view, key, modifiers);
+    EXPECT_EQ(log_, "Enter Ctrl+Enter Alt+Enter F2 F3 Ctrl+D Ctrl+Shift+C Ctrl+Del Del ");
+}
+
 TEST_F(Table_views, cells_are_edited_in_place_and_a_refusal_is_told) {
     auto& table = form_.add<TTable>("table", TTable::Selects::cells);
     auto& status = form_.add<TStatusLine>("status");

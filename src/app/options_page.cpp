@@ -18,9 +18,10 @@ constexpr const char* usual_template_note = "A scenario to be used as a template
 
 // Says what a generation would do, and asks whether it is to be begun.
 bool may_generate(const Generation_plan& plan) {
-    return message_box(worded("Scenarios that will be generated: %1", std::to_string(plan.count)) + '\n' +
-                           worded("Scenarios that will be replaced: %1", std::to_string(plan.replaced.size())),
-                       "Combinatorial scenario generation", Button_set::ok_cancel) == Modal_result::ok;
+    return message_box(
+               worded("Scenarios that will be generated: %1", std::to_string(plan.count)) + '\n' +
+                   worded("Scenarios that will be replaced: %1", std::to_string(plan.replaced.size())),
+               "Combinatorial scenario generation", Button_set::ok_cancel) == Modal_result::ok;
 }
 
 } // namespace
@@ -215,8 +216,8 @@ void Options_page::table_scenario_generation_buttonClick() {
     const Operation_outcome& outcome = asks.outcome();
     tell_outcome(outcome);
     if (outcome.refused.empty() && !outcome.stopped)
-        message_box(worded("Scenarios generated: %1", std::to_string(outcome.done)),
-                    "Scenarios from a table", Button_set::ok);
+        message_box(worded("Scenarios generated: %1", std::to_string(outcome.done)), "Scenarios from a table",
+                    Button_set::ok);
 }
 
 void Options_page::combinatorial_scenario_generation_help_buttonClick() {

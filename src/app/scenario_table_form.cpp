@@ -29,7 +29,7 @@ std::vector<Table_column> finding_columns() {
             {"reason", "What is found", 60, Align::start, true, false}};
 }
 
-constexpr int least_width = 860;
+constexpr int least_width = 960;
 constexpr int least_height = 520;
 
 } // namespace

@@ -55,11 +55,18 @@ QStringList name_filters(const TFileDialog& asked) {
     return filters;
 }
 
+// The window that a dialog belongs to. The active one may be a dialog that is hidden already, and goes, with
+// what belongs to it, as soon as Qt comes round to it.
+QWidget* holder_of_dialog() {
+    QWidget* const active = QApplication::activeWindow();
+    return active && active->isVisible() ? active : nullptr;
+}
+
 } // namespace
 
 Modal_result Qt_desktop::message_box(const Message& message) {
     const Usual_pointer usual;
-    QWidget* const parent = QApplication::activeWindow();
+    QWidget* const parent = holder_of_dialog();
     QMessageBox box(parent);
     box.setIcon(icon_of(message.buttons));
     box.setTextFormat(Qt::PlainText);
@@ -84,7 +91,7 @@ Modal_result Qt_desktop::message_box(const Message& message) {
 
 bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
     const Usual_pointer usual;
-    QFileDialog dialog(QApplication::activeWindow(), to_qt(asked.title));
+    QFileDialog dialog(holder_of_dialog(), to_qt(asked.title));
     const bool saves = asked.purpose == TFileDialog::Purpose::save;
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(asked.multi_select ? QFileDialog::ExistingFiles

@@ -55,14 +55,12 @@ QStringList name_filters(const TFileDialog& asked) {
     return filters;
 }
 
-// The window that a dialog belongs to. The active one may be a dialog that is hidden already, and goes, with
-// what belongs to it, as soon as Qt comes round to it.
+} // namespace
+
 QWidget* holder_of_dialog() {
     QWidget* const active = QApplication::activeWindow();
     return active && active->isVisible() ? active : nullptr;
 }
-
-} // namespace
 
 Modal_result Qt_desktop::message_box(const Message& message) {
     const Usual_pointer usual;

@@ -70,7 +70,7 @@ Qt_desktop::~Qt_desktop() {
 QWidget& Qt_desktop::window_of(TForm& form) {
     if (!form.view()) {
         std::erase_if(windows_, [](const auto& window) { return !window; });
-        QWidget* const parent = form.modal() ? QApplication::activeWindow() : nullptr;
+        QWidget* const parent = form.modal() ? holder_of_dialog() : nullptr;
         windows_.emplace_back(&make_view(*this, form, parent).widget());
     }
     return static_cast<View*>(form.view())->widget();

@@ -22,6 +22,10 @@ struct Host_functions {
     std::function<void(const std::string& address)> open_web_address;
 };
 
+// The window that a dialog belongs to; null for none. The active one may be a dialog that is hidden already,
+// and goes, with what belongs to it, as soon as Qt comes round to it.
+QWidget* holder_of_dialog();
+
 class Qt_desktop : public Desktop, private View_context {
 public:
     explicit Qt_desktop(Host_functions host = {});

@@ -149,6 +149,14 @@ public:
         const int line = fontMetrics().height();
         return widget()->sizeHint().boundedTo({36 * line, 24 * line});
     }
+    // Beside a list, which can be of any width, a page of buttons is not cut off.
+    QSize minimumSizeHint() const override {
+        const int longest_buttons = 28 * fontMetrics().height();
+        QSize least = QScrollArea::minimumSizeHint();
+        least.setWidth(
+            std::max(least.width(), std::min(widget()->minimumSizeHint().width(), longest_buttons)));
+        return least;
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {

@@ -3,6 +3,7 @@
 #include "app/scenario_list_table.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/record_folders.h"
+#include "platform/file_writer.h"
 #include "platform/files.h"
 #include "support/inputs.h"
 

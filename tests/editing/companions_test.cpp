@@ -8,7 +8,7 @@ TEST_F(Companions_test, notes_details_and_status_lie_in_the_folder_of_the_record
     drives.write("work/study/notes.txt", "caf\xE9\r\n");
     drives.write("work/study/details.htm", "<HTML>\xC3\xA9</HTML>\r\n"); // another program's UTF-8
     drives.write("work/study/status.txt", "checked");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     EXPECT_EQ(form.details.details_html_viewer.address(), "C:\\work\\study\\details.htm");
     EXPECT_EQ(form.notes.status_memo.text(), "checked");
     form.notes.memo_notes.bring_to_front();
@@ -30,11 +30,8 @@ TEST_F(Companions_test, notes_details_and_status_lie_in_the_folder_of_the_record
 
 TEST_F(Companions_test, a_page_on_the_web_is_shown_before_the_local_one_until_it_is_forgotten) {
     drives.write("work/study/details.htm", "<HTML>\r\n</HTML>\r\n");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    form.details.edit_details_URL.bring_to_front();
-    form.details.edit_details_URL.focus();
-    form.details.edit_details_URL.select_all();
-    EXPECT_TRUE(form.details.edit_details_URL.type_text("http://example.org/trial"));
+    ASSERT_TRUE(bind());
+    retype(form.details.edit_details_URL, "http://example.org/trial");
     EXPECT_TRUE(form.details.button_reload_details.click());
     EXPECT_EQ(form.details.details_html_viewer.address(), "http://example.org/trial");
     form.details.details_edit_memo.bring_to_front();
@@ -54,7 +51,7 @@ TEST_F(Companions_test, a_companion_that_cannot_be_read_is_neither_edited_nor_wr
     std::filesystem::create_directory(drives.host("work/study/notes.txt"));
     const std::string huge(std::size_t{17} << 20, 'x');
     drives.write("work/study/details.htm", huge);
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     for (TMemo* memo : {&form.notes.memo_notes, &form.details.details_edit_memo, &form.notes.status_memo}) {
         memo->bring_to_front();
         EXPECT_TRUE(memo->read_only());
@@ -67,7 +64,7 @@ TEST_F(Companions_test, a_companion_that_cannot_be_read_is_neither_edited_nor_wr
 TEST_F(Companions_test, companions_that_other_programs_change_are_shown_anew_unless_they_are_being_edited) {
     drives.write("work/study/notes.txt", "one\rtwo\r\nthree\n");
     drives.write("work/study/details.htm", "old");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     EXPECT_EQ(form.notes.memo_notes.text(), "one\ntwo\nthree\n");
     form.details.details_edit_memo.bring_to_front();
     EXPECT_EQ(form.details.details_edit_memo.text(), "old");
@@ -83,7 +80,7 @@ TEST_F(Companions_test, companions_that_other_programs_change_are_shown_anew_unl
 
 TEST_F(Companions_test, details_are_written_when_their_page_is_left_and_by_a_save_and_never_else) {
     drives.write("work/study/details.htm", "old");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const auto type = [&](const std::string& text) {
         form.details.details_edit_memo.bring_to_front();
         form.details.details_edit_memo.select_all();
@@ -100,20 +97,19 @@ TEST_F(Companions_test, details_are_written_when_their_page_is_left_and_by_a_sav
     EXPECT_TRUE(form.edit_description.focus());
     EXPECT_TRUE(form.has_changes());
     for (const Modal_result answer : {Modal_result::cancel, Modal_result::no}) {
-        desktop.expect_message("Unsaved changes", "Save the changes to C:\\work\\study.tvp?", answer);
+        expect(leaving(answer));
         form.close();
     }
     EXPECT_EQ(saved("work/study/details.htm"), "another page of the form");
     form.show();
-    desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as("C:\\work\\second.tvp");
     EXPECT_EQ(saved("work/study/details.htm"), "another page of the form");
     EXPECT_EQ(saved("work/second/details.htm"), "kept back");
 }
 
 TEST_F(Companions_test, notes_that_another_program_has_changed_are_not_written_over_unasked) {
     drives.write("work/study/notes.txt", "old");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     form.notes.memo_notes.bring_to_front();
     EXPECT_TRUE(form.notes.memo_notes.type_text("mine "));
     drives.write("work/study/notes.txt", "theirs");
@@ -135,7 +131,7 @@ TEST_F(Companions_test, long_texts_show_their_beginning_and_are_not_edited) {
         text += line + "\r\n";
     drives.write("work/study/notes.txt", text);
     drives.write("work/study/details.htm", text + text);
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     for (TMemo* memo : {&form.notes.memo_notes, &form.details.details_edit_memo}) {
         memo->bring_to_front();
         EXPECT_TRUE(memo->read_only());

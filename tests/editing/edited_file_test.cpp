@@ -9,27 +9,26 @@ namespace {
 using Edited_file_test = Parameter_file_form;
 
 TEST_F(Edited_file_test, a_save_that_fails_asks_until_the_cause_is_gone_or_the_user_gives_up) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const std::string before = saved("work/study.tvp");
     describe("full");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
-        desktop.expect_message("Unable to save", unable, Modal_result::retry);
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        const Full_disk full_disk;
+        expect(failing(Modal_result::retry));
+        expect(failing(Modal_result::abort));
         EXPECT_TRUE(form.ok_button.click());
         EXPECT_TRUE(form.visible());
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        expect(failing(Modal_result::abort));
         EXPECT_FALSE(form.run("C:\\p.exe", nullptr, "x", nullptr, false, show_normal));
         EXPECT_EQ(launcher.started, "");
-        desktop.expect_message("Unable to save", unable, Modal_result::ignore);
+        expect(failing(Modal_result::ignore));
         EXPECT_TRUE(form.run("C:\\p.exe", nullptr, "x", nullptr, false, show_normal));
     }
     EXPECT_EQ(saved("work/study.tvp"), before);
     EXPECT_TRUE(form.has_changes());
     const auto file = drives.host("work/study.tvp");
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
-    desktop.expect_message("Unable to save", unable, Modal_result::ignore);
+    expect(failing(Modal_result::ignore));
     EXPECT_TRUE(form.ok_button.click());
     EXPECT_FALSE(form.visible());
     EXPECT_EQ(saved("work/study.tvp"), before);
@@ -41,46 +40,38 @@ TEST_F(Edited_file_test, a_save_that_fails_asks_until_the_cause_is_gone_or_the_u
 TEST_F(Edited_file_test, under_a_new_name_the_folder_follows_once_and_nothing_goes_away) {
     drives.write("work/study/Scenarios/a.tvn", "[x]\r\n");
     drives.write("work/study/notes.txt", "old");
-    struct Case {
-        std::string chosen;
-        std::string folder;
-    };
-    const Case cases[] = {
-        {"C:\\work\\second.tvp", "work/second"},
-        {"C:\\other\\place\\.TVS_project", "other/place"},
-    };
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    for (const Case& c : cases) {
-        desktop.expect_file_dialog(save_title, {c.chosen});
-        EXPECT_TRUE(form.save_as_button.click());
-        EXPECT_EQ(form.get_parameter_file_name(), c.chosen);
-        EXPECT_EQ(saved(c.folder + "/Scenarios/a.tvn"), "[x]\r\n");
-        EXPECT_EQ(saved(c.folder + "/notes.txt"), "old");
+    ASSERT_TRUE(bind());
+    for (const auto& [chosen, folder] : {std::pair("C:\\work\\second.tvp", std::string("work/second")),
+                                         {"C:\\other\\place\\.TVS_project", "other/place"}}) {
+        save_as(chosen);
+        EXPECT_EQ(form.get_parameter_file_name(), chosen);
+        EXPECT_EQ(saved(folder + "/Scenarios/a.tvn") + saved(folder + "/notes.txt"), "[x]\r\nold");
     }
     EXPECT_NE(saved("other/place/.TVS_project").find("[written by another program]"), std::string::npos);
     EXPECT_EQ(saved("work/study/notes.txt"), "old");
     // Into its own folder the record goes alone.
-    desktop.expect_file_dialog(save_title, {"C:\\other\\place\\inner\\x.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as("C:\\other\\place\\inner\\x.tvp");
     EXPECT_TRUE(has_line("other/place/inner/x.tvp", "[project]"));
     EXPECT_FALSE(std::filesystem::exists(drives.host("other/place/inner/x")));
 }
 
-TEST_F(Edited_file_test, a_refused_save_as_leaves_all_as_it_was) {
+TEST_F(Edited_file_test, a_save_as_that_is_refused_or_fails_leaves_all_as_it_was) {
     drives.write("work/there.tvp", "mine");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    drives.write("work/study/notes.txt", "of the study");
+    drives.write("work/taken/notes.txt", "of another");
+    ASSERT_TRUE(bind());
     desktop.expect_file_dialog(save_title, {});
     EXPECT_TRUE(form.save_as_button.click());
     EXPECT_EQ(desktop.last_file_dialog()->initial_folder, "C:\\work");
-    desktop.expect_file_dialog(save_title, {"C:\\work\\there.tvp"});
-    desktop.expect_message("File already exists",
-                           "Replace the existing file with this name:\nC:\\work\\there.tvp",
-                           Modal_result::no);
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as("C:\\work\\there.tvp", {replacing("C:\\work\\there.tvp", Modal_result::no)});
     EXPECT_EQ(saved("work/there.tvp"), "mine");
-    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
-    EXPECT_EQ(form.file.dialog.file_name, "C:\\work\\study.tvp");
+    EXPECT_EQ(form.file.dialog.file_name, study);
+    save_as("C:\\work\\taken",
+            {replacing("C:\\work\\taken", Modal_result::yes), failing(Modal_result::abort)});
+    EXPECT_EQ(saved("work/taken/notes.txt"), "of another");
+    EXPECT_EQ(form.get_parameter_file_name(), study);
     EXPECT_TRUE(form.visible());
+    EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
 }
 
 TEST_F(Edited_file_test, what_could_not_be_read_is_not_written_over_unasked) {
@@ -88,49 +79,29 @@ TEST_F(Edited_file_test, what_could_not_be_read_is_not_written_over_unasked) {
     const std::string before = saved("work/study.tvp");
     std::filesystem::remove(file);
     std::filesystem::create_directory(file); // readable by nobody as a file, whoever runs the test
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    ASSERT_TRUE(bind());
+    expect(failing(Modal_result::abort));
     EXPECT_EQ(form.save(), Save_outcome::aborted);
     std::filesystem::remove(file);
     drives.write("work/study.tvp", before);
-    desktop.expect_message("File already exists",
-                           "Replace the existing file with this name:\nC:\\work\\study.tvp",
-                           Modal_result::no);
+    expect(replacing(study, Modal_result::no));
     EXPECT_EQ(form.save(), Save_outcome::aborted);
     EXPECT_EQ(saved("work/study.tvp"), before);
-    desktop.expect_message("File already exists",
-                           "Replace the existing file with this name:\nC:\\work\\study.tvp",
-                           Modal_result::yes);
+    expect(replacing(study, Modal_result::yes));
     EXPECT_EQ(form.save(), Save_outcome::saved);
     EXPECT_NE(saved("work/study.tvp").find("[written by another program]"), std::string::npos);
-}
-
-TEST_F(Edited_file_test, a_name_that_cannot_be_written_gets_no_copy_of_the_folder) {
-    drives.write("work/study/notes.txt", "of the study");
-    drives.write("work/taken/notes.txt", "of another");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
-    desktop.expect_file_dialog(save_title, {"C:\\work\\taken"});
-    desktop.expect_message("File already exists",
-                           "Replace the existing file with this name:\nC:\\work\\taken", Modal_result::yes);
-    desktop.expect_message("Unable to save", unable, Modal_result::abort);
-    EXPECT_TRUE(form.save_as_button.click());
-    EXPECT_EQ(saved("work/taken/notes.txt"), "of another");
-    EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\study.tvp");
-    EXPECT_EQ(form.save(), Save_outcome::saved); // under the old name
 }
 
 TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_only_with_consent) {
     drives.write("work/study/notes.txt", "of the study");
     drives.write("work/taken/NOTES.TXT", "of another");
     drives.write("work/taken/Scenarios/kept.tvn", "kept");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
         EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of another");
-        desktop.expect_file_dialog(save_title, {"C:\\work\\taken.tvp"});
-        desktop.expect_message("Files already exist",
-                               "Replace the existing files with these names:\nC:\\work\\taken\\NOTES.TXT",
-                               answer);
-        EXPECT_TRUE(form.save_as_button.click());
+        save_as("C:\\work\\taken.tvp",
+                {{"Files already exist",
+                  "Replace the existing files with these names:\nC:\\work\\taken\\NOTES.TXT", answer}});
     }
     EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
     EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");
@@ -138,60 +109,48 @@ TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_only_
 }
 
 TEST_F(Edited_file_test, a_file_that_has_come_into_being_since_is_not_written_over_unasked) {
-    const std::string question = "Replace the existing file with this name:\nC:\\work\\late.tvp";
-    ASSERT_TRUE(bind("C:\\work\\late.tvp"));
+    const std::string late = "C:\\work\\late.tvp";
+    ASSERT_TRUE(bind(late));
     drives.write("work/late.tvp", "[other]\r\nkey=1\r\n");
-    desktop.expect_message("File already exists", question, Modal_result::no);
+    expect(replacing(late, Modal_result::no));
     EXPECT_TRUE(form.ok_button.click());
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(saved("work/late.tvp"), "[other]\r\nkey=1\r\n");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
-        desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
-        desktop.expect_message("File already exists", question, Modal_result::yes);
-        desktop.expect_message("Unable to save", unable, Modal_result::retry); // asks no second time
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
-        EXPECT_TRUE(form.save_as_button.click());
+        const Full_disk full_disk;
+        save_as(late,
+                {replacing(late, Modal_result::yes), failing(Modal_result::retry), // asks no second time
+                 failing(Modal_result::abort)});
     }
-    desktop.expect_file_dialog(save_title, {"C:\\work\\late.tvp"});
-    desktop.expect_message("File already exists", question, Modal_result::yes);
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as(late, {replacing(late, Modal_result::yes)});
     EXPECT_TRUE(has_line("work/late.tvp", "[project]"));
     EXPECT_EQ(form.save(), Save_outcome::saved); // it is this form's own by now
 }
 
 TEST_F(Edited_file_test, a_file_chosen_during_a_save_is_replaced_only_with_consent) {
     drives.write("work/mine.DAT", "mine");
-    Loose_record loose;
-    Tparameter_file_form::Editor editor;
-    editor.parameters = &loose;
-    ASSERT_TRUE(form.bind_to(editor));
-    form.show();
-    const std::string question = "Replace the existing file with this name:\nC:\\work\\mine.DAT";
-    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
-    desktop.expect_message("File already exists", question, Modal_result::no);
-    EXPECT_EQ(form.save(), Save_outcome::aborted);
-    EXPECT_EQ(saved("work/mine.DAT"), "mine");
-    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
-    desktop.expect_message("File already exists", question, Modal_result::yes);
-    EXPECT_EQ(form.save(), Save_outcome::saved);
+    bind_loose();
+    for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
+        EXPECT_EQ(saved("work/mine.DAT"), "mine");
+        desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\mine.DAT"});
+        expect(replacing("C:\\work\\mine.DAT", answer));
+        EXPECT_EQ(form.save(), answer == Modal_result::yes ? Save_outcome::saved : Save_outcome::aborted);
+    }
     EXPECT_NE(saved("work/mine.DAT"), "mine");
 }
 
 TEST_F(Edited_file_test, a_name_that_the_suite_cannot_write_down_is_not_turned_into_another) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     desktop.expect_file_dialog(save_title, {"C:\\work\\\xD0\x96x.tvp"});
-    desktop.expect_message("Unable to save", unable, Modal_result::retry);
-    desktop.expect_file_dialog(save_title, {"C:\\work\\\xE2\x82\xACx.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    expect(failing(Modal_result::retry));
+    save_as("C:\\work\\\xE2\x82\xACx.tvp");
     EXPECT_FALSE(std::filesystem::exists(drives.host("work/x.tvp")));
     EXPECT_EQ(form.get_parameter_file_name(), "C:\\work\\\x80x.tvp");
     EXPECT_TRUE(has_line("work/\xE2\x82\xACx.tvp", "[project]"));
 }
 
 TEST_F(Edited_file_test, what_nobody_has_changed_is_not_written_again) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const std::string before = saved("work/study.tvp");
     EXPECT_TRUE(form.run("p.exe", nullptr, "x", nullptr, false, show_normal));
     EXPECT_EQ(saved("work/study.tvp"), before);
@@ -224,19 +183,17 @@ TEST_F(Edited_file_test, what_nobody_has_changed_is_not_written_again) {
 }
 
 TEST_F(Edited_file_test, what_is_changed_on_both_sides_is_asked_for) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     record.report_format = "C:\\mine.fmt";
     describe("mine");
     const std::string theirs = "[project]\r\ndescription=theirs\r\n[other]\r\nkey=1\r\n";
     drives.write("work/study.tvp", theirs);
-    expect_conflict("C:\\work\\study.tvp", Modal_result::cancel);
-    EXPECT_TRUE(form.ok_button.click());
-    EXPECT_TRUE(form.visible());
-    EXPECT_EQ(form.edit_description.text(), "mine");
-    expect_conflict("C:\\work\\study.tvp", Modal_result::no);
-    EXPECT_TRUE(form.ok_button.click());
-    EXPECT_TRUE(form.visible());
-    EXPECT_EQ(form.edit_description.text(), "theirs");
+    for (const Modal_result answer : {Modal_result::cancel, Modal_result::no}) {
+        expect_conflict(study, answer);
+        EXPECT_TRUE(form.ok_button.click());
+        EXPECT_TRUE(form.visible());
+        EXPECT_EQ(form.edit_description.text(), answer == Modal_result::no ? "theirs" : "mine");
+    }
     EXPECT_EQ(record.report_format, "default.FMT") << "what their file does not tell is as in a new record";
     EXPECT_FALSE(form.has_changes());
     EXPECT_EQ(saved("work/study.tvp"), theirs);
@@ -251,7 +208,7 @@ TEST_F(Edited_file_test, what_is_changed_on_both_sides_is_asked_for) {
 
 TEST_F(Edited_file_test, files_of_the_record_follow_its_folder_to_another_name) {
     drives.write("work/study/Scenarios/dry.tvn", "[x]\r\n");
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const char* const relative = "Scenarios\\wet.tvn";
     record.active_scenario.set("c:\\WORK\\study\\Scenarios\\dry.tvn");
     record.template_scenario.set(relative);
@@ -259,15 +216,11 @@ TEST_F(Edited_file_test, files_of_the_record_follow_its_folder_to_another_name) 
     record.GIS_parameters.output_directory = "C:\\work\\study\\GIS";
     describe("C:\\work\\study\\ was the first");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::flush, EIO); // of the record; a copy is not flushed
-        desktop.expect_file_dialog(save_title, {"C:\\work\\half.tvp"});
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
-        EXPECT_TRUE(form.save_as_button.click());
+        const Failing_step no_flush(platform::Write_step::flush, EIO); // of the record; no copy is flushed
+        save_as("C:\\work\\half.tvp", {failing(Modal_result::abort)});
         EXPECT_EQ(record.active_scenario, "c:\\WORK\\study\\Scenarios\\dry.tvn");
     }
-    desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as("C:\\work\\second.tvp");
     EXPECT_EQ(record.active_scenario, "C:\\work\\second\\Scenarios\\dry.tvn");
     EXPECT_EQ(record.template_scenario, relative);
     EXPECT_EQ(record.GIS_parameters.coverage_PAT_filename, "C:\\work\\study2\\map.dbf");
@@ -279,28 +232,18 @@ TEST_F(Edited_file_test, files_of_the_record_follow_its_folder_to_another_name) 
 TEST_F(Edited_file_test, a_save_as_that_fails_says_why_and_leaves_nothing_behind) {
     drives.write("work/study/Scenarios/dry.tvn", "[x]\r\n");
     ASSERT_EQ(mkfifo(drives.host("work/study/pipe").c_str(), 0600), 0);
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
-        desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
-        desktop.expect_message("Unable to save",
-                               std::string(unable) + "\n" +
-                                   platform::write_failure(platform::Write_error::no_space).reason +
-                                   "\nC:\\work\\study\\Scenarios\\dry.tvn",
-                               Modal_result::abort);
-        EXPECT_TRUE(form.save_as_button.click());
+        const Full_disk full_disk;
+        save_as("C:\\work\\second.tvp",
+                {failing(Modal_result::abort, "\nThe disk is full.\nC:\\work\\study\\Scenarios\\dry.tvn")});
     }
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::flush, EIO); // of the record alone: copies are not flushed
-        desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
-        EXPECT_TRUE(form.save_as_button.click());
+        const Failing_step no_flush(platform::Write_step::flush, EIO); // of the record; no copy is flushed
+        save_as("C:\\work\\second.tvp", {failing(Modal_result::abort)});
     }
     EXPECT_FALSE(std::filesystem::exists(drives.host("work/second")));
-    desktop.expect_file_dialog(save_title, {"C:\\work\\second.tvp"});
-    EXPECT_TRUE(form.save_as_button.click());
+    save_as("C:\\work\\second.tvp");
     EXPECT_EQ(saved("work/second/Scenarios/dry.tvn"), "[x]\r\n");
     EXPECT_EQ(form.status_line.text(), "What is no file was not copied: C:\\work\\study\\pipe");
 }
@@ -328,7 +271,7 @@ TEST_F(Edited_file_test, what_an_interrupted_save_left_aside_is_offered) {
                 interrupted->copy +
                 "\nPut that back? ([No] keeps the file as it is, and deletes what has been kept)",
             answer);
-        ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+        ASSERT_TRUE(bind());
         EXPECT_EQ(saved("work/study.tvp") == before, answer == Modal_result::yes);
         EXPECT_FALSE(platform::interrupted_save("C:\\work\\study.tvp"));
     }

@@ -3,24 +3,29 @@
 
 #include "editing/parameter_file_form.h"
 #include "model/project_editor_parameters.h"
-#include "platform/file_writer.h"
 #include "platform/host_names.h"
 #include "platform/shell.h"
+#include "support/failing_step.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 #include "translation/translation_files.h"
 
-#include <gtest/gtest.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <sstream>
 
 constexpr const char* unable =
     "Unable to save to parameter file (check that the file is not marked as read only)";
 constexpr const char* save_title = "Save Tilverra project as";
+constexpr const char* study = "C:\\work\\study.tvp";
+
+// A record that needs no folder.
+class Loose_record : public Common_parameters_data_record {
+public:
+    Loose_record() : Common_parameters_data_record(0, {1, 0, 0}, "loose") {}
+    const char* get_type_description() const override { return "Loose record"; }
+};
 
 // What an editor of a project hands over, driven as a user would.
 class Parameter_file_form : public testing::Test {
@@ -55,7 +60,7 @@ protected:
         return phrases;
     }
 
-    bool bind(const std::string& file, bool given = true) {
+    bool bind(const std::string& file = study, bool given = true) {
         name = file;
         Tparameter_file_form::Editor editor;
         editor.form = &panel;
@@ -71,10 +76,50 @@ protected:
         form.show();
         return true;
     }
-    void describe(const std::string& text) {
-        ASSERT_TRUE(form.edit_description.focus());
-        form.edit_description.select_all();
-        ASSERT_TRUE(form.edit_description.type_text(text));
+    // Binds another frame to a file of the record, without a panel.
+    bool bind_again(Tparameter_file_form& frame, const std::string& file = study) {
+        name = file;
+        Tparameter_file_form::Editor editor;
+        editor.parameters = &record;
+        editor.file_name = &name;
+        editor.file_given = true;
+        editor.user_settings_file = &settings_folder;
+        return frame.bind_to(editor);
+    }
+    // Binds the frame to a record that has no file yet.
+    void bind_loose() {
+        Tparameter_file_form::Editor editor;
+        editor.parameters = &loose;
+        ASSERT_TRUE(form.bind_to(editor));
+        form.show();
+    }
+    void describe(const std::string& text) { retype(form.edit_description, text); }
+
+    // Messages that the frame asks something with.
+    struct Question {
+        std::string title;
+        std::string text;
+        Modal_result answer;
+    };
+    static Question failing(Modal_result answer, const std::string& reason = "") {
+        return {"Unable to save", unable + reason, answer};
+    }
+    static Question replacing(const std::string& file, Modal_result answer) {
+        return {"File already exists", "Replace the existing file with this name:\n" + file, answer};
+    }
+    static Question leaving(Modal_result answer) {
+        return {"Unsaved changes", "Save the changes to C:\\work\\study.tvp?", answer};
+    }
+    void expect(const Question& question) {
+        desktop.expect_message(question.title, question.text, question.answer);
+    }
+    // Saves under the name that is chosen, with the questions that follow then.
+    void save_as(const std::string& file, const std::vector<Question>& questions = {}) {
+        desktop.expect_file_dialog(save_title, {file});
+        for (const Question& question : questions)
+            expect(question);
+        EXPECT_TRUE(form.save_as_button.click());
+        EXPECT_TRUE(desktop.script_done());
     }
     // What is asked when another program has changed a file that was changed here too.
     void expect_conflict(const std::string& file, Modal_result answer) {
@@ -92,19 +137,13 @@ protected:
     Temporary_user user;
     Temporary_drives drives;
     Launcher_record launcher;
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TESK::File_name program{"C:\\Suite\\Tilverra\\project_editor.exe"};
     TESK::Application_data_directory settings_folder{program};
     Tilverra_project_editor_parameters record{"C:\\Suite\\Tilverra\\tilverra_5.exe"};
+    Loose_record loose;
     TVP_filename name{"noname"};
     Trecent_file_selector_form selector;
     TPanel panel{"panel"};
     Tparameter_file_form form{program};
-};
-
-// A record that needs no folder.
-class Loose_record : public Common_parameters_data_record {
-public:
-    Loose_record() : Common_parameters_data_record(0, {1, 0, 0}, "loose") {}
-    const char* get_type_description() const override { return "Loose record"; }
 };

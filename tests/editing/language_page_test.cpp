@@ -101,16 +101,13 @@ TEST_F(Language_page_test, the_language_is_the_users_from_the_first_dialog_on_wh
     bind_with_phrases(form);
     form.language.radiogroup_translation_target_language.bring_to_front();
     choose(form, "(Other)");
-    form.language.edit_translation_other.focus();
-    EXPECT_TRUE(form.language.edit_translation_other.type_text("es"));
+    retype(form.language.edit_translation_other, "es");
     EXPECT_TRUE(form.close()); // without a save
     Tparameter_file_form again{program};
     name = "C:\\work\\noname.tvp";
     desktop.expect_modal("recent_file_selector_form", [this](TForm& shown) {
         EXPECT_EQ(shown.text(), "[Enter or select file to edit]");
-        selector.selected_fileeditbar.filename_edit.focus();
-        selector.selected_fileeditbar.filename_edit.select_all();
-        selector.selected_fileeditbar.filename_edit.type_text("C:\\work\\another.tvp");
+        retype(selector.selected_fileeditbar.filename_edit, "C:\\work\\another.tvp");
         selector.ok_button.click();
     });
     bind_with_phrases(again);

@@ -3,7 +3,7 @@
 namespace {
 
 TEST_F(Parameter_file_form, a_record_is_opened_edited_saved_and_keeps_what_other_programs_wrote) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     EXPECT_EQ(form.text(), "Tilverra project: C:\\work\\study.tvp");
     EXPECT_EQ(saved("work/study/backup"), saved("work/study.tvp"));
     describe("Drip trial \xE2\x82\xAC");
@@ -26,7 +26,7 @@ TEST_F(Parameter_file_form, a_file_that_is_not_there_is_new_and_gets_its_folders
 }
 
 TEST_F(Parameter_file_form, closing_by_cancel_or_the_frame_saves_nothing_and_throws_nothing_away_unasked) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const std::string before = saved("work/study.tvp");
     EXPECT_FALSE(form.has_changes());
     describe("changed");
@@ -35,29 +35,23 @@ TEST_F(Parameter_file_form, closing_by_cancel_or_the_frame_saves_nothing_and_thr
     form.parameters_panel.add<TButton>("elsewhere").focus();
     desktop.advance(600);
     EXPECT_EQ(form.text(), "Tilverra project: C:\\work\\study.tvp *");
-    const std::string question = "Save the changes to C:\\work\\study.tvp?";
-    desktop.expect_message("Unsaved changes", question, Modal_result::cancel);
-    EXPECT_FALSE(form.close());
-    desktop.expect_message("Unsaved changes", question, Modal_result::no);
-    EXPECT_TRUE(form.close());
-    EXPECT_EQ(saved("work/study.tvp"), before);
-    form.show();
-    desktop.expect_message("Unsaved changes", question, Modal_result::cancel);
-    EXPECT_TRUE(form.cancel_button.click());
-    EXPECT_TRUE(form.visible());
-    desktop.expect_message("Unsaved changes", question, Modal_result::no);
-    EXPECT_TRUE(form.cancel_button.click());
-    EXPECT_FALSE(form.visible());
+    for (const bool by_button : {false, true})
+        for (const Modal_result answer : {Modal_result::cancel, Modal_result::no}) {
+            form.show();
+            expect(leaving(answer));
+            by_button ? form.cancel_button.click() : form.close();
+            EXPECT_EQ(form.visible(), answer == Modal_result::cancel);
+            EXPECT_EQ(saved("work/study.tvp"), before);
+        }
     EXPECT_EQ(form.modal_result(), Modal_result::cancel);
-    EXPECT_EQ(saved("work/study.tvp"), before);
     form.show();
-    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    expect(leaving(Modal_result::yes));
     EXPECT_TRUE(form.close());
     EXPECT_TRUE(has_line("work/study.tvp", "description=changed"));
 }
 
 TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     describe("before the run");
     EXPECT_TRUE(form.run("C:\\My tools\\p.exe", "", "C:\\f.tvn", nullptr, false, show_normal));
     EXPECT_TRUE(has_line("work/study.tvp", "description=before the run"));
@@ -85,7 +79,7 @@ TEST_F(Parameter_file_form, run_saves_first_and_the_command_is_told_word_by_word
 TEST_F(Parameter_file_form, a_name_that_no_program_can_be_handed_is_neither_started_on_nor_saved_under) {
     const std::string refusal =
         "A name that holds a quotation mark or a control character cannot be handed to a program.";
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     desktop.expect_message("Unable to start", refusal, Modal_result::ok);
     EXPECT_FALSE(form.run("p.exe", nullptr, "C:\\a\" \"b.tvn", nullptr, true, show_normal));
     // Once is enough in a batch.
@@ -100,7 +94,7 @@ TEST_F(Parameter_file_form, a_name_that_no_program_can_be_handed_is_neither_star
 }
 
 TEST_F(Parameter_file_form, enter_moves_on_and_presses_no_button_and_a_memo_keeps_it) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     const Key enter{Key_code::enter, "\n", false, false};
     form.edit_description.focus();
     EXPECT_TRUE(form.edit_description.key(enter));
@@ -129,75 +123,61 @@ TEST_F(Parameter_file_form, documentation_is_local_where_there_is_a_page_and_els
     documented.set_web_documentation(nullptr, nullptr);
     EXPECT_FALSE(documented.documentation.documentation_web_buttons[0]->visible());
     EXPECT_EQ(documented.help_lookup("project\\b.htm"), "");
+    // A file that lies beside the program, in no folder of its own, is none.
+    drives.write("work/help.htm", "");
     Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
     bare.set_web_documentation(nullptr, nullptr);
+    EXPECT_FALSE(bare.documentation.documentation_buttons[0]->visible());
     EXPECT_EQ(bare.documentation.documentation_label_installed.text(), "No documentation found");
     EXPECT_EQ(bare.documentation.label_where_documentation_lies.text(),
               "Documentation is looked for in C:\\work\\other, where the installation of the suite puts it.");
 }
 
 TEST_F(Parameter_file_form, each_file_has_its_window_and_a_position_of_0_is_stored_as_1) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     form.set_bounds({0, 0, 640, 480});
     EXPECT_EQ(form.save(), Save_outcome::saved);
     Tparameter_file_form again{program};
-    Tparameter_file_form::Editor editor;
-    editor.parameters = &record;
-    editor.file_name = &name;
-    editor.file_given = true;
-    editor.user_settings_file = &settings_folder;
-    ASSERT_TRUE(again.bind_to(editor));
+    ASSERT_TRUE(bind_again(again));
     EXPECT_EQ(again.bounds(), (Bounds{1, 1, 640, 480}));
     again.set_bounds({0, 50, 640, 480}); // on the left edge: lost by rule
     EXPECT_EQ(again.save(), Save_outcome::saved);
     Tparameter_file_form third{program};
-    ASSERT_TRUE(third.bind_to(editor));
+    ASSERT_TRUE(bind_again(third));
     EXPECT_EQ(third.bounds().left, 0);
     EXPECT_NE(third.bounds().width, 640);
 }
 
-TEST_F(Parameter_file_form, a_record_without_a_folder_needs_no_name_before_it_is_saved) {
-    Loose_record loose;
-    Tparameter_file_form::Editor editor;
-    editor.parameters = &loose;
-    ASSERT_TRUE(form.bind_to(editor));
-    form.show();
-    EXPECT_EQ(form.get_parameter_file_name(), "");
-    EXPECT_FALSE(form.checkbox_advanced_mode.enabled());
-    desktop.expect_file_dialog("Save Loose record as", {});
-    EXPECT_TRUE(form.ok_button.click());
-    EXPECT_TRUE(form.visible());
-    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\x.DAT"});
-    EXPECT_TRUE(form.ok_button.click());
-    EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(std::filesystem::exists(drives.host("work/x.DAT")));
-}
-
-TEST_F(Parameter_file_form, a_run_on_a_file_without_a_name_asks_for_one_and_passes_it) {
-    Loose_record loose;
-    Tparameter_file_form::Editor editor;
-    editor.parameters = &loose;
-    ASSERT_TRUE(form.bind_to(editor));
-    form.show();
-    desktop.expect_file_dialog("Save Loose record as", {});
-    EXPECT_FALSE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
-    EXPECT_EQ(launcher.started + form.get_command_line(), "");
-    desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\x.DAT"});
-    EXPECT_TRUE(form.run_on_file("p.exe", nullptr, nullptr, false, show_normal));
-    EXPECT_EQ(launcher.started, "\"p.exe\"  \"C:\\work\\x.DAT\"  [1]\n");
+TEST_F(Parameter_file_form, a_record_without_a_folder_needs_no_name_before_it_is_saved_or_run_on) {
+    for (const bool saves : {false, true}) {
+        SCOPED_TRACE(saves ? "saved" : "run on");
+        bind_loose();
+        form.set_file("");
+        EXPECT_FALSE(form.checkbox_advanced_mode.enabled());
+        const auto work = [&] {
+            return saves ? form.ok_button.click() && !form.visible()
+                         : form.run_on_file("p.exe", nullptr, nullptr, false, show_normal);
+        };
+        desktop.expect_file_dialog("Save Loose record as", {});
+        EXPECT_FALSE(work());
+        EXPECT_EQ(form.get_parameter_file_name() + launcher.started, "");
+        desktop.expect_file_dialog("Save Loose record as", {"C:\\work\\x.DAT"});
+        EXPECT_TRUE(work());
+        EXPECT_TRUE(std::filesystem::remove(drives.host("work/x.DAT")));
+        EXPECT_EQ(std::exchange(launcher.started, ""), saves ? "" : "\"p.exe\"  \"C:\\work\\x.DAT\"  [1]\n");
+    }
 }
 
 TEST_F(Parameter_file_form, the_explorer_of_the_suite_is_started_on_the_folder_or_else_the_host_shows_it) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     form.set_explorer_program(TESK::File_name("C:\\Suite\\TVS_explorer.exe"));
     EXPECT_TRUE(form.button_app_explore.click());
     EXPECT_EQ(launcher.started, "\"C:\\Suite\\TVS_explorer.exe\"  \"C:\\work\\study\"  [1]\n");
     launcher.started.clear();
     describe("changed");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        const Full_disk full_disk;
+        expect(failing(Modal_result::abort));
         EXPECT_TRUE(form.button_app_explore.click());
         EXPECT_EQ(launcher.started, "");
     }
@@ -210,50 +190,32 @@ TEST_F(Parameter_file_form, the_explorer_of_the_suite_is_started_on_the_folder_o
     EXPECT_EQ(launcher.started, host);
 }
 
-TEST_F(Parameter_file_form, without_a_folder_of_the_program_no_documentation_counts_as_installed) {
-    drives.write("work/help.htm", "");
-    Tparameter_file_form bare{TESK::File_name("C:\\work\\other.exe")};
-    bare.set_web_documentation(nullptr, nullptr);
-    EXPECT_FALSE(bare.documentation.documentation_buttons[0]->visible());
-    EXPECT_EQ(bare.documentation.documentation_label_installed.text(), "No documentation found");
-}
-
 TEST_F(Parameter_file_form, the_advanced_mode_belongs_to_the_user_and_the_file) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     EXPECT_TRUE(form.checkbox_advanced_mode.click());
     EXPECT_TRUE(form.get_settings().advanced);
     EXPECT_FALSE(form.has_changes());
     EXPECT_EQ(form.save(), Save_outcome::saved);
-    for (const char* file : {"C:\\work\\study.tvp", "C:\\work\\other.tvp"}) {
+    for (const char* file : {study, "C:\\work\\other.tvp"}) {
         Tparameter_file_form again{program};
-        name = file;
-        Tparameter_file_form::Editor editor;
-        editor.parameters = &record;
-        editor.file_name = &name;
-        editor.file_given = true;
-        editor.user_settings_file = &settings_folder;
-        ASSERT_TRUE(again.bind_to(editor));
-        EXPECT_EQ(again.checkbox_advanced_mode.checked(), std::string(file) == "C:\\work\\study.tvp");
+        ASSERT_TRUE(bind_again(again, file));
+        EXPECT_EQ(again.checkbox_advanced_mode.checked(), file == study);
     }
 }
 
-// An editor that puts the record in order when it shows it, as the project's does.
-class Tidying_panel : public TPanel {
-public:
-    explicit Tidying_panel(Tilverra_project_editor_parameters& record) : TPanel("tidying"), record_(record) {}
-    void Update() override { record_.cropping_system_model = "tidied"; }
-
-private:
-    Tilverra_project_editor_parameters& record_;
-};
-
 TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_change) {
-    Tidying_panel tidying(record);
-    name = "C:\\work\\study.tvp";
+    // As the project's editor does when it shows the record.
+    struct Tidying_panel : TPanel {
+        using TPanel::TPanel;
+        void Update() override { tidied->cropping_system_model = "tidied"; }
+        Tilverra_project_editor_parameters* tidied = nullptr;
+    } tidying("tidying");
+    tidying.tidied = &record;
     Tparameter_file_form::Editor editor;
     editor.form = &tidying;
     editor.parameters = &record;
     editor.panel = &tidying;
+    name = study;
     editor.file_name = &name;
     editor.file_given = true;
     ASSERT_TRUE(form.bind_to(editor));
@@ -264,36 +226,33 @@ TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_c
 }
 
 TEST_F(Parameter_file_form, a_frame_that_closes_stays_open_while_the_wanted_save_fails) {
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    ASSERT_TRUE(bind());
     form.notes.memo_notes.bring_to_front();
     EXPECT_TRUE(form.notes.memo_notes.type_text("noted"));
     describe("typed last, and not left"); // the question comes after it has reached the record
-    const std::string question = "Save the changes to C:\\work\\study.tvp?";
     const std::string before = saved("work/study.tvp");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
-        desktop.expect_message("Unsaved changes", question, Modal_result::yes);
-        desktop.expect_message("Unable to save", unable, Modal_result::abort);
+        const Full_disk full_disk;
+        expect(leaving(Modal_result::yes));
+        expect(failing(Modal_result::abort));
         EXPECT_FALSE(form.close());
         EXPECT_TRUE(form.visible());
         EXPECT_EQ(saved("work/study.tvp"), before);
     }
     std::filesystem::create_directory(drives.host("work/study/notes.txt")); // now only the notes fail
-    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
-    desktop.expect_message("Unable to save", unable, Modal_result::abort);
+    expect(leaving(Modal_result::yes));
+    expect(failing(Modal_result::abort));
     EXPECT_FALSE(form.close());
     EXPECT_TRUE(has_line("work/study.tvp", "description=typed last, and not left"));
     std::filesystem::remove(drives.host("work/study/notes.txt"));
-    desktop.expect_message("Unsaved changes", question, Modal_result::yes);
+    expect(leaving(Modal_result::yes));
     EXPECT_TRUE(form.close());
     EXPECT_EQ(saved("work/study/notes.txt"), "noted");
 }
 
 TEST_F(Parameter_file_form, a_backup_that_fails_is_said) {
-    platform::File_faults faults;
-    faults.fail(platform::Write_step::write, ENOSPC);
-    ASSERT_TRUE(bind("C:\\work\\study.tvp"));
+    const Full_disk full_disk;
+    ASSERT_TRUE(bind());
     EXPECT_TRUE(form.status_line.text().starts_with("This file could not be backed up: "))
         << form.status_line.text();
 }

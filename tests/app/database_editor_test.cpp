@@ -4,11 +4,9 @@
 #include "platform/shell.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -17,23 +15,16 @@ constexpr const char* unzip_hint =
     "We will now try to activate WinZip (if installed) for each downloaded state data.  When WinZip starts, "
     "extract to the same directory where the .ZIP file is located.  You can then delete the .ZIP file.";
 
-// Writes down what it is asked for, and where each command would have started.
-class Directory_record : public platform::Process_launcher {
+// Writes down where each command would have started, too.
+class Directory_record : public Launcher_record {
 public:
-    std::string started;
-
+    Directory_record() { result = platform::result_file_not_found; }
     int execute(const std::string& command_line, int show_state) override {
-        started += platform::current_directory() + "> " + command_line +
-                   (show_state == 1 ? "\n" : " in another state\n");
-        return platform::result_file_not_found;
+        return Launcher_record::execute(platform::current_directory() + "> " + command_line, show_state);
     }
     std::optional<int> create_and_wait(const std::string& command_line, int show_state) override {
-        execute("wait for " + command_line, show_state);
-        return std::nullopt;
+        return Launcher_record::create_and_wait("wait for " + command_line, show_state);
     }
-
-private:
-    platform::Launcher_guard guard_{*this};
 };
 
 class Transfer_record : public File_transfer_client {
@@ -131,7 +122,7 @@ protected:
     Directory_record launcher;
     Shell_record shell;
     Transfer_record transfer;
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TESK::File_name program{"C:\\S\\Tilverra\\project_editor.exe"};
     Database_directory database{TESK::Directory_name("C:\\P")};
     std::optional<Tdatabase_editor_form> form;
@@ -172,9 +163,10 @@ TEST_F(Database_editor, without_a_database_only_the_utilities_that_need_none_do_
     for (const char* button :
          {"import_XEB_button", "export_XEB_button", "skymill_button", "XEB_spatial_button"})
         click(button);
-    EXPECT_EQ(started(), "C:\\> C:\\S\\XEB\\import_wizard.exe \"\" \n"
-                         "C:\\> C:\\S\\Skymill.exe \"\" \n"
-                         "C:\\> C:\\S\\XEB\\spatial\\interpolation\\XEB_spatial_interpolator.exe \"\" \n");
+    EXPECT_EQ(started(),
+              "C:\\> C:\\S\\XEB\\import_wizard.exe \"\"  [1]\n"
+              "C:\\> C:\\S\\Skymill.exe \"\"  [1]\n"
+              "C:\\> C:\\S\\XEB\\spatial\\interpolation\\XEB_spatial_interpolator.exe \"\"  [1]\n");
 }
 
 TEST_F(Database_editor, the_caption_tells_the_level_and_showing_the_window_enters_the_database) {
@@ -196,7 +188,7 @@ TEST_F(Database_editor, the_caption_tells_the_level_and_showing_the_window_enter
     EXPECT_TRUE(form->activate()); // turned to from another window
     EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
     click("explore_button");
-    EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\"\n");
+    EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\" [1]\n");
     EXPECT_FALSE(std::filesystem::exists(drives.host("P/Database/Soil"))) << "looking at a database made it";
 }
 
@@ -210,10 +202,10 @@ TEST_F(Database_editor, the_weather_utilities_work_on_the_file_selected_last_in_
          {"import_XEB_button", "export_XEB_button", "skymill_button", "XEB_spatial_button"})
         click(button);
     const std::string here = "C:\\P\\Database> C:\\S\\";
-    EXPECT_EQ(started(), here + "XEB\\import_wizard.exe \"C:\\P\\Database\\Weather\\wet.XEB\" \n" + here +
-                             "XEB\\export_wizard.exe \"C:\\P\\Database\\Weather\\wet.XEB\" \n" + here +
-                             "Skymill.exe \"C:\\P\\Database\\Weather\\wet.XEB\" \n" + here +
-                             "XEB\\spatial\\interpolation\\XEB_spatial_interpolator.exe \"\" \n");
+    EXPECT_EQ(started(), here + "XEB\\import_wizard.exe \"C:\\P\\Database\\Weather\\wet.XEB\"  [1]\n" + here +
+                             "XEB\\export_wizard.exe \"C:\\P\\Database\\Weather\\wet.XEB\"  [1]\n" + here +
+                             "Skymill.exe \"C:\\P\\Database\\Weather\\wet.XEB\"  [1]\n" + here +
+                             "XEB\\spatial\\interpolation\\XEB_spatial_interpolator.exe \"\"  [1]\n");
     list.select_lines({});
     EXPECT_EQ(form->file_manager()->get_selected_file(), "");
 }
@@ -237,7 +229,7 @@ TEST_F(Database_editor, a_crop_is_created_in_its_folder_under_the_name_that_was_
         click(button);
         EXPECT_EQ(started(), std::string("C:\\P\\Database\\Crop> C:\\S\\Tilverra\\crop_editor.exe "
                                          "\"spring wheat.crp\" ") +
-                                 option + "\n");
+                                 option + " [1]\n");
         EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
     }
     name.set_text("C:\\elsewhere\\wheat 1.5");
@@ -259,11 +251,11 @@ TEST_F(Database_editor, soils_and_managements_are_made_in_folders_of_their_own) 
     make_bound_form();
     click("import_soil_button");
     EXPECT_EQ(started(), "C:\\P\\Database\\Soil> wait for C:\\S\\Tilverra\\soil_convertor.exe "
-                         "\"C:\\P\\Database\\Soil\" \n");
+                         "\"C:\\P\\Database\\Soil\"  [1]\n");
     EXPECT_EQ(platform::current_directory(), "C:\\P\\Database");
     click("management_button_combinatorial_generation");
     EXPECT_EQ(started(), "C:\\P\\Database> C:\\S\\Tilverra\\management_generator.exe "
-                         "\"C:\\P\\Database\\Management\" \n");
+                         "\"C:\\P\\Database\\Management\"  [1]\n");
     EXPECT_TRUE(std::filesystem::exists(drives.host("P/Database/Management")));
 }
 
@@ -299,12 +291,9 @@ TEST_F(Statsgo, the_selected_states_are_downloaded_in_the_order_of_the_list_and_
     EXPECT_EQ(get<TShellTreeView>("statsgo_directory_treelist").folder() + "\\", folder);
 }
 
-TEST_F(Statsgo, with_nothing_selected_it_connects_and_disconnects) {
-    click("install_button");
-    EXPECT_EQ(transfer.asked, connection + "disconnect\n");
-}
-
 TEST_F(Statsgo, a_failure_is_told_and_ends_the_work_with_the_connection_open) {
+    click("install_button"); // nothing is selected yet
+    EXPECT_EQ(transfer.asked, connection + "disconnect\n");
     struct Case {
         const char* failing;
         std::string asked;
@@ -382,61 +371,44 @@ TEST_F(File_manager, the_selected_files_go_to_the_trash_or_to_their_editors) {
     EXPECT_TRUE(manager().refresh_button.click());
     list().select_lines({0, 2});
     EXPECT_TRUE(manager().notepad_button.click());
-    EXPECT_EQ(started(), "C:\\P\\Database> notepad.exe \"C:\\P\\Database\\Crop\\maize.crp\"\n"
-                         "C:\\P\\Database> notepad.exe \"C:\\P\\Database\\Crop\\rye.crp\"\n");
+    EXPECT_EQ(started(), "C:\\P\\Database> notepad.exe \"C:\\P\\Database\\Crop\\maize.crp\" [1]\n"
+                         "C:\\P\\Database> notepad.exe \"C:\\P\\Database\\Crop\\rye.crp\" [1]\n");
     EXPECT_TRUE(manager().edit_button.click());
     EXPECT_NE(started().find("unzip \"C:\\P\\Database\\Crop\\rye.crp\""), std::string::npos);
     EXPECT_TRUE(manager().explore_category_button.click());
-    EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\\Crop\"\n");
+    EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\\Crop\" [1]\n");
     EXPECT_TRUE(manager().delete_button.click());
     EXPECT_EQ(shell.recycled, "C:\\P\\Database\\Crop\\maize.crp\nC:\\P\\Database\\Crop\\rye.crp\n");
     EXPECT_EQ(lines(), "oats.crp ");
 }
 
 TEST_F(File_manager, a_new_file_lies_in_the_folder_whatever_was_typed_and_an_old_one_is_opened) {
-    struct Case {
-        const char* typed;
-        const char* file; // null for none
-    };
-    const Case cases[] = {
-        {"", nullptr},
-        {"..\\", nullptr},
-        {"barley", "barley.crp"},
-        {"..\\..\\rye.txt", "rye.txt.crp"},
-        {"maize", "maize.crp"},
-        {"wheat 1.5", "wheat 1.5.crp"},
-        {"oats.CRP", "oats.CRP"},
-    };
-    for (const Case& c : cases) {
-        create(c.typed);
-        const std::string opened = started();
-        if (c.file == nullptr) {
-            EXPECT_EQ(opened, "") << c.typed;
-            continue;
-        }
-        EXPECT_NE(opened.find(std::string("C:\\P\\Database\\Crop\\") + c.file), std::string::npos) << opened;
-        EXPECT_NE(lines().find(std::string(c.file) + "* "), std::string::npos) << lines();
+    for (const char* nothing : {"", "..\\"}) {
+        create(nothing);
+        EXPECT_EQ(started(), "") << nothing;
+    }
+    for (const auto& [typed, file] : {std::pair("barley", std::string("barley.crp")),
+                                      {"..\\..\\rye.txt", "rye.txt.crp"},
+                                      {"maize", "maize.crp"},
+                                      {"wheat 1.5", "wheat 1.5.crp"},
+                                      {"oats.CRP", "oats.CRP"}}) {
+        create(typed);
+        EXPECT_NE(started().find("C:\\P\\Database\\Crop\\" + file), std::string::npos) << typed;
+        EXPECT_NE(lines().find(file + "* "), std::string::npos) << lines();
     }
     EXPECT_EQ(drives.read("P/Database/Crop/maize.crp"), "data");
 }
 
 TEST_F(File_manager, a_missing_folder_is_made_for_a_file_unless_it_is_for_others_to_make) {
-    struct Case {
-        const char* page;
-        const char* folder;
-        bool is_made;
-    };
-    const Case cases[] = {
-        {"soil_tabsheet", "Soil", true},
-        {"biomatter_tabsheet", "Biomatter", false},
-        {"format_tabsheet", "Format", false},
-    };
-    for (const Case& c : cases) {
-        show_page(c.page);
+    for (const auto& [page, folder] : {std::pair("soil_tabsheet", "Soil"),
+                                       {"biomatter_tabsheet", "Biomatter"},
+                                       {"format_tabsheet", "Format"}}) {
+        show_page(page);
         create("new");
-        EXPECT_EQ(std::filesystem::exists(drives.host(std::string("P/Database/") + c.folder)), c.is_made)
-            << c.folder;
-        EXPECT_EQ(list().count(), c.is_made ? 1 : 0);
+        const bool is_made = std::string(folder) == "Soil";
+        EXPECT_EQ(std::filesystem::exists(drives.host(std::string("P/Database/") + folder)), is_made)
+            << folder;
+        EXPECT_EQ(list().count(), is_made ? 1 : 0) << folder;
     }
 }
 

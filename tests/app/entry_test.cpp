@@ -1,31 +1,20 @@
 #include "app/entry.h"
 
-#include "platform/process.h"
+#include "support/launcher_record.h"
 #include "support/temporary_drives.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
-
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <sstream>
 
 namespace {
 
-// Notes what is started, and starts nothing.
-class Recording_launcher : public platform::Process_launcher {
-public:
-    int execute(const std::string& command_line, int) override {
-        started.push_back(command_line);
-        return platform::result_file_not_found;
-    }
-    std::vector<std::string> started;
-};
-
 class Entry_test : public testing::Test {
 protected:
-    Entry_test() : guard(launcher) {
+    Entry_test() {
+        launcher.result = platform::result_file_not_found;
         drives.write("Suite/Tilverra/project_editor.exe");
         drives.write("work/readme.txt");
         std::filesystem::copy_file(TEST_DATA "/irrigation_study.tvp", drives.host("work/study.tvp"));
@@ -48,19 +37,14 @@ protected:
 
     Temporary_drives drives;
     Environment_guard user_settings{"XDG_CONFIG_HOME", drives.host("config")};
-    Recording_launcher launcher;
-    platform::Launcher_guard guard;
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Launcher_record launcher;
+    Test_desktop desktop;
     std::string title;
     std::ostringstream err;
 };
 
 TEST_F(Entry_test, it_opens_the_project_that_the_argument_names) {
-    struct Case {
-        std::string argument;
-        std::string title;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {drives.host("work/study.tvp"), "C:\\work\\study.tvp"},
         {"C:\\work\\STUDY.TVP", "C:\\work\\STUDY.TVP"},
         {"study.tvp", "C:\\work\\study.tvp"},
@@ -69,19 +53,15 @@ TEST_F(Entry_test, it_opens_the_project_that_the_argument_names) {
         {"C:\\work\\new\\.TVS_project", "C:\\work\\new\\.TVS_project"},
         {drives.host("work/new/.TVS_project"), "C:\\work\\new\\.TVS_project"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [argument, file] : cases) {
         platform::change_directory("C:\\work");
-        EXPECT_EQ(run({c.argument}), 0);
-        EXPECT_EQ(title, "Tilverra project: " + c.title) << c.argument;
+        EXPECT_EQ(run({argument}), 0);
+        EXPECT_EQ(title, "Tilverra project: " + file) << argument;
     }
 }
 
 TEST_F(Entry_test, the_suite_is_started_at_the_end_only_for_projects_of_no_special_type) {
-    struct Case {
-        std::vector<std::string> arguments;
-        bool starts_suite;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<std::string>, bool> cases[] = {
         {{"C:\\work\\study.tvp"}, true},
         {{"C:\\work\\study.tvp", "Tilverra"}, true},
         {{"C:\\work\\study.tvp", "no such type"}, true},
@@ -89,19 +69,10 @@ TEST_F(Entry_test, the_suite_is_started_at_the_end_only_for_projects_of_no_speci
         {{"C:\\work\\study.tvp", "morka"}, false},
         {{"C:\\work\\study.tvp", "GIS", "one too many"}, true},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(run(c.arguments), 0);
-        EXPECT_EQ(launcher.started, c.starts_suite ? std::vector<std::string>{"C:\\Suite\\TVS_suite.exe"}
-                                                   : std::vector<std::string>{})
-            << c.arguments.back();
+    for (const auto& [arguments, starts_suite] : cases) {
+        EXPECT_EQ(run(arguments), 0);
+        EXPECT_EQ(launcher.started, starts_suite ? "C:\\Suite\\TVS_suite.exe [1]\n" : "") << arguments.back();
     }
-}
-
-TEST_F(Entry_test, without_a_file_it_ends_with_code_1_and_starts_and_writes_nothing) {
-    desktop.expect_modal("recent_file_selector_form", [](TForm& form) { form.close(); });
-    EXPECT_EQ(run({}), 1);
-    EXPECT_TRUE(launcher.started.empty());
-    EXPECT_FALSE(std::filesystem::exists(drives.host("Suite/TVS_suite.ini")));
 }
 
 TEST_F(Entry_test, the_master_record_is_written_back_at_the_end_with_what_others_keep_in_it) {
@@ -120,7 +91,7 @@ TEST_F(Entry_test, a_program_outside_a_suite_leaves_its_master_record_with_the_u
     EXPECT_TRUE(std::filesystem::exists(drives.host("config/bin/TVS_suite.ini")));
 }
 
-TEST_F(Entry_test, the_file_selector_offers_help_where_the_program_has_a_folder_of_it) {
+TEST_F(Entry_test, without_a_file_it_ends_with_code_1_and_help_is_offered_where_there_is_a_folder_of_it) {
     for (const bool has_help : {false, true}) {
         if (has_help)
             drives.write("Suite/Tilverra/project_editor/help/index.html");
@@ -129,6 +100,8 @@ TEST_F(Entry_test, the_file_selector_offers_help_where_the_program_has_a_folder_
             form.close();
         });
         EXPECT_EQ(run({}), 1);
+        EXPECT_EQ(launcher.started, "");
+        EXPECT_FALSE(std::filesystem::exists(drives.host("Suite/TVS_suite.ini")));
     }
 }
 

@@ -20,14 +20,14 @@ TEST_F(Project_test, the_menu_saves_finds_resets_undoes_and_leads_back_to_the_sc
     EXPECT_TRUE(bar.choose("Edit|Find"));
     EXPECT_TRUE(form.scenarios.lists.created.filter_edit.focused());
 
-    drives.write("projects/study/Scenarios/base.tvn", "[H2O]\n1=0.7\n");
-    const std::string before = drives.read("projects/study/Scenarios/dry.tvn");
+    write_scenario("base", "[H2O]\n1=0.7\n");
+    const std::string before = scenario("dry");
     form.scenarios.reset.reset_checkboxes[3]->set_checked(true);
     EXPECT_TRUE(bar.choose("Edit|Select all shown"));
     EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
-    EXPECT_NE(drives.read("projects/study/Scenarios/dry.tvn"), before);
+    EXPECT_NE(scenario("dry"), before);
     EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
-    EXPECT_EQ(drives.read("projects/study/Scenarios/dry.tvn"), before);
+    EXPECT_EQ(scenario("dry"), before);
 
     form.options.show_GIS_buttonClick();
     EXPECT_FALSE(form.scenarios.scenarios_tabsheet.visible());

@@ -1,20 +1,16 @@
 #include "app/new_name_form.h"
 
-#include "toolkit/headless_desktop.h"
-
-#include <gtest/gtest.h>
+#include "support/test_desktop.h"
 
 namespace {
 
 TEST(New_name_form, enter_takes_the_name_and_escape_cancels) {
-    Headless_desktop desktop([](const std::string& fault) { ADD_FAILURE() << fault; });
+    Test_desktop desktop;
     Tnew_name_form_check_used form;
     TESK::Ustring name("base");
     form.new_scenario_name_edit.bind_to(&name, nullptr);
     desktop.expect_modal("new_name_form_check_used", [&](TForm&) {
-        EXPECT_TRUE(form.new_scenario_name_edit.focus());
-        form.new_scenario_name_edit.select_all();
-        form.new_scenario_name_edit.type_text("rainfed");
+        retype(form.new_scenario_name_edit, "rainfed");
         form.new_scenario_name_edit.key({Key_code::enter, ""});
     });
     EXPECT_EQ(form.show_modal(), Modal_result::ok);

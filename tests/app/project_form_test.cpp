@@ -2,33 +2,33 @@
 
 namespace {
 
-class Workspace : public Project_test {};
+using Workspace = Project_test;
 
 TEST_F(Workspace, what_is_visible_follows_the_type_and_the_state_of_the_project) {
-    struct Case {
-        Tilverra_project_type type;
-        bool scenarios, GIS, tallies, optimization, buttons;
+    // Scenarios, GIS, tallies, optimization, and the two buttons to the models.
+    const std::pair<Tilverra_project_type, std::vector<bool>> cases[] = {
+        {Tilverra_project_type::tilverra, {true, false, false, false, true, true}},
+        {Tilverra_project_type::gis, {false, true, true, false, false, false}},
+        {Tilverra_project_type::watershed, {true, true, true, false, false, false}},
+        {Tilverra_project_type::grazing, {true, false, false, true, false, false}},
+        {Tilverra_project_type::morka, {true, false, false, false, false, false}},
     };
-    const Case cases[] = {
-        {Tilverra_project_type::tilverra, true, false, false, false, true},
-        {Tilverra_project_type::gis, false, true, true, false, false},
-        {Tilverra_project_type::watershed, true, true, true, false, false},
-        {Tilverra_project_type::grazing, true, false, false, true, false},
-        {Tilverra_project_type::morka, true, false, false, false, false},
-    };
+    const TControl* const parts[] = {&form.scenarios.scenarios_tabsheet,
+                                     &form.GIS.GIS_tabsheet,
+                                     &form.tallies.tabsheet_statistical_tally,
+                                     &form.optimization.tabsheet_optimization,
+                                     &form.options.show_GIS_button,
+                                     &form.options.show_optimization_model_button};
     open();
     record->statistical_analysis = false;
-    for (const Case& c : cases) {
-        form.workspace()->requested_project_type = c.type;
+    for (const auto& [type, visible] : cases) {
+        form.workspace()->requested_project_type = type;
         record->project_type = Tilverra_project_type::morka; // yields to the one that was asked for
         form.show_hide();
-        EXPECT_EQ(record->project_type, c.type);
-        EXPECT_EQ(form.scenarios.scenarios_tabsheet.visible(), c.scenarios);
-        EXPECT_EQ(form.GIS.GIS_tabsheet.visible(), c.GIS);
-        EXPECT_EQ(form.tallies.tabsheet_statistical_tally.visible(), c.tallies);
-        EXPECT_EQ(form.optimization.tabsheet_optimization.visible(), c.optimization);
-        EXPECT_EQ(form.options.show_GIS_button.visible(), c.buttons);
-        EXPECT_EQ(form.options.show_optimization_model_button.visible(), c.buttons);
+        EXPECT_EQ(record->project_type, type);
+        for (std::size_t part = 0; part < visible.size(); ++part)
+            EXPECT_EQ(parts[part]->visible(), visible[part])
+                << parts[part]->name() << " of type " << static_cast<int>(type);
     }
 }
 
@@ -100,8 +100,8 @@ TEST_F(Workspace, a_map_is_run_when_both_its_table_and_the_template_are_there) {
     EXPECT_GT(form.GIS.GIS_soil_combo.items().size(), 1u);
     EXPECT_EQ(form.GIS.MUID_found_note.visible(),
               form.GIS.get_PAT_attributes().find("MUID", true) != nullptr);
-    EXPECT_EQ(form.GIS.GIS_active_scenario_note.colour(), 0x00ff00);
     EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::tick);
+    EXPECT_EQ(form.GIS.GIS_active_scenario_note.colour(), 0x00ff00);
     EXPECT_EQ(parameter_form.run_button.text(), "Run GIS");
     EXPECT_TRUE(parameter_form.run_button.visible());
     EXPECT_TRUE(parameter_form.run_button.click());

@@ -5,43 +5,31 @@
 
 namespace {
 
-constexpr const char* no_name = "To create a new scenario, first enter the new scenario name";
-constexpr const char* nothing_compared =
-    "To compare scenarios, you must select scenarios to compare (click check boxes)";
-
-class Hazards : public Project_test {
-protected:
-    TFileCheckListBox& generated() { return form.scenarios.lists.generated_scenarios_filelistbox; }
-};
+using Hazards = Project_test;
 
 TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_is_typed) {
-    struct Case {
-        const char* typed;
-        const char* made; // null for the message that a name is wanted
-    };
-    const Case cases[] = {
+    // What is typed, and the file that is made; none where the message says that a name is wanted.
+    const std::pair<std::string, std::string> cases[] = {
         {"wheat 1.5", "wheat 1.5.tvn"},
         {"..\\ma\"i*ze", "..maize.tvn"},
         {"C:\\x/y", "Cxy.tvn"},
         {"\xD0\xBF 7", " 7.tvn"},
-        {"\xD0\xBF", nullptr},
-        {"..", nullptr},
-        {" . ", nullptr},
+        {"\xD0\xBF", ""},
+        {"..", ""},
+        {" . ", ""},
     };
     open();
     TEdit& name_edit = form.scenarios.edit.edit_new_scenario_name;
     for (const char* active : {"Scenarios\\base.tvn", "<Currently not selected>", "", "Scenarios\\base"}) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(std::string(active) + " and " + c.typed);
+        for (const auto& [typed, made] : cases) {
+            SCOPED_TRACE(std::string(active) + " and " + typed);
             record->active_scenario = active;
-            name_edit.bring_to_front();
-            name_edit.set_text("");
-            EXPECT_TRUE(name_edit.type_text(c.typed));
-            if (c.made == nullptr)
-                desktop.expect_message("", no_name);
+            retype(name_edit, typed);
+            if (made.empty())
+                expect_no_name();
             EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
             EXPECT_EQ(record->active_scenario,
-                      c.made == nullptr ? active : std::string("C:\\projects\\study\\Scenarios\\") + c.made);
+                      made.empty() ? active : "C:\\projects\\study\\Scenarios\\" + made);
         }
     }
     EXPECT_EQ(new_scenario_name("..\\..\\evil"), "evil");
@@ -51,14 +39,14 @@ TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_
 TEST_F(Hazards, deleting_a_scenario_whose_name_is_of_points_takes_no_folder_with_it) {
     for (const char* file : {"..tvn", "...tvn", ". .tvn", " .tvn", ".tvn"})
         drives.write(std::string("projects/study/Scenarios/") + file, "x");
-    drives.write("projects/study/Scenarios/dry/Output/season.xeb", "x");
+    write_output("dry");
     open();
     for (int i = 0; i < created().count() && created().line(i).text != "base.tvn"; ++i)
         created().set_checked(i, true);
     EXPECT_EQ(created().checked_count(), 5);
     expect_deletion(Modal_result::yes, "Scenarios: 5\nFiles of their outputs: 0\nSize of all: 5 B\n\n"
                                        " .tvn\n. .tvn\n...tvn\n..tvn\n.tvn");
-    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+    EXPECT_TRUE(press_delete());
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_TRUE(there("projects/study/Scenarios/dry/Output/season.xeb"));
 }
@@ -70,17 +58,23 @@ TEST_F(Hazards, without_an_active_scenario_nothing_is_made_and_what_needs_one_sa
         EXPECT_FALSE(form.scenarios.run.senerios_run_button.usable());
         EXPECT_EQ(form.GIS.GIS_active_scenario_note.mark(), Mark::cross);
         form.scenarios.active_scenario_editbar_set_to_scenarios_dir();
-        desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+        expect_no_output();
         EXPECT_TRUE(press(form.scenarios.run.view_output_button));
-        desktop.expect_message("Active scenario not found",
-                               "The active scenario has not been selected or does not exist");
-        EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
+        expect_no_active();
+        EXPECT_TRUE(press_compare());
         expect_deletion(Modal_result::yes, nothing_goes);
-        EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
+        EXPECT_TRUE(press_delete());
         EXPECT_EQ(record->active_scenario, active);
         EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
         EXPECT_FALSE(there("projects/study/Output") || there("projects/study/Scenarios/Output"));
     }
+    // Nor does the outputs' folder of one that is gone go, in whatever way it is asked for.
+    write_output("gone");
+    activate("Scenarios\\gone.tvn");
+    created().focus();
+    expect_deletion(Modal_result::yes, nothing_goes);
+    EXPECT_TRUE(created().key(key(Key_code::del)));
+    EXPECT_TRUE(there("projects/study/Scenarios/gone/Output/season.xeb"));
     // What is checked runs all the same.
     EXPECT_TRUE(press(form.scenarios.lists.scenerios_select_all_button));
     form.scenarios.run.senerios_run_button.bring_to_front();
@@ -90,31 +84,14 @@ TEST_F(Hazards, without_an_active_scenario_nothing_is_made_and_what_needs_one_sa
 TEST_F(Hazards, a_generated_scenario_is_run_by_its_check_mark) {
     copy_data("base.tvn", "projects/study/Generated_scenarios/00001.tvn");
     open();
-    form.scenarios.lists.pagecontrol_scenarios.select_page(form.scenarios.lists.tabsheet_generated_scenarios);
-    EXPECT_TRUE(generated().select(0));
-    EXPECT_TRUE(generated().check(0));
-    form.scenarios.run.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    show_generated();
+    EXPECT_TRUE(generated().select(0) && generated().check(0));
+    EXPECT_TRUE(press_run());
     EXPECT_NE(started().find("\"C:\\projects\\study\\Generated_scenarios\\00001.tvn\""), std::string::npos);
 }
 
-TEST_F(Hazards, the_delete_key_in_an_empty_list_asks_and_deletes_nothing) {
-    std::filesystem::remove_all(drives.host("projects/study/Scenarios"));
-    drives.write("projects/study/Scenarios/gone/Output/season.xeb", "x");
-    open_with("Scenarios\\gone.tvn");
-    EXPECT_EQ(created().count(), 0);
-    created().focus();
-    expect_deletion(Modal_result::yes, nothing_goes);
-    EXPECT_TRUE(created().key(key(Key_code::del)));
-    EXPECT_TRUE(there("projects/study/Scenarios/gone/Output/season.xeb"));
-}
-
 TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_the_current_folder) {
-    struct Case {
-        const char* what;
-        std::function<void()> operation;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::function<void()>> cases[] = {
         {"create",
          [this] {
              form.scenarios.edit.edit_new_scenario_name.set_text("first");
@@ -144,13 +121,12 @@ TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_t
         {"run", [this] { form.scenarios.run.senerios_run_button_onclick(); }},
         {"view output",
          [this] {
-             desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+             expect_no_output();
              form.scenarios.run.view_output_button_onclick();
          }},
         {"compare",
          [this] {
-             desktop.expect_message("Active scenario not found",
-                                    "The active scenario has not been selected or does not exist");
+             expect_no_active();
              form.scenarios.analysis.button_compare_project_scenariosClick();
          }},
         {"view comparison", [this] { form.comparisons.comparison_button_view_outputClick(); }},
@@ -159,16 +135,13 @@ TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_t
         {"reset", [this] { form.scenarios.reset.reset_scenario_button_onclick(); }},
     };
     std::filesystem::create_directories(drives.host("elsewhere"));
-    std::string file;
-    int number = 0;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, operation] : cases) {
+        SCOPED_TRACE(what);
         platform::change_directory("C:\\elsewhere");
-        file = "C:\\projects\\fresh" + std::to_string(++number) + ".tvp";
-        open(file);
+        open(std::string("C:\\projects\\fresh ") + what + ".tvp");
         record->active_scenario = "Scenarios\\default.tvn";
         started();
-        c.operation();
+        operation();
         EXPECT_TRUE(std::filesystem::is_empty(drives.host("elsewhere")));
         EXPECT_EQ(started().find("\"\""), std::string::npos);
     }
@@ -190,26 +163,6 @@ TEST_F(Hazards, where_the_folder_of_scenarios_cannot_be_made_nothing_is_lost_and
     EXPECT_FALSE(there("projects/Scenarios"));
 }
 
-TEST_F(Hazards, a_damaged_polygon_table_gives_the_attributes_that_can_be_read) {
-    copy_data("fields.dbf", "projects/study/whole.dbf");
-    const std::string whole = drives.read("projects/study/whole.dbf");
-    open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
-    const auto attributes_of = [this](const std::string& contents) {
-        drives.write("projects/study/fields.dbf", contents);
-        record->GIS_parameters.coverage_PAT_filename = "fields.dbf";
-        form.GIS.GIS_coverage_filebar_onchange();
-        EXPECT_TRUE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
-        return form.GIS.GIS_soil_combo.items().size();
-    };
-    const std::size_t all = attributes_of(whole);
-    EXPECT_GT(all, 1u);
-    EXPECT_EQ(attributes_of(whole.substr(0, 64)), 1u);
-    for (const std::size_t length : {0u, 1u, 31u, 33u})
-        EXPECT_EQ(attributes_of(whole.substr(0, length)), 0u);
-    EXPECT_LE(attributes_of(std::string(100, '\xFF')), 2u);
-    EXPECT_EQ(attributes_of(whole), all);
-}
-
 TEST_F(Hazards, tables_that_a_run_left_meanwhile_are_seen_when_their_page_is_shown) {
     drives.write("projects/study/GIS/first.dbf");
     open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
@@ -220,8 +173,8 @@ TEST_F(Hazards, tables_that_a_run_left_meanwhile_are_seen_when_their_page_is_sho
 }
 
 TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_not_for_an_earlier_save) {
-    for (const char* scenario : {"base", "wet"})
-        drives.write(std::string("projects/study/Scenarios/") + scenario + "/Output/season.xeb", "x");
+    write_output("base");
+    write_output("wet");
     open_with("Scenarios\\base.tvn");
     form.scenarios.lists.senerios_select_all_button_onclick();
     desktop.closing = true;
@@ -242,7 +195,7 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
     form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_NE(started().find("base vs wet"), std::string::npos);
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
-    desktop.expect_message("No scenarios selected to compare", nothing_compared);
+    expect_nothing_compared();
     form.scenarios.analysis.button_compare_project_scenariosClick();
 }
 

@@ -9,10 +9,8 @@
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 #include "trees/suite_directory.h"
-
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <memory>
@@ -107,6 +105,39 @@ protected:
             text += list.line(i).text + (list.checked(i) ? "*;" : ";");
         return text;
     }
+    TFileCheckListBox& generated() { return form.scenarios.lists.generated_scenarios_filelistbox; }
+    void show_generated() {
+        form.scenarios.lists.pagecontrol_scenarios.select_page(
+            form.scenarios.lists.tabsheet_generated_scenarios);
+    }
+    std::string scenario(const std::string& name_of_one) const {
+        return drives.read("projects/study/Scenarios/" + name_of_one + ".tvn");
+    }
+    void write_scenario(const std::string& name_of_one, const std::string& text) const {
+        drives.write("projects/study/Scenarios/" + name_of_one + ".tvn", text);
+    }
+    void write_output(const std::string& name_of_one, const std::string& file = "season.xeb") const {
+        drives.write("projects/study/Scenarios/" + name_of_one + "/Output/" + file, "x");
+    }
+    bool press_run() { return press(form.scenarios.run.senerios_run_button); }
+    bool press_delete() { return press(form.scenarios.edit.scenario_delete_button); }
+    bool press_compare() { return press(form.scenarios.analysis.button_compare_project_scenarios); }
+    // What is told where something lacks.
+    void expect_no_output() {
+        desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+    }
+    void expect_no_active() {
+        desktop.expect_message("Active scenario not found",
+                               "The active scenario has not been selected or does not exist");
+    }
+    void expect_nothing_compared() {
+        desktop.expect_message(
+            "No scenarios selected to compare",
+            "To compare scenarios, you must select scenarios to compare (click check boxes)");
+    }
+    void expect_no_name() {
+        desktop.expect_message("", "To create a new scenario, first enter the new scenario name");
+    }
     // The question before a deletion, with what it says of what will go.
     void expect_deletion(Modal_result answer, const std::string& what) {
         desktop.expect_message(
@@ -123,7 +154,7 @@ protected:
     Temporary_drives drives;
     Launcher_record launcher;
     Record_folders folders;
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TESK::File_name program{"C:\\Suite\\Tilverra\\project_editor.exe"};
     std::unique_ptr<Tilverra_project_editor_parameters> record;
     TVP_filename name{"noname"};

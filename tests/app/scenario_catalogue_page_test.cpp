@@ -2,29 +2,28 @@
 
 namespace {
 
-class Catalogue : public Project_test {};
+using Catalogue = Project_test;
 
 TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
     open();
     record->active_scenario = "Scenarios\\base.tvn";
     TEdit& new_name = form.scenarios.edit.edit_new_scenario_name;
-    desktop.expect_message("", "To create a new scenario, first enter the new scenario name");
+    expect_no_name();
     EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
     EXPECT_TRUE(form.scenarios.edit.checkbox_copy_active_scenario.check());
     EXPECT_TRUE(new_name.type_text("wheat 1.5"));
     EXPECT_TRUE(new_name.key(key(Key_code::enter)));
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\wheat 1.5.tvn");
-    EXPECT_EQ(drives.read("projects/study/Scenarios/wheat 1.5.tvn"),
-              drives.read("projects/study/Scenarios/base.tvn"));
+    EXPECT_EQ(scenario("wheat 1.5"), scenario("base"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;");
     EXPECT_EQ(started(), "\"C:\\Suite\\Tilverra\\scenario_editor.exe\"  "
                          "\"C:\\projects\\study\\Scenarios\\wheat 1.5.tvn\"  [1]\n");
     EXPECT_EQ(new_name.text(), "");
     // An existing file stays, and the line comes a second time until the list is read again.
-    drives.write("projects/study/Scenarios/dry.tvn", "mine");
+    write_scenario("dry", "mine");
     EXPECT_TRUE(new_name.type_text("dry"));
     EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
-    EXPECT_EQ(drives.read("projects/study/Scenarios/dry.tvn"), "mine");
+    EXPECT_EQ(scenario("dry"), "mine");
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;dry.tvn;wet.tvn;wheat 1.5.tvn;");
     // Without the copy box there is no file before the scenario editor saves one.
     EXPECT_TRUE(form.scenarios.edit.checkbox_copy_active_scenario.check(false));
@@ -37,17 +36,16 @@ TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
 
 TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the_active_file_alone) {
     for (const char* name_of_one : {"base", "dry", "wet", "wet.2"}) {
-        drives.write(std::string("projects/study/Scenarios/") + name_of_one + ".tvn", "four");
-        drives.write(std::string("projects/study/Scenarios/") + name_of_one + "/Output/season.xls", "x");
+        write_scenario(name_of_one, "four");
+        write_output(name_of_one, "season.xls");
     }
     drives.write("projects/study/Scenarios/.tvn", "x");
     drives.write("elsewhere/far.tvn", std::string(5000, 'x'));
     open_with("Scenarios\\base.tvn");
     EXPECT_EQ(lines(created()), ".tvn;base.tvn;dry.tvn;wet.2.tvn;wet.tvn;");
-    TButton& delete_button = form.scenarios.edit.scenario_delete_button;
     const std::string base_goes = std::string(active_goes) + "Scenarios\\base.tvn, 4 B";
     expect_deletion(Modal_result::cancel, base_goes);
-    EXPECT_TRUE(press(delete_button));
+    EXPECT_TRUE(press_delete());
     EXPECT_EQ(created().count(), 5);
 
     created().check(0);
@@ -67,7 +65,7 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
     created().check(1);
     expect_deletion(Modal_result::no, "Scenarios: 1\nFiles of their outputs: 1\nSize of all: 5 B\n\n"
                                       "dry.tvn (outputs: 1)");
-    EXPECT_TRUE(press(delete_button));
+    EXPECT_TRUE(press_delete());
     EXPECT_FALSE(there("projects/study/Scenarios/dry.tvn") || there("projects/study/Scenarios/dry"));
     EXPECT_TRUE(std::filesystem::exists(user.home(".local/share/Trash/files/dry.tvn")) ||
                 std::filesystem::exists(drives.user_data() + "/Trash/files/dry.tvn"));
@@ -75,11 +73,28 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
     const auto light = [this] { return form.scenarios.active_scenario_editbar.panel_caption.colour(); };
     const auto light_before = light();
     expect_deletion(Modal_result::yes, base_goes);
-    EXPECT_TRUE(press(delete_button));
+    EXPECT_TRUE(press_delete());
     EXPECT_FALSE(there("projects/study/Scenarios/base.tvn"));
     EXPECT_TRUE(there("projects/study/Scenarios/base/Output/season.xls"));
     EXPECT_EQ(record->active_scenario, "Scenarios\\base.tvn");
     EXPECT_NE(light(), light_before);
+
+    // Who closes the window stops it.
+    for (const char* name_of_one : {"base", "dry", "wet"})
+        write_scenario(name_of_one, "x");
+    EXPECT_TRUE(press(form.scenarios.lists.relist_scenarios_button));
+    form.scenarios.lists.senerios_select_all_button_onclick();
+    std::filesystem::remove_all(drives.host("projects/study/Scenarios/base"));
+    expect_deletion(Modal_result::yes, "Scenarios: 3\nFiles of their outputs: 1\nSize of all: 4 B\n\n"
+                                       "base.tvn\ndry.tvn\nwet.tvn (outputs: 1)");
+    const int processed = desktop.messages_processed();
+    desktop.on_process_messages = [&] { desktop.closing = desktop.messages_processed() >= processed + 2; };
+    desktop.expect_message("Deletion stopped", "The deletion was stopped. Scenarios deleted until then: 1");
+    EXPECT_TRUE(press_delete());
+    EXPECT_EQ(lines(created()), "dry.tvn*;wet.tvn*;");
+    form.scenarios.lists.scenerios_select_none_button_onclick();
+    desktop.closing = false;
+    desktop.on_process_messages = {};
 
     // A file of another place is asked for once more.
     record->active_scenario = "C:\\elsewhere\\far.tvn";
@@ -90,24 +105,9 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
                                "This file lies outside the folder of this project. Delete it all the same?\n"
                                "C:\\elsewhere\\far.tvn",
                                answer);
-        EXPECT_TRUE(press(delete_button));
+        EXPECT_TRUE(press_delete());
     }
     EXPECT_FALSE(there("elsewhere/far.tvn"));
-}
-
-TEST_F(Catalogue, a_user_who_closes_the_window_stops_a_deletion) {
-    open();
-    form.scenarios.lists.senerios_select_all_button_onclick();
-    drives.write("projects/study/Scenarios/base.tvn", "x");
-    for (const char* file : {"dry", "wet"})
-        std::filesystem::resize_file(drives.host(std::string("projects/study/Scenarios/") + file + ".tvn"),
-                                     1);
-    expect_deletion(Modal_result::yes, "Scenarios: 3\nFiles of their outputs: 0\nSize of all: 3 B\n\n"
-                                       "base.tvn\ndry.tvn\nwet.tvn");
-    desktop.on_process_messages = [this] { desktop.closing = desktop.messages_processed() >= 2; };
-    desktop.expect_message("Deletion stopped", "The deletion was stopped. Scenarios deleted until then: 1");
-    EXPECT_TRUE(press(form.scenarios.edit.scenario_delete_button));
-    EXPECT_EQ(lines(created()), "dry.tvn*;wet.tvn*;");
 }
 
 TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog) {
@@ -119,8 +119,8 @@ TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog
                                {"C:\\old\\a\\maize.sim", "C:\\old\\b\\other.sim"});
     EXPECT_TRUE(press(form.scenarios.edit.scenario_open_SIM));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;maize.tvn;other.tvn;wet.tvn;");
-    EXPECT_NE(drives.read("projects/study/Scenarios/maize.tvn").find("[simulation]"), std::string::npos);
-    EXPECT_NE(drives.read("projects/study/Scenarios/other.tvn").find("[simulation]"), std::string::npos);
+    for (const char* imported : {"maize", "other"})
+        EXPECT_NE(scenario(imported).find("[simulation]"), std::string::npos) << imported;
 }
 
 TEST_F(Catalogue, a_line_of_either_list_points_the_active_scenario_into_the_created_ones) {
@@ -133,11 +133,9 @@ TEST_F(Catalogue, a_line_of_either_list_points_the_active_scenario_into_the_crea
     EXPECT_EQ(form.scenarios.active_scenario_editbar.filename_edit.text(), record->active_scenario);
     form.scenarios.run.senerios_run_button.bring_to_front();
     EXPECT_TRUE(form.scenarios.run.senerios_run_button.usable());
-    TFileCheckListBox& generated = form.scenarios.lists.generated_scenarios_filelistbox;
-    EXPECT_TRUE(form.scenarios.lists.pagecontrol_scenarios.select_page(
-        form.scenarios.lists.tabsheet_generated_scenarios));
-    EXPECT_EQ(form.scenarios.lists.current_scenarios_listbox, &generated);
-    EXPECT_TRUE(generated.select(0));
+    show_generated();
+    EXPECT_EQ(form.scenarios.lists.current_scenarios_listbox, &generated());
+    EXPECT_TRUE(generated().select(0));
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
     EXPECT_FALSE(form.scenarios.run.senerios_run_button.usable());
 }
@@ -146,10 +144,7 @@ TEST_F(Catalogue, a_typed_name_is_completed_and_a_scenario_of_elsewhere_is_opene
     copy_data("base.tvn", "elsewhere/far.tvn");
     open_with("Scenarios\\base.tvn");
     TAutoFileEditBar& bar = form.scenarios.active_scenario_editbar;
-    bar.filename_edit.bring_to_front();
-    bar.filename_edit.focus();
-    bar.filename_edit.select_all();
-    EXPECT_TRUE(bar.filename_edit.type_text("new one"));
+    retype(bar.filename_edit, "new one");
     form.scenarios.edit.scenario_open_active_button.focus();
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\new one.tvn");
     desktop.expect_file_dialog("Simulation scenario", {"C:\\elsewhere\\far.tvn"});
@@ -195,10 +190,9 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     expect_batch(Modal_result::ok);
     form.scenarios.run.senerios_run_button_onclick();
     EXPECT_EQ(under_cursor(), "dry.tvn");
-    drives.write("projects/study/Scenarios/dry/Output/season.xeb");
+    write_output("dry");
     form.scenarios.lists.senerios_select_all_button_onclick();
-    desktop.expect_message("No scenarios selected to compare",
-                           "To compare scenarios, you must select scenarios to compare (click check boxes)");
+    expect_nothing_compared();
     form.scenarios.analysis.button_compare_project_scenariosClick();
     EXPECT_EQ(under_cursor(), "dry.tvn");
 
@@ -210,13 +204,14 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     TAutoFileEditBar& bar = form.scenarios.active_scenario_editbar;
     bar.bring_to_front();
     const auto light = [&bar] { return bar.panel_caption.colour(); };
-    desktop.expect_file_dialog("", {"C:\\projects\\study\\Scenarios\\base.tvn"});
-    EXPECT_TRUE(press(bar.filename_button));
-    EXPECT_EQ(under_cursor(), "base.tvn");
+    const auto choose = [&](const std::string& file) {
+        desktop.expect_file_dialog("", {file});
+        EXPECT_TRUE(press(bar.filename_button));
+        return under_cursor();
+    };
+    EXPECT_EQ(choose("C:\\projects\\study\\Scenarios\\base.tvn"), "base.tvn");
     const auto there_light = light();
-    desktop.expect_file_dialog("", {"C:\\elsewhere\\wet.tvn"});
-    EXPECT_TRUE(press(bar.filename_button));
-    EXPECT_EQ(under_cursor(), "");
+    EXPECT_EQ(choose("C:\\elsewhere\\wet.tvn"), "");
     EXPECT_TRUE(outside.visible());
     EXPECT_EQ(light(), there_light);
 
@@ -228,10 +223,9 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     EXPECT_NE(light(), there_light);
 
     // A line of the generated list keeps the cursor that was put on it.
-    TFileCheckListBox& generated = form.scenarios.lists.generated_scenarios_filelistbox;
-    generated.bring_to_front();
-    EXPECT_TRUE(generated.select(0));
-    EXPECT_EQ(generated.item_index(), 0);
+    generated().bring_to_front();
+    EXPECT_TRUE(generated().select(0));
+    EXPECT_EQ(generated().item_index(), 0);
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
     EXPECT_EQ(under_cursor(), "");
 }

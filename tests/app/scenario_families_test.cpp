@@ -6,6 +6,7 @@
 namespace {
 
 constexpr std::size_t soil_water_box = 3;
+constexpr const char* untouched = "[H2O]\n1=0.5\n";
 
 class Reset : public Project_test {
 protected:
@@ -15,52 +16,29 @@ protected:
         form.scenarios.reset.reset_checkboxes[soil_water_box]->bring_to_front();
         EXPECT_TRUE(form.scenarios.reset.reset_checkboxes[soil_water_box]->check());
     }
-    void write_scenario(const std::string& path, const std::string& text) const {
-        drives.write("projects/study/" + path + ".tvn", text);
-    }
-    std::string scenario(const std::string& path) const {
-        return drives.read("projects/study/" + path + ".tvn");
-    }
     bool is_reset(const std::string& path) const {
-        return scenario(path).find("from the source=1\r\n") != std::string::npos;
+        return drives.read("projects/study/" + path).find("from the source=1\r\n") != std::string::npos;
     }
 };
 
-TEST_F(Reset, the_checked_scenarios_are_written_but_for_the_active_one) {
-    const std::string source = "[H2O]\nfrom the source=1\n[salt]\n1=5\n";
-    write_scenario("Scenarios/base", source);
-    write_scenario("Scenarios/wet", "[H2O]\n1=0.5\n");
-    open_with_active("Scenarios\\base.tvn");
-    created().bring_to_front();
-    for (const char* line : {"base.tvn", "dry.tvn"})
-        EXPECT_TRUE(created().check(created().index_of(line)));
+TEST_F(Reset, generated_scenarios_lie_in_their_own_folder_and_the_actives_name_is_passed_over_there_too) {
+    write_scenario("00002", "[H2O]\nfrom the source=1\n");
+    for (const char* number : {"00001", "00002"})
+        drives.write(std::string("projects/study/Generated_scenarios/") + number + ".tvn", untouched);
+    write_scenario("00001", untouched);
+    open_with_active("Scenarios\\00002.tvn");
+    show_generated();
+    form.scenarios.lists.senerios_select_all_button_onclick();
     EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
-
-    EXPECT_EQ(scenario("Scenarios/base"), source);
-    EXPECT_TRUE(is_reset("Scenarios/dry"));
-    EXPECT_EQ(scenario("Scenarios/wet"), "[H2O]\n1=0.5\n");
-    EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn;");
-    EXPECT_EQ(record->active_scenario, "Scenarios\\base.tvn");
-    EXPECT_EQ(form.scenarios.sim_run_progressbar.position(), 3);
+    EXPECT_TRUE(is_reset("Generated_scenarios/00001.tvn"));
+    EXPECT_EQ(drives.read("projects/study/Generated_scenarios/00002.tvn"), untouched);
+    EXPECT_EQ(scenario("00001"), untouched);
+    EXPECT_EQ(lines(generated()), "00001.tvn*;00002.tvn*;");
+    EXPECT_EQ(record->active_scenario, "Scenarios\\00002.tvn");
+    EXPECT_EQ(form.scenarios.sim_run_progressbar.position(), form.scenarios.sim_run_progressbar.maximum());
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
     EXPECT_EQ(desktop.messages_processed(), 0);
     EXPECT_EQ(started(), "");
-    EXPECT_FALSE(there("projects/study/Scenarios/dry"));
-}
-
-TEST_F(Reset, generated_scenarios_lie_in_their_own_folder_and_the_actives_name_is_passed_over_there_too) {
-    write_scenario("Scenarios/00002", "[H2O]\nfrom the source=1\n");
-    for (const char* number : {"00001", "00002"})
-        write_scenario(std::string("Generated_scenarios/") + number, "[H2O]\n1=0.5\n");
-    write_scenario("Scenarios/00001", "[H2O]\n1=0.5\n");
-    open_with_active("Scenarios\\00002.tvn");
-    EXPECT_TRUE(form.scenarios.lists.pagecontrol_scenarios.select_page(
-        form.scenarios.lists.tabsheet_generated_scenarios));
-    form.scenarios.lists.senerios_select_all_button_onclick();
-    EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
-    EXPECT_TRUE(is_reset("Generated_scenarios/00001"));
-    EXPECT_EQ(scenario("Generated_scenarios/00002"), "[H2O]\n1=0.5\n");
-    EXPECT_EQ(scenario("Scenarios/00001"), "[H2O]\n1=0.5\n");
 }
 
 class Generation : public Project_test {
@@ -221,10 +199,7 @@ TEST_F(Project_test, the_number_of_scenarios_of_an_optimization_follows_the_bar_
     form.Update();
     EXPECT_EQ(shown(), "5");
     EXPECT_TRUE(press(form.options.show_optimization_model_button));
-    TAutoInt16Edit& step = page.opt_C_seq_step_herdsize_editbar.edit_field;
-    step.bring_to_front();
-    step.select_all();
-    EXPECT_TRUE(step.type_text("200"));
+    retype(page.opt_C_seq_step_herdsize_editbar.edit_field, "200");
     EXPECT_EQ(shown(), "5");
     parameter_form.leave_focus();
     EXPECT_EQ(shown(), "3");

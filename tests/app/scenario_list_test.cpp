@@ -11,7 +11,7 @@ protected:
     Scenario_list_test() {
         for (const char* scenario : {"plot 10", "plot 2"})
             copy_data("base.tvn", std::string("projects/study/Scenarios/") + scenario + ".tvn");
-        drives.write("projects/study/Scenarios/plot 2.tvn", "[scenario]\ndescription=Barley after peas\n");
+        write_scenario("plot 2", "[scenario]\ndescription=Barley after peas\n");
         open();
         desktop.advance(10);
     }
@@ -77,9 +77,7 @@ TEST_F(Scenario_list_test, a_scenario_is_renamed_and_duplicated_from_its_menu) {
     EXPECT_TRUE(table().table.select_row(1));
     const auto names_it = [](const char* new_name) {
         return [new_name](TForm& asks) {
-            auto& edit = static_cast<TEdit&>(*asks.find("new_scenario_name_edit"));
-            edit.select_all();
-            edit.type_text(new_name);
+            retype(static_cast<TEdit&>(*asks.find("new_scenario_name_edit")), new_name);
             static_cast<TButton&>(*asks.find("ok_button")).click();
         };
     };
@@ -186,7 +184,7 @@ TEST_F(Scenario_list_test, each_list_remembers_its_columns_and_its_order) {
 
 TEST_F(Scenario_list_test, what_other_programs_make_or_change_appears_by_itself) {
     copy_data("base.tvn", "projects/study/Scenarios/new.tvn");
-    drives.write("projects/study/Scenarios/dry.tvn", "[scenario]\ndescription=Changed elsewhere\n");
+    write_scenario("dry", "[scenario]\ndescription=Changed elsewhere\n");
     desktop.descriptors_ready();
     desktop.advance(300);
     desktop.advance(1000);

@@ -16,19 +16,18 @@ protected:
     void open_with_base() {
         open_with("Scenarios\\base.tvn");
         record->cropping_system_model = "C:\\Suite\\Tilverra\\tilverra_5.exe";
-        form.scenarios.run.senerios_run_button.bring_to_front();
     }
 };
 
 TEST_F(Runs, without_checks_the_active_scenario_runs_as_its_record_names_it) {
     open_with_base();
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), std::string(model) + " \"C:\\projects\\study.tvp\" \"Scenarios\\base.tvn\"  [3]\n");
     EXPECT_EQ(platform::current_directory(), "C:\\projects\\study");
     EXPECT_FALSE(form.scenarios.sim_run_progressbar.visible());
     record->report_format = "C:\\Formats\\all runs.fmt";
     EXPECT_TRUE(form.scenarios.run.format_groupbox.select(1));
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), std::string(model) + " \"C:\\Formats\\all runs.fmt\"  \"C:\\projects\\study.tvp\" "
                                               "\"Scenarios\\base.tvn\"  [3]\n");
 }
@@ -49,7 +48,7 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
         const std::string model_file = "Suite/Tilverra/tilverra_5.exe";
         drives.write(model_file, std::string("#!/bin/sh\nPATH=/bin:/usr/bin\n") + script + "\n");
         std::filesystem::permissions(drives.host(model_file), std::filesystem::perms::owner_all);
-        EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+        EXPECT_TRUE(press_run());
         EXPECT_EQ(note.text(), "base is running.");
         for (int i = 0; i < 1000 && note.text() == "base is running."; ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
@@ -63,17 +62,17 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
 TEST_F(Runs, one_checked_scenario_runs_beside_the_editor_and_more_run_one_after_the_other) {
     open_with_base();
     created().check(2);
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), run_of("wet.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     created().check(0);
     created().check(2);
     expect_batch(Modal_result::cancel);
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn;wet.tvn*;");
     expect_batch(Modal_result::ok);
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), run_of("base.tvn") + run_of("wet.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_EQ(form.scenarios.sim_run_progressbar.maximum(), 3);
@@ -87,8 +86,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     EXPECT_TRUE(press(form.scenarios.lists.scenerios_select_all_button));
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
     expect_batch(Modal_result::ok);
-    form.scenarios.run.senerios_run_button.bring_to_front();
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;wet.tvn;");
     EXPECT_NE(parameter_form.programs.command_history_memo.text().find(
                   "The program could not be started. Looked for: C:\\Suite\\Tilverra\\tilverra_5.exe\n"),
@@ -100,7 +98,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
     allow_saves(false);
     expect_batch(Modal_result::ok);
     expect_failed_save();
-    EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+    EXPECT_TRUE(press_run());
     EXPECT_EQ(started(), "");
     EXPECT_EQ(lines(created()), "base.tvn*;dry.tvn*;wet.tvn*;");
     allow_saves(true);
@@ -112,7 +110,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
         desktop.expect_message("Stop the runs",
                                "Stop after the scenario that runs now? The others keep their check marks.",
                                answer);
-        EXPECT_TRUE(form.scenarios.run.senerios_run_button.click());
+        EXPECT_TRUE(press_run());
     };
     close_and_answer(Modal_result::yes);
     EXPECT_EQ(started(), run_of("base.tvn"));
@@ -145,10 +143,10 @@ TEST_F(Runs, there_is_something_to_run_when_a_line_is_checked_or_the_active_scen
 
 TEST_F(Runs, output_is_shown_by_the_format_of_the_scenario_once_there_is_some) {
     open_with_base();
-    desktop.expect_message("", "This scenario does not have any output.  First run the simulation");
+    expect_no_output();
     EXPECT_TRUE(press(form.scenarios.run.view_output_button));
     EXPECT_EQ(started(), "");
-    drives.write("projects/study/Scenarios/base/Output/season.xls", "x");
+    write_output("base", "season.xls");
     EXPECT_TRUE(press(form.scenarios.run.view_output_button));
     const std::string command = started();
     EXPECT_EQ(
@@ -157,22 +155,17 @@ TEST_F(Runs, output_is_shown_by_the_format_of_the_scenario_once_there_is_some) {
         "\"C:\\projects\\study\\Scenarios\\base\\Output\" \"C:\\projects\\study\\Scenarios\\base\\CPF\" ");
 }
 
-class Comparisons : public Runs {
-protected:
-    static constexpr const char* title = "Active scenario has no outputs to compare";
-    void give_output(const std::string& scenario, std::initializer_list<const char*> files) {
-        for (const char* file : files)
-            drives.write("projects/study/Scenarios/" + scenario + "/Output/" + file, "x");
-    }
-};
+using Comparisons = Runs;
 
 TEST_F(Comparisons, the_checked_scenarios_are_compared_with_the_active_one_file_by_file) {
     copy_data("base.tvn", "projects/study/Scenarios/wheat 1.5.tvn");
-    give_output("base", {"daily.xeb", "season.xeb"});
-    give_output("wheat 1.5", {"season.xeb", "annual.xeb"});
+    for (const char* file : {"daily.xeb", "season.xeb"})
+        write_output("base", file);
+    for (const char* file : {"season.xeb", "annual.xeb"})
+        write_output("wheat 1.5", file);
     open_with_base();
     form.scenarios.lists.senerios_select_all_button_onclick();
-    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
+    EXPECT_TRUE(press_compare());
     EXPECT_EQ(started(),
               "\"C:\\Suite\\XEB\\compare.exe\" \"C:\\projects\\study\\scenario_comparison\\base vs wheat "
               "1.5\\Output\\season.xeb\" \"C:\\projects\\study\\Scenarios\\base\\Output\\season.xeb\" "
@@ -195,15 +188,14 @@ TEST_F(Comparisons, the_checked_scenarios_are_compared_with_the_active_one_file_
 TEST_F(Comparisons, what_cannot_be_compared_is_told) {
     open_with_base();
     record->active_scenario = "Scenarios\\gone.tvn";
-    desktop.expect_message("Active scenario not found",
-                           "The active scenario has not been selected or does not exist");
-    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
+    expect_no_active();
+    EXPECT_TRUE(press_compare());
     record->active_scenario = "Scenarios\\base.tvn";
-    const std::string none = "To compare scenarios, you must select scenarios to compare (click check boxes)";
-    desktop.expect_message("No scenarios selected to compare", none);
-    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
+    expect_nothing_compared();
+    EXPECT_TRUE(press_compare());
 
     // Without output of the active scenario the question is asked once for all lines.
+    const char* const title = "Active scenario has no outputs to compare";
     form.scenarios.lists.senerios_select_all_button_onclick();
     desktop.expect_message(
         title, "The active scenario does not appear to have been run. Run the active scenario now?",
@@ -211,13 +203,13 @@ TEST_F(Comparisons, what_cannot_be_compared_is_told) {
     desktop.expect_message(
         title, "It is not possible to perform the comparison because there is no output folder for "
                "the active scenario.");
-    desktop.expect_message("No scenarios selected to compare", none);
-    EXPECT_TRUE(press(form.scenarios.analysis.button_compare_project_scenarios));
+    expect_nothing_compared();
+    EXPECT_TRUE(press_compare());
     EXPECT_NE(started().find("tilverra_5.exe"), std::string::npos);
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
 
     // The other one has not been run: no word but the last.
-    give_output("base", {"season.xeb"});
+    write_output("base");
     desktop.expect_file_dialog("Simulation scenario", {"C:\\projects\\study\\Scenarios\\dry.tvn"});
     EXPECT_TRUE(press(form.scenarios.analysis.button_compare_other_scenario));
     EXPECT_EQ(started(), "");

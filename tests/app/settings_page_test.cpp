@@ -2,26 +2,20 @@
 
 #include "editing/auto_calendar.h"
 
-#include <fstream>
-
 namespace {
 
 class Settings_page_test : public Project_test {
 protected:
     Settings_page_test() {
-        created_file_ends_with("wet", "[other_program]\nmood=bright\n");
+        write_scenario("wet", scenario("wet") + "[other_program]\nmood=bright\n");
         open_with("Scenarios\\base.tvn");
         created().check(1);
         created().check(2);
         page.settings_tabsheet.bring_to_front();
     }
-    void created_file_ends_with(const std::string& scenario, const char* text) {
-        std::ofstream(drives.host(path(scenario)), std::ios::app | std::ios::binary) << text;
+    static std::string path(const std::string& name_of_one) {
+        return "projects/study/Scenarios/" + name_of_one + ".tvn";
     }
-    static std::string path(const std::string& scenario) {
-        return "projects/study/Scenarios/" + scenario + ".tvn";
-    }
-    std::string content(const std::string& scenario) const { return drives.read(path(scenario)); }
     // The cells of the row of a key, with the marks of the pictures: "12.5 *".
     std::string row_of(const std::string& key) const {
         const int row = find(key);
@@ -51,8 +45,8 @@ protected:
 TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_EQ(row_of("field.size"), "12.5;12.5;12.5;");
     EXPECT_EQ(row_of("other_program.mood"), ";;bright!;") << "a key that no record declares";
-    const std::string dry = content("dry");
-    const std::string base = content("base");
+    const std::string dry = scenario("dry");
+    const std::string base = scenario("base");
 
     EXPECT_FALSE(page.settings_table.edit_cell(find("field.size"), first, "wide"));
     EXPECT_NE(parameter_form.status_line.text(), "") << "what is refused is said";
@@ -63,7 +57,7 @@ TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_EQ(page.settings_table.count(), 4) << "the size, and what only one file has, with their sections";
     page.settings_filter_edit.type_text("14.2");
     EXPECT_EQ(page.settings_table.count(), 2);
-    EXPECT_EQ(content("dry"), dry) << "nothing is written yet";
+    EXPECT_EQ(scenario("dry"), dry) << "nothing is written yet";
 
     page.settings_tabsheet.bring_to_front();
     page.Update();
@@ -77,13 +71,13 @@ TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_FALSE(page.settings_apply_button.enabled());
     std::string expected = dry;
     expected.replace(expected.find("size=12.5000000000"), 18, "size=14.2500000000");
-    EXPECT_EQ(content("dry"), expected);
+    EXPECT_EQ(scenario("dry"), expected);
 
     const Operation_outcome undone =
         Change_backups(*form.workspace()->project_directory).undo_last(Operation_progress());
     EXPECT_EQ(undone.done, 3u);
-    EXPECT_EQ(content("dry"), dry);
-    EXPECT_EQ(content("base"), base);
+    EXPECT_EQ(scenario("dry"), dry);
+    EXPECT_EQ(scenario("base"), base);
 }
 
 TEST_F(Settings_page_test, forgets_changes_only_when_the_user_says_so) {
@@ -131,7 +125,7 @@ TEST_F(Settings_page_test, edits_dates_and_files_by_their_dialogs_and_shows_all_
                            "Files that could not be dealt with: 1\nC:\\projects\\study\\Scenarios\\wet.tvn: "
                            "There is no file C:\\projects\\study\\Scenarios\\wet.tvn.\n");
     EXPECT_TRUE(page.settings_apply_button.click());
-    EXPECT_NE(content("dry").find("rotation=oats.rot"), std::string::npos);
+    EXPECT_NE(scenario("dry").find("rotation=oats.rot"), std::string::npos);
     EXPECT_NE(row_of("cropping_system.rotation").find(";oats.rot;oats.rot!;"), std::string::npos)
         << row_of("cropping_system.rotation");
     EXPECT_TRUE(page.settings_discard_button.click());
@@ -143,7 +137,7 @@ TEST_F(Settings_page_test, tells_who_changed_what_of_the_template_and_leaves_alo
         text.replace(text.find("size=12.5000000000"), 18, std::string("size=") + size);
         drives.write(file, text);
     };
-    drives.write("projects/other/far.tvn", content("base"));
+    drives.write("projects/other/far.tvn", scenario("base"));
     set_size(path("dry"), "13");
     set_size(path("wet"), "200000");
     record->template_scenario = "Scenarios\\base.tvn";
@@ -169,7 +163,7 @@ TEST_F(Settings_page_test, tells_who_changed_what_of_the_template_and_leaves_alo
                            "Files that will be changed: 1. They are put aside first. Go on?",
                            Modal_result::ok);
     EXPECT_TRUE(page.settings_apply_button.click());
-    EXPECT_NE(content("wet").find("size=13.0000000000"), std::string::npos);
+    EXPECT_NE(scenario("wet").find("size=13.0000000000"), std::string::npos);
     EXPECT_EQ(row_of("field.size"), "12.5;12.5;13!;13!;");
 }
 

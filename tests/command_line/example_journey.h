@@ -46,6 +46,16 @@ protected:
         return {WEXITSTATUS(status), folder.read("out"), folder.read("err")};
     }
 
+    // Puts a script in the place of the model, which is kept beside the projects as "good": it does what is
+    // told for the scenario $name, and leaves an output of it in the folder.
+    void script_model(const std::string& work, const std::string& scenarios = "Scenarios") const {
+        const std::string suite = "example/drive_c/Program Files/TVS_suite/Tilverra/tilverra_5.exe";
+        std::filesystem::rename(folder.path(suite), folder.path("example/drive_c/Simulation/Projects/good"));
+        folder.write(suite, "#!/bin/bash\nname=${2##*\\\\}; " + work + "\necho >" + scenarios +
+                                "/${name%%.tvn}/Output/season.xeb\n");
+        std::filesystem::permissions(folder.path(suite), std::filesystem::perms::owner_all);
+    }
+
     void expect(const std::vector<Call>& calls) const {
         for (const Call& call : calls) {
             const Result result = run(call.command);
@@ -56,6 +66,14 @@ protected:
             else
                 EXPECT_NE(result.err.find(call.err), std::string::npos) << call.command << '\n' << result.err;
         }
+    }
+
+    // The same where no file and no time of one changes.
+    void expect_unchanged(const std::vector<Call>& calls) const {
+        const std::string tree = "find . -printf '%p %s %T@\\n' | sort";
+        const std::string before = run(tree).out;
+        expect(calls);
+        EXPECT_EQ(run(tree).out, before);
     }
 
     // A file below the folder of projects.

@@ -1,10 +1,6 @@
 #include "desktop_qt/views_support.h"
 #include "toolkit/file_list_box.h"
 
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QListView>
-#include <QtWidgets/QTreeWidget>
-
 namespace {
 
 void click_line(QListView& view, int row, int x) {

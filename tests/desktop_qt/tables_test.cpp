@@ -1,29 +1,14 @@
-#include "desktop_qt/shown.h"
+#include "desktop_qt/views_support.h"
 #include "support/sample_rows.h"
-#include "toolkit/button.h"
 #include "toolkit/descriptor_watch.h"
-#include "toolkit/edit.h"
-#include "toolkit/label.h"
-#include "toolkit/list_box.h"
 #include "toolkit/screen_language.h"
 #include "toolkit/splitter.h"
-
-#include <QtGui/QAccessible>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QMenuBar>
-#include <QtWidgets/QSplitter>
-#include <QtWidgets/QTableView>
 
 #include <unistd.h>
 
 namespace {
 
-class Table_views : public Shown {
+class Table_views : public Views {
 protected:
     void fill(TTable& table) {
         table.set_columns(Sample_rows::columns());
@@ -39,14 +24,7 @@ protected:
         QTest::mouseClick(view.viewport(), Qt::LeftButton, keys, middle(view, row, column));
     }
 
-    void TearDown() override {
-        owned_form_.reset();
-        Shown::TearDown();
-    }
-
     Sample_rows rows_{10000};
-    std::unique_ptr<TForm> owned_form_ = std::make_unique<TForm>("form", "A form");
-    TForm& form_ = *owned_form_;
     std::string log_;
 };
 
@@ -171,13 +149,9 @@ TEST_F(Table_views, columns_are_sorted_resized_and_hidden_by_the_header) {
     table.on_sort = [&](int column, bool down) { log_ += std::to_string(column) + (down ? "v " : "^ "); };
     fill(table);
     QHeaderView& header = *widget<QTableView>(table).horizontalHeader();
-    const auto click_header = [&](int column) {
+    for (const int column : {1, 1, Sample_rows::notes_column})
         QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
                           {header.sectionViewportPosition(column) + 20, header.height() / 2});
-    };
-    click_header(1);
-    click_header(1);
-    click_header(Sample_rows::notes_column);
     EXPECT_EQ(log_, "1^ 1v ");
     EXPECT_EQ(header.sortIndicatorSection(), 1);
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);

@@ -2,6 +2,14 @@
 #pragma once
 
 #include "desktop_qt/shown.h"
+#include "toolkit/button.h"
+#include "toolkit/check_box.h"
+#include "toolkit/combo_box.h"
+#include "toolkit/label.h"
+#include "toolkit/list_box.h"
+#include "toolkit/page_control.h"
+
+#include <QtWidgets/QtWidgets>
 
 class Views : public Shown {
 protected:

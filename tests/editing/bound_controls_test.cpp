@@ -5,11 +5,9 @@
 #include "names/file_name.h"
 #include "support/launcher_record.h"
 #include "support/temporary_user.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 #include "toolkit/label.h"
 #include "toolkit/panel.h"
-
-#include <gtest/gtest.h>
 
 using TESK::Validation_status;
 
@@ -19,15 +17,7 @@ class Bound_controls : public testing::Test {
 protected:
     Bound_controls() { form.show(); }
 
-    // Types into a control from its start, as a user would who replaces what is there.
-    template <class Edit>
-    void type(Edit& edit, const std::string& text) {
-        edit.focus();
-        edit.select_all();
-        EXPECT_TRUE(edit.type_text(text));
-    }
-
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TForm form{"form"};
     TButton& elsewhere = form.add<TButton>("elsewhere", "elsewhere");
 };
@@ -40,22 +30,29 @@ TEST_F(Bound_controls, what_a_field_cannot_hold_is_refused_with_its_reason) {
     TESK::Ustring text;
     whole_edit.bind_to(&whole, nullptr);
     text_edit.bind_to(&text, nullptr);
-    type(whole_edit, "9999");
+    retype(whole_edit, "9999");
     whole_edit.type_text("9");
     EXPECT_EQ(whole_edit.text(), "9999");
     EXPECT_EQ(whole, 9999);
     EXPECT_EQ(status.text(), "Only a whole number from -32768 to 32767 can stand here.");
-    type(whole_edit, "18446744073709551617");
+    retype(whole_edit, "18446744073709551617");
     EXPECT_EQ(whole, 9999);
-    type(whole_edit, "4x");
+    retype(whole_edit, "4x");
     EXPECT_EQ(whole, 4);
     EXPECT_EQ(status.text(), "Only digits and a minus sign in front can stand here.");
     EXPECT_EQ(status.mark(), Mark::exclamation);
     whole_edit.type_text("5");
     EXPECT_EQ(status.text(), "") << "an edit that is taken ends the notice";
-    type(text_edit, "a\xE2\x89\xA5\xC3\xA9\xD0\x96");
-    EXPECT_EQ(text_edit.text(), "a\xC3\xA9");
+    retype(text_edit, "caf\xC3\xA9 \xE2\x82\xAC \xE2\x89\xA5 \xD0\x96 x");
+    EXPECT_EQ(text_edit.text(), "caf\xC3\xA9 \xE2\x82\xAC   x");
     EXPECT_EQ(status.text(), "The file cannot hold these characters: \xE2\x89\xA5\xD0\x96");
+    elsewhere.focus();
+    EXPECT_EQ(text, "caf\xE9 \x80   x");
+    text = "18 \xB0"
+           "C";
+    text_edit.bind_to(&text, nullptr);
+    EXPECT_EQ(text_edit.text(), "18 \xC2\xB0"
+                                "C");
 }
 
 TEST_F(Bound_controls, a_choice_that_is_left_brings_its_value_and_its_holder_along) {
@@ -116,10 +113,10 @@ TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {
     EXPECT_EQ(real_edit.text(), "1.2");
     EXPECT_EQ(whole_edit.text(), "9");
     for (const Case& c : cases) {
-        type(real_edit, c.typed);
+        retype(real_edit, c.typed);
         EXPECT_EQ(real_edit.text(), c.real_text) << c.typed;
         EXPECT_FLOAT_EQ(real, c.real) << c.typed;
-        type(whole_edit, c.typed);
+        retype(whole_edit, c.typed);
         EXPECT_EQ(whole_edit.text(), c.whole_text) << c.typed;
         EXPECT_EQ(whole, c.whole) << c.typed;
         EXPECT_GE(real_edit.caret(), 0);
@@ -140,8 +137,8 @@ TEST_F(Bound_controls, unbound_controls_show_nothing_in_particular_and_write_now
     EXPECT_EQ(real_edit.text(), "0.000");
     EXPECT_EQ(whole_edit.text(), "0");
     EXPECT_EQ(group.item_index(), -1);
-    type(real_edit, "5");
-    type(combo, "text");
+    retype(real_edit, "5");
+    retype(combo, "text");
     EXPECT_TRUE(group.select(1));
 }
 
@@ -165,18 +162,6 @@ TEST_F(Bound_controls, the_colour_tells_the_focus_and_a_disabled_control) {
     EXPECT_EQ(number.colour(), disabled_colour);
     number.set_enabled(true);
     EXPECT_EQ(number.colour(), desktop_colour);
-}
-
-TEST_F(Bound_controls, a_text_holds_only_what_a_record_can) {
-    auto& edit = form.add<TAutoStringEdit>("edit");
-    TESK::Ustring text = "18 \xB0"
-                         "C";
-    edit.bind_to(&text, nullptr);
-    EXPECT_EQ(edit.text(), "18 \xC2\xB0"
-                           "C");
-    type(edit, "caf\xC3\xA9 \xE2\x82\xAC \xE2\x89\xA5 \xD0\x96 x");
-    elsewhere.focus();
-    EXPECT_EQ(text, "caf\xE9 \x80   x");
 }
 
 TEST_F(Bound_controls, choices_write_at_once_and_before_the_handler_hears_of_it) {
@@ -262,7 +247,7 @@ TEST_F(Number_bars, the_record_and_the_light_follow_the_float_bar_only_when_it_i
     EXPECT_EQ(bar.edit_field.text(), "2.0");
     EXPECT_FALSE(bar.help_button->visible());
     EXPECT_EQ(valid.status, Validation_status::good);
-    type(bar.edit_field, "15");
+    retype(bar.edit_field, "15");
     EXPECT_EQ(depth, 2);
     elsewhere.focus();
     EXPECT_EQ(depth, 15);
@@ -302,7 +287,7 @@ TEST_F(Number_bars, the_int_bar_writes_each_keystroke_and_leaving_brings_its_lig
     auto& bar = form.add<TAutoInt16EditBar>("bar");
     bar.bind_to(&valid_days, "C:\\help.htm");
     EXPECT_TRUE(bar.help_button->visible());
-    type(bar.edit_field, "30");
+    retype(bar.edit_field, "30");
     EXPECT_EQ(days, 30);
     EXPECT_EQ(valid_days.status, Validation_status::good);
     elsewhere.focus();
@@ -316,19 +301,18 @@ TEST_F(Number_bars, the_int_bar_writes_each_keystroke_and_leaving_brings_its_lig
 }
 
 TEST(Status_controls, a_status_has_its_gem_and_bitmap) {
-    struct Case {
-        int status;
-        Gem_type gem;
-        int bitmap;
-    };
     TAutoGem gem("gem");
-    for (const Case& c :
-         {Case{0, Gem_type::Saphire, 4061}, Case{1, Gem_type::Amethist, 4001}, Case{3, Gem_type::Ruby, 4041},
-          Case{6, Gem_type::Ruby, 4041}, Case{9, Gem_type::Topaz, 4081}, Case{12, Gem_type::Emerald, 4021},
-          Case{14, Gem_type::Emerald, 4021}, Case{13, Gem_type::Saphire, 4061}}) {
-        gem.set_status(Validation_status(c.status));
-        EXPECT_EQ(gem.gem_type(), c.gem) << c.status;
-        EXPECT_EQ(gem.bitmap_number(), c.bitmap) << c.status;
+    for (const auto& [status, type, bitmap] : {std::tuple(0, Gem_type::Saphire, 4061),
+                                               {1, Gem_type::Amethist, 4001},
+                                               {3, Gem_type::Ruby, 4041},
+                                               {6, Gem_type::Ruby, 4041},
+                                               {9, Gem_type::Topaz, 4081},
+                                               {12, Gem_type::Emerald, 4021},
+                                               {14, Gem_type::Emerald, 4021},
+                                               {13, Gem_type::Saphire, 4061}}) {
+        gem.set_status(Validation_status(status));
+        EXPECT_EQ(gem.gem_type(), type) << status;
+        EXPECT_EQ(gem.bitmap_number(), bitmap) << status;
     }
     gem.set_gem_type(Gem_type(9));
     gem.set_setting(2);

@@ -1,8 +1,6 @@
 #include "editing/auto_calendar.h"
 #include "editing/auto_month_label.h"
-#include "toolkit/headless_desktop.h"
-
-#include <gtest/gtest.h>
+#include "support/test_desktop.h"
 
 #include <algorithm>
 
@@ -73,7 +71,7 @@ protected:
         }
     }
 
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TForm form_{"form"};
     TAutoDateButton& button = form_.add<TAutoDateButton>("date_button");
     void SetUp() override { form_.show(); }
@@ -124,6 +122,12 @@ TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
         {"no date, a month", 0, press("feb_button"), 32},
         {"no date, a day", 0, pick(17), 17},
         {"no date, a year up", 0, spin("year_updown", true), 1001},
+        {"arrows that are switched off", 2000001,
+         [](TAutoCalendar_form& calendar) {
+             calendar.updown_enabled = false;
+             spin("century_updown", true)(calendar);
+         },
+         2000001},
         {"a year that the edit cannot hold, looked at", 99999001,
          [](TAutoCalendar_form& calendar) { EXPECT_TRUE(calendar.day_of_year_intedit.focus()); }, 99999001},
     };
@@ -195,29 +199,15 @@ TEST_F(Calendar, of_a_relative_date_hides_what_has_no_meaning) {
 }
 
 TEST_F(Calendar, lays_the_month_out_by_the_days_of_the_week) {
-    struct Case {
-        std::int32_t date_num;
-        int days;
-        int first_weekday;
-    };
     // The calendar is the Gregorian one for every year, before 0 too; year 0 recurs and has no weekdays.
-    const Case cases[] = {{2024060, 29, 3}, {1900032, 28, 3}, {2001366, 31, 5}, {-1001, 31, 4}, {60, 29, 0}};
-    for (const Case& c : cases) {
-        Date date(c.date_num);
+    for (const auto& [date_num, days, first_weekday] :
+         {std::tuple(2024060, 29, 3), {1900032, 28, 3}, {2001366, 31, 5}, {-1001, 31, 4}, {60, 29, 0}}) {
+        Date date(date_num);
         TAutoCalendar_form calendar;
         calendar.bind_to(&date, nullptr, false, nullptr);
-        EXPECT_EQ(calendar.DOM_calendar.days(), c.days) << c.date_num;
-        EXPECT_EQ(calendar.DOM_calendar.first_weekday(), c.first_weekday) << c.date_num;
+        EXPECT_EQ(calendar.DOM_calendar.days(), days) << date_num;
+        EXPECT_EQ(calendar.DOM_calendar.first_weekday(), first_weekday) << date_num;
     }
-}
-
-TEST_F(Calendar, arrows_do_nothing_while_they_are_switched_off) {
-    Date date(2000001);
-    edit(date, [](TAutoCalendar_form& calendar) {
-        calendar.updown_enabled = false;
-        spin("century_updown", true)(calendar);
-    });
-    EXPECT_EQ(date.date_num, 2000001);
 }
 
 TEST_F(Calendar, button_shows_the_date_in_its_format_and_then_runs_its_own_handler) {

@@ -7,10 +7,9 @@
 #include "platform/file_writer.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
-#include "toolkit/headless_desktop.h"
+#include "support/test_desktop.h"
 
 #include <cerrno>
-#include <gtest/gtest.h>
 
 using TESK::Directory_name;
 using TESK::File_name;
@@ -25,26 +24,24 @@ protected:
         drives.write("a/wheat.crp");
         platform::change_directory("C:\\a");
         form.show();
+        bar.bind_to(&crop);
     }
     template <class Edit>
     void type(Edit& edit, const std::string& text) {
-        edit.focus();
-        edit.select_all();
-        EXPECT_TRUE(edit.type_text(text));
+        retype(edit, text);
         elsewhere.focus();
     }
 
     Temporary_drives drives;
     Launcher_record launcher;
-    Headless_desktop desktop{[](const std::string& fault) { ADD_FAILURE() << fault; }};
+    Test_desktop desktop;
     TForm form{"form"};
     TButton& elsewhere = form.add<TButton>("elsewhere", "elsewhere");
     CRP_filename crop{"C:\\a\\wheat.crp"};
+    TAutoFileEditBar& bar = form.add<TAutoFileEditBar>("bar");
 };
 
 TEST_F(File_bars, the_caption_tells_the_kind_of_file_and_its_status) {
-    auto& bar = form.add<TAutoFileEditBar>("bar");
-    bar.bind_to(&crop);
     EXPECT_EQ(bar.panel_caption.text(), "Tilverra Crop");
     EXPECT_EQ(bar.panel_caption.colour(), 0x33cc55);
     EXPECT_EQ(bar.panel_caption.hint(), "File is good.");
@@ -67,9 +64,7 @@ TEST_F(File_bars, the_caption_tells_the_kind_of_file_and_its_status) {
 }
 
 TEST_F(File_bars, a_cleared_name_is_no_file_for_any_button) {
-    auto& bar = form.add<TAutoFileEditBar>("bar");
     const File_name program("C:\\S\\crop editor.exe");
-    bar.bind_to(&crop);
     bar.set_edit_program(&program, "Edit");
     EXPECT_TRUE(bar.edit_button.click());
     EXPECT_EQ(launcher.started, "\"C:\\S\\crop editor.exe\" \"C:\\a\\wheat.crp\"  [1]\n");
@@ -83,18 +78,14 @@ TEST_F(File_bars, a_cleared_name_is_no_file_for_any_button) {
 }
 
 TEST_F(File_bars, a_name_goes_from_absolute_to_relative_and_back) {
-    auto& bar = form.add<TAutoFileEditBar>("bar");
-    bar.bind_to(&crop);
-    EXPECT_TRUE(bar.qualify_button.click());
-    EXPECT_EQ(crop, "wheat.crp");
-    EXPECT_EQ(bar.filename_edit.text(), "wheat.crp");
-    EXPECT_TRUE(bar.qualify_button.click());
-    EXPECT_EQ(crop, "C:\\a\\wheat.crp");
+    for (const char* file : {"wheat.crp", "C:\\a\\wheat.crp"}) {
+        EXPECT_TRUE(bar.qualify_button.click());
+        EXPECT_EQ(crop, file);
+        EXPECT_EQ(bar.filename_edit.text(), file);
+    }
 }
 
 TEST_F(File_bars, the_requestor_offers_the_kinds_of_file_and_all_files) {
-    auto& bar = form.add<TAutoFileEditBar>("bar");
-    bar.bind_to(&crop);
     int changes = 0;
     bar.on_after_change = [&] { ++changes; };
     desktop.expect_file_dialog("", {"C:\\b\\rye.crp"});
@@ -120,8 +111,6 @@ TEST_F(File_bars, the_requestor_offers_the_kinds_of_file_and_all_files) {
 }
 
 TEST_F(File_bars, a_name_is_a_change_however_it_comes) {
-    auto& bar = form.add<TAutoFileEditBar>("bar");
-    bar.bind_to(&crop);
     int changes = 0;
     bar.on_after_change = [&] { ++changes; };
     EXPECT_TRUE(bar.drop_files({"C:\\a\\one.crp", "C:\\a\\two.crp"}));
@@ -144,28 +133,22 @@ TEST_F(File_bars, a_name_is_a_change_however_it_comes) {
 
 class Database_bars : public File_bars {
 protected:
-    Smart_directory_name master{"C:\\Simulation\\Database\\Crop"};
-    Smart_directory_name project{"C:\\Simulation\\Projects\\P\\Database\\Crop"};
-    Smart_directory_name scenario{"C:\\Simulation\\Projects\\P\\Scenarios\\s\\Database\\Crop"};
-
-    template <class Bar>
-    void bind(Bar& bar) {
+    Database_bars() {
         bar.bind_to(&crop, "Crop", nullptr, nullptr, nullptr, &scenario, &project, &master,
                     Directory_name("C:\\Simulation\\Projects\\P\\Scenarios\\s"));
     }
+
+    Smart_directory_name master{"C:\\Simulation\\Database\\Crop"};
+    Smart_directory_name project{"C:\\Simulation\\Projects\\P\\Database\\Crop"};
+    Smart_directory_name scenario{"C:\\Simulation\\Projects\\P\\Scenarios\\s\\Database\\Crop"};
+    TAutoSimDatabaseFileEditBar& bar = form.add<TAutoSimDatabaseFileEditBar>("database_bar");
 };
 
 TEST_F(Database_bars, the_level_of_a_file_follows_from_its_path) {
     drives.write("Simulation/Projects/P/Database/Crop/there.crp");
     drives.write("Simulation/Projects/P/Scenarios/s/there.crp");
     drives.write("Simulation/Projects/P/Simulation/Database/there.crp");
-    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
-    bind(bar);
-    struct Case {
-        const char* file;
-        int level;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, int> cases[] = {
         {"C:\\a\\wheat.crp", 0},
         {"C:\\Simulation\\Database\\Crop\\gone.crp", 1},
         {"C:\\Simulation\\Projects\\P\\Database\\Crop\\there.crp", 2},
@@ -173,16 +156,14 @@ TEST_F(Database_bars, the_level_of_a_file_follows_from_its_path) {
         {"C:\\Simulation\\Projects\\P\\Simulation\\Database\\there.crp", 1},
         {"C:\\Simulation\\Projects\\P\\Scenarios\\s\\there.crp", 3},
     };
-    for (const Case& c : cases) {
-        crop.set(c.file);
-        EXPECT_EQ(bar.level_of(crop), c.level) << c.file;
+    for (const auto& [file, level] : cases) {
+        crop.set(file);
+        EXPECT_EQ(bar.level_of(crop), level) << file;
     }
 }
 
 TEST_F(Database_bars, the_list_shows_the_files_of_the_level_and_a_line_chooses_one) {
     drives.write("Simulation/Database/Crop/barley.crp");
-    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
-    bind(bar);
     EXPECT_TRUE(bar.any_dir_note.visible());
     EXPECT_TRUE(bar.database_radiogroup.select(1));
     EXPECT_TRUE(bar.database_filelistbox.visible());
@@ -198,8 +179,6 @@ TEST_F(Database_bars, the_list_shows_the_files_of_the_level_and_a_line_chooses_o
 
 TEST_F(Database_bars, a_new_file_is_put_into_the_level_and_its_editor_started) {
     const File_name program("C:\\S\\crop_editor.exe");
-    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
-    bind(bar);
     bar.file_editbar.set_edit_program(&program, "Edit");
     EXPECT_TRUE(bar.database_radiogroup.select(2));
     bar.file_editbar.set_directory(Directory_name(""));
@@ -226,7 +205,6 @@ TEST_F(Database_bars, a_new_file_is_put_into_the_level_and_its_editor_started) {
 }
 
 TEST_F(Database_bars, a_missing_level_shifts_the_ones_behind_it) {
-    auto& bar = form.add<TAutoSimDatabaseFileEditBar>("bar");
     bar.bind_to(&crop, "Crop", nullptr, nullptr, nullptr, &scenario, nullptr, &master, Directory_name(""));
     EXPECT_EQ(bar.database_radiogroup.items(), (std::vector<std::string>{"Arbitrary", "Master", "Scenario"}));
 }

@@ -3,6 +3,12 @@
 namespace {
 
 TEST_F(Parameter_file_form, a_record_is_opened_edited_saved_and_keeps_what_other_programs_wrote) {
+    ASSERT_TRUE(bind("C:\\new\\deep\\trial.tvp"));
+    EXPECT_TRUE(form.file.is_new_file());
+    EXPECT_FALSE(form.notes.tabsheet_notes.visible() || form.button_windows_explore.visible());
+    EXPECT_EQ(form.save(), Save_outcome::saved);
+    EXPECT_TRUE(!form.file.is_new_file() && has_line("new/deep/trial.tvp", "[project]"));
+
     ASSERT_TRUE(bind());
     EXPECT_EQ(form.text(), "Tilverra project: C:\\work\\study.tvp");
     EXPECT_EQ(saved("work/study/backup"), saved("work/study.tvp"));
@@ -12,17 +18,7 @@ TEST_F(Parameter_file_form, a_record_is_opened_edited_saved_and_keeps_what_other
     EXPECT_EQ(form.modal_result(), Modal_result::ok);
     EXPECT_TRUE(has_line("work/study.tvp", "description=Drip trial \x80"));
     EXPECT_NE(saved("work/study.tvp").find("[written by another program]"), std::string::npos);
-    EXPECT_EQ(platform::shell().recent_documents().size(), 1u);
-}
-
-TEST_F(Parameter_file_form, a_file_that_is_not_there_is_new_and_gets_its_folders) {
-    ASSERT_TRUE(bind("C:\\new\\deep\\trial.tvp"));
-    EXPECT_TRUE(form.file.is_new_file());
-    EXPECT_FALSE(form.notes.tabsheet_notes.visible() || form.details.tabsheet_details.visible());
-    EXPECT_FALSE(form.button_windows_explore.visible());
-    EXPECT_EQ(form.save(), Save_outcome::saved);
-    EXPECT_FALSE(form.file.is_new_file());
-    EXPECT_TRUE(has_line("new/deep/trial.tvp", "[project]"));
+    EXPECT_EQ(platform::shell().recent_documents().size(), 2u);
 }
 
 TEST_F(Parameter_file_form, closing_by_cancel_or_the_frame_saves_nothing_and_throws_nothing_away_unasked) {

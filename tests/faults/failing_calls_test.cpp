@@ -76,24 +76,24 @@ protected:
 
 } // namespace
 
-TEST_F(Failing_calls, of_a_save) {
-    fail_each_call(
-        [&] { drives.write("study.tvp", "[project]\r\ndescription=old\r\n[other]\r\nkey=kept\r\n"); },
-        [] { return save("study.tvp", "new"); });
-}
-
-TEST_F(Failing_calls, of_a_first_save) {
-    fail_each_call([&] { fs::remove(drives.host("study.tvp")); }, [] { return save("study.tvp", "new"); });
-}
-
-TEST_F(Failing_calls, of_a_save_into_a_file_with_several_hard_links) {
-    fail_each_call(
-        [&] {
-            fs::remove(drives.host("twin"));
-            drives.write("study.tvp", "[project]\r\ndescription=old\r\n");
-            fs::create_hard_link(drives.host("study.tvp"), drives.host("twin"));
-        },
-        [] { return save("study.tvp", "new"); });
+TEST_F(Failing_calls, of_a_save_over_a_file_of_a_first_one_and_of_one_with_several_hard_links) {
+    const auto write_old = [&] {
+        fs::remove(drives.host("twin"));
+        drives.write("study.tvp", "[project]\r\ndescription=old\r\n[other]\r\nkey=kept\r\n");
+    };
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"over a file", write_old},
+        {"first", [&] { fs::remove(drives.host("study.tvp")); }},
+        {"with several hard links",
+         [&] {
+             write_old();
+             fs::create_hard_link(drives.host("study.tvp"), drives.host("twin"));
+         }},
+    };
+    for (const auto& [what, arrange] : cases) {
+        SCOPED_TRACE(what);
+        fail_each_call(arrange, [] { return save("study.tvp", "new"); });
+    }
     EXPECT_FALSE(interrupted_save("study.tvp"));
 }
 

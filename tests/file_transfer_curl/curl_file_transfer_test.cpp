@@ -1,13 +1,11 @@
 #include "file_transfer_curl/curl_file_transfer.h"
 
+#include "support/loopback.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <set>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -55,37 +53,8 @@ private:
 };
 
 File_transfer_server at_port(std::uint16_t port) {
-    File_transfer_server server;
-    server.host = "127.0.0.1";
-    server.port = port;
-    server.user = "ftp";
-    server.password = "ftpvisits";
-    return server;
+    return {"127.0.0.1", port, "ftp", "ftpvisits"};
 }
-
-// A port of the loopback interface at which connections are taken but never answered.
-class Silent_server {
-public:
-    Silent_server() : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* const general = reinterpret_cast<sockaddr*>(&address);
-        EXPECT_EQ(bind(socket_, general, size), 0);
-        EXPECT_EQ(listen(socket_, 1), 0);
-        EXPECT_EQ(getsockname(socket_, general, &size), 0);
-        port = ntohs(address.sin_port);
-    }
-    Silent_server(const Silent_server&) = delete;
-    Silent_server& operator=(const Silent_server&) = delete;
-    ~Silent_server() { close(socket_); }
-
-    std::uint16_t port = 0;
-
-private:
-    int socket_;
-};
 
 class Curl_file_transfer_test : public testing::Test {
 protected:
@@ -150,9 +119,6 @@ TEST_F(With_server, a_failed_or_broken_transfer_leaves_the_folder_as_it_was_and_
     EXPECT_EQ(failure_of_download("/pub/data/AL.zip", "AL.zip"), "");
     EXPECT_NE(failure_of_download("/pub/data/stuck.zip", "new.zip"), "");
     EXPECT_EQ(entries(), "AL.zip ");
-}
-
-TEST_F(With_server, what_cannot_be_stored_is_told_with_the_reason) {
     EXPECT_EQ(client.download("/pub/data/AL.zip", "C:\\nowhere\\AL.zip").failure,
               "Cannot download /pub/data/AL.zip: The file or its folder does not exist.");
 }
@@ -170,6 +136,7 @@ TEST_F(With_server, a_wrong_password_and_a_closed_connection_are_refused) {
 
 TEST_F(Curl_file_transfer_test, a_server_that_is_not_there_or_never_answers_is_given_up) {
     Silent_server silent;
+    ASSERT_NE(silent.port, 0);
     EXPECT_NE(client.connect(at_port(silent.port)).failure, "");
     File_transfer_server absent = at_port(1);
     EXPECT_TRUE(client.connect(absent).failure.starts_with("Cannot connect to 127.0.0.1: "));

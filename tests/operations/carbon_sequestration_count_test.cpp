@@ -56,30 +56,9 @@ std::string text_of(const Input& in) {
     return text;
 }
 
-TEST(Carbon_sequestration_count_test, known_counts) {
-    struct Case {
-        Input input;
-        std::int16_t count;
-    };
-    const Case cases[] = {
-        {{100, 500, 100, 10, 1, 14, 1, 21}, 1095},
-        {{100, 500, 100, 1, 1, 14, 1, 21}, 5},  // one plot: one day for each number of animals
-        {{100, 500, 0, 10, 1, 14, 1, 21}, 0},   // never gets anywhere
-        {{1, 32767, 1, 1, 1, 1, 1, 1}, 0},      // nothing is above the maximum
-        {{0, 32766, 2, 1, 1, 1, 1, 1}, 0},      // wraps past the maximum for ever
-        {{1, 32766, 2, 1, 1, 1, 1, 1}, 16383},  // 32767 is above it
-        {{0, 32766, 5, 1, 1, 1, 1, 1}, -19661}, // 45875 steps: wraps, and comes upon 32767 in the end
-        {{500, 100, 100, 10, 1, 14, 1, 21}, 0}, // begins above the maximum
-        {{1, 1, -1, 1, 1, 1, 1, 1}, -32766},    // down to the lowest, and from there to the highest
-        {{1, 1, 1, 10, -1, 14, 1, 21}, 0},
-        {{1, 1, 1, 10, 1, 14, -1, 21}, 0},
-        {{1, 1, 1, 10, 1, 14, 1, -1}, 0},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(count(c.input), c.count) << text_of(c.input);
-}
-
 TEST(Carbon_sequestration_count_test, is_what_the_loops_come_to) {
+    EXPECT_EQ(count({100, 500, 100, 10, 1, 14, 1, 21}), 1095);
+    EXPECT_EQ(count({0, 32766, 5, 1, 1, 1, 1, 1}), -19661) << "45875 steps";
     std::mt19937 random(1095);
     const auto pick = [&](int low, int high) {
         return static_cast<std::int16_t>(std::uniform_int_distribution<int>(low, high)(random));
@@ -96,8 +75,13 @@ TEST(Carbon_sequestration_count_test, is_what_the_loops_come_to) {
             pick(0, 5)};
         ASSERT_EQ(count(in), count_by_loops(in)) << text_of(in);
     }
+    // What never gets anywhere, wraps past the maximum for ever, comes upon it in the end, or begins above
+    // it.
     for (const Input& in :
-         {Input{1, 2, 1, 500, 1, 50, 1, 32767}, Input{1, 2, 1, 32767, 97, 32767, 32767, 32767},
+         {Input{100, 500, 0, 10, 1, 14, 1, 21}, Input{1, 32767, 1, 1, 1, 1, 1, 1},
+          Input{0, 32766, 2, 1, 1, 1, 1, 1}, Input{0, 32766, 5, 1, 1, 1, 1, 1},
+          Input{500, 100, 100, 10, 1, 14, 1, 21}, Input{1, 1, -1, 1, 1, 1, 1, 1},
+          Input{1, 2, 1, 500, 1, 50, 1, 32767}, Input{1, 2, 1, 32767, 97, 32767, 32767, 32767},
           Input{1, 2, 1, 200, 3, 32767, 2, 32767}})
         ASSERT_EQ(count(in), count_by_loops(in)) << text_of(in);
 }

@@ -1,6 +1,6 @@
 #include "operations/change_backups.h"
 
-#include "platform/file_writer.h"
+#include "support/failing_step.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
@@ -101,8 +101,7 @@ TEST_F(Change_backups_test, a_set_counts_only_when_all_of_it_is_on_the_disk) {
         EXPECT_EQ(sets(), 0) << outcome.refused;
     };
     for (const platform::Write_step step : {platform::Write_step::write, platform::Write_step::flush}) {
-        platform::File_faults faults;
-        faults.fail(step, ENOSPC);
+        const Failing_step full_disk(step, ENOSPC);
         expect_none(backups.put_copies_aside("reset", {name("a"), name("b")}, {}));
     }
     expect_none(backups.put_copies_aside("reset", {name("a"), name("b")},

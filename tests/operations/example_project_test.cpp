@@ -1,11 +1,10 @@
 #include "operations/example_project.h"
 
-#include "platform/file_writer.h"
+#include "support/failing_step.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <filesystem>
 
 namespace {
@@ -22,8 +21,7 @@ TEST(Example_project_test, is_put_in_place_once_and_leaves_alone_what_is_there) 
     ASSERT_TRUE(example.is_available());
     EXPECT_EQ(example.file(), "C:\\Simulation\\Projects\\Study.tvp");
     {
-        platform::File_faults faults;
-        faults.fail(platform::Write_step::write, ENOSPC);
+        const Full_disk full_disk;
         EXPECT_EQ(example.put_in_place().error, platform::Write_error::no_space);
         EXPECT_FALSE(std::filesystem::exists(drives.host("Simulation/Projects/Study.tvp")));
     }

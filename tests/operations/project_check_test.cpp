@@ -36,11 +36,8 @@ protected:
 };
 
 TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
-    struct Case {
-        const char* lines;
-        const char* findings;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
+        // Lines, and what is found.
         {"", ""},
         {"soil=<Required (This must be selected)>\n",
          "E parameter_filenames.soil A file is required and none is chosen.\n"},
@@ -73,14 +70,14 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
          "W weather_tool. No program of the suite is known to read this section.\n"},
     };
     // Without a suite, any section may be one of its programs'.
-    EXPECT_EQ(findings_of(std::end(cases)[-1].lines), "");
+    EXPECT_EQ(findings_of(std::end(cases)[-1].first), "");
     drives.write("Suite/Tilverra/tilverra_5.exe");
     TVS::Suite_Directory suite(TESK::File_name("C:\\Suite\\Tilverra\\project_editor.exe"));
     suite.set("C:\\Suite"); // it is not looked for from the root of a drive
     suite.reset();
     suite_directory = &suite;
-    for (const Case& c : cases)
-        EXPECT_EQ(findings_of(c.lines), c.findings) << c.lines;
+    for (const auto& [lines, findings] : cases)
+        EXPECT_EQ(findings_of(lines), findings) << lines;
     suite_directory = nullptr;
     EXPECT_EQ(told(check.check_scenario(TESK::File_name("C:\\none.tvn"))), "E . There is no such file.\n");
 }

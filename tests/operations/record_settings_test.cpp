@@ -5,6 +5,7 @@
 #include "operations/record_difference.h"
 #include "support/temporary_folder.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace {
@@ -30,14 +31,8 @@ protected:
 
 TEST_F(Record_settings_test, a_setting_tells_what_the_record_declares_of_it) {
     const Record_settings settings(file(odd_scenario));
-    struct Case {
-        const char* name;
-        const char* kind;
-        const char* value;
-        const char* unit;
-        const char* caption;
-    };
-    const Case cases[] = {
+    // Name, kind, value, unit, and caption.
+    const std::array<std::string, 5> cases[] = {
         {"scenario.description", "text", "first", "", ""},
         {"parameter_filenames.soil", "file", "a.sil", "", ""},
         {"salt.1", "number", "0.5", "dS/m", "Salinity"},
@@ -55,14 +50,14 @@ TEST_F(Record_settings_test, a_setting_tells_what_the_record_declares_of_it) {
         {"NO3.units", "unit", "kg/ha", "", ""},
         {"weather_tool.seed", "text", "8", "", ""},
     };
-    for (const Case& c : cases) {
-        const Setting* setting = settings.find(c.name);
-        ASSERT_NE(setting, nullptr) << c.name;
-        EXPECT_STREQ(setting_kind_name(setting->kind()), c.kind) << c.name;
-        EXPECT_EQ(setting->value(), c.value) << c.name;
-        EXPECT_EQ(setting->unit(), c.unit) << c.name;
-        EXPECT_EQ(setting->caption(), c.caption) << c.name;
-        EXPECT_EQ(setting->is_known(), !std::string(c.name).starts_with("weather_tool")) << c.name;
+    for (const auto& expected : cases) {
+        const std::string& name = expected[0];
+        const Setting* setting = settings.find(name);
+        ASSERT_NE(setting, nullptr) << name;
+        EXPECT_EQ((std::array<std::string, 5>{name, setting_kind_name(setting->kind()), setting->value(),
+                                              setting->unit(), setting->caption()}),
+                  expected);
+        EXPECT_EQ(setting->is_known(), !name.starts_with("weather_tool")) << name;
     }
     EXPECT_EQ(settings.find("cropping_system.cropping_mode")->choices()[2],
               std::pair("rotation"s, "Rotation"s));
@@ -115,41 +110,34 @@ TEST_F(Record_settings_test, a_change_leaves_every_other_byte_of_the_file) {
 }
 
 TEST_F(Record_settings_test, what_type_validation_or_another_program_forbids_is_refused_with_the_reason) {
-    struct Case {
-        const char* name;
-        const char* value;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {"salt.1", "much", "The value must be a number such as 12 or 0.25."},
-        {"salt.1", "0.5 dS/m", "The value must be a number such as 12 or 0.25."},
-        {"salt.1", "inf", "The value must be a number such as 12 or 0.25."},
+    constexpr const char* number = "The value must be a number such as 12 or 0.25.";
+    constexpr const char* date = "The value must be a date such as 1996-05-02 or 1996123, or 0 for none.";
+    constexpr const char* not_by_hand = "It follows from the rest of the file and is not set by hand.";
+    const std::array<const char*, 3> cases[] = {
+        {"salt.1", "much", number},
+        {"salt.1", "0.5 dS/m", number},
+        {"salt.1", "inf", number},
         {"salt.1", "50.5", "The value must be less than 50.000."},
         {"weather.temperature_phase", "0", "The value must range from 1 - 456."},
         {"field.number", "70000", "The value must be a whole number from -32768 to 32767."},
         {"submodels.hourly", "5",
-         "The value must be a whole number in base 2 from 0 to "
-         "11111111111111111111111111111111."},
-        {"simulation.starting_date", "1997-02-29",
-         "The value must be a date such as 1996-05-02 or 1996123, or "
-         "0 for none."},
-        {"simulation.starting_date", "1996367",
-         "The value must be a date such as 1996-05-02 or 1996123, or 0 "
-         "for none."},
+         "The value must be a whole number in base 2 from 0 to 11111111111111111111111111111111."},
+        {"simulation.starting_date", "1997-02-29", date},
+        {"simulation.starting_date", "1996367", date},
         {"output.display_profile", "yes", "The value must be true or false."},
         {"submodels.snow_pack_model", "deep", "The value must be one of: none, simple, energy."},
         {"NO3.units", "bushels", "The value must be a unit such as kg/ha."},
         {"STATSGO.muid", "12345678", "The value must have no more than 7 characters."},
         {"scenario.description", "two\nlines", "The value must be one line of text."},
-        {"scenario.event:count", "2", "It follows from the rest of the file and is not set by hand."},
-        {"version.major", "5", "It follows from the rest of the file and is not set by hand."},
+        {"scenario.event:count", "2", not_by_hand},
+        {"version.major", "5", not_by_hand},
         {"salt.sweetness", "1", "No section and key of that name are known: salt.sweetness."},
     };
     Record_settings settings(file(odd_scenario));
-    for (const Case& c : cases) {
-        const Setting_change change = settings.set(c.name, c.value);
-        EXPECT_FALSE(change.done) << c.name;
-        EXPECT_EQ(change.reason, c.reason) << c.name << '=' << c.value;
+    for (const auto& [name, value, reason] : cases) {
+        const Setting_change change = settings.set(name, value);
+        EXPECT_FALSE(change.done) << name;
+        EXPECT_EQ(change.reason, reason) << name << '=' << value;
     }
     EXPECT_FALSE(settings.is_changed());
     // A doubtful value is taken, and said to be doubtful.

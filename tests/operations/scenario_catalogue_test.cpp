@@ -1,7 +1,7 @@
 #include "operations/scenario_catalogue.h"
 
 #include "operations/scenario_renaming.h"
-#include "platform/file_writer.h"
+#include "support/failing_step.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
@@ -110,8 +110,7 @@ TEST_F(Catalogue_test, many_are_deleted_with_their_outputs_until_it_is_stopped_a
     EXPECT_EQ(delete_scenarios(folder, {"a.tvn"}, true, nullptr, {}).done, 1U);
     EXPECT_FALSE(there("Scenarios/a"));
 
-    platform::File_faults faults;
-    faults.fail(platform::Write_step::rename, EIO);
+    const Failing_step no_rename(platform::Write_step::rename, EIO);
     outcome = delete_scenarios(folder, {"b.tvn"}, true, &backups, {});
     EXPECT_FALSE(outcome.ok());
     EXPECT_EQ(scenario("b.tvn"), "b");

@@ -2,6 +2,7 @@
 
 #include "model/tilverra_scenario.h"
 #include "records/vv_file.h"
+#include "support/failing_step.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,6 @@ protected:
 
     // Gives how many scenarios were written.
     std::size_t generate(Change_backups* backups = nullptr) {
-        Tilverra_project_directory directory(TESK::File_name("C:\\p.tvp"), 0);
         trace.str("");
         listed.clear();
         outcome = generate_scenarios(project, directory, backups, trace, [this](const std::string& name) {
@@ -34,10 +34,7 @@ protected:
         });
         return outcome.done;
     }
-    Generation_plan plan() {
-        Tilverra_project_directory directory(TESK::File_name("C:\\p.tvp"), 0);
-        return plan_generation(project, directory);
-    }
+    Generation_plan plan() { return plan_generation(project, directory); }
     std::unique_ptr<Tilverra_scenario> generated(const std::string& number) {
         auto scenario = std::make_unique<Tilverra_scenario>();
         EXPECT_TRUE(TESK::VV_file(("C:\\p\\Generated_scenarios\\" + number + ".tvn").c_str()).get(*scenario))
@@ -69,6 +66,7 @@ protected:
     Temporary_drives drives;
     Environment_guard temporary{"TMPDIR", drives.host("temporary")};
     Tilverra_project_editor_parameters project{"model.exe"};
+    Tilverra_project_directory directory{TESK::File_name("C:\\p.tvp"), 0};
     std::ostringstream trace;
     std::vector<std::string> listed;
     Operation_outcome outcome;
@@ -85,10 +83,9 @@ TEST_F(Scenario_generator_test, an_empty_database_gives_one_scenario_with_the_te
     EXPECT_EQ(scenario->rotation, "<Usually specified (unless always fallow)>");
     EXPECT_EQ(trace.str(), "");
     EXPECT_EQ(platform::current_directory(), "C:\\p");
-}
 
-TEST_F(Scenario_generator_test, relative_names_count_from_the_projects_folder) {
-    // The file is no file of the soil dimension, but it is there.
+    // Relative names count from the project's folder. The file is none of the soil dimension, but it is
+    // there.
     drives.write("p/Database/Soil/sub/deep.sil");
     drives.write("p/Scenarios/base.tvn", "[parameter_filenames]\nsoil=Database\\Soil\\sub\\deep.sil\n");
     drives.write("Scenarios/base.tvn", "[scenario]\ndescription=Wrong\n");
@@ -124,28 +121,26 @@ TEST_F(Scenario_generator_test, overlays_of_each_folder_lie_over_each_other_and_
     drives.write("p/Scenarios/base.tvn",
                  "[scenario]\ndescription=Base\n[H2O]\n1=0.5\n[NO3]\nunits=lb/acre\n");
     EXPECT_EQ(generate(), 4U);
-    struct Case {
-        const char* description;
-        float water[3];
-        float salt[2];
-    };
-    const Case cases[] = {
-        {"Base clay.sil dry.TVS_init fresh.TVS_init", {0.1F, 0, 0}, {1, 0}},
-        {"Base clay.sil dry.TVS_init salty.TVS_init", {0.1F, 0, 0.3F}, {0, 9}},
-        {"Base clay.sil wet.tvs_INIT fresh.TVS_init", {0.5F, 0.4F, 0}, {1, 0}},
-        {"Base clay.sil wet.tvs_INIT salty.TVS_init", {0.5F, 0.4F, 0.3F}, {0, 9}},
+    const std::pair<std::string, std::vector<float>> cases[] = {
+        // Three layers of water, and two of salt.
+        {"Base clay.sil dry.TVS_init fresh.TVS_init", {0.1F, 0, 0, 1, 0}},
+        {"Base clay.sil dry.TVS_init salty.TVS_init", {0.1F, 0, 0.3F, 0, 9}},
+        {"Base clay.sil wet.tvs_INIT fresh.TVS_init", {0.5F, 0.4F, 0, 1, 0}},
+        {"Base clay.sil wet.tvs_INIT salty.TVS_init", {0.5F, 0.4F, 0.3F, 0, 9}},
     };
     std::string lines;
     for (int i = 0; i < 4; ++i) {
         const auto scenario = generated("0000" + std::to_string(i + 1));
-        EXPECT_EQ(scenario->description, cases[i].description);
+        const auto& [description, layers] = cases[i];
+        EXPECT_EQ(scenario->description, description);
+        EXPECT_EQ((std::vector<float>{scenario->H2O[1], scenario->H2O[2], scenario->H2O[3], scenario->salt[1],
+                                      scenario->salt[2]}),
+                  layers)
+            << description;
         EXPECT_NE(drives.read("p/Generated_scenarios/0000" + std::to_string(i + 1) + ".tvn").find("lb/acre"),
-                  std::string::npos);
-        for (int layer = 1; layer <= 3; ++layer)
-            EXPECT_EQ(scenario->H2O[layer], cases[i].water[layer - 1]) << i;
-        for (int layer = 1; layer <= 2; ++layer)
-            EXPECT_EQ(scenario->salt[layer], cases[i].salt[layer - 1]) << i;
-        lines += std::string(cases[i].description) + '\n';
+                  std::string::npos)
+            << description;
+        lines += description + '\n';
     }
     EXPECT_EQ(trace.str(), lines);
     expect_nothing_left_over();
@@ -213,8 +208,7 @@ TEST_F(Scenario_generator_test, what_cannot_be_written_is_told_and_so_is_what_wo
 
     // Without a base there is nothing to lay an overlay over.
     std::filesystem::remove(drives.host("p/Generated_scenarios"));
-    platform::File_faults faults;
-    faults.fail(platform::Write_step::write, ENOSPC);
+    Full_disk faults;
     on_listed = [&](std::size_t count) {
         if (count == 1)
             faults.clear();
@@ -239,8 +233,7 @@ TEST_F(Scenario_generator_test, what_cannot_be_read_generates_nothing_and_is_nam
     project.template_scenario.set("Scenarios\\gone.tvn");
     expect_refused("The template scenario cannot be read: C:\\p\\Scenarios\\gone.tvn");
     project.template_scenario.set("Scenarios\\base.tvn");
-    platform::File_faults faults;
-    faults.fail(platform::Write_step::list, EIO);
+    Failing_step faults(platform::Write_step::list, EIO);
     expect_refused("The folder cannot be read: C:\\p\\Database\\Soil");
     faults.clear();
     write_overlays();

@@ -96,18 +96,18 @@ TEST_F(Scenario_table_test, every_fault_is_named_by_row_and_column_and_nothing_i
 }
 
 TEST_F(Scenario_table_test, a_variant_is_what_setting_the_values_one_by_one_would_give) {
-    const std::vector<std::string> names = {"H2O.1",
-                                            "H2O.3",
-                                            "salt.7",
-                                            "salt.8",
-                                            "scenario.description",
-                                            "parameter_filenames.soil",
-                                            "parameter_filenames.rotation",
-                                            "submodels.salinity",
-                                            "cropping_system.sowing_date",
-                                            "CO2.enable",
-                                            "STATSGO.muid",
-                                            "weather.temperature_phase"};
+    const char* const names[] = {"H2O.1",
+                                 "H2O.3",
+                                 "salt.7",
+                                 "salt.8",
+                                 "scenario.description",
+                                 "parameter_filenames.soil",
+                                 "parameter_filenames.rotation",
+                                 "submodels.salinity",
+                                 "cropping_system.sowing_date",
+                                 "CO2.enable",
+                                 "STATSGO.muid",
+                                 "weather.temperature_phase"};
     const std::vector<std::string> values = {"0.5", "1", "0", "true", "false", "1996-05-02", "text", "100"};
     std::mt19937 random(3);
     for (int round = 0; round < 12; ++round) {
@@ -123,7 +123,7 @@ TEST_F(Scenario_table_test, a_variant_is_what_setting_the_values_one_by_one_woul
         std::deque<Record_settings> expected;
         for (int i = 0; i < 6; ++i)
             expected.emplace_back(TESK::File_name("C:\\base.tvn"));
-        for (std::size_t column = 0; column < names.size(); ++column) {
+        for (std::size_t column = 0; column < std::size(names); ++column) {
             ASSERT_EQ(variants.add_column(names[column]), "");
             for (std::size_t i = 0; i < expected.size(); ++i) {
                 const std::string& value = values[random() % values.size()];

@@ -1,7 +1,6 @@
 #include "runs/local_engine.h"
 
 #include "platform/files.h"
-#include "runs/run_progress.h"
 #include "runs/run_project.h"
 
 #include <csignal>
@@ -15,22 +14,6 @@ using namespace std::chrono_literals;
 
 class Local_engine_test : public testing::Test {
 protected:
-    // Polls until the engine has ended, or `until` says so.
-    template <class Until>
-    static void poll(Local_engine& engine, const Until& until) {
-        while (engine.poll() && !until())
-            engine.wait(10ms);
-    }
-    static void finish(Local_engine& engine) {
-        poll(engine, [] { return false; });
-    }
-    std::vector<std::string> ends_of(const std::string& folder, const Run_set& set) const {
-        std::vector<std::string> ends;
-        for (const Run_record& record : records_of(folder, set.scenarios.size()))
-            ends.push_back(std::string(word_for(state_of(record, false))) + ": " + describe_end(record));
-        return ends;
-    }
-
     Run_project project;
 };
 
@@ -44,10 +27,8 @@ TEST_F(Local_engine_test, tells_how_each_run_ended_and_keeps_what_it_printed) {
         ASSERT_EQ(engine.start(), "");
         finish(engine);
     }
-    EXPECT_EQ(ends_of(folder, set),
-              (std::vector<std::string>{"done: ", "failed: exit code 3", "failed: signal 9 (Killed)",
-                                        "failed: no output",
-                                        "done: ", "done: ", "failed: longer than the time allowed"}));
+    EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
+                                  "done \ndone \nfailed longer than the time allowed\n");
     EXPECT_TRUE(is_soon_gone(project.await_number("fork.pid"))) << "what a run has left running";
     EXPECT_EQ(platform::read_file(printed_file(folder, 1)).contents, "it is wrong\n");
     EXPECT_FALSE(platform::exists(printed_file(folder, 0)));
@@ -64,7 +45,7 @@ TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
     Local_engine engine(folder, set);
     ASSERT_EQ(engine.start(), "");
     finish(engine);
-    EXPECT_EQ(ends_of(folder, set), std::vector<std::string>(2, "failed: the model is not there"));
+    EXPECT_EQ(ends_of(folder, 2), "failed the model is not there\nfailed the model is not there\n");
 
     // Nor does that stand in the way of a stop while another run is at work.
     set = project.set_of({"wait", "good", "other", "more"}, 1);
@@ -74,11 +55,11 @@ TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
     const pid_t run = project.await_number("wait.pid");
     std::filesystem::remove(project.drives.host("model.exe"));
     kill(run, SIGKILL);
-    poll(second, [&] { return ends_of(stopped, set)[1] != "waiting: "; });
+    finish(second, [&] { return !ends_of(stopped, 4).ends_with("\nwaiting \nwaiting \nwaiting \n"); });
     second.stop();
     finish(second);
-    EXPECT_EQ(ends_of(stopped, set)[0], "failed: signal 9 (Killed)");
-    EXPECT_EQ(ends_of(stopped, set)[1], "failed: the model is not there");
+    EXPECT_TRUE(ends_of(stopped, 4).starts_with("failed signal 9 (Killed)\nfailed the model is not there\n"))
+        << ends_of(stopped, 4);
     EXPECT_EQ(project.started(), std::vector<std::string>{"wait"});
 }
 
@@ -90,8 +71,8 @@ TEST_F(Local_engine_test, stops_politely_then_hard_and_goes_on_where_it_ended) {
     {
         Local_engine engine(folder, set, 100ms);
         ASSERT_EQ(engine.start(), "");
-        poll(engine,
-             [&] { return !project.text("deaf.pid").empty() && !project.text("parent.pid").empty(); });
+        finish(engine,
+               [&] { return !project.text("deaf.pid").empty() && !project.text("parent.pid").empty(); });
         deaf = project.await_number("deaf.pid");
         child = project.await_number("parent.pid");
         EXPECT_EQ(Local_engine(folder, set).start(), "Another program has this set run.");
@@ -99,17 +80,14 @@ TEST_F(Local_engine_test, stops_politely_then_hard_and_goes_on_where_it_ended) {
         finish(engine);
     }
     EXPECT_TRUE(is_soon_gone(deaf) && is_soon_gone(child));
-    EXPECT_EQ(ends_of(folder, set),
-              (std::vector<std::string>{"done: ", "stopped: stopped", "stopped: stopped", "stopped: stopped",
-                                        "waiting: "}));
+    EXPECT_EQ(ends_of(folder, 5), "done \nstopped stopped\nstopped stopped\nstopped stopped\nwaiting \n");
 
     project.drives.write("model.exe", "#!/bin/sh\nmkdir -p \"$0.d\"; exit 7\n");
     Local_engine again(folder, set);
     ASSERT_EQ(again.start(), "");
     finish(again);
-    EXPECT_EQ(ends_of(folder, set),
-              (std::vector<std::string>{"done: ", "failed: exit code 7", "failed: exit code 7",
-                                        "failed: exit code 7", "failed: exit code 7"}));
+    EXPECT_EQ(ends_of(folder, 5), "done \nfailed exit code 7\nfailed exit code 7\nfailed exit code 7\n"
+                                  "failed exit code 7\n");
 }
 
 TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {
@@ -120,6 +98,13 @@ TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {
     ASSERT_EQ(engine.start(), "");
     finish(engine);
     EXPECT_EQ(project.started(), (std::vector<std::string>{"fail", "good"}));
+}
+
+std::vector<std::string> good_ones(int count) {
+    std::vector<std::string> names;
+    for (int i = 0; i < count; ++i)
+        names.push_back("good" + std::to_string(i));
+    return names;
 }
 
 // Lets a child process do the body, and gives its number.
@@ -136,9 +121,8 @@ pid_t in_child(const Body& body) {
 }
 
 TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_nothing_done_twice) {
-    std::vector<std::string> names{"wait"};
-    for (int i = 1; i < 200; ++i)
-        names.push_back("good" + std::to_string(i));
+    std::vector<std::string> names = good_ones(200);
+    names.front() = "wait";
     const Run_set set = project.set_of(names, 2);
     const std::string folder = project.make(set);
     const pid_t owner = in_child([&] {
@@ -163,9 +147,7 @@ TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_n
             done.push_back(names[run]);
 
     project.drives.write("p/started.txt");
-    project.drives.write("model.exe",
-                         project.drives.read("model.exe")
-                             .replace(project.drives.read("model.exe").find("sleep 60"), 8, "true"));
+    project.change_model("sleep 60", "true");
     Local_engine engine(folder, set);
     ASSERT_EQ(engine.start(), "");
     finish(engine);
@@ -177,9 +159,7 @@ TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_n
 }
 
 TEST_F(Local_engine_test, a_full_disk_holds_the_set_up_and_loses_nothing) {
-    std::vector<std::string> names;
-    for (int i = 0; i < 20; ++i)
-        names.push_back("good" + std::to_string(i));
+    const std::vector<std::string> names = good_ones(20);
     const Run_set set = project.set_of(names, 2);
     const std::string folder = project.make(set);
     const pid_t owner = in_child([&] {
@@ -191,7 +171,7 @@ TEST_F(Local_engine_test, a_full_disk_holds_the_set_up_and_loses_nothing) {
         setrlimit(RLIMIT_FSIZE, &room);
         if (!engine.start().empty())
             _exit(1);
-        poll(engine, [&] { return !engine.trouble().empty(); });
+        finish(engine, [&] { return !engine.trouble().empty(); });
         for (int i = 0; i < 50 && engine.poll(); ++i)
             engine.wait(10ms);
         const std::size_t started = project.started().size();
@@ -203,7 +183,7 @@ TEST_F(Local_engine_test, a_full_disk_holds_the_set_up_and_loses_nothing) {
     int status = 0;
     waitpid(owner, &status, 0);
     EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(ends_of(folder, set), std::vector<std::string>(names.size(), "done: "));
+    EXPECT_EQ(describe(progress_of(journal_of(folder, names.size()), false, moment_now())), "20 of 20 done");
     EXPECT_EQ(project.started().size(), names.size());
 }
 

@@ -4,7 +4,6 @@
 #include "platform/host_names.h"
 #include "runs/printed_text.h"
 #include "runs/private_slurm.h"
-#include "runs/run_progress.h"
 #include "runs/run_project.h"
 #include "runs/run_supervisor.h"
 #include "runs/slurm_engine.h"
@@ -18,18 +17,6 @@ using namespace std::chrono_literals;
 
 class Other_engines_test : public testing::Test {
 protected:
-    std::string ends_of(const std::string& folder, std::size_t runs) const {
-        Run_journal journal(folder, runs);
-        journal.update();
-        std::string text;
-        for (std::size_t run = 0; run < runs; ++run) {
-            const Run_record& record = journal.runs()[run];
-            text += std::string(word_for(state_of(record, is_owned(journal)))) + ' ' +
-                    describe_end(record, journal.reason(run)) + '\n';
-        }
-        return text;
-    }
-
     Run_project project;
 };
 
@@ -41,9 +28,7 @@ TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_other_runners_a
     const auto engine = make_engine(folder);
     ASSERT_EQ(engine->start(), "");
     EXPECT_FALSE(engine->poll());
-    Run_journal journal(folder, 7);
-    journal.update();
-    EXPECT_TRUE(is_owned(journal));
+    EXPECT_TRUE(is_owned(journal_of(folder, 7)));
     const Environment_guard list("LIST", platform::host_path(run_list_file(folder)));
     const Environment_guard parallel_home("PARALLEL_HOME", project.drives.host("parallel"));
     ASSERT_EQ(std::system("cd /; command -v parallel >/dev/null || exec sh <\"$LIST\"\n"
@@ -117,9 +102,7 @@ TEST_F(Other_engines_test, a_scheduler_runs_an_array_that_can_be_stopped_and_who
     EXPECT_EQ(Slurm_engine(folders[0], set, 100ms).start(), "") << "a second one looks after the same job";
 
     const pid_t run = project.await_number("wait.pid");
-    Run_journal journal(folders[1], 2);
-    journal.update();
-    EXPECT_TRUE(stop_run_set(journal));
+    EXPECT_TRUE(stop_run_set(journal_of(folders[1], 2)));
     const pid_t task = getpgid(project.await_number("wait_more.pid"));
     ASSERT_GT(task, 1);
     kill(-task, SIGKILL);

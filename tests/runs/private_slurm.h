@@ -2,10 +2,10 @@
 // with all their files in a temporary folder. They end with the object.
 #pragma once
 
+#include "support/loopback.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_folder.h"
 
-#include <arpa/inet.h>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -13,7 +13,6 @@
 #include <pwd.h>
 #include <random>
 #include <string>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -52,17 +51,6 @@ public:
 private:
     std::string path(const std::string& name) const { return folder_.path(name); }
 
-    static int free_port() {
-        const int socket_number = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        bind(socket_number, reinterpret_cast<sockaddr*>(&address), size);
-        getsockname(socket_number, reinterpret_cast<sockaddr*>(&address), &size);
-        close(socket_number);
-        return ntohs(address.sin_port);
-    }
     void write_key() const {
         std::random_device random;
         std::string key;
@@ -80,8 +68,9 @@ private:
             std::filesystem::create_directories(path(folder));
         folder_.write(
             "slurm.conf",
-            "ClusterName=test\nSlurmctldHost=" + name + "(127.0.0.1)\nSlurmctldPort=" +
-                std::to_string(free_port()) + "\nSlurmdPort=" + std::to_string(free_port()) +
+            "ClusterName=test\nSlurmctldHost=" + name +
+                "(127.0.0.1)\nSlurmctldPort=" + std::to_string(Silent_server().port) +
+                "\nSlurmdPort=" + std::to_string(Silent_server().port) +
                 "\nCommunicationParameters=NoCtldInAddrAny,NoInAddrAny"
                 "\nAuthType=auth/munge\nCredType=cred/munge\nAuthInfo=socket=" +
                 path("munge.sock") + "\nSlurmUser=" + user + "\nSlurmdUser=" + user +

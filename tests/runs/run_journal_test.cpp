@@ -1,7 +1,6 @@
 #include "runs/run_journal.h"
 
 #include "platform/files.h"
-#include "runs/run_progress.h"
 #include "runs/run_project.h"
 
 #include <gtest/gtest.h>
@@ -101,8 +100,7 @@ TEST_F(Run_journal_test, tells_how_far_a_set_is) {
     for (std::size_t run = 0; run < 1000; ++run)
         writer.end(run, ended(Outcome::exited, run < 3 ? 1 : 0, true, 2));
     writer.start(1000);
-    Run_journal journal(folder, 10000);
-    journal.update();
+    const Run_journal journal = journal_of(folder, 10000);
     const Moment later = journal.owned_since() + Moment{90} * 1000;
     EXPECT_EQ(describe(progress_of(journal, true, later)), "997 of 10,000 done, 3 failed, about 14 min left");
     EXPECT_EQ(describe(progress_of(journal, false, later)), "997 of 10,000 done, 3 failed, 1 stopped");

@@ -3,6 +3,7 @@
 
 #include "runs/run_folders.h"
 #include "runs/run_journal.h"
+#include "runs/run_progress.h"
 #include "support/temporary_drives.h"
 
 #include <algorithm>
@@ -53,6 +54,12 @@ public:
     }
     std::string make(const Run_set& set) const { return make_run_set(runs_folder, set).folder; }
 
+    // Lets the model do something else in the place of what it does.
+    void change_model(const std::string& old_text, const std::string& new_text) const {
+        std::string model = drives.read("model.exe");
+        drives.write("model.exe", model.replace(model.find(old_text), old_text.size(), new_text));
+    }
+
     // What runs have written into the project's folder.
     std::string text(const std::string& file) const { return drives.read("p/" + file); }
     // The names of the scenarios that the model was started on, sorted.
@@ -79,10 +86,34 @@ public:
     Temporary_drives drives;
 };
 
-inline std::vector<Run_record> records_of(const std::string& folder, std::size_t runs) {
+// The journal of a set's folder as it is now.
+inline Run_journal journal_of(const std::string& folder, std::size_t runs) {
     Run_journal journal(folder, runs);
     journal.update();
-    return journal.runs();
+    return journal;
+}
+
+// How each run of a set ended, a line each: its state, and what there is to say of it.
+inline std::string ends_of(const std::string& folder, std::size_t runs) {
+    const Run_journal journal = journal_of(folder, runs);
+    std::string text;
+    for (std::size_t run = 0; run < runs; ++run) {
+        const Run_record& record = journal.runs()[run];
+        text += std::string(word_for(state_of(record, is_owned(journal)))) + ' ' +
+                describe_end(record, journal.reason(run)) + '\n';
+    }
+    return text;
+}
+
+// Does the runs of a set until nothing is left to do, or until `until` says so.
+template <class Engine, class Until>
+void finish(Engine& engine, const Until& until) {
+    while (engine.poll() && !until())
+        engine.wait(std::chrono::milliseconds(10));
+}
+template <class Engine>
+void finish(Engine& engine) {
+    finish(engine, [] { return false; });
 }
 
 // Waits until a process is gone, or nobody's but a zombie; false after twenty seconds.

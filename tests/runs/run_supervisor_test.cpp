@@ -1,6 +1,5 @@
 #include "runs/run_supervisor.h"
 
-#include "runs/run_progress.h"
 #include "runs/run_project.h"
 
 #include <csignal>
@@ -33,9 +32,7 @@ TEST_F(Run_supervisor_test, has_a_set_done_and_can_be_watched) {
     ASSERT_EQ(engine.start(), "");
     while (engine.poll())
         std::this_thread::sleep_for(5ms);
-    Run_journal journal(folder, 3);
-    journal.update();
-    EXPECT_EQ(describe(progress_of(journal, is_owned(journal), moment_now())), "2 of 3 done, 1 failed");
+    EXPECT_EQ(ends_of(folder, 3), "done \nfailed exit code 3\ndone \n");
     EXPECT_EQ(Supervised_engine("C:\\p\\none").start(), "There is no run set in C:\\p\\none");
 }
 
@@ -60,8 +57,7 @@ TEST_F(Run_supervisor_test, a_set_outlives_its_starter_only_when_told_to) {
         std::filesystem::remove(project.drives.host("p/is_ready"));
         kill(starter, SIGKILL);
         waitpid(starter, nullptr, 0);
-        Run_journal journal(folder, 2);
-        journal.update();
+        Run_journal journal = journal_of(folder, 2);
         if (goes_on) {
             kill(run, SIGKILL);
             EXPECT_TRUE(await(journal, [&] { return journal.runs()[1].is_done(); }));
@@ -86,17 +82,14 @@ TEST_F(Run_supervisor_test, a_set_that_was_found_again_can_be_stopped_and_two_se
     ASSERT_EQ(other.start(), "");
     EXPECT_FALSE(delete_run_set(folder, true)) << "deleted while it is run";
     const pid_t run = project.await_number("wait.pid");
-    Run_journal journal(folder, 2);
-    journal.update();
+    Run_journal journal = journal_of(folder, 2);
     EXPECT_TRUE(stop_run_set(journal));
     EXPECT_TRUE(is_soon_gone(run));
     EXPECT_TRUE(await(journal, [&] { return !is_owned(journal); }));
     EXPECT_FALSE(stop_run_set(journal));
     while (other.poll())
         std::this_thread::sleep_for(5ms);
-    Run_journal other_journal(other_folder, 3);
-    other_journal.update();
-    EXPECT_EQ(describe(progress_of(other_journal, false, moment_now())), "3 of 3 done");
+    EXPECT_EQ(ends_of(other_folder, 3), "done \ndone \ndone \n");
 }
 
 } // namespace

@@ -12,8 +12,7 @@ protected:
     void run(const Run_set& set) {
         Local_engine engine(project.make(set), set);
         ASSERT_EQ(engine.start(), "");
-        while (engine.poll())
-            engine.wait(std::chrono::milliseconds(10));
+        finish(engine);
     }
     std::string state_of(const std::string& name) {
         states.refresh();
@@ -47,10 +46,11 @@ TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
     project.drives.write("p/Scenarios/good.tvn", record);
     project.drives.write("p/Database/loam.sil");
     project.drives.write("master/wheat.rot");
-    for (const char* file : {"p/Scenarios/good.tvn", "p/Database/loam.sil", "master/wheat.rot"})
+    const char* const files[] = {"p/Scenarios/good.tvn", "p/Database/loam.sil", "master/wheat.rot"};
+    for (const char* file : files)
         age(file, -100);
     EXPECT_EQ(state_of("good"), "done");
-    for (const char* file : {"p/Scenarios/good.tvn", "p/Database/loam.sil", "master/wheat.rot"}) {
+    for (const char* file : files) {
         age(file, 100);
         EXPECT_EQ(state_of("good"), "out of date") << file;
         age(file, -100);
@@ -73,8 +73,7 @@ TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {
     run(set);
     age("p/Scenarios/other.tvn", 100);
     states.refresh();
-    Run_journal journal(list_run_sets(project.runs_folder).front(), 3);
-    journal.update();
+    const Run_journal journal = journal_of(list_run_sets(project.runs_folder).front(), 3);
     const auto repeated = [&](Repetition which) {
         return repetition_of(set, journal, states, which).scenarios;
     };
@@ -90,9 +89,7 @@ TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {
     EXPECT_EQ(List_engine(project.make(set), set).start(), "");
     EXPECT_EQ(state_of("fail"), "failed");
     // A repaired one, run in another set, is judged by that.
-    project.drives.write("model.exe",
-                         project.drives.read("model.exe")
-                             .replace(project.drives.read("model.exe").find("exit 3"), 6, ":     "));
+    project.change_model("exit 3", ":");
     run(repetition_of(set, journal, states, Repetition::failed));
     EXPECT_EQ(state_of("fail"), "done");
 }

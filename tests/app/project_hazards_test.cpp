@@ -119,16 +119,6 @@ TEST_F(Hazards, no_operation_on_a_project_that_was_not_saved_makes_anything_in_t
         {"relist", [this] { form.scenarios.lists.relist_scenarios_button_onclick(); }},
         {"cursor", [this] { form.scenarios.lists.created_scenarios_listbox_onchange(); }},
         {"run", [this] { form.scenarios.run.senerios_run_button_onclick(); }},
-        {"view output",
-         [this] {
-             expect_no_output();
-             form.scenarios.run.view_output_button_onclick();
-         }},
-        {"compare",
-         [this] {
-             expect_no_active();
-             form.scenarios.analysis.button_compare_project_scenariosClick();
-         }},
         {"view comparison", [this] { form.comparisons.comparison_button_view_outputClick(); }},
         {"project database", [this] { form.scenarios.edit.open_project_database(); }},
         {"view results", [this] { form.optimization.opt_C_seq_view_results_buttonClick(); }},

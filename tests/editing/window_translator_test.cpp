@@ -1,12 +1,12 @@
 #include "editing/window_translator.h"
 
-#include "editing/file_edit_bar.h"
 #include "editing/number_edit_bars.h"
-#include "editing/sim_database_edit_bars.h"
 #include "support/temporary_folder.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
+#include "toolkit/combo_box.h"
 #include "toolkit/label.h"
+#include "toolkit/list_box.h"
 #include "toolkit/page_control.h"
 #include "translation/translation_files.h"
 
@@ -165,22 +165,8 @@ TEST(Translation_of_the_suite, is_read_from_the_folder_of_the_program_and_from_t
     TVS::Suite_Directory suite(program);
     TESK::Translations_phrases phrases;
     load_program_translations(phrases, program_folder, suite);
-    for (const char* language : {"es", "fr", "ru"}) {
-        TForm form("form");
-        form.add<TAutoFloat32EditBar>("number");
-        form.add<TAutoInt16EditBar>("whole_number");
-        auto& files = form.add<TAutoFileEditBar>("file");
-        TESK::Filtered_file_name name("noname.rpt");
-        files.bind_to(&name, "Report format", nullptr, nullptr, nullptr);
-        form.add<TAutoSimDatabaseFileEditBar>("database");
-        form.add<TAutoSimDatabaseDropdownFileEditBar>("dropdown");
-        translate_all(form, language, phrases);
-        form.walk([&](TControl& control) {
-            EXPECT_TRUE(control.native_hint().empty() || control.native_hint() != control.hint())
-                << control.name() << " in " << language;
-            return true;
-        });
-    }
+    for (const char* language : {"es", "fr", "ru"})
+        EXPECT_NE(phrases.find_translation("Save/Close", language), nullptr) << language;
 }
 
 } // namespace

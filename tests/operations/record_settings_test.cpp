@@ -68,13 +68,8 @@ TEST_F(Record_settings_test, a_setting_tells_what_the_record_declares_of_it) {
 }
 
 TEST_F(Record_settings_test, a_change_leaves_every_other_byte_of_the_file) {
-    struct Case {
-        const char* name;
-        const char* value;
-        const char* old_part;
-        const char* new_part;
-    };
-    const Case cases[] = {
+    // A setting, its new value, and what in the file is replaced by what.
+    const std::array<std::string, 4> cases[] = {
         {"parameter_filenames.soil", "C:\\b c.sil", "  soil=a.sil\n", "  soil=C:\\b c.sil\n"},
         // One field under two keys: else the one further down would win.
         {"parameter_filenames.rotation", "y.rot",
@@ -92,20 +87,19 @@ TEST_F(Record_settings_test, a_change_leaves_every_other_byte_of_the_file) {
         {"scenario.details_URL", "u", "description=first\n", "description=first\n"},
         {"submodels.infiltration_model", "CASCADE", "", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, value, old_part, new_part] : cases) {
         Record_settings settings(file(odd_scenario));
-        const Setting_change change = settings.set(c.name, c.value);
-        EXPECT_TRUE(change.done) << c.name << ": " << change.reason;
+        const Setting_change change = settings.set(name, value);
+        EXPECT_TRUE(change.done) << name << ": " << change.reason;
         EXPECT_TRUE(settings.save().ok());
         std::string expected = odd_scenario;
-        if (*c.old_part != 0)
-            expected.replace(expected.rfind(c.old_part), std::string(c.old_part).size(), c.new_part);
-        if (c.name == "scenario.details_URL"s)
+        expected.replace(old_part.empty() ? 0 : expected.rfind(old_part), old_part.size(), new_part);
+        if (name == "scenario.details_URL")
             expected += "\n[scenario]\ndetails_URL=u\n";
-        EXPECT_EQ(folder.read("odd.tvn"), expected) << c.name;
+        EXPECT_EQ(folder.read("odd.tvn"), expected) << name;
         const Record_settings again(settings.file());
-        ASSERT_NE(again.find(c.name), nullptr) << c.name;
-        EXPECT_EQ(again.find(c.name)->value(), settings.find(c.name)->value());
+        ASSERT_NE(again.find(name), nullptr) << name;
+        EXPECT_EQ(again.find(name)->value(), settings.find(name)->value());
     }
 }
 

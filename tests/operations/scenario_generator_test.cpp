@@ -22,19 +22,20 @@ protected:
         drives.write("p/Scenarios/base.tvn", "[scenario]\ndescription=Base\n[parameter_filenames]\n"
                                              "soil=Database\\Soil\\own.sil\n[H2O]\n1=0.5\n");
         project.template_scenario.set("Scenarios\\base.tvn");
+        directory.emplace(TESK::File_name("C:\\p.tvp"), 0);
     }
 
     // Gives how many scenarios were written.
     std::size_t generate(Change_backups* backups = nullptr) {
         trace.str("");
         listed.clear();
-        outcome = generate_scenarios(project, directory, backups, trace, [this](const std::string& name) {
+        outcome = generate_scenarios(project, *directory, backups, trace, [this](const std::string& name) {
             listed.push_back(name);
             return on_listed(listed.size());
         });
         return outcome.done;
     }
-    Generation_plan plan() { return plan_generation(project, directory); }
+    Generation_plan plan() { return plan_generation(project, *directory); }
     std::unique_ptr<Tilverra_scenario> generated(const std::string& number) {
         auto scenario = std::make_unique<Tilverra_scenario>();
         EXPECT_TRUE(TESK::VV_file(("C:\\p\\Generated_scenarios\\" + number + ".tvn").c_str()).get(*scenario))
@@ -66,7 +67,7 @@ protected:
     Temporary_drives drives;
     Environment_guard temporary{"TMPDIR", drives.host("temporary")};
     Tilverra_project_editor_parameters project{"model.exe"};
-    Tilverra_project_directory directory{TESK::File_name("C:\\p.tvp"), 0};
+    std::optional<Tilverra_project_directory> directory;
     std::ostringstream trace;
     std::vector<std::string> listed;
     Operation_outcome outcome;

@@ -1,31 +1,13 @@
 #include "app/deletion_question.h"
 
+#include "app/shown_values.h"
 #include "editing/bound_control.h"
 #include "platform/files.h"
 #include "toolkit/screen_language.h"
 
-#include <array>
-#include <charconv>
-
 namespace {
 
 constexpr std::size_t most_names = 10;
-
-// "12 B", "3.2 MB".
-std::string size_text(std::uint64_t bytes) {
-    constexpr std::uint64_t step = 1024;
-    constexpr std::array<const char*, 5> units{" B", " KB", " MB", " GB", " TB"};
-    if (bytes < step)
-        return std::to_string(bytes) + units[0];
-    std::size_t unit = 1;
-    auto size = static_cast<double>(bytes) / step;
-    for (; size >= step && unit + 1 < units.size(); ++unit)
-        size /= step;
-    std::array<char, 32> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), size, std::chars_format::fixed, 1);
-    return std::string(digits.data(), end.ptr) + units[unit];
-}
 
 std::string told_of(const Deletion_plan& plan) {
     std::string text = worded("Scenarios: %1", std::to_string(plan.scenarios.size())) + '\n' +

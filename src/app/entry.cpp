@@ -116,6 +116,7 @@ int run(const std::vector<std::string>& arguments, const Program_services& servi
     if (count == 2)
         project_type.set_label(arguments[2].c_str());
     forms.project_form.menu.set_program(program_file_name);
+    forms.project_form.menu.help.set_libraries(services.libraries);
     forms.project_form.map.set_reader(services.polygons);
     forms.project_form.options.set_table_reader(services.tables);
     forms.project_form.bind(project_parameters, project_type.get(), forms.parameter_file_form);

@@ -23,6 +23,8 @@ struct Program_services {
     Polygon_reader* polygons = nullptr;
     // Null for none; then no scenarios are made from tables.
     Table_reader* tables = nullptr;
+    // What all this is made of, with its versions, for who reports a fault: "Qt 6.4.2".
+    std::vector<std::string> libraries{};
 };
 
 // Runs the program from its start to its end. The arguments are as the host gives them: the program's own

@@ -1,10 +1,18 @@
 #include "app/main_menu.h"
 
+#include "app/facts_form.h"
+#include "app/recent_projects.h"
+#include "app/shown_values.h"
 #include "app/tilverra_project_form.h"
 #include "operations/change_backups.h"
+#include "operations/project_summary.h"
+#include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 
 namespace {
+
+constexpr const char* no_folder = "The project has no folder yet: save it first.";
+constexpr const char* no_such_page = "This project has no such page.";
 
 // Whether the control and all that holds it is there and enabled, in front or not.
 bool is_offered(const TControl& control) {
@@ -56,10 +64,10 @@ Menu_item Main_menu::button_entry(const char* text, TButton& button, const char*
     return item;
 }
 
-Menu_item Main_menu::page_entry(const char* text, TTabSheet& page) {
+Menu_item Main_menu::page_entry(const char* text, TControl& page, const char* why_not) {
     return entry(
         text, [&page] { page.bring_to_front(); }, "",
-        [&page]() -> std::string { return is_offered(page) ? "" : "This project has no such page."; });
+        [&page, why_not]() -> std::string { return is_offered(page) ? "" : why_not; });
 }
 
 Menu_item Main_menu::program_entry(const char* text, std::function<void()> act, const char* shortcut) const {
@@ -85,22 +93,35 @@ void Main_menu::bind() {
         item.shortcut.clear();
     bar->set_items({menu("&File", file_items()), menu("&Edit", edit_items()),
                     menu("&Scenario", std::move(scenario)), menu("&Run", run_items()),
-                    menu("&View", view_items()), menu("&Help", help_items())});
+                    menu("&View", view_items()), menu("&Help", help.items())});
 }
 
 std::vector<Menu_item> Main_menu::file_items() {
     Tparameter_file_form& host = form.parameter_file_form();
-    const char* const no_folder = "The project has no folder yet: save it first.";
+    Menu_item recent = program_entry("Open &recent", {});
+    recent.on_update = [this, obstacle = recent.on_update](Menu_item& shown) {
+        obstacle(shown);
+        shown.items = recent_project_items(form.project_file(),
+                                           [this](const std::string& file) { open_project(file); });
+        if (shown.enabled && shown.items.empty()) {
+            shown.hint = "No project has been open of late.";
+            shown.enabled = false;
+        }
+    };
     return {program_entry(
                 "&New project...",
                 [this] { open_other(project_dialog(TFileDialog::Purpose::save, "New project")); }, "Ctrl+N"),
             program_entry(
                 "&Open...",
                 [this] { open_other(project_dialog(TFileDialog::Purpose::open, "Open project")); }, "Ctrl+O"),
+            recent,
             line(),
             entry(
                 "&Save", [&host] { host.save_all(); }, "Ctrl+S"),
-            button_entry("Save &as...", host.save_as_button, ""),
+            button_entry("Save &as...", host.save_as_button, "", "Ctrl+Shift+S"),
+            entry(
+                "&Properties...", [this] { show_properties(); }, "Alt+Enter",
+                [this] { return has_folder() ? "" : no_folder; }),
             button_entry("Show &folder", host.button_windows_explore, no_folder),
             line(),
             entry(
@@ -108,24 +129,26 @@ std::vector<Menu_item> Main_menu::file_items() {
 }
 
 std::vector<Menu_item> Main_menu::edit_items() {
-    Menu_item undo = entry("&Undo the last change to scenarios", [this] { undo_last_change(); });
+    Menu_item undo = entry(
+        "&Undo the last change to scenarios", [this] { undo_last_change(); }, "Ctrl+Alt+Z");
     undo.on_update = [this](Menu_item& shown) {
-        std::vector<Change_backups::Change> changes;
-        if (has_project() && workspace().project_directory)
-            changes = Change_backups(*workspace().project_directory).list();
-        shown.enabled = !changes.empty();
-        shown.hint = changes.empty()
-                         ? "No change to scenarios can be undone."
-                         : worded(changes.front().operation) + " (" +
-                               std::to_string(changes.front().entries) + "), " + changes.front().time;
+        std::optional<Change_backups::Change> change;
+        if (has_folder())
+            change = Change_backups(*workspace().project_directory).newest();
+        shown.enabled = change.has_value();
+        shown.hint = !change ? "No change to scenarios can be undone."
+                             : worded(change->operation) + " (" + std::to_string(change->entries) + "), " +
+                                   change->time;
     };
     const auto no_list = [this]() -> std::string {
-        return is_offered(form.scenarios.lists.current()) ? "" : "This project has no such page.";
+        return is_offered(form.scenarios.lists.current())
+                   ? ""
+                   : "The list of scenarios is not there: see View, Simulation scenarios.";
     };
     return {undo, line(),
             entry(
-                "&Select all shown", [this] { form.scenarios.lists.current_table().tick_all_shown(); }, "",
-                no_list),
+                "&Select all shown", [this] { form.scenarios.lists.current_table().tick_all_shown(); },
+                "Ctrl+Shift+A", no_list),
             entry(
                 "&Find",
                 [this] {
@@ -144,7 +167,8 @@ std::vector<Menu_item> Main_menu::run_items() {
             line(),
             button_entry("&Stop", form.runs.runs_stop_button, no_set),
             button_entry("&Continue", form.runs.runs_continue_button, no_set),
-            button_entry("Run &failed again", form.runs.runs_failed_again_button, no_set)};
+            button_entry("Run &failed again", form.runs.runs_failed_again_button, no_set),
+            button_entry("Run &out of date again", form.runs.runs_out_of_date_again_button, no_set)};
 }
 
 std::vector<Menu_item> Main_menu::view_items() {
@@ -153,30 +177,93 @@ std::vector<Menu_item> Main_menu::view_items() {
     const auto no_scenarios = [this, may_turn_back]() -> std::string {
         const bool has_page = has_project() && !workspace().is_template_project() &&
                               (may_turn_back || is_offered(form.scenarios.scenarios_tabsheet));
-        return has_page ? "" : "This project has no such page.";
+        return has_page ? "" : no_such_page;
     };
+    const auto no_optimization = [this]() -> std::string {
+        return has_project() && (is_offered(form.options.show_optimization_model_button) ||
+                                 is_offered(form.optimization.tabsheet_optimization))
+                   ? ""
+                   : no_such_page;
+    };
+    const auto no_GIS = [this, may_turn_back]() -> std::string {
+        return has_project() && (may_turn_back || is_offered(form.GIS.GIS_tabsheet)) ? "" : no_such_page;
+    };
+    const Tparameter_file_form& host = form.parameter_file_form();
     return {entry(
                 "&Simulation scenarios", [this] { show_scenarios(); }, "", no_scenarios),
             page_entry("&Runs", form.runs.runs_tabsheet),
+            page_entry("S&ettings", form.settings.settings_tabsheet),
+            page_entry("Scenario &comparisons", form.comparisons.tabsheet_scenario_comparison),
             page_entry("&Options", form.options.options_tabsheet),
-            page_entry("&GIS", form.GIS.GIS_tabsheet),
-            page_entry("S&tatistical tallies", form.tallies.tabsheet_statistical_tally),
+            entry(
+                "Optimi&zation models", [this] { form.options.show_optimization_model_buttonClick(); }, "",
+                no_optimization),
+            entry(
+                "&GIS", [this] { show_GIS(); }, "", no_GIS),
+            page_entry("Ma&p", form.map.map_tabsheet,
+                       "There is no map: choose the attribute table of one on GIS, Maps."),
+            page_entry("S&tatistical tallies", form.tallies.tabsheet_statistical_tally,
+                       "Tick Perform statistical analysis on the page Run, and the page appears."),
             line(),
-            page_entry("&Language", form.parameter_file_form().language.tabsheet_translation)};
+            page_entry("&Details", host.details.tabsheet_details, no_folder),
+            page_entry("&Notes", host.notes.tabsheet_notes, no_folder),
+            page_entry("St&atus", host.notes.tabsheet_status, no_folder),
+            page_entry("Co&mmands", *host.programs.command_history_memo.parent()),
+            page_entry("&Language", host.language.tabsheet_translation,
+                       "There are no translation files in the program's folder.")};
 }
 
-std::vector<Menu_item> Main_menu::help_items() {
-    Menu_item documentation = entry("&Documentation", [this] {
-        form.parameter_file_form().documentation.documentation_buttons.front()->parent()->bring_to_front();
-    });
-    documentation.shortcut = "F1";
-    return {documentation};
+// Another project is the business of another window.
+void Main_menu::open_project(const std::string& file) {
+    form.parameter_file_form().programs.start(program_file_, nullptr, file.c_str(), nullptr, false,
+                                              show_normal);
 }
 
 void Main_menu::open_other(TFileDialog dialog) {
     if (dialog.execute())
-        form.parameter_file_form().programs.start(program_file_, nullptr, record_text(dialog.file_name),
-                                                  nullptr, false, show_normal);
+        open_project(record_text(dialog.file_name));
+}
+
+bool Main_menu::has_folder() const {
+    return has_project() && workspace().project_directory != nullptr;
+}
+
+void Main_menu::show_properties() {
+    workspace().enter_project_folder();
+    Project_summary summary;
+    {
+        const Busy_pointer busy;
+        summary = summarize_project(workspace());
+    }
+    Tfacts_form properties("Properties of the project");
+    const auto add = [&](const char* caption, const std::string& text) {
+        properties.add_fact(caption, screen_text(text));
+    };
+    const auto add_file = [&](const char* caption, const Project_summary::Named_file& file) {
+        const bool is_chosen = !file.name.empty() && !file.name.starts_with('<');
+        const std::string name = screen_text(file.name);
+        properties.add_fact(caption, is_chosen && file.is_missing ? worded("%1 (missing)", name) : name,
+                            is_chosen && file.is_missing ? Mark::cross : Mark::none);
+    };
+    add("File", summary.file);
+    add("Folder", summary.folder);
+    add("Type", worded(summary.type));
+    add("Description", summary.description);
+    add_file("Simulation model", summary.model);
+    add_file("Template scenario", summary.template_scenario);
+    add_file("Active scenario", summary.active_scenario);
+    add("Scenarios", std::to_string(summary.scenarios));
+    add("Generated scenarios", std::to_string(summary.generated));
+    add("Scenario comparisons", std::to_string(summary.comparisons));
+    add("Size of all", size_text(summary.bytes));
+    add("Changed", summary.changed ? time_text(*summary.changed) : "");
+    std::vector<std::string> findings;
+    for (const Finding& finding : summary.findings)
+        findings.push_back(screen_text(finding_text(finding)));
+    properties.set_lines(findings);
+    properties.set_action("Show &folder", "Show the folder of this file in the file manager.",
+                          [this] { form.parameter_file_form().button_windows_explore.on_click(); });
+    properties.show_modal();
 }
 
 void Main_menu::undo_last_change() {
@@ -201,4 +288,10 @@ void Main_menu::show_scenarios() {
     }
     form.scenarios.scenarios_tabsheet.bring_to_front();
     form.show_hide_run_buttons();
+}
+
+void Main_menu::show_GIS() {
+    if (!is_offered(form.GIS.GIS_tabsheet))
+        form.options.show_GIS_buttonClick();
+    form.GIS.GIS_tabsheet.bring_to_front();
 }

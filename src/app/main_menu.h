@@ -2,6 +2,7 @@
 // why in its hint.
 #pragma once
 
+#include "app/help_menu.h"
 #include "app/project_page.h"
 #include "toolkit/button.h"
 #include "toolkit/menu.h"
@@ -12,7 +13,8 @@
 
 class Main_menu : public Project_page {
 public:
-    explicit Main_menu(TTilverra_project_form& project_form) : Project_page(project_form) {}
+    explicit Main_menu(TTilverra_project_form& project_form)
+        : Project_page(project_form), help(project_form) {}
 
     // Puts the bar on the window that holds the project, once.
     void bind();
@@ -20,6 +22,7 @@ public:
     void set_program(const std::string& program_file) { program_file_ = program_file; }
 
     TMainMenu* bar = nullptr; // null before bind()
+    Help_menu help;
 
 private:
     // Why an entry cannot act; empty when it can.
@@ -29,17 +32,21 @@ private:
                            Obstacle obstacle = {});
     static Menu_item button_entry(const char* text, TButton& button, const char* why_not,
                                   const char* shortcut = "");
-    static Menu_item page_entry(const char* text, TTabSheet& page);
+    static Menu_item page_entry(const char* text, TControl& page,
+                                const char* why_not = "This project has no such page.");
     Menu_item program_entry(const char* text, std::function<void()> act, const char* shortcut = "") const;
     std::vector<Menu_item> file_items();
     std::vector<Menu_item> edit_items();
     std::vector<Menu_item> run_items();
     std::vector<Menu_item> view_items();
-    std::vector<Menu_item> help_items();
 
     void open_other(TFileDialog dialog);
+    void open_project(const std::string& file);
+    void show_properties();
+    bool has_folder() const;
     void undo_last_change();
     void show_scenarios();
+    void show_GIS();
 
     std::string program_file_;
 };

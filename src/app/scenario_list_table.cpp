@@ -1,6 +1,7 @@
 #include "app/scenario_list_table.h"
 
 #include "app/run_set_rows.h"
+#include "app/shown_values.h"
 #include "app/state_pictures.h"
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
@@ -38,16 +39,6 @@ std::string with_thousands(int number) {
     for (int place = static_cast<int>(text.size()) - 3; place > 0; place -= 3)
         text.insert(static_cast<std::size_t>(place), ",");
     return text;
-}
-
-std::string two_digits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
-std::string time_text(const platform::Packed_time& time) {
-    return std::to_string(1980 + (time.date >> 9)) + '-' + two_digits(time.date >> 5 & 15) + '-' +
-           two_digits(time.date & 31) + ' ' + two_digits(time.time >> 11) + ':' +
-           two_digits(time.time >> 5 & 63);
 }
 
 std::string in_lower_case(std::string text) {

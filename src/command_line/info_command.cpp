@@ -1,45 +1,35 @@
 #include "command_line/commands.h"
 #include "command_line/opened_project.h"
 #include "command_line/report.h"
-#include "operations/project_check.h"
-#include "operations/scenario_comparison.h"
-#include "operations/scenario_overview.h"
-#include "platform/files.h"
+#include "operations/project_summary.h"
 
 #include <memory>
 
 namespace {
 
-// A file that the record names, with a word when it is not there.
-std::string named_file(const TESK::File_name& file) {
-    return screen_text(file) + (platform::is_file(file) ? "" : " (missing)");
-}
-
-std::size_t comparisons_in(Opened_project& project) {
-    // A list of them would make their folder.
-    return platform::is_folder(project.directory().get_scenario_comparison_directory(false))
-               ? list_comparisons(project.workspace()).size()
-               : 0;
+// With a word when it is not there.
+std::string named_file(const Project_summary::Named_file& file) {
+    return screen_text(file.name) + (file.is_missing ? " (missing)" : "");
 }
 
 void show_info(Session& session, const std::string& argument) {
     Opened_project project(session, argument);
-    const Tilverra_project_editor_parameters& record = project.record();
+    const Project_summary summary = summarize_project(project.workspace());
     Json info;
-    info["file"] = screen_text(project.file());
-    info["folder"] = screen_text(project.directory());
-    info["type"] = screen_text(record.project_type.get_label());
-    info["description"] = screen_text(record.description);
-    info["model"] = named_file(record.cropping_system_model);
-    info["template"] = named_file(record.template_scenario);
-    info["active"] = named_file(record.active_scenario);
-    info["scenarios"] = list_scenarios(project.folder_of(Scenario_folder::created)).size();
-    info["generated"] = list_scenarios(project.folder_of(Scenario_folder::generated)).size();
-    info["comparisons"] = comparisons_in(project);
+    info["file"] = screen_text(summary.file);
+    info["folder"] = screen_text(summary.folder);
+    info["type"] = screen_text(summary.type);
+    info["description"] = screen_text(summary.description);
+    info["model"] = named_file(summary.model);
+    info["template"] = named_file(summary.template_scenario);
+    info["active"] = named_file(summary.active_scenario);
+    info["scenarios"] = summary.scenarios;
+    info["generated"] = summary.generated;
+    info["comparisons"] = summary.comparisons;
+    info["bytes"] = summary.bytes;
     Json missing = Json::array();
-    for (const Finding& finding : Project_check().check_project(project.file()))
-        missing.push_back(finding.section + (finding.key.empty() ? "" : '.' + finding.key) + ": " +
-                          screen_text(finding.message));
+    for (const Finding& finding : summary.findings)
+        missing.push_back(screen_text(finding_text(finding)));
     if (session.as_json)
         info["findings"] = missing;
     else

@@ -50,7 +50,8 @@ QStringList name_filters(const TFileDialog& asked) {
     for (const File_kind& kind : asked.kinds()) {
         QStringList masks = to_qt(kind.masks);
         masks.replaceInStrings("*.*", "*");
-        filters.append(to_qt(kind.description).section('(', 0, 0).trimmed() + " (" + masks.join(' ') + ")");
+        filters.append(to_qt(worded(from_qt(to_qt(kind.description).section('(', 0, 0).trimmed()))) + " (" +
+                       masks.join(' ') + ")");
     }
     return filters;
 }

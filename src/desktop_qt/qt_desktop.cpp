@@ -7,8 +7,10 @@
 #include "toolkit/descriptor_watch.h"
 #include "toolkit/timer.h"
 
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
+#include <QtCore/QTranslator>
 #include <QtGui/QClipboard>
 #include <QtGui/QCursor>
 #include <QtWidgets/QApplication>
@@ -225,6 +227,17 @@ std::string Qt_desktop::clipboard_text() const {
 
 void Qt_desktop::set_clipboard_text(const std::string& text) {
     QGuiApplication::clipboard()->setText(to_qt(text));
+}
+
+// The application forgets a translator that goes, and tells all widgets.
+void Qt_desktop::use_language(const std::string& code) {
+    translator_.reset();
+    auto translator = std::make_unique<QTranslator>();
+    if (code.empty() ||
+        !translator->load("qtbase_" + to_qt(code), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        return;
+    translator_ = std::move(translator);
+    QCoreApplication::installTranslator(translator_.get());
 }
 
 void Qt_desktop::open_web_address(const std::string& address) {

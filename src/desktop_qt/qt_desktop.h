@@ -11,6 +11,7 @@
 #include <memory>
 
 class QDialog;
+class QTranslator;
 class QSocketNotifier;
 class QTimer;
 
@@ -47,6 +48,7 @@ public:
     void stop_watch(TDescriptor_watch& watch) override;
     std::string clipboard_text() const override;
     void set_clipboard_text(const std::string& text) override;
+    void use_language(const std::string& code) override;
     void open_web_address(const std::string& address) override;
 
 protected:
@@ -65,6 +67,7 @@ private:
     void throw_kept();
 
     Host_functions host_;
+    std::unique_ptr<QTranslator> translator_; // of Qt's own texts; null for those in the program
     std::exception_ptr kept_;
     int running_actions_ = 0;
     std::vector<QPointer<QWidget>> windows_;

@@ -2,6 +2,7 @@
 
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
+#include "platform/files.h"
 #include "platform/shell.h"
 #include "toolkit/screen_language.h"
 
@@ -25,6 +26,19 @@ constexpr Topic topics[] = {
     {TESK::Documentation_topic::manual, "manual", "Manual"},
     {TESK::Documentation_topic::tutorial, "tutorial", "Tutorial"},
 };
+
+// The text of the guide in a folder "docs" of one of those that the program lies in; "" where there is none.
+// A program that a suite links to lies where the link leads.
+std::string guide_of_sources(const std::string& program) {
+    std::string place = platform::shell().resolve_shortcut(program).value_or(program);
+    for (std::size_t end = place.rfind('\\'); end != std::string::npos; end = place.rfind('\\')) {
+        place.erase(end);
+        const std::string guide = place + "\\docs\\user-guide.md";
+        if (platform::is_file(guide))
+            return guide;
+    }
+    return {};
+}
 
 } // namespace
 
@@ -55,6 +69,14 @@ Documentation_page::Documentation_page(const TESK::File_name& program_file, TTab
         };
     }
     sheet.on_show = [this] { update_documentation_buttons(); };
+}
+
+bool Documentation_page::open_guide() {
+    constexpr int highest_start_error = 32;
+    std::string guide = program_directory_.documentation.get_page(TESK::Documentation_topic::help);
+    if (!platform::is_file(guide))
+        guide = guide_of_sources(program_directory_.program_file);
+    return !guide.empty() && platform::shell().shell_execute("open", guide, 1) > highest_start_error;
 }
 
 void Documentation_page::set_web(const char* url_root, const char* local_root) {

@@ -23,6 +23,9 @@ public:
     std::string help_lookup(const std::string& page) const;
     // Opens that page, when there is one.
     void view_document(const std::string& page) const;
+    // Has the desktop show the user guide: the program's help page or, beside the sources that it was built
+    // from, the text that this is made of. False when neither is there, or nothing can show it.
+    bool open_guide();
     // Shows what there is now.
     void update_documentation_buttons();
 

@@ -3,6 +3,7 @@
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
 #include "editing/window_translator.h"
+#include "toolkit/desktop.h"
 #include "translation/translations_phrases.h"
 
 #include <algorithm>
@@ -99,6 +100,8 @@ void Language_page::remember() const {
 void Language_page::show_all() {
     for (TControl* const window : windows_)
         show_in_language(*window, translation_target_language, *phrases_);
+    if (current_desktop != nullptr)
+        current_desktop->use_language(translation_target_language);
     if (on_change)
         on_change();
 }

@@ -38,7 +38,8 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
       parameters_panel(fill(tabsheet_parameters.add<TPanel>("parameters_panel"))),
       ok_button(add_button(add_row(*this, "panel_buttons"), "ok_button", "Save/Close")),
       cancel_button(add_button(*ok_button.parent(), "cancel_button", "Cancel")),
-      save_as_button(add_button(*ok_button.parent(), "save_as_button", "Save as")),
+      save_as_button(add_button(*ok_button.parent(), "save_as_button", "Save as",
+                                "Save under another name, with the folder of this file.")),
       run_button(add_button(*ok_button.parent(), "run_button", "Run")),
       checkbox_advanced_mode(ok_button.parent()->add<TAutoCheckBox>("checkbox_advanced_mode", "Advanced")),
       button_windows_explore(add_button(*ok_button.parent(), "button_windows_explore", "Files",
@@ -61,7 +62,7 @@ Tparameter_file_form::Tparameter_file_form(const TESK::File_name& program_file)
 Tparameter_file_form::~Tparameter_file_form() = default;
 
 void Tparameter_file_form::wire() {
-    on_key = [this](const Key& key) { return key.code == Key_code::enter && focus_next(); };
+    on_key = [this](const Key& key) { return key.code == Key_code::enter && !key.alt && focus_next(); };
     on_close_query = [this] { return !asks_before_closing_ || (may_close() && may_leave()); };
     on_activate = [this] { return_to_window(); };
     ok_button.on_click = [this] { ok_button_onclick(); };

@@ -126,3 +126,7 @@ File_transfer_result Curl_file_transfer::download(const std::string& remote, con
 void Curl_file_transfer::disconnect() {
     session_.reset();
 }
+
+std::string Curl_file_transfer::library_version() {
+    return std::string("libcurl ") + curl_version_info(CURLVERSION_NOW)->version;
+}

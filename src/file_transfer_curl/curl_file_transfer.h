@@ -17,6 +17,9 @@ public:
     File_transfer_result download(const std::string& remote, const std::string& local) override;
     void disconnect() override;
 
+    // The library and its version, as it says it.
+    static std::string library_version();
+
 private:
     class Session;
 

@@ -23,5 +23,8 @@ int main(int argc, char** argv) {
     services.file_transfer = &file_transfer;
     services.polygons = &polygons;
     services.tables = &tables;
+    services.libraries = {std::string("Qt ") + qVersion() + " (" +
+                              qPrintable(QGuiApplication::platformName()) + ')',
+                          Curl_file_transfer::library_version(), Shapelib_reader::library_version()};
     return run_program({argv, argv + argc}, services, std::cerr);
 }

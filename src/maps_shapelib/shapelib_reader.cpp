@@ -90,3 +90,7 @@ Polygon_map Shapelib_reader::read(const std::string& shapefile) {
     measure(map);
     return map;
 }
+
+std::string Shapelib_reader::library_version() {
+    return "shapelib " SHAPELIB_VERSION;
+}

@@ -250,6 +250,14 @@ std::vector<Change_backups::Change> Change_backups::list() const {
     return changes;
 }
 
+std::optional<Change_backups::Change> Change_backups::newest() const {
+    const std::vector<std::string> names = set_names();
+    for (auto name = names.rbegin(); name != names.rend(); ++name)
+        if (Set set; read_changes(*name, set))
+            return Change{*name, set.operation, time_of(*name), set.entries.size()};
+    return std::nullopt;
+}
+
 // Deletes the oldest sets beyond the bounds, and those of earlier days that never became whole.
 void Change_backups::forget_old_sets() const {
     constexpr std::size_t day_width = 10;

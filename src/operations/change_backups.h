@@ -15,6 +15,7 @@
 #include "platform/write_result.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,6 +62,9 @@ public:
     };
     // The changes that can be undone, the newest first.
     std::vector<Change> list() const;
+
+    // The newest of them alone, which costs the reading of no other; nothing when there is none.
+    std::optional<Change> newest() const;
 
     // Brings back what was there before the change: files that it replaced, moved away or deleted come back,
     // those that it made go. What is there now becomes a set of its own, so that this can be undone too. What

@@ -44,6 +44,10 @@ public:
     virtual std::string clipboard_text() const = 0;
     virtual void set_clipboard_text(const std::string& text) = 0;
 
+    // Has what the desktop itself says (the menus of edits, the dialogs of files) appear in the language of
+    // that code, where it knows it; "" and unknown ones bring its own words back.
+    virtual void use_language(const std::string& code) = 0;
+
     // Hands an address on the web to the user's browser.
     virtual void open_web_address(const std::string& address) = 0;
 

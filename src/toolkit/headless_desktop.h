@@ -46,6 +46,7 @@ public:
     // What was asked.
     const std::vector<Message>& messages() const { return messages_; }
     const std::vector<std::string>& web_addresses() const { return web_addresses_; }
+    const std::string& language() const { return language_; }
     const TFileDialog* last_file_dialog() const { return dialogs_.empty() ? nullptr : &dialogs_.back(); }
     int messages_processed() const { return messages_processed_; }
     int busy() const { return busy_; }
@@ -68,6 +69,7 @@ public:
     void stop_watch(TDescriptor_watch& watch) override { std::erase(watches_, &watch); }
     std::string clipboard_text() const override { return clipboard_; }
     void set_clipboard_text(const std::string& text) override { clipboard_ = text; }
+    void use_language(const std::string& code) override { language_ = code; }
     void open_web_address(const std::string& address) override { web_addresses_.push_back(address); }
 
 protected:
@@ -97,6 +99,7 @@ private:
     std::vector<Armed_timer> timers_;
     std::vector<TDescriptor_watch*> watches_;
     std::string clipboard_;
+    std::string language_;
     long long now_ = 0;
     int messages_processed_ = 0;
     int busy_ = 0;

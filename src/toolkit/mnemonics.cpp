@@ -3,6 +3,7 @@
 #include "toolkit/check_box.h"
 #include "toolkit/label.h"
 #include "toolkit/menu.h"
+#include "toolkit/utf8.h"
 
 #include <algorithm>
 #include <map>
@@ -59,6 +60,36 @@ bool can_be_seen_together(const TControl& one, const TControl& other) {
     });
 }
 
+// A letter of the Latin or the Cyrillic alphabet, in UTF-8.
+std::string in_lower_case(std::string letter) {
+    constexpr unsigned latin_capitals = 0xC3; // the first byte of the capitals with accents
+    constexpr unsigned cyrillic_capitals = 0xD0;
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(letter[i]); };
+    if (letter.size() == 1 && letter[0] >= 'A' && letter[0] <= 'Z')
+        letter[0] = static_cast<char>(letter[0] - 'A' + 'a');
+    else if (letter.size() == 2 && byte(0) == latin_capitals && byte(1) < 0x9F)
+        letter[1] = static_cast<char>(byte(1) + 0x20);
+    else if (letter.size() == 2 && byte(0) == cyrillic_capitals && byte(1) >= 0x90 && byte(1) < 0xB0) {
+        // The small letters begin in the middle of one block of 64 and end in the next.
+        letter[0] = static_cast<char>(byte(1) < 0xA0 ? cyrillic_capitals : cyrillic_capitals + 1);
+        letter[1] = static_cast<char>(byte(1) < 0xA0 ? byte(1) + 0x20 : byte(1) - 0x20);
+    }
+    return letter;
+}
+
+// Those of the entries of one menu that mark the same letter.
+void find_colliding_items(const std::vector<Menu_item>& items, std::vector<std::string>& found) {
+    std::map<std::string, std::string> by_letter;
+    for (const Menu_item& item : items) {
+        const std::string caption = item.text_is_data ? "" : shown_text(item);
+        const std::string letter = mnemonic_of(caption);
+        const auto [other, is_first] = by_letter.emplace(letter, caption);
+        if (!letter.empty() && !is_first)
+            found.push_back(letter + ": " + other->second + ", " + caption);
+        find_colliding_items(item.items, found);
+    }
+}
+
 } // namespace
 
 std::string without_mnemonic(const std::string& text) {
@@ -77,8 +108,10 @@ std::string mnemonic_of(const std::string& text) {
             continue;
         if (text[++i] == '&')
             continue;
-        const char letter = text[i];
-        return {letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter};
+        std::size_t end = i + 1;
+        while (end < text.size() && utf8::is_continuation(text[end]))
+            ++end;
+        return in_lower_case(text.substr(i, end - i));
     }
     return {};
 }
@@ -91,6 +124,9 @@ std::vector<std::string> colliding_mnemonics(TControl& window) {
     std::map<std::string, std::vector<Marked>> by_letter;
     std::vector<std::string> found;
     window.walk([&](TControl& control) {
+        if (control.kind() == Control_kind::main_menu)
+            for (const Menu_item& menu : static_cast<TMainMenu&>(control).items())
+                find_colliding_items(menu.items, found);
         for (const std::string& caption : captions_of(control)) {
             const std::string letter = mnemonic_of(caption);
             if (letter.empty() || !can_be_seen(control))

@@ -1,12 +1,16 @@
 #include "project_support.h"
 
 #include "app/database_editor_form.h"
+#include "app/facts_form.h"
 #include "app/file_manager_form.h"
 #include "app/new_name_form.h"
+#include "app/page_explanations.h"
 #include "app/scenario_table_form.h"
 #include "editing/auto_calendar.h"
+#include "editing/window_translator.h"
 #include "toolkit/check_box.h"
 #include "toolkit/mnemonics.h"
+#include "toolkit/screen_language.h"
 #include "translation/translation_files.h"
 
 #include <set>
@@ -30,6 +34,27 @@ bool is_caption(const TControl& control) {
     }
 }
 
+// Words menus in a language while it lives.
+class Words : public Screen_language {
+public:
+    Words(const TESK::Translations_phrases& phrases, std::string language)
+        : phrases_(phrases), language_(std::move(language)) {
+        current_screen_language = this;
+    }
+    Words(const Words&) = delete;
+    Words& operator=(const Words&) = delete;
+    ~Words() override { current_screen_language = nullptr; }
+    std::string wording(const std::string& text) const override {
+        const TESK::Ustring* found = phrases_.find_translation(text, language_);
+        return found == nullptr ? text : std::string(*found);
+    }
+    void prepare(TForm&) override {}
+
+private:
+    const TESK::Translations_phrases& phrases_;
+    std::string language_;
+};
+
 class Form_translation : public Project_test, public testing::WithParamInterface<Tilverra_project_type> {
 protected:
     Form_translation() {
@@ -44,10 +69,41 @@ protected:
             EXPECT_NE(phrases.find_translation(text, language), nullptr) << language << ": " << text;
     }
 
-    // The program's texts as they stand on the form now, and that no letter leads to two of them.
+    // What the menu says, below all its captions.
+    void expect_items_told(std::vector<Menu_item>& items) {
+        for (Menu_item& item : items) {
+            if (item.text_is_data || item.text == "-")
+                continue;
+            expect_told(item.text);
+            for (const char* language : {"es", "fr", "ru"}) {
+                const TESK::Ustring* const shown = phrases.find_translation(item.text, language);
+                EXPECT_TRUE(shown == nullptr || mnemonic_of(item.text).empty() ||
+                            !mnemonic_of(*shown).empty())
+                    << language << ": " << item.text;
+            }
+            const bool tells_a_change = item.text.starts_with("&Undo") && item.enabled;
+            if (!tells_a_change)
+                expect_told(item.hint);
+            expect_items_told(item.items);
+        }
+    }
+
+    // The program's texts as they stand on the form now, and that no letter leads to two of them in any
+    // language.
     void expect_all_told(TControl& shown) {
-        EXPECT_EQ(colliding_mnemonics(shown), std::vector<std::string>());
+        for (const char* language : {"es", "fr", "ru", ""}) {
+            const Words words(phrases, language);
+            show_in_language(shown, language, phrases);
+            EXPECT_EQ(colliding_mnemonics(shown), std::vector<std::string>()) << language;
+        }
         shown.walk([&](TControl& control) {
+            if (control.kind() == Control_kind::main_menu) {
+                auto& menus = static_cast<TMainMenu&>(control).items();
+                update_items(menus);
+                expect_items_told(menus);
+            }
+            if (const char* explanation = explanation_of_page(control.name().c_str()))
+                expect_told(explanation);
             if (is_caption(control))
                 expect_told(control.native_text());
             if (control.kind() == Control_kind::radio_group && !control.text_is_data())
@@ -93,6 +149,11 @@ TEST_F(Form_translation, reaches_every_caption_and_hint_of_the_dialogs) {
     calendar.bind_to(&date, nullptr, true, nullptr);
     expect_all_told(calendar);
     expect_told(calendar.hint());
+    Tfacts_form facts("Versions");
+    expect_all_told(facts);
+    expect_told(facts.native_text());
+    for (const char* button : {"OK", "Cancel", "&Yes", "&No", "Abort", "Retry", "Ignore"})
+        expect_told(button);
     Tnew_name_form_check_used new_name;
     expect_all_told(new_name);
     Tdatabase_editor_form databases(nullptr);

@@ -68,6 +68,7 @@ TEST_F(Scenario_list_test, the_row_under_the_cursor_is_the_active_scenario_and_h
     EXPECT_TRUE(table().table.open_menu(2, 0));
     EXPECT_EQ(desktop.clipboard_text(), "plot 2.tvn");
     started();
+    drives.write("Suite/Tilverra/scenario_editor.exe");
     desktop.expect_menu("Open in the scenario editor");
     EXPECT_TRUE(table().table.open_menu(2, 0));
     EXPECT_NE(started().find("\"C:\\projects\\study\\Scenarios\\plot 2.tvn\""), std::string::npos);

@@ -4,6 +4,7 @@
 #include "toolkit/edit.h"
 #include "toolkit/list_box.h"
 #include "toolkit/page_control.h"
+#include "toolkit/screen_language.h"
 #include "toolkit/timer.h"
 
 #include <QtCore/QTimer>
@@ -179,6 +180,31 @@ TEST_F(Desktop_windows, messages_are_answered_by_button_and_dismissed_mildly) {
     EXPECT_EQ(message_box("again?", "", Button_set::abort_retry_ignore), Modal_result::retry);
     EXPECT_TRUE(worked_);
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Desktop_windows, messages_and_qts_own_menus_speak_the_language_and_the_native_one_again) {
+    struct Words : Screen_language {
+        Words() { current_screen_language = this; }
+        ~Words() override { current_screen_language = nullptr; }
+        std::string wording(const std::string& text) const override { return text == "&Yes" ? "&Sim" : text; }
+        void prepare(TForm&) override {}
+    };
+    const auto copies = [] { return QCoreApplication::translate("QWidgetTextControl", "&Copy"); };
+    const QString native = copies();
+    {
+        const Words words;
+        then_with<QMessageBox>([](QMessageBox& box) {
+            EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "&Sim");
+            box.button(QMessageBox::No)->click();
+        });
+        EXPECT_EQ(message_box("sure?", "", Button_set::yes_no), Modal_result::no);
+    }
+    for (const char* language : {"es", "ru", "fr"}) {
+        current_desktop->use_language(language);
+        EXPECT_NE(copies(), native) << language;
+    }
+    current_desktop->use_language("");
+    EXPECT_EQ(copies(), native);
 }
 
 TEST_F(Desktop_windows, a_file_dialog_asks_as_it_is_told) {

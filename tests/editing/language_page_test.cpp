@@ -64,8 +64,10 @@ TEST_F(Language_page_test, a_chosen_language_is_on_view_at_once_and_the_native_o
     EXPECT_EQ(form.text(), "[Tilverra project]: C:\\work\\study.tvp");
     choose(form, "French");
     EXPECT_EQ(shown(form), "Save/Close Save as! Beside the panel!") << "no mixture of languages";
+    EXPECT_EQ(desktop.language(), "fr") << "what the desktop says itself";
     choose(form, "(native)");
     EXPECT_EQ(shown(form), native);
+    EXPECT_EQ(desktop.language(), "");
     EXPECT_FALSE(form.has_changes());
 }
 

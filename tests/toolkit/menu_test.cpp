@@ -83,7 +83,10 @@ TEST_F(Form_parts, a_watch_is_told_what_can_be_read_but_not_during_an_operation)
 }
 
 TEST_F(Form_parts, letters_that_lead_to_two_places_at_once_are_found) {
-    form_.add<TMainMenu>("menu").set_items({{.text = "&File"}, {.text = "&Help"}});
+    form_.add<TMainMenu>("menu").set_items(
+        {{.text = "&File",
+          .items = {{.text = "&\xD0\xAF"}, {.text = "\xD0\x9D&\xD1\x8F"}, {.text = "&\xD0\xBF"}}},
+         {.text = "&Help"}});
     auto& pages = form_.add<TPageControl>("pages");
     auto& first = pages.add<TTabSheet>("first", "Fi&rst");
     auto& second = pages.add<TTabSheet>("second", "Second");
@@ -93,11 +96,12 @@ TEST_F(Form_parts, letters_that_lead_to_two_places_at_once_are_found) {
     auto& open = form_.add<TButton>("open", "Open &file");
     form_.add<TButton>("hidden", "&Help").set_visible(false);
     form_.add<TLabel>("name", "&Steps").set_names_next(true);
-    const std::vector<std::string> expected = {"r: Fi&rst, &Raw", "f: &File, Open &file", "s: &Save, &Steps",
+    const std::vector<std::string> expected = {"\xD1\x8F: &\xD0\xAF, \xD0\x9D&\xD1\x8F", "r: Fi&rst, &Raw",
+                                               "f: &File, Open &file", "s: &Save, &Steps",
                                                "s: &Start, &Steps"};
     EXPECT_EQ(colliding_mnemonics(form_), expected);
     open.set_text("Open");
-    EXPECT_EQ(colliding_mnemonics(form_).size(), 3U);
+    EXPECT_EQ(colliding_mnemonics(form_).size(), 4U);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The view of a splitter.
 #include "desktop_qt/views.h"
+#include "toolkit/form.h"
 #include "toolkit/splitter.h"
 
 #include <QtGui/QKeyEvent>
@@ -122,9 +123,11 @@ protected:
     void settle() override {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        const auto* const bar = qobject_cast<QSplitterHandle*>(watched);
-        return bar && event->type() == QEvent::KeyPress ? step(static_cast<QKeyEvent*>(event)->key())
-                                                        : View::eventFilter(watched, event);
+        if (qobject_cast<QSplitterHandle*>(watched) == nullptr)
+            return View::eventFilter(watched, event);
+        if (event->type() == QEvent::FocusIn)
+            leave_controls();
+        return event->type() == QEvent::KeyPress && step(static_cast<QKeyEvent*>(event)->key());
     }
 
 private:
@@ -134,6 +137,14 @@ private:
             widget().handle(index)->setAccessibleName(name);
             widget().handle(index)->setToolTip(name);
         }
+    }
+
+    // The bar is no control: none has the focus meanwhile, and what was typed is complete.
+    void leave_controls() {
+        act([&] {
+            if (TForm* const form = control().form())
+                form->leave_focus();
+        });
     }
 
     // The arrow keys move the bar, the keys for begin and end as far as it goes. It then stands where it is

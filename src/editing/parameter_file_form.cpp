@@ -88,7 +88,12 @@ void Tparameter_file_form::wire() {
     details.edit_as_text = notes.edit_as_text = [this](const std::string& text_file) {
         run("notepad.exe", nullptr, text_file.c_str(), nullptr, false, show_normal);
     };
-    language.on_change = [this] { update_title(); };
+    // What was made of words and names together is made anew.
+    language.on_change = [this] {
+        update_title();
+        if (parameter_form != nullptr && visible())
+            parameter_form->Update();
+    };
     documentation.on_new_texts = [this] { language.translate_new_texts(); };
     timer_title_.on_timer = [this] { look_for_changes(); };
     timer_title_.follow_user_actions();

@@ -152,7 +152,7 @@ TEST_F(Form_translation, reaches_every_caption_and_hint_of_the_dialogs) {
     Tfacts_form facts("Versions");
     expect_all_told(facts);
     expect_told(facts.native_text());
-    for (const char* button : {"OK", "Cancel", "&Yes", "&No", "Abort", "Retry", "Ignore"})
+    for (const char* button : {"&OK", "Cancel", "&Yes", "&No", "&Abort", "&Retry", "&Ignore"})
         expect_told(button);
     Tnew_name_form_check_used new_name;
     expect_all_told(new_name);

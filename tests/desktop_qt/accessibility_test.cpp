@@ -1,5 +1,6 @@
 #include "desktop_qt/picture_painter.h"
 #include "desktop_qt/views_support.h"
+#include "toolkit/splitter.h"
 
 namespace {
 
@@ -120,6 +121,23 @@ TEST_F(Accessibility, states_are_told) {
         if (tabs->child(index)->role() == QAccessible::PageTab)
             names += from_qt(tabs->child(index)->text(QAccessible::Name)) + " ";
     EXPECT_EQ(names, "First Second ");
+}
+
+TEST_F(Accessibility, the_bar_between_two_parts_is_reached_and_left_by_the_keyboard) {
+    auto& parts = form_.add<TSplitter>("parts", Layout::row, "Border");
+    auto& left = parts.add<TEdit>("left");
+    auto& right = parts.add<TEdit>("right");
+    show(form_);
+    left.focus();
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Border");
+    EXPECT_EQ(form_.focused_control(), nullptr);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(right.focused());
+    press(Qt::Key_Backtab);
+    press(Qt::Key_Backtab);
+    EXPECT_TRUE(left.focused());
 }
 
 TEST_F(Accessibility, everything_is_reached_and_used_by_the_keyboard) {

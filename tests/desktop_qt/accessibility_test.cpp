@@ -125,8 +125,8 @@ TEST_F(Accessibility, states_are_told) {
 
 TEST_F(Accessibility, the_bar_between_two_parts_is_reached_and_left_by_the_keyboard) {
     auto& parts = form_.add<TSplitter>("parts", Layout::row, "Border");
-    auto& left = parts.add<TEdit>("left");
-    auto& right = parts.add<TEdit>("right");
+    auto& left = parts.add<TPanel>("first").add<TEdit>("left");
+    auto& right = parts.add<TPanel>("second").add<TEdit>("right");
     show(form_);
     left.focus();
     const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };

@@ -20,7 +20,7 @@ struct Reset_box {
     std::array<const char*, 3> sections;
 };
 
-inline constexpr std::array<Reset_box, 13> reset_boxes{{
+inline constexpr auto reset_boxes = std::to_array<Reset_box>({
     {"reset_submodels_checkbox", "Submodels", {"simulation", "submodels", "statsgo"}},
     {"reset_CO2_checkbox", "CO2", {"CO2"}},
     {"reset_output_checkbox", "Output", {"output"}},
@@ -34,7 +34,7 @@ inline constexpr std::array<Reset_box, 13> reset_boxes{{
     {"reset_rotation_checkbox", "(NYI) Rotation", {}},
     {"reset_recalibration_checkbox", "(NYI) Recalibration", {}},
     {"reset_CPF_checkbox", "Crop prod. f.", {}},
-}};
+});
 
 // Which of the boxes are ticked, by their places in the table.
 using Ticked_reset_boxes = std::bitset<reset_boxes.size()>;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures what the tests catch: puts small faults into src/, one at a time, and counts those that a test sees.
 
-    scripts/mutation.py [--count 400] [--seed 1] [--tests FOLDER] [--list FILE] [--again FILE]
+    scripts/mutation.py [--count 400] [--seed 1] [--tests FOLDER] [--list FILE] [--again FILE] [--jobs N]
 
 A fault flips a condition, moves a bound, turns a comparison round, changes a number by one or spoils a text.
 All faults are compiled into one build of a copy of the tree (build/mutation), each asleep until the environment
@@ -13,6 +13,7 @@ that never come to its place are not run for it. To compare tests with fewer of 
 tests (--list), and meet those that they caught once more with the new ones (--tests, --again).
 """
 import argparse
+import concurrent.futures
 import os
 import pathlib
 import random
@@ -206,6 +207,7 @@ def main():
     arguments.add_argument("--count", type=int, default=400)
     arguments.add_argument("--seed", type=int, default=1)
     arguments.add_argument("--tests", type=pathlib.Path, default=TOP / "tests")
+    arguments.add_argument("--jobs", type=int, default=2, help="faults met at the same time")
     arguments.add_argument("--list", type=pathlib.Path, help="writes each fault and what caught it")
     arguments.add_argument("--again", type=pathlib.Path, help="meets only the faults caught in this earlier list")
     options = arguments.parse_args()
@@ -225,16 +227,20 @@ def main():
 
     before = caught_before(options.again) if options.again else None
     limits, reached = try_without_fault()
-    caught = {}
-    for count, number in enumerate(numbers, 1):
+    def meet(number):
         programs = programs_for(chosen[number][0], number, reached)
-        if before is None:
-            caught[number] = run_tests(programs, number, limits)
-        elif place(chosen[number]) in before:  # what caught it then catches it now, most likely
-            programs.sort(key=lambda p: p.name not in before[place(chosen[number])])
-            caught[number] = run_tests(programs, number, limits)
-        if count % 50 == 0:
-            print(f"{count} tried, {sum(c is not None for c in caught.values())} caught", flush=True)
+        if before is not None:
+            if place(chosen[number]) not in before:
+                return None
+            programs.sort(key=lambda p: p.name not in before[place(chosen[number])])  # what caught it, most likely
+        return run_tests(programs, number, limits)
+
+    caught = {}
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        for number, catcher in zip(numbers, pool.map(meet, numbers)):
+            caught[number] = catcher
+            if len(caught) % 50 == 0:
+                print(f"{len(caught)} tried, {sum(c is not None for c in caught.values())} caught", flush=True)
     if options.list:
         with open(options.list, "w") as out:
             for number in numbers:

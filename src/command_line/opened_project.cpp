@@ -51,6 +51,10 @@ TESK::File_name find_project_file(const Session& session, const std::string& arg
     if (!platform::is_file(file))
         throw Command_failure(exit_unreachable,
                               "There is no project '" + argument + "'. Name its file (*.tvp) or its folder.");
+    // Any text would be read as a project, and lose what is none by the next save.
+    if (!file.has_ext("tvp") && !file.has_ext("TVS_project"))
+        throw Command_failure(exit_unreachable,
+                              "'" + argument + "' is no project. Name its file (*.tvp) or its folder.");
     return file;
 }
 
@@ -70,6 +74,9 @@ Opened_project::Opened_project(Session& session, const std::string& argument)
     : session_(session), file_(find_project_file(session, argument)), record_(default_model(session)) {
     const TESK::Common_parameters_directory folder(file_, Directory_mode::project_folder, false);
     platform::change_directory(folder);
+    const platform::Read_result bytes = platform::read_file(file_, TESK::VV_file::largest_file);
+    if (bytes.contents.find('\0') != std::string::npos)
+        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " holds no text.");
     if (!TESK::VV_file(file_.c_str()).get(record_))
         throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " cannot be read.");
     record_.set_preserve_unexpected(true);

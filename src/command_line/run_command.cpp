@@ -33,7 +33,9 @@ void run(Session& session, Run_options& options) {
         options.choice.states.emplace_back("stale");
     Opened_project project(session, options.project);
     std::vector<std::string> scenarios;
-    for (const std::string& scenario : choose_scenarios(project, options.choice, true))
+    // What has failed or is out of date may be run again wherever it is.
+    const bool needs_names = options.choice.states.empty() && options.choice.conditions.empty();
+    for (const std::string& scenario : choose_scenarios(project, options.choice, needs_names))
         scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
     const std::vector<std::string> unusable = take_unusable(session, scenarios);
     if (scenarios.empty()) {

@@ -174,13 +174,16 @@ std::vector<std::string> choose_scenarios(Opened_project& project, const Scenari
             return std::find(wanted.begin(), wanted.end(), state) == wanted.end();
         });
     }
-    if (choice.conditions.empty())
-        return scenarios;
     std::vector<Condition> conditions(choice.conditions.begin(), choice.conditions.end());
-    std::erase_if(scenarios, [&](const std::string& scenario) {
-        const Record_settings settings(project.scenario_file(scenario, choice.folder()));
-        return !std::all_of(conditions.begin(), conditions.end(),
-                            [&](const Condition& condition) { return condition.holds(settings); });
-    });
+    if (!conditions.empty())
+        std::erase_if(scenarios, [&](const std::string& scenario) {
+            const Record_settings settings(project.scenario_file(scenario, choice.folder()));
+            return !std::all_of(conditions.begin(), conditions.end(),
+                                [&](const Condition& condition) { return condition.holds(settings); });
+        });
+    const bool is_filtered = !choice.states.empty() || !choice.conditions.empty();
+    if (needed && is_filtered && scenarios.empty())
+        throw Command_failure(exit_found,
+                              "No scenario is of that state and has such settings. Nothing was done.");
     return scenarios;
 }

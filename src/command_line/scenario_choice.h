@@ -19,7 +19,8 @@ struct Scenario_choice {
     Scenario_folder folder() const {
         return generated ? Scenario_folder::generated : Scenario_folder::created;
     }
-    bool is_empty() const { return patterns.empty() && states.empty() && conditions.empty() && !all; }
+    // States and conditions only leave some of them out.
+    bool is_empty() const { return patterns.empty() && !all; }
 };
 
 // Adds what chooses scenarios: PATTERN... as arguments, or as an option --scenarios PATTERN where the command

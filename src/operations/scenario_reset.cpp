@@ -1,6 +1,7 @@
 #include "operations/scenario_reset.h"
 
 #include "model/tilverra_scenario.h"
+#include "platform/files.h"
 #include "records/vv_file.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ platform::Write_result reset_scenario(const TESK::File_name& source_file, const 
     return file.get_last_write();
 }
 
-Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std::vector<std::string>& targets,
+Operation_outcome reset_scenarios(const TESK::File_name& source_file, std::vector<std::string> targets,
                                   const Ticked_reset_boxes& ticked, Change_backups* backups,
                                   const Operation_progress& progress) {
     Operation_outcome outcome;
@@ -68,12 +69,18 @@ Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std:
         outcome.refused = source_unreadable;
         return outcome;
     }
+    // One that cannot be put aside must not keep the others from their reset.
+    std::erase_if(targets, [&](const std::string& target) {
+        const bool is_unreadable = platform::is_file(target) && !platform::file_time(target);
+        if (is_unreadable)
+            outcome.not_done.push_back({target, "The file cannot be read."});
+        return is_unreadable;
+    });
     if (backups != nullptr && !targets.empty()) {
-        outcome = backups->put_copies_aside(
+        const Operation_outcome aside = backups->put_copies_aside(
             "reset", targets, [&](std::size_t, std::size_t total) { return goes_on(progress, 0, total); });
-        if (!outcome.ok() || outcome.stopped)
-            return outcome;
-        outcome.done = 0;
+        if (!aside.ok() || aside.stopped)
+            return aside;
     }
     for (std::size_t i = 0; i < targets.size(); ++i) {
         outcome.stopped = !goes_on(progress, i, targets.size());

@@ -50,6 +50,6 @@ platform::Write_result reset_scenario(const TESK::File_name& source_file, const 
 // Resets many; a target that is the source is the caller's to leave out. A source that cannot be read is
 // refused before anything is touched. With `backups`, which may be null,
 // the change can be undone.
-Operation_outcome reset_scenarios(const TESK::File_name& source_file, const std::vector<std::string>& targets,
+Operation_outcome reset_scenarios(const TESK::File_name& source_file, std::vector<std::string> targets,
                                   const Ticked_reset_boxes& ticked, Change_backups* backups,
                                   const Operation_progress& progress);

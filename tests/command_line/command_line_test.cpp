@@ -13,6 +13,11 @@ TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change
         {"tvs_project get Irrigation_study.tvp 'nothing.*'", 1, "", "There is no setting 'nothing.*'"},
         {"tvs_project list", 2, "", "Try 'tvs_project list --help'."},
         {"tvs_project list no_such_study", 3, "", "There is no project 'no_such_study'."},
+        // What is no project is not made one by a save.
+        {"tvs_project new Irrigation_study/notes.txt a --activate", 3, "", "is no project"},
+        {"tvs_project new Irrigation_study/Scenarios/base.tvn a --activate", 3, "", "is no project"},
+        {"tvs_project delete Irrigation_study --where 'scenario.description=W*'", 2, "", "or --all"},
+        {"tvs_project delete Irrigation_study --all --where no.key=1", 1, "", "Nothing was done."},
         {"tvs_project list Irrigation_study --where salinity", 2, "", "is no condition such as"},
         {"tvs_project list Irrigation_study 'nothing*'", 1, "",
          "No scenario matches 'nothing*'. Nothing was done."},

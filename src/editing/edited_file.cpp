@@ -247,8 +247,6 @@ platform::Copy_result Edited_file::let_folder_follow(const std::string& name) {
     if (!platform::is_folder(old_folder) || TESK::equal_ignoring_case(old_folder, new_folder))
         return {};
     platform::Copy_result copied = platform::copy_tree(old_folder, new_folder);
-    if (copied.error == platform::Write_error::into_itself)
-        return {};
     if (!copied.ok())
         return copied;
     TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();

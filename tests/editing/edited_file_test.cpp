@@ -49,10 +49,11 @@ TEST_F(Edited_file_test, under_a_new_name_the_folder_follows_once_and_nothing_go
     }
     EXPECT_NE(saved("other/place/.TVS_project").find("[written by another program]"), std::string::npos);
     EXPECT_EQ(saved("work/study/notes.txt"), "old");
-    // Into its own folder the record goes alone.
-    save_as("C:\\other\\place\\inner\\x.tvp");
-    EXPECT_TRUE(has_line("other/place/inner/x.tvp", "[project]"));
-    EXPECT_FALSE(std::filesystem::exists(drives.host("other/place/inner/x")));
+    // The folder cannot follow into itself, nor the record go without it.
+    save_as("C:\\other\\place\\inner\\x.tvp",
+            {failing(Modal_result::abort, "\nThe target of the copy is its source, or lies in it.")});
+    EXPECT_FALSE(std::filesystem::exists(drives.host("other/place/inner/x.tvp")));
+    EXPECT_EQ(form.get_parameter_file_name(), "C:\\other\\place\\.TVS_project");
 }
 
 TEST_F(Edited_file_test, a_save_as_that_is_refused_or_fails_leaves_all_as_it_was) {

@@ -1,6 +1,7 @@
 #include "command_line/application.h"
 
 #include "command_line/commands.h"
+#include "command_line/report.h"
 
 namespace {
 
@@ -47,9 +48,11 @@ int run(const std::vector<std::string>& arguments, CLI::App& app, Session& sessi
         return exit_misused;
     } catch (const Command_failure& failure) {
         session.console.say(failure.what());
+        print_refusal(session, failure.what());
         return failure.code;
     } catch (const std::exception& exception) {
         session.console.say(exception.what());
+        print_refusal(session, exception.what());
         return exit_unreachable;
     }
     return session.exit_code;

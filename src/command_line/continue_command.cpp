@@ -19,6 +19,14 @@ void go_on(Session& session, const Options& options) {
     const auto& runs = found.journal->runs();
     if (std::none_of(runs.begin(), runs.end(), [](const Run_record& run) { return run.is_left(); })) {
         session.console.say("Nothing of the set " + found.name() + " is left.");
+        if (!session.as_json)
+            return;
+        if (options.in_background)
+            report_background(session, found.name(), 0, {});
+        else if (found.set.engine == Engine_kind::list)
+            report_commands(session, {}, {});
+        else
+            report_runs(session, found.set, found.journal.get());
         return;
     }
     have_done(session, found.folder, found.set, options.in_background);

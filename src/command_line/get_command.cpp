@@ -50,14 +50,25 @@ bool is_wanted(const Setting& setting, const std::vector<std::string>& keys) {
            });
 }
 
+// The row of what cannot be told. Only programs get it; people are told by a sentence.
+void add_failure(Session& session, Report& report, const std::string& name, const Json& setting,
+                 const std::string& reason) {
+    if (session.as_json)
+        report.add({name, Json(), Json(), setting, Json(), Json(), Json(), Json(), Json(), Json(), Json(),
+                    Json(), reason});
+}
+
 // What was asked for and is not there.
-void say_missing(Session& session, const Record_settings& settings, const std::vector<std::string>& keys) {
+void tell_missing(Session& session, Report& report, const std::string& name, const Record_settings& settings,
+                  const std::vector<std::string>& keys) {
     for (const std::string& key : keys) {
         if (std::any_of(settings.all().begin(), settings.all().end(),
                         [&](const Setting& setting) { return is_wanted(setting, {key}); }))
             continue;
-        session.console.say("There is no setting '" + screen_text(key) + "' in " +
-                            screen_text(settings.file()) + ".");
+        const std::string sentence =
+            "There is no setting '" + screen_text(key) + "' in " + screen_text(settings.file()) + ".";
+        session.console.say(sentence);
+        add_failure(session, report, name, screen_text(key), sentence);
         session.note(exit_found);
     }
 }
@@ -87,12 +98,15 @@ void get(Session& session, Options& options) {
                             {"known", false},
                             {"in_file", false},
                             {"range", false},
-                            {"choices", false}});
+                            {"choices", false},
+                            {"reason", false}});
     for (const auto& [file, name] : targets.targets) {
         const Record_settings settings(file);
-        if (!was_read(session, settings))
+        if (!was_read(session, settings)) {
+            add_failure(session, report, name, Json(), screen_text(settings.failure()));
             continue;
-        say_missing(session, settings, keys);
+        }
+        tell_missing(session, report, name, settings, keys);
         for (const Setting& setting : settings.all()) {
             if (!is_wanted(setting, keys))
                 continue;
@@ -101,7 +115,7 @@ void get(Session& session, Options& options) {
                              session.as_json ? typed_value(setting) : Json(screen_text(setting.value())),
                              screen_text(setting.unit()), screen_text(setting.caption()),
                              setting_kind_name(setting.kind()), setting.is_known(), setting.is_in_file(),
-                             range_of(setting), choices_of(setting)}))
+                             range_of(setting), choices_of(setting), Json()}))
                 return;
         }
     }

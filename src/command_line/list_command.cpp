@@ -40,14 +40,16 @@ void list(Session& session, const std::string& argument, Scenario_choice& choice
         const TESK::File_name file = project.scenario_file(scenario, choice.folder());
         const Scenario_overview overview = read_scenario_overview(file);
         const Scenario_status status = project.states().status_of(file);
+        Json reason = status.reason.empty() ? Json() : Json(screen_text(status.reason));
         if (!overview.is_readable) {
-            session.console.say("The scenario " + screen_text(scenario) + " cannot be read.");
+            const std::string sentence = "The scenario " + screen_text(scenario) + " cannot be read.";
+            session.console.say(sentence);
+            reason = sentence;
             session.note(exit_unreachable);
         }
         if (!report.add({screen_text(scenario_name(scenario)), word_for(status.state),
                          screen_text(overview.description), time_text(overview.changed),
-                         last_run_text(status.record),
-                         status.reason.empty() ? Json() : Json(screen_text(status.reason))}))
+                         last_run_text(status.record), reason}))
             break;
     }
     report.finish();

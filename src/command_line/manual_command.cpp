@@ -30,7 +30,9 @@ takes all scenarios of a folder only when told `--all`.
 When one of many scenarios fails, the work goes on with the others; the end says how many failed, and which.
 
 On a terminal a command prints a table that fits it. In a pipe or a file it prints one line a row, with a tab
-between two values, without a header. With `--json` it prints JSON. Progress, where standard error is a terminal, and
+between two values, without a header. With `--json` it prints one JSON document: rows as an
+array, which is empty where there are none, and one thing as an object, always with the same keys; what failed is
+among the rows. A call that is refused as a whole prints an object with the key `refused`. Progress, where standard error is a terminal, and
 what went wrong go to standard error.
 
 # COMMANDS

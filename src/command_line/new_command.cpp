@@ -29,7 +29,9 @@ std::string make_scenario(Opened_project& project, const TESK::File_name& file) 
 
 std::string copy_active_scenario(Opened_project& project, const std::string& name) {
     const Operation_outcome outcome = create_scenario(project.workspace(), name, true);
-    return outcome.not_done.empty() ? outcome.refused : outcome.not_done.front().reason;
+    if (!outcome.ok())
+        return outcome.not_done.empty() ? outcome.refused : outcome.not_done.front().reason;
+    return outcome.done > 0 ? "" : "The scenario to copy is no regular file.";
 }
 
 // Why no scenario can have the name that was typed, of which `name` is left; nothing when one can.

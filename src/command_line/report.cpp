@@ -62,8 +62,14 @@ std::string cell_text(const Json& value) {
 Report::Report(Session& session, std::vector<Column> columns)
     : session_(session), columns_(std::move(columns)) {}
 
+Report::~Report() {
+    if (!is_first_ && !is_finished_)
+        session_.console.out() << "\n]\n";
+}
+
 bool Report::add(const std::vector<Json>& row) {
     std::ostream& out = session_.console.out();
+    session_.has_printed = true;
     if (session_.as_json) {
         Json object = Json::object();
         for (std::size_t i = 0; i < columns_.size(); ++i)
@@ -91,6 +97,8 @@ void Report::write_line(const std::vector<std::string>& cells) {
 }
 
 void Report::finish() {
+    session_.has_printed = true;
+    is_finished_ = true;
     if (session_.as_json)
         session_.console.out() << (is_first_ ? "[]\n" : "\n]\n");
     else if (!rows_.empty())
@@ -135,8 +143,14 @@ void Report::write_table() {
     }
 }
 
+void print_refusal(Session& session, const std::string& sentence) {
+    if (session.as_json && !session.has_printed)
+        print_object(session, {{"refused", sentence}});
+}
+
 void print_object(Session& session, const Json& object) {
     std::ostream& out = session.console.out();
+    session.has_printed = true;
     if (session.as_json) {
         out << json_text(object, 2) << '\n';
     } else {

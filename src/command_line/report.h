@@ -20,6 +20,10 @@ struct Column {
 class Report {
 public:
     Report(Session& session, std::vector<Column> columns);
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
+    // Ends the array of a command that fails between two rows.
+    ~Report();
 
     // Adds a row, a value for each column: texts in UTF-8, numbers, flags, or null for what there is not.
     // False once nobody reads any more.
@@ -34,8 +38,13 @@ private:
     Session& session_;
     std::vector<Column> columns_;
     std::vector<std::vector<std::string>> rows_; // of a table
-    bool is_first_ = true;
+    bool is_first_ = true;                       // of the rows in JSON
+    bool is_finished_ = false;
 };
+
+// A call that is refused as a whole reports that in JSON: an object with the sentence, unless rows stand
+// there already.
+void print_refusal(Session& session, const std::string& sentence);
 
 // Prints one thing: an object in JSON, else a line for each member.
 void print_object(Session& session, const Json& object);

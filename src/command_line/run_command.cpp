@@ -25,6 +25,17 @@ std::vector<std::string> take_unusable(Session& session, std::vector<std::string
     return unusable;
 }
 
+// Says so, and tells it to programs in the shape that any other number of runs has.
+void tell_nothing(Session& session, const Run_options& options, const std::vector<std::string>& unusable) {
+    session.console.say("There is nothing to run.");
+    if (options.only_shows || (options.engine == "list" && !options.in_background))
+        report_commands(session, {}, unusable);
+    else if (!options.in_background)
+        report_runs(session, {}, nullptr, unusable);
+    else if (session.as_json)
+        report_background(session, "", 0, unusable);
+}
+
 void run(Session& session, Run_options& options) {
     resolve_files(session, options.choice);
     if (options.only_failed)
@@ -39,13 +50,15 @@ void run(Session& session, Run_options& options) {
         scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
     const std::vector<std::string> unusable = take_unusable(session, scenarios);
     if (scenarios.empty()) {
-        session.console.say("There is nothing to run.");
+        tell_nothing(session, options, unusable);
         return;
     }
     const Run_set set = make_set(project, options, std::move(scenarios));
     if (options.only_shows) {
+        std::vector<Shown_command> commands;
         for (std::size_t one = 0; one < set.scenarios.size(); ++one)
-            session.console.out() << screen_text(set.command_line(one)) << '\n';
+            commands.push_back({set.scenarios[one], screen_text(set.command_line(one))});
+        report_commands(session, commands, unusable);
         return;
     }
     const Made_run_set made = make_run_set(project.directory().Runs, set);

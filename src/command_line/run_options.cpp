@@ -10,7 +10,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <poll.h>
+#include <sstream>
 
 namespace {
 
@@ -75,6 +77,21 @@ Json seconds_of(const Run_record& record) {
                : Json();
 }
 
+std::string name_of(const std::string& scenario) {
+    return screen_text(scenario_name(TESK::File_name(scenario.c_str()).get_name(true)));
+}
+
+// The command lines of a list, each of which ends with the number of its run.
+std::vector<Shown_command> read_list(const std::string& file, const Run_set& set) {
+    std::vector<Shown_command> commands;
+    std::istringstream lines(platform::read_file(file).contents);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t run = std::strtoul(line.c_str() + line.rfind(' ') + 1, nullptr, 10);
+        commands.push_back({run < set.scenarios.size() ? set.scenarios[run] : std::string(), line});
+    }
+    return commands;
+}
+
 } // namespace
 
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios) {
@@ -102,38 +119,63 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
     Run_journal journal(folder, set.scenarios.size());
     if (in_background) {
         supervised.go_on_alone();
-        print_object(session, {{"set", screen_text(TESK::File_name(folder.c_str()).get_name(true))},
-                               {"runs", set.scenarios.size()}});
+        report_background(session, screen_text(TESK::File_name(folder.c_str()).get_name(true)),
+                          set.scenarios.size(), unusable);
         return;
     }
     if (set.engine == Engine_kind::list) {
-        session.console.out() << platform::read_file(run_list_file(folder)).contents;
+        report_commands(session, read_list(run_list_file(folder), set), unusable);
         return;
     }
     watch(session, engine, journal);
-    report_runs(session, set, journal, unusable);
+    report_runs(session, set, &journal, unusable);
     const Run_progress progress = progress_of(journal, is_owned(journal), moment_now());
     session.console.say(describe(progress) + '.');
     if (progress.done != progress.total)
         session.note(exit_found);
 }
 
-void report_runs(Session& session, const Run_set& set, const Run_journal& journal,
+void report_runs(Session& session, const Run_set& set, const Run_journal* journal,
                  const std::vector<std::string>& unusable) {
     Report report(session, {{"scenario"}, {"state"}, {"reason"}, {"seconds"}, {"started", false}});
     for (const std::string& file : unusable)
-        report.add({screen_text(scenario_name(TESK::File_name(file.c_str()).get_name(true))),
-                    word_for(Run_state::failed), platform::refusal_of_name(file), Json(), Json()});
-    const bool has_owner = is_owned(journal);
-    for (std::size_t run = 0; run < set.scenarios.size(); ++run) {
-        const Run_record& record = journal.runs()[run];
-        const std::string reason = describe_end(record, journal.reason(run));
-        const TESK::File_name file(set.scenarios[run].c_str());
-        if (!report.add({screen_text(scenario_name(file.get_name(true))),
-                         word_for(state_of(record, has_owner)),
+        report.add(
+            {name_of(file), word_for(Run_state::failed), platform::refusal_of_name(file), Json(), Json()});
+    const bool has_owner = journal != nullptr && is_owned(*journal);
+    for (std::size_t run = 0; journal != nullptr && run < set.scenarios.size(); ++run) {
+        const Run_record& record = journal->runs()[run];
+        const std::string reason = describe_end(record, journal->reason(run));
+        if (!report.add({name_of(set.scenarios[run]), word_for(state_of(record, has_owner)),
                          reason.empty() ? Json() : Json(screen_text(reason)), seconds_of(record),
                          record.started == 0 ? Json() : Json(text_of_moment(record.started))}))
             break;
     }
     report.finish();
+}
+
+void report_commands(Session& session, const std::vector<Shown_command>& commands,
+                     const std::vector<std::string>& unusable) {
+    if (!session.as_json) {
+        for (const Shown_command& one : commands)
+            session.console.out() << one.command << '\n';
+        return;
+    }
+    Report report(session, {{"scenario"}, {"command"}, {"reason"}});
+    for (const std::string& file : unusable)
+        report.add({name_of(file), Json(), platform::refusal_of_name(file)});
+    for (const Shown_command& one : commands)
+        report.add({name_of(one.scenario), one.command, Json()});
+    report.finish();
+}
+
+void report_background(Session& session, const std::string& set, std::size_t runs,
+                       const std::vector<std::string>& unusable) {
+    Json told{{"set", set.empty() ? Json() : Json(set)}, {"runs", runs}};
+    if (session.as_json) {
+        told["failed"] = Json::array();
+        for (const std::string& file : unusable)
+            told["failed"].push_back(
+                {{"scenario", name_of(file)}, {"reason", platform::refusal_of_name(file)}});
+    }
+    print_object(session, told);
 }

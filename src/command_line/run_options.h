@@ -31,6 +31,20 @@ Run_set make_set(Opened_project& project, const Run_options& options, std::vecto
 void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
                const std::vector<std::string>& unusable = {});
 
-// Reports the runs of a set.
-void report_runs(Session& session, const Run_set& set, const Run_journal& journal,
+// Reports the runs of a set. Without a journal, which may be null, there is none.
+void report_runs(Session& session, const Run_set& set, const Run_journal* journal,
                  const std::vector<std::string>& unusable = {});
+
+// Prints command lines; in JSON rows with the scenarios (full names) that they are for, and those that no
+// program can be handed.
+struct Shown_command {
+    std::string scenario;
+    std::string command; // in UTF-8
+};
+void report_commands(Session& session, const std::vector<Shown_command>& commands,
+                     const std::vector<std::string>& unusable);
+
+// Tells programs of a set that was left to a process of its own, by its name, empty where there is none, and
+// of how many runs; people see the same without what failed.
+void report_background(Session& session, const std::string& set, std::size_t runs,
+                       const std::vector<std::string>& unusable);

@@ -45,6 +45,7 @@ struct Session {
     Console console;
     Table_reader& table_reader;
     bool as_json = false;
+    bool has_printed = false; // anything of its report
     std::string suite_folder; // as the user gave it; empty for where the program lies
     const std::string program_file;
     int exit_code = exit_done;

@@ -54,7 +54,9 @@ void tell(Session& session, const Record_targets& targets, const std::vector<Wan
             session.note(result.state == State::refused ? exit_found : exit_unreachable);
         }
         if (result.state == State::unreadable)
-            session.console.say(screen_text(result.reason));
+            for (const Wanted_setting& setting : wanted)
+                report.add({name, screen_text(setting.key), Json(), screen_text(setting.value), "failed",
+                            screen_text(result.reason)});
         for (std::size_t k = 0; k < result.settings.size(); ++k) {
             const auto& [before, change] = result.settings[k];
             const bool is_unwritten = result.state == State::not_written && change.changed;

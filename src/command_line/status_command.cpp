@@ -18,7 +18,7 @@ void show_status(Session& session, const Options& options) {
     Opened_project project(session, options.project);
     const Found_set found = find_set(project, options.set);
     if (options.shows_runs) {
-        report_runs(session, found.set, *found.journal);
+        report_runs(session, found.set, found.journal.get());
         return;
     }
     const bool has_owner = is_owned(*found.journal);

@@ -98,6 +98,36 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
          "-f 1,2",
          0, "base\tout of date\n", ""},
         {"tvs_project continue Irrigation_study", 0, "", "is left."},
+        // Every call is one document, of the same shape when there is nothing to do.
+        {"for call in 'run --failed' 'run --failed --background' 'run --failed --dry-run' 'run base "
+         "--dry-run' 'run "
+         "base --engine list' 'run --failed --engine list' continue 'run base' continue 'continue "
+         "--background' "
+         "status 'status --runs' stop 'compare base rainfed' 'compare plateau base'; do set -- $call; "
+         "tvs_project $1 Irrigation_study ${@:2} --json 2>/dev/null | python3 -c 'import json, sys; "
+         "told = json.load(sys.stdin); rows = told if type(told) is list else [told]; "
+         "print(*sys.argv[1:], len(told), *(rows[0] if rows else []))' $call; done; "
+         "tvs_project convert Irrigation_study/Scenarios/base.tvn none --json | python3 -m json.tool | grep "
+         "-c "
+         "outcome",
+         0,
+         "run --failed 0\n"
+         "run --failed --background 3 set runs failed\n"
+         "run --failed --dry-run 0\n"
+         "run base --dry-run 1 scenario command reason\n"
+         "run base --engine list 1 scenario command reason\n"
+         "run --failed --engine list 0\n"
+         "continue 1 scenario command reason\n"
+         "run base 1 scenario state reason seconds started\n"
+         "continue 1 scenario state reason seconds started\n"
+         "continue --background 3 set runs failed\n"
+         "status 9 set runs at_work total done failed stopped running waiting\n"
+         "status --runs 1 scenario state reason seconds started\n"
+         "stop 1 refused\n"
+         "compare base rainfed 1 scenario outcome reason\n"
+         "compare plateau base 1 scenario outcome reason\n"
+         "2\n",
+         "1 of 2 failed: none"},
     });
 }
 
@@ -130,6 +160,18 @@ TEST_F(Catalogue_and_runs_test, families_come_from_tables_and_the_example_does_a
          "head -2; "
          "tvs_project get Irrigation_study salt.1 --all --generated",
          0, "generated\t2\nreplaced\t0\na\tsalt.1\t0.5\tdS/m\nb\tsalt.1\t0\tdS/m\n", ""},
+        // Doubts are told whatever is done; what could not be written was not replaced.
+        {"printf 'name,salt.1\na,45\nb,\n' >t.csv; tvs_project generate Irrigation_study --table t.csv | "
+         "head -2",
+         0, "generated\t2\nreplaced\t2\n", "Row 2, column salt.1: "},
+        {"printf 'name,salt.1\na,much\n' >f.csv; ln -sf /proc/version "
+         "Irrigation_study/Generated_scenarios/b.tvn; "
+         "for call in 't.csv --count' 't.csv --no-backup' f.csv; do tvs_project generate Irrigation_study "
+         "--table "
+         "$call --json 2>/dev/null | python3 -c 'import json, sys; print(*(told if type(told) is int else "
+         "len(told) for key, told in json.load(sys.stdin).items() if key != \"folder\"))'; done; rm "
+         "Irrigation_study/Generated_scenarios/b.tvn",
+         0, "0 2 2 0 0 1 0\n1 1 2 0 0 1 1\n0 0 1 1 1 0 0\n", ""},
         {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null", 0, "", ""},
         {"mkdir -p Irrigation_study/Generated_scenarios/0000{1..8}/Output", 0, "", ""},
         {"bash '" EXAMPLES "/family_overnight.sh' Irrigation_study 2 | cut -f 1,2 | sed -n '1p;3p;8p'; "

@@ -73,7 +73,8 @@ TEST_F(Command_line_test, what_reports_tells_it_to_people_and_to_programs_and_ch
          "[\n  {\"scenario\":\"base.tvn\",\"section\":\"leaching_observation\",\"key\":\"mode\",\"setting\":"
          "\"leaching_observation.mode\",\"value\":\"bottom\",\"unit\":\"\",\"caption\":\"\",\"kind\":"
          "\"choice\","
-         "\"known\":true,\"in_file\":true,\"range\":null,\"choices\":[\"bottom\",\"specified\"]}\n]\n",
+         "\"known\":true,\"in_file\":true,\"range\":null,\"choices\":[\"bottom\",\"specified\"],\"reason\":"
+         "null}\n]\n",
          ""},
         {"cd Irrigation_study/Scenarios; tvs_project diff base.tvn rainfed.tvn", 1,
          "scenario.description\tWinter wheat, deficit irrigation\tWinter wheat, rainfed\n"
@@ -186,6 +187,20 @@ TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_program
         {"echo '[weather_tool]' >>Irrigation_study/Scenarios/b.tvn; echo seed=1 "
          ">>Irrigation_study/Scenarios/b.tvn; tvs_project check Irrigation_study b --json | cut -d , -f 1,2",
          0, "[\n  {\"scenario\":\"b\",\"weight\":\"warning\"\n]\n", ""},
+        // What cannot be read is a row too.
+        {"mkfifo Irrigation_study/Scenarios/pipe.tvn; tvs_project set Irrigation_study CO2.enable=1 "
+         "--scenarios "
+         "pipe --json | grep -c 'failed.*cannot be read'; tvs_project get Irrigation_study CO2.enable none.x "
+         "--scenarios pipe --scenarios b "
+         "--json "
+         "| python3 -c 'import json, sys; print([(row[\"scenario\"], row[\"setting\"], row[\"reason\"] and "
+         "row[\"reason\"][:8]) for row in json.load(sys.stdin)])'",
+         0, "1\n[('b', 'none.x', 'There is'), ('b', 'CO2.enable', None), ('pipe', None, 'The file')]\n",
+         "1 of 1 failed: pipe"},
+        {"tvs_project copy Irrigation_study pipe c; ls Irrigation_study/Scenarios/c*; rm "
+         "Irrigation_study/Scenarios/pipe.tvn",
+         0, "c\tfailed\tThe scenario to copy is no regular file.\nIrrigation_study/Scenarios/clay soil.tvn\n",
+         "1 of 1 failed: c"},
     });
 }
 

@@ -5,6 +5,9 @@
 #include "records/vv_text.h"
 #include "require.h"
 
+#include <set>
+#include <sstream>
+
 // Reads the text into the record and gives what the record saves of it, with all that it does not know.
 inline std::string saved_text(TESK::Data_record& record, std::string text) {
     TESK::VV_text file(std::move(text), true);
@@ -14,8 +17,17 @@ inline std::string saved_text(TESK::Data_record& record, std::string text) {
     return file.text();
 }
 
+inline std::multiset<std::string> lines_of(const std::string& text) {
+    std::multiset<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.insert(line);
+    return lines;
+}
+
 // A second save writes what the first one has written: nothing is lost, and nothing grows. Elements under an
-// old count are known only to who reads the new one, so of such a file the third.
+// old count are known only to who reads the new one, so of such a file the third. Where a key of old readers
+// stands among unknown ones may change.
 template <class Record>
 void expect_round_trip(const std::string& text) {
     Record first;
@@ -25,5 +37,6 @@ void expect_round_trip(const std::string& text) {
         once = saved_text(with_elements, once);
     }
     Record second;
-    require(saved_text(second, once) == once);
+    const std::string twice = saved_text(second, once);
+    require(twice == once || lines_of(twice) == lines_of(once));
 }

@@ -45,10 +45,15 @@ void compare(Session& session, Options& options) {
         }
         const Comparison_outcome outcome =
             compare_scenarios(project.workspace(), project.scenario_file(other, options.others.folder()));
+        const int exit_code = project.take_exit_code();
         if (outcome == Comparison_outcome::not_started)
             report.add(name, "failed", why_not_started(), exit_found);
         else if (outcome != Comparison_outcome::compared)
             report.add(name, "failed", "It has no output. Run it first.", exit_found);
+        else if (exit_code != 0)
+            report.add(name, "failed",
+                       "The comparing program ended with exit code " + std::to_string(exit_code) + ".",
+                       exit_found);
         else
             report.add(name, "done", screen_text(scenario_name(first_name)) + " vs " + name);
     }

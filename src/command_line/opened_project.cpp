@@ -124,8 +124,15 @@ bool Opened_project::run(const std::string& program, const std::string& options,
         session_.note(exit_found);
         return false;
     }
-    const bool started = wait ? platform::launcher().create_and_wait(command, show_state).has_value()
-                              : platform::launcher().execute(command, show_state) > 31;
+    bool started = false;
+    if (wait) {
+        const std::optional<int> exit_code = platform::launcher().create_and_wait(command, show_state);
+        started = exit_code.has_value();
+        if (exit_code.value_or(0) != 0)
+            exit_code_ = *exit_code;
+    } else {
+        started = platform::launcher().execute(command, show_state) > 31;
+    }
     if (!started) {
         session_.console.say("The program could not be started: " + screen_text(program));
         session_.note(exit_found);

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 // Finds the installed suite, which the programs to be started belong to.
@@ -39,6 +40,8 @@ public:
     bool run(const std::string& program, const std::string& options, const std::string& file,
              const std::string& extra, bool wait, int show_state) override;
     bool was_cancelled() const override { return false; }
+    // The latest exit code other than 0 of a program that was waited for, since the last call; 0 for none.
+    int take_exit_code() { return std::exchange(exit_code_, 0); }
 
 private:
     Session& session_;
@@ -47,6 +50,7 @@ private:
     std::string saved_text_; // what a save would have written when it was read
     std::optional<Project_workspace> workspace_;
     std::optional<Scenario_states> states_;
+    int exit_code_ = 0;
 };
 
 // The project file that the argument means: itself, or that of the folder that it is. Fails with

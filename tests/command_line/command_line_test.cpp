@@ -150,6 +150,10 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
          "Irrigation_study/Scenarios/{rainfed,plateau}; "
          "tvs_project compare Irrigation_study base rainfed plateau | cut -f 1,2",
          0, "plateau\tfailed\nrainfed\tfailed\n", "2 of 2 failed: plateau, rainfed"},
+        {"cd '../../Program Files/TVS_suite/XEB'; printf '#!/bin/sh\\nexit 3\\n' >compare.exe; chmod +x "
+         "compare.exe; "
+         "cd - >pwd; tvs_project compare Irrigation_study base rainfed",
+         1, "rainfed\tfailed\tThe comparing program ended with exit code 3.\n", "1 of 1 failed"},
         {"cd Irrigation_study/Import; tvs_project convert *.sim; tvs_project convert *.sim; "
          "tvs_project get *.sim parameter_filenames.soil; ls",
          0,

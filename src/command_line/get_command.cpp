@@ -82,7 +82,9 @@ void get(Session& session, Options& options) {
     // One value of one file is all there is to print.
     if (is_one && keys.size() == 1 && !session.as_json) {
         const Record_settings settings(targets.targets.front().file);
-        if (const Setting* setting = was_read(session, settings) ? settings.find(keys.front()) : nullptr) {
+        if (!was_read(session, settings))
+            return;
+        if (const Setting* setting = settings.find(keys.front())) {
             session.console.out() << screen_text(setting->value()) << '\n';
             return;
         }

@@ -36,6 +36,8 @@ void show_info(Session& session, const std::string& argument) {
         for (const Json& line : missing)
             info["finding " + std::to_string(&line - &missing.front() + 1)] = line;
     print_object(session, info);
+    if (!summary.is_whole)
+        session.note(exit_unreachable);
 }
 
 } // namespace

@@ -23,8 +23,14 @@ Project_summary summarize_project(Project_workspace& workspace) {
     summary.model = named_file(record.cropping_system_model);
     summary.template_scenario = named_file(record.template_scenario);
     summary.active_scenario = named_file(record.active_scenario);
+    std::vector<Finding> unreadable;
     const auto count = [&](Scenario_folder folder) {
-        return list_scenarios(workspace.scenarios_directory(folder, false)).size();
+        std::string failure;
+        const std::size_t found =
+            list_scenarios(workspace.scenarios_directory(folder, false), &failure).size();
+        if (!failure.empty())
+            unreadable.push_back({Finding_weight::error, "", "", failure});
+        return found;
     };
     summary.scenarios = count(Scenario_folder::created);
     summary.generated = count(Scenario_folder::generated);
@@ -34,6 +40,8 @@ Project_summary summarize_project(Project_workspace& workspace) {
     summary.bytes = platform::file_size(file) + platform::bytes_below(*workspace.project_directory);
     summary.changed = platform::file_time(file);
     summary.findings = Project_check().check_project(file);
+    summary.is_whole = unreadable.empty();
+    summary.findings.insert(summary.findings.begin(), unreadable.begin(), unreadable.end());
     return summary;
 }
 

@@ -31,6 +31,7 @@ struct Project_summary {
     std::uint64_t bytes = 0;                      // of the file and of all that is in the folder
     std::optional<platform::Packed_time> changed; // nothing where the file is not there
     std::vector<Finding> findings;
+    bool is_whole = true; // false where a folder of scenarios cannot be read, which is a finding
 };
 
 // Nothing is made or written. Needs a project directory; the project's folder must be the current one. Takes

@@ -4,6 +4,7 @@
 //
 // A picture is FOLDER/LANGUAGE_SIZE/PAGE.png. What a user would be asked is drawn and given up.
 #include "app/entry.h"
+#include "desktop_qt/dark_style.h"
 #include "desktop_qt/menus.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/auto_calendar.h"
@@ -45,20 +46,6 @@ constexpr const char* languages[] = {"English", "Spanish", "Russian", "French"};
 constexpr const char* faulty_table = "name\tparameter_filenames.soil\tH2O.1\tsimulation.ending_date\n"
                                      "dry start\tDatabase\\Soil\\silt loam.sil\t0.12\t\n"
                                      "wet start\t\tmuch\t\nstony\t\t0.2\ttomorrow\nwet start\t\t0.3\t\n";
-
-QPalette dark_palette() {
-    QPalette palette(QColor(45, 45, 48), QColor(45, 45, 48));
-    palette.setColor(QPalette::Base, QColor(30, 30, 30));
-    palette.setColor(QPalette::Highlight, QColor(60, 110, 190));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::HighlightedText, QPalette::BrightText}) {
-        palette.setColor(role, Qt::white);
-        palette.setColor(QPalette::Disabled, role, Qt::gray);
-    }
-    palette.setColor(QPalette::Link, QColor(110, 170, 255));
-    palette.setColor(QPalette::PlaceholderText, Qt::gray);
-    return palette;
-}
 
 class Pictures_desktop : public Qt_desktop {
 public:

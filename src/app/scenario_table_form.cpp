@@ -1,6 +1,7 @@
 #include "app/scenario_table_form.h"
 
 #include "app/project_page.h"
+#include "app/state_pictures.h"
 #include "editing/bound_control.h"
 #include "editing/page_parts.h"
 #include "platform/files.h"
@@ -13,9 +14,7 @@
 
 namespace {
 
-constexpr Colour red = 0x2020c0;
-constexpr Colour orange = 0x0070d0;
-constexpr Colour blue = 0xc06000;
+using namespace sign_colours;
 constexpr Picture fault_sign{Shape::octagon, red, Mark::cross, false, "fault"};
 constexpr Picture doubt_sign{Shape::diamond, orange, Mark::exclamation, false, "doubtful"};
 constexpr Picture replaced_sign{Shape::disc, blue, Mark::asterisk, false, "replaced"};

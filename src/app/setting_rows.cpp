@@ -1,5 +1,6 @@
 #include "app/setting_rows.h"
 
+#include "app/state_pictures.h"
 #include "editing/auto_status.h"
 #include "editing/bound_control.h"
 #include "operations/record_difference.h"
@@ -12,8 +13,7 @@ namespace {
 
 using TESK::Validation_status;
 
-constexpr Colour blue = 0xc06000;
-constexpr Colour grey = 0x808080;
+using namespace sign_colours;
 constexpr Picture other_value{Shape::diamond, blue, Mark::none, false, "differs from the first scenario"};
 constexpr Picture not_the_template{Shape::diamond, blue, Mark::none, false, "differs from the template"};
 constexpr Picture changed{Shape::disc, blue, Mark::asterisk, false, "changed, not applied yet"};

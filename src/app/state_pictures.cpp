@@ -2,11 +2,7 @@
 
 namespace {
 
-constexpr Colour grey = 0x808080;
-constexpr Colour blue = 0xc06000;
-constexpr Colour green = 0x208020;
-constexpr Colour red = 0x2020c0;
-constexpr Colour orange = 0x0070d0;
+using namespace sign_colours;
 
 constexpr Picture nothing_yet{Shape::ring, grey, Mark::none, false, ""};
 constexpr Picture at_work{Shape::triangle, blue, Mark::none, false, ""};

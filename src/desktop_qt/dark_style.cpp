@@ -21,3 +21,17 @@ void Dark_style::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     lighter.palette.setColor(QPalette::Window, QColor(200, 200, 200));
     QProxyStyle::drawPrimitive(element, &lighter, painter, widget);
 }
+
+QPalette dark_palette() {
+    QPalette palette(QColor(45, 45, 48), QColor(45, 45, 48));
+    palette.setColor(QPalette::Base, QColor(30, 30, 30));
+    palette.setColor(QPalette::Highlight, QColor(60, 110, 190));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                            QPalette::HighlightedText, QPalette::BrightText}) {
+        palette.setColor(role, Qt::white);
+        palette.setColor(QPalette::Disabled, role, Qt::gray);
+    }
+    palette.setColor(QPalette::Link, QColor(110, 170, 255));
+    palette.setColor(QPalette::PlaceholderText, Qt::gray);
+    return palette;
+}

@@ -2,6 +2,7 @@
 // cannot be seen. This draws it lighter.
 #pragma once
 
+#include <QtGui/QPalette>
 #include <QtWidgets/QProxyStyle>
 
 class Dark_style : public QProxyStyle {
@@ -14,3 +15,6 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
 };
+
+// The colours of a dark theme, for pictures: a desktop brings its own.
+QPalette dark_palette();

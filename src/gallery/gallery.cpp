@@ -1,4 +1,5 @@
 // Draws a gallery of all controls in their states into a folder, one picture a window: gallery FOLDER
+#include "desktop_qt/dark_style.h"
 #include "desktop_qt/qt_desktop.h"
 #include "editing/auto_calendar.h"
 #include "editing/auto_month_label.h"
@@ -431,20 +432,6 @@ void draw_dialogs(Gallery& gallery) {
     TPopupMenu menu;
     menu.items = sample_menus()[0].items;
     gallery.picture_of_dialog([&] { menu.popup(); }, "menu");
-}
-
-QPalette dark_palette() {
-    QPalette palette(QColor(45, 45, 48), QColor(45, 45, 48));
-    palette.setColor(QPalette::Base, QColor(30, 30, 30));
-    palette.setColor(QPalette::Highlight, QColor(60, 110, 190));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::HighlightedText, QPalette::BrightText}) {
-        palette.setColor(role, Qt::white);
-        palette.setColor(QPalette::Disabled, role, Qt::gray);
-    }
-    palette.setColor(QPalette::Link, QColor(110, 170, 255));
-    palette.setColor(QPalette::PlaceholderText, Qt::gray);
-    return palette;
 }
 
 void draw_all(Gallery& gallery, const std::string& page) {

@@ -140,7 +140,8 @@ Save_outcome Companion_text::save() {
         if (answer != Conflict_answer::overwrite)
             return Save_outcome::aborted;
     }
-    while (!write().ok()) {
+    // What cannot be read may be more than what is shown here.
+    while (known_.compare(name()) == Known_contents::Comparison::unreadable || !write().ok()) {
         const Save_outcome answer = ask_after_failed_save();
         if (answer != Save_outcome::saved)
             return answer;

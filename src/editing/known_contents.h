@@ -15,8 +15,9 @@ public:
 
     enum class Comparison {
         same,
-        changed, // another program has changed or made it
-        gone     // it is not there any more, or cannot be read
+        changed,   // another program has changed or made it
+        gone,      // it is not there any more
+        unreadable // it is there, and nobody knows what it holds
     };
     Comparison compare(const std::string& name) const;
 

@@ -1,4 +1,7 @@
 #include "frame_support.h"
+#include "platform/file_writer.h"
+
+#include <cerrno>
 
 namespace {
 
@@ -119,6 +122,13 @@ TEST_F(Companions_test, notes_that_another_program_has_changed_are_not_written_o
     EXPECT_EQ(form.notes.memo_notes.text(), "theirs");
     EXPECT_TRUE(form.notes.memo_notes.type_text("mine and "));
     drives.write("work/study/notes.txt", "theirs again");
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::read, EIO);
+        expect(failing(Modal_result::abort));
+        EXPECT_TRUE(form.ok_button.click());
+        EXPECT_EQ(saved("work/study/notes.txt"), "theirs again");
+    }
     expect_conflict("C:\\work\\study\\notes.txt", Modal_result::yes);
     EXPECT_TRUE(form.ok_button.click());
     EXPECT_EQ(saved("work/study/notes.txt"), "mine and theirs");

@@ -103,6 +103,18 @@ Run_journal::Run_journal(const std::string& folder, std::size_t runs) : folder_(
 
 bool Run_journal::update() {
     changed_.clear();
+    bool has_news = read_on();
+    const auto owner = owner_;
+    is_abandoned_ = owner && platform::presence_of(*owner) == platform::Process_presence::gone;
+    if (is_abandoned_) {
+        // It may have written its last lines after they were read.
+        has_news = read_on() || has_news;
+        is_abandoned_ = owner_ == owner;
+    }
+    return has_news;
+}
+
+bool Run_journal::read_on() {
     platform::File_stream file(folder_ + journal_file, false);
     const std::int64_t size = file.good() ? file.size() : 0;
     if (size < place_)
@@ -303,8 +315,7 @@ bool Journal_writer::flush() {
 }
 
 bool is_owned(const Run_journal& journal) {
-    return journal.job() ||
-           (journal.owner() && platform::presence_of(*journal.owner()) != platform::Process_presence::gone);
+    return journal.job() || (journal.owner() && !journal.is_abandoned());
 }
 
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer) {

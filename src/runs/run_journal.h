@@ -103,9 +103,11 @@ public:
     // The scheduler's reason why it lost a run; "" when it gave none.
     std::string reason(std::size_t run) const;
 
-    // The process that has the set run; nothing when none does, or the last one has left. Whether it is alive
-    // is asked of presence_of().
+    // The process that has the set run; nothing when none does, or the last one has left.
     const std::optional<platform::Process_identity>& owner() const { return owner_; }
+    // Whether that process had ended without leaving when update() was called. All that it wrote has been
+    // read.
+    bool is_abandoned() const { return is_abandoned_; }
     // When the present or last owner took it on, and how many runs have ended since; 0 for never.
     Moment owned_since() const { return owned_since_; }
     std::size_t ended_since() const { return ended_since_; }
@@ -114,6 +116,7 @@ public:
 
 private:
     class Words;
+    bool read_on();
     void take_line(std::string_view line);
     void take_end(std::size_t run, Moment time, Words& words);
     void take_owner(Moment time, std::string_view identity);
@@ -127,6 +130,7 @@ private:
     std::unordered_map<std::size_t, std::string> reasons_;
     std::optional<platform::Process_identity> owner_;
     std::optional<Scheduler_job> job_;
+    bool is_abandoned_ = false;
     Moment owned_since_ = 0;
     std::size_t ended_since_ = 0;
     std::int64_t place_ = 0;
@@ -167,6 +171,6 @@ private:
 // several that try at once, one succeeds.
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer);
 
-// Whether a process of this machine or another one, or a job, has the set run, as far as can be told: one
-// elsewhere counts.
+// Whether a process of this machine or another one, or a job, had the set run at the last update(), as far as
+// can be told: one elsewhere counts.
 bool is_owned(const Run_journal& journal);

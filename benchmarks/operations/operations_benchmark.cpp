@@ -242,12 +242,15 @@ void read_twice_and_write_1000(benchmark::State& state) {
 BENCHMARK(read_twice_and_write_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The names of as many scenarios as are reset, each of them one of a family: some values are its own.
-std::vector<std::string> make_settings_targets() {
+const std::vector<std::string>& make_settings_targets() {
+    static std::vector<std::string> names;
+    if (!names.empty() && platform::is_file(names.back()))
+        return names;
+    names.clear();
     make_project();
     scenario_text();
     make_targets("\\settings", 0, "");
     Record_settings settings(TESK::File_name(template_name().c_str()));
-    std::vector<std::string> names;
     for (int i = 1; i <= reset; ++i) {
         for (int layer = 1; layer <= 9; ++layer)
             settings.set("H2O." + std::to_string(layer), "0." + std::to_string(1000 + i * 7 % 3000 + layer));
@@ -260,7 +263,7 @@ std::vector<std::string> make_settings_targets() {
 
 // As the page of settings opens them.
 void open_settings_of_1000(benchmark::State& state) {
-    const std::vector<std::string> names = make_settings_targets();
+    const std::vector<std::string>& names = make_settings_targets();
     Settings_grid grid;
     for (auto _ : state)
         grid.read(names, {});
@@ -269,7 +272,7 @@ void open_settings_of_1000(benchmark::State& state) {
 BENCHMARK(open_settings_of_1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void read_1000(benchmark::State& state) {
-    const std::vector<std::string> names = make_settings_targets();
+    const std::vector<std::string>& names = make_settings_targets();
     for (auto _ : state)
         for (const std::string& name : names) {
             Tilverra_scenario scenario;

@@ -140,7 +140,12 @@ Item* Unidirectional_list::pop_last() {
 }
 
 Item* Unidirectional_list::pop_first() {
-    return head_ == nullptr ? nullptr : unlink(head_, nullptr);
+    return pop_behind(nullptr);
+}
+
+Item* Unidirectional_list::pop_behind(Node* before) {
+    Node* node = before == nullptr ? head_ : before->next;
+    return node == nullptr ? nullptr : unlink(node, before);
 }
 
 std::unique_ptr<Unidirectional_list::Node> Unidirectional_list::make_node(Item* item) const {

@@ -72,6 +72,8 @@ public:
     // Takes the last or the first item out and gives it to the caller; null from an empty list.
     virtual Item* pop_last();
     virtual Item* pop_first();
+    // The same with the item behind a node of the list, or the first one when `before` is null.
+    Item* pop_behind(Node* before);
 
 protected:
     // A new node of the kind that append() and prepend() link. The node takes the item.

@@ -215,12 +215,15 @@ void Record_settings::list_settings() {
     record_->attach_guards();
     settings_.clear();
     const bool has_version = dynamic_cast<const Common_parameters*>(record_.get()) != nullptr;
+    constexpr std::string_view count_mark = ":count";
     for (const TESK::VV_section& section : record_->all_sections()) {
+        const bool is_version = has_version && section.label == "version";
         for (TESK::VV_base_entry& entry : section.all_entries()) {
-            const std::size_t mark = entry.key.find(":count");
-            const bool is_fixed = (has_version && section.label == "version") ||
-                                  (mark != std::string::npos && record_->enumerated_sections.find_exact(
-                                                                    entry.key.substr(0, mark)) != nullptr);
+            const std::string_view key = entry.key;
+            const bool is_fixed =
+                is_version ||
+                (key.ends_with(count_mark) && record_->enumerated_sections.find_exact(
+                                                  key.substr(0, key.size() - count_mark.size())) != nullptr);
             settings_.emplace_back(*this, section, entry, is_fixed);
         }
     }

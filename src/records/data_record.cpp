@@ -4,8 +4,11 @@
 #include "records/typed_entries.h"
 #include "records/validation.h"
 
+#include <new>
 #include <optional>
+#include <typeinfo>
 #include <utility>
+#include <vector>
 
 namespace TESK {
 
@@ -62,6 +65,13 @@ public:
 private:
     std::optional<Unit_as_read>& as_read_;
 };
+
+// An entry of the type and the key, in the place of one that goes.
+template <class Entry, class... Arguments>
+VV_base_entry* made_anew(VV_base_entry& old, Arguments&&... arguments) noexcept {
+    old.~VV_base_entry();
+    return ::new (static_cast<void*>(&old)) Entry(std::forward<Arguments>(arguments)...);
+}
 
 } // namespace
 
@@ -123,11 +133,19 @@ void Data_record::redeclare_for_write() {
     const std::string unread = std::move(unread_);
     delete_structure();
 
+    declaring_anew_ = &read_sections;
     expect_structure(true);
     declare_series();
+    declaring_anew_ = nullptr;
     for (const VV_enumerated_section& read : Items_of<VV_enumerated_section>(read_series))
         if (Item* series = enumerated_sections.find_exact(read.label))
             static_cast<VV_enumerated_section*>(series)->keep_count(read.count);
+    std::vector<std::unique_ptr<VV_section>> undeclared;
+    for (VV_section& section : all_sections())
+        if (auto rest = section.end_declaring_anew())
+            undeclared.push_back(std::move(rest));
+    for (const auto& section : undeclared)
+        keep_undeclared(*section);
     for (const VV_section& section : Items_of<VV_section>(read_sections))
         keep_undeclared(section);
     make_primary_section_current();
@@ -182,7 +200,14 @@ VV_section* Data_record::get_current_section() {
 }
 
 VV_section* Data_record::append_section(std::string_view name) {
-    current_section_ = new VV_section(name);
+    // Most sections are declared in the order in which they were declared before.
+    const Unidirectional_list::Node* read = declaring_anew_ == nullptr ? nullptr : declaring_anew_->head();
+    if (read != nullptr && static_cast<const VV_section&>(*read->item).label == name) {
+        current_section_ = static_cast<VV_section*>(declaring_anew_->pop_first());
+        current_section_->begin_declaring_anew();
+    } else {
+        current_section_ = new VV_section(name);
+    }
     sections.append(current_section_);
     return current_section_;
 }
@@ -207,6 +232,9 @@ void Data_record::set_entry_alias(const char* actual_key, const char* old_key) {
 template <class Entry, class... Arguments>
 VV_base_entry* Data_record::expect(std::string_view key, Arguments&&... arguments) {
     VV_section* section = get_current_section();
+    if (section->is_declared_anew())
+        if (VV_base_entry* read = section->declare_anew(key, typeid(Entry)))
+            return made_anew<Entry>(*read, key, std::forward<Arguments>(arguments)...);
     if (VV_base_entry* entry = section->find_entry(key))
         return entry;
     auto* entry = new Entry(key, std::forward<Arguments>(arguments)...);

@@ -191,6 +191,8 @@ private:
     bool preserve_unexpected_ = false;
     std::string loaded_from_;
     std::string unread_;
+    // While the record is declared anew: the sections that were read and are not declared again yet.
+    Alias_association_list* declaring_anew_ = nullptr;
 };
 
 } // namespace TESK

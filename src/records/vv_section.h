@@ -4,7 +4,9 @@
 #include "foundation/association_list.h"
 #include "records/vv_entry.h"
 
+#include <memory>
 #include <string_view>
+#include <typeinfo>
 
 namespace TESK {
 
@@ -34,9 +36,31 @@ public:
     // The entries, in order.
     Items_of<VV_base_entry> all_entries() const { return Items_of<VV_base_entry>(entries); }
 
+    // A section whose record is declared anew keeps the entries that it has, as far as they are declared
+    // again in the order in which they stand.
+    void begin_declaring_anew();
+    bool is_declared_anew() const { return is_declared_anew_; }
+    // The next entry with the key, when it is of the type: its declaration takes its place. Null when there
+    // is none: this and all further entries are then declared as in a new section.
+    VV_base_entry* declare_anew(std::string_view key, const std::type_info& type);
+    // Returns what the file held and is not declared again, as a section of the same name, or null; keys that
+    // the record does not know stay where nothing else is left.
+    std::unique_ptr<VV_section> end_declaring_anew();
+
     const std::string label;
     bool encountered = false; // whether the reader met a header of this section
     Alias_association_list entries;
+
+private:
+    const Unidirectional_list::Node* first_undeclared() const {
+        return declared_ == nullptr ? entries.head() : declared_->next;
+    }
+    // Takes out the entry behind those that are declared again.
+    void pass_over();
+
+    Unidirectional_list::Node* declared_ = nullptr; // the last one that is declared again
+    bool is_declared_anew_ = false;
+    std::unique_ptr<VV_section> passed_over_; // what the file held of them
 };
 
 } // namespace TESK

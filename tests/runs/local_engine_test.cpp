@@ -4,7 +4,6 @@
 #include "runs/run_project.h"
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -22,11 +21,7 @@ TEST_F(Local_engine_test, tells_how_each_run_ended_and_keeps_what_it_printed) {
     const std::string folder = project.make(set);
     Run_set limited = set;
     limited.longest = 1s;
-    {
-        Local_engine engine(folder, limited, 100ms);
-        ASSERT_EQ(engine.start(), "");
-        finish(engine);
-    }
+    have_done(Local_engine(folder, limited, 100ms));
     EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
                                   "done \ndone \nfailed longer than the time allowed\n");
     EXPECT_TRUE(is_soon_gone(project.await_number("fork.pid"))) << "what a run has left running";
@@ -42,9 +37,7 @@ TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
     Run_set set = project.set_of({"good", "other"});
     set.model = "C:\\none.exe";
     const std::string folder = project.make(set);
-    Local_engine engine(folder, set);
-    ASSERT_EQ(engine.start(), "");
-    finish(engine);
+    have_done(Local_engine(folder, set));
     EXPECT_EQ(ends_of(folder, 2), "failed the model is not there\nfailed the model is not there\n");
 
     // Nor does that stand in the way of a stop while another run is at work.
@@ -83,9 +76,7 @@ TEST_F(Local_engine_test, stops_politely_then_hard_and_goes_on_where_it_ended) {
     EXPECT_EQ(ends_of(folder, 5), "done \nstopped stopped\nstopped stopped\nstopped stopped\nwaiting \n");
 
     project.drives.write("model.exe", "#!/bin/sh\nmkdir -p \"$0.d\"; exit 7\n");
-    Local_engine again(folder, set);
-    ASSERT_EQ(again.start(), "");
-    finish(again);
+    have_done(Local_engine(folder, set));
     EXPECT_EQ(ends_of(folder, 5), "done \nfailed exit code 7\nfailed exit code 7\nfailed exit code 7\n"
                                   "failed exit code 7\n");
 }
@@ -94,9 +85,7 @@ TEST_F(Local_engine_test, stops_at_the_first_failure_when_asked_to) {
     Run_set set = project.set_of({"good", "fail", "other", "more"}, 1);
     set.stops_at_first_failure = true;
     const std::string folder = project.make(set);
-    Local_engine engine(folder, set);
-    ASSERT_EQ(engine.start(), "");
-    finish(engine);
+    have_done(Local_engine(folder, set));
     EXPECT_EQ(project.started(), (std::vector<std::string>{"fail", "good"}));
 }
 
@@ -148,9 +137,7 @@ TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_n
 
     project.drives.write("p/started.txt");
     project.change_model("sleep 60", "true");
-    Local_engine engine(folder, set);
-    ASSERT_EQ(engine.start(), "");
-    finish(engine);
+    have_done(Local_engine(folder, set));
     journal.update();
     EXPECT_EQ(describe(progress_of(journal, false, moment_now())), "200 of 200 done");
     for (const std::string& name : project.started())

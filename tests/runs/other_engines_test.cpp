@@ -9,8 +9,6 @@
 #include "runs/slurm_engine.h"
 #include "runs/worker_files.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace std::chrono_literals;
@@ -68,6 +66,14 @@ TEST_F(Other_engines_test, a_silent_scheduler_settles_nothing_and_its_books_tell
         EXPECT_TRUE(engine.poll());
     EXPECT_EQ(engine.trouble(), "The scheduler does not answer.");
     EXPECT_EQ(ends_of(folder, 3), "waiting \nwaiting \ndone \n");
+    // A process of its own tells of it, a word at a time.
+    const std::string watched = project.make(set);
+    Supervised_engine supervised(watched);
+    ASSERT_EQ(supervised.start(), "");
+    while (supervised.poll() && supervised.trouble().empty())
+        std::this_thread::sleep_for(5ms);
+    EXPECT_EQ(supervised.trouble(), engine.trouble());
+    Journal_writer(watched).close_job("7");
     answer("scancel", "exit 1");
     Slurm_engine stopped(folder, set, 0ms);
     ASSERT_EQ(stopped.start(), "");

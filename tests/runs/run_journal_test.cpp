@@ -3,8 +3,6 @@
 #include "platform/files.h"
 #include "runs/run_project.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using Outcome = Run_record::Outcome;

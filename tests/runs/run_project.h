@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
+#include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -114,6 +114,12 @@ void finish(Engine& engine, const Until& until) {
 template <class Engine>
 void finish(Engine& engine) {
     finish(engine, [] { return false; });
+}
+// The same from the start.
+template <class Engine>
+void have_done(Engine&& engine) {
+    ASSERT_EQ(engine.start(), "");
+    finish(engine);
 }
 
 // Waits until a process is gone, or nobody's but a zombie; false after twenty seconds.

@@ -3,7 +3,6 @@
 #include "runs/run_project.h"
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 
 namespace {

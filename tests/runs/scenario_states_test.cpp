@@ -3,17 +3,11 @@
 #include "runs/run_project.h"
 #include "runs/run_repetition.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 class Scenario_states_test : public testing::Test {
 protected:
-    void run(const Run_set& set) {
-        Local_engine engine(project.make(set), set);
-        ASSERT_EQ(engine.start(), "");
-        finish(engine);
-    }
+    void run(const Run_set& set) { have_done(Local_engine(project.make(set), set)); }
     std::string state_of(const std::string& name) {
         states.refresh();
         return word_for(states.status_of("C:\\P\\Scenarios\\" + name + ".tvn").state);

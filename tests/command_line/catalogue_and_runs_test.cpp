@@ -9,108 +9,99 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
     const std::string project = project_file("Irrigation_study.tvp");
     const std::string base = project_file("Irrigation_study/Scenarios/base.tvn");
     expect({
-        {"tvs_project new Irrigation_study 'plot 7' base ../x .. $'\\u0416' 'bad\"q' 'a*b' $'c\\x7f'", 1,
+        {"tvs_project new Irrigation_study 'plot 7' base ../x .. $'\\u0416' 'bad\"q' 'a*b' $'c\\x7f'",
          "plot 7\tdone\t\nbase\tfailed\tThere is a scenario of that name already.\nx\tdone\t\n"
          "..\tfailed\tNo scenario can have this name.\n\u0416\tfailed\tThe name has a character that "
-         "records cannot hold.\nbad\"q\tfailed\tNo scenario can have this name.\na*b\tfailed\tNo "
-         "scenario can have this name.\nc\x7f\tfailed\tNo scenario can have this name.\n",
-         "6 of 8 failed: base, .., \u0416, bad\"q"},
-        {"tvs_project new Irrigation_study $'\\xff/..' --json | grep -c 'cannot hold'", 0, "1\n",
+         "records cannot hold.\nbad\"q\tfailed\tNo scenario can have this name.\na*b\tfailed\tNo scenario "
+         "can have this name.\nc\x7f\tfailed\tNo scenario can have this name.\n",
+         1, "6 of 8 failed: base, .., \u0416, bad\"q"},
+        {"tvs_project new Irrigation_study $'\\xff/..' --json | grep -c 'cannot hold'", "1\n", 0,
          "1 of 1 failed"},
         {"cp Irrigation_study/Import/*.sim 'bad\"q.sim'; tvs_project import Irrigation_study *.sim; rm "
-         "*.sim; "
-         "tvs_project copy Irrigation_study base 'bad\"q'",
-         1,
+         "*.sim; tvs_project copy Irrigation_study base 'bad\"q'",
          "bad\"q\tfailed\tNo scenario can have this name.\n"
          "bad\"q\tfailed\tNo scenario can have this name.\n",
-         "1 of 1 failed: bad\"q"},
-        {"tvs_project get Irrigation_study/Scenarios/x.tvn parameter_filenames.soil", 0,
-         "<Required (This must be selected)>\n", ""},
-        {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn", 0,
-         "base 2\tdone\t\nbase.v3\tdone\t\n", ""},
-        {"cd Irrigation_study/Scenarios; cmp base.tvn 'base 2.tvn' && cmp base.tvn base.v3.tvn", 0, "", ""},
-        {"tvs_project copy Irrigation_study 'b*' c", 2, "", "'b*' names more than one scenario."},
-        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim none.sim", 3,
-         "spring barley 1985\tdone\t\nnone\tfailed\tThe file cannot be read.\n", "1 of 2 failed: none"},
-        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim", 1,
+         1, "1 of 1 failed: bad\"q"},
+        {"tvs_project get Irrigation_study/Scenarios/x.tvn parameter_filenames.soil",
+         "<Required (This must be selected)>\n"},
+        {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn",
+         "base 2\tdone\t\nbase.v3\tdone\t\n"},
+        {"cd Irrigation_study/Scenarios; cmp base.tvn 'base 2.tvn' && cmp base.tvn base.v3.tvn"},
+        {"tvs_project copy Irrigation_study 'b*' c", "", 2, "'b*' names more than one scenario."},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim none.sim",
+         "spring barley 1985\tdone\t\nnone\tfailed\tThe file cannot be read.\n", 3, "1 of 2 failed: none"},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim",
          "spring barley 1985\tfailed\tThere is a scenario of that name already. Say --replace to replace "
          "it.\n",
-         "1 of 1 failed"},
+         1, "1 of 1 failed"},
         {"echo changed >Irrigation_study/Scenarios/spring*.tvn; tvs_project import Irrigation_study "
-         "--replace "
-         "Irrigation_study/Import/*.sim; tvs_project undo Irrigation_study; cat "
+         "--replace Irrigation_study/Import/*.sim; tvs_project undo Irrigation_study; cat "
          "Irrigation_study/Scenarios/spring*.tvn",
-         0, "spring barley 1985\tdone\t\nchange\tundo of import\nbrought_back\t1\nfailed\t0\nchanged\n", ""},
-        {"tvs_project delete Irrigation_study", 2, "", "or --all"},
-        {"tvs_project delete Irrigation_study 'x*' 'none*'", 1, "", "Nothing was done."},
-        {"tvs_project delete Irrigation_study 'base*' --dry-run", 0,
-         "base\twould be deleted\t\nbase 2\twould be deleted\t\nbase.v3\twould be deleted\t\n", ""},
-        {"tvs_project delete Irrigation_study 'base ?' spring*", 0,
-         "base 2\tdone\t\nspring barley 1985\tdone\t\n", ""},
-        {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; "
-         "tvs_project delete Irrigation_study x --permanently; ls Irrigation_study/Scenarios | grep -c x; "
-         "tvs_project undo Irrigation_study >/dev/null; cat Irrigation_study/Scenarios/x/out",
-         0, "x\tdone\t\n0\n1\n", ""},
+         "spring barley 1985\tdone\t\nchange\tundo of import\nbrought_back\t1\nfailed\t0\nchanged\n"},
+        {"tvs_project delete Irrigation_study", "", 2, "or --all"},
+        {"tvs_project delete Irrigation_study 'x*' 'none*'", "", 1, "Nothing was done."},
+        {"tvs_project delete Irrigation_study 'base*' --dry-run",
+         "base\twould be deleted\t\nbase 2\twould be deleted\t\nbase.v3\twould be deleted\t\n"},
+        {"tvs_project delete Irrigation_study 'base ?' spring*",
+         "base 2\tdone\t\nspring barley 1985\tdone\t\n"},
+        {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; tvs_project "
+         "delete Irrigation_study x --permanently; ls Irrigation_study/Scenarios | grep -c x; tvs_project "
+         "undo Irrigation_study >/dev/null; cat Irrigation_study/Scenarios/x/out",
+         "x\tdone\t\n0\n1\n"},
         {"tvs_project set Irrigation_study salt.1=1 --all >/dev/null; tvs_project undo Irrigation_study "
-         "--list | "
-         "cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": .undo of "
-         "settings' -e '\"brought_back\": 8'",
-         0, "settings\t8\n2\n", ""},
-        {"tvs_project undo Irrigation_study --change none", 1, "", "There is no such change: none"},
+         "--list | cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": "
+         ".undo of settings' -e '\"brought_back\": 8'",
+         "settings\t8\n2\n"},
+        {"tvs_project undo Irrigation_study --change none", "", 1, "There is no such change: none"},
     });
     EXPECT_EQ(project_file("Irrigation_study/Scenarios/base.tvn"), base);
     EXPECT_EQ(project_file("Irrigation_study.tvp"), project);
     expect({
-        {"tvs_project new Irrigation_study last --activate", 0, "last\tdone\t\n", ""},
-        {"tvs_project get Irrigation_study.tvp recent.active", 0,
-         "C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\last.tvn\n", ""},
+        {"tvs_project new Irrigation_study last --activate", "last\tdone\t\n"},
+        {"tvs_project get Irrigation_study.tvp recent.active",
+         "C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\last.tvn\n"},
     });
 }
 
 TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_they_failed) {
     script_model("[ $name != base.tvn ] || exit 3");
     expect({
-        {"tvs_project run Irrigation_study", 2, "", "or --all"},
-        {"tvs_project status Irrigation_study", 1, "", "The project has no set of runs."},
-        {"tvs_project run Irrigation_study base --dry-run", 0,
+        {"tvs_project run Irrigation_study", "", 2, "or --all"},
+        {"tvs_project status Irrigation_study", "", 1, "The project has no set of runs."},
+        {"tvs_project run Irrigation_study base --dry-run",
          "\"C:\\Program Files\\TVS_suite\\Tilverra\\tilverra_5.exe\"  "
          "\"C:\\Simulation\\Projects\\Irrigation_study.tvp\" "
-         "\"C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\base.tvn\" \n",
-         ""},
+         "\"C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\base.tvn\" \n"},
         // A name that no program can be handed is one failure among the others.
         {"mkdir -p Irrigation_study/Scenarios/{rainfed,plateau,base}/Output; cd Irrigation_study/Scenarios; "
-         "cp base.tvn 'bad\"q.tvn'; tvs_project run ../../Irrigation_study base rainfed 'bad*' "
-         "--jobs 1 | cut -f 1-3; rm 'bad\"q.tvn'",
-         0,
+         "cp base.tvn 'bad\"q.tvn'; tvs_project run ../../Irrigation_study base rainfed 'bad*' --jobs 1 | "
+         "cut -f 1-3; rm 'bad\"q.tvn'",
          "bad\"q\tfailed\tA name that holds a quotation mark or a control character cannot be handed to a "
          "program.\nbase\tfailed\texit code 3\nrainfed\tdone\t\n",
-         "1 of 2 done, 1 failed"},
-        {"tvs_project list Irrigation_study --state failed,done | cut -f 1,2", 0,
-         "base\tfailed\nrainfed\tdone\n", ""},
-        {"tvs_project status Irrigation_study --runs --json | grep -c '\"state\":\"failed\"'", 0, "1\n", ""},
+         0, "1 of 2 done, 1 failed"},
+        {"tvs_project list Irrigation_study --state failed,done | cut -f 1,2",
+         "base\tfailed\nrainfed\tdone\n"},
+        {"tvs_project status Irrigation_study --runs --json | grep -c '\"state\":\"failed\"'", "1\n"},
         {"mv good '../../Program Files/TVS_suite/Tilverra/tilverra_5.exe'; tvs_project run Irrigation_study "
          "--failed | cut -f 1,2",
-         0, "base\tdone\n", "1 of 1 done"},
-        {"tvs_project run Irrigation_study --failed", 0, "", "There is nothing to run."},
-        {"tvs_project run Irrigation_study --stale --json | grep -c '\"state\":\"done\"'", 0, "3\n",
+         "base\tdone\n", 0, "1 of 1 done"},
+        {"tvs_project run Irrigation_study --failed", "", 0, "There is nothing to run."},
+        {"tvs_project run Irrigation_study --stale --json | grep -c '\"state\":\"done\"'", "3\n", 0,
          "3 of 3 done"},
         {"touch Irrigation_study/Scenarios/base.tvn; tvs_project list Irrigation_study --state stale | cut "
          "-f 1,2",
-         0, "base\tout of date\n", ""},
-        {"tvs_project continue Irrigation_study", 0, "", "is left."},
+         "base\tout of date\n"},
+        {"tvs_project continue Irrigation_study", "", 0, "is left."},
         // Every call is one document, of the same shape when there is nothing to do.
         {"for call in 'run --failed' 'run --failed --background' 'run --failed --dry-run' 'run base "
-         "--dry-run' 'run "
-         "base --engine list' 'run --failed --engine list' continue 'run base' continue 'continue "
-         "--background' "
-         "status 'status --runs' stop 'compare base rainfed' 'compare plateau base'; do set -- $call; "
-         "tvs_project $1 Irrigation_study ${@:2} --json 2>/dev/null | python3 -c 'import json, sys; "
-         "told = json.load(sys.stdin); rows = told if type(told) is list else [told]; "
-         "print(*sys.argv[1:], len(told), *(rows[0] if rows else []))' $call; done; "
-         "tvs_project convert Irrigation_study/Scenarios/base.tvn none --json | python3 -m json.tool | grep "
-         "-c "
-         "outcome",
-         0,
+         "--dry-run' 'run base --engine list' 'run --failed --engine list' continue 'run base' continue "
+         "'continue --background' status 'status --runs' stop 'compare base rainfed' 'compare plateau base'; "
+         "do set -- "
+         "$call; tvs_project $1 Irrigation_study ${@:2} --json 2>/dev/null | python3 -c 'import json, sys; "
+         "told = "
+         "json.load(sys.stdin); rows = told if type(told) is list else [told]; print(*sys.argv[1:], "
+         "len(told), *(rows[0] if rows else []))' $call; done; tvs_project convert "
+         "Irrigation_study/Scenarios/base.tvn none --json | python3 -m json.tool | grep -c outcome",
          "run --failed 0\n"
          "run --failed --background 3 set runs failed\n"
          "run --failed --dry-run 0\n"
@@ -127,23 +118,23 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
          "compare base rainfed 1 scenario outcome reason\n"
          "compare plateau base 1 scenario outcome reason\n"
          "2\n",
-         "1 of 2 failed: none"},
+         0, "1 of 2 failed: none"},
     });
 }
 
 TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_continued) {
     script_model("[ -e go ] || sleep 60");
     expect({
-        {"mkdir -p Irrigation_study/Scenarios/{rainfed,base}/Output", 0, "", ""},
-        {"tvs_project run Irrigation_study base rainfed --jobs 1 --background | cut -f 1,2 | tail -1", 0,
-         "runs\t2\n", ""},
-        {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; "
-         "tvs_project list Irrigation_study --state running,waiting | cut -f 1,2",
-         0, "base\trunning\nrainfed\twaiting\n", ""},
-        {"tvs_project stop Irrigation_study | tail -1", 0, "runs\t0 of 2 done, 1 stopped\n", ""},
-        {"tvs_project stop Irrigation_study", 1, "", "No process has the set"},
-        {"touch Irrigation_study/go; tvs_project continue Irrigation_study | cut -f 1,2", 0,
-         "base\tdone\nrainfed\tdone\n", "2 of 2 done"},
+        {"mkdir -p Irrigation_study/Scenarios/{rainfed,base}/Output"},
+        {"tvs_project run Irrigation_study base rainfed --jobs 1 --background | cut -f 1,2 | tail -1",
+         "runs\t2\n"},
+        {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; tvs_project "
+         "list Irrigation_study --state running,waiting | cut -f 1,2",
+         "base\trunning\nrainfed\twaiting\n"},
+        {"tvs_project stop Irrigation_study | tail -1", "runs\t0 of 2 done, 1 stopped\n"},
+        {"tvs_project stop Irrigation_study", "", 1, "No process has the set"},
+        {"touch Irrigation_study/go; tvs_project continue Irrigation_study | cut -f 1,2",
+         "base\tdone\nrainfed\tdone\n", 0, "2 of 2 done"},
     });
 }
 
@@ -152,31 +143,29 @@ TEST_F(Catalogue_and_runs_test, families_come_from_tables_and_the_example_does_a
     script_model("if [ $name = 00003.tvn ] && mkdir failed 2>/dev/null; then exit 7; fi",
                  "Generated_scenarios");
     expect({
-        {"printf 'name;salt.1;simulation.starting_date\na;0.5;1996-02-30\nb;much;\n' >t.csv; "
-         "tvs_project generate Irrigation_study --table t.csv | cut -f 1-3",
-         0, "2\tsimulation.starting_date\terror\n3\tsalt.1\terror\n",
+        {"printf 'name;salt.1;simulation.starting_date\na;0.5;1996-02-30\nb;much;\n' >t.csv; tvs_project "
+         "generate Irrigation_study --table t.csv | cut -f 1-3",
+         "2\tsimulation.starting_date\terror\n3\tsalt.1\terror\n", 0,
          "Nothing was written: the table has 2 faults."},
         {"printf 'name,salt.1\na,0.5\nb,\n' >t.csv; tvs_project generate Irrigation_study --table t.csv | "
-         "head -2; "
-         "tvs_project get Irrigation_study salt.1 --all --generated",
-         0, "generated\t2\nreplaced\t0\na\tsalt.1\t0.5\tdS/m\nb\tsalt.1\t0\tdS/m\n", ""},
+         "head -2; tvs_project get Irrigation_study salt.1 --all --generated",
+         "generated\t2\nreplaced\t0\na\tsalt.1\t0.5\tdS/m\nb\tsalt.1\t0\tdS/m\n"},
         // Doubts are told whatever is done; what could not be written was not replaced.
         {"printf 'name,salt.1\na,45\nb,\n' >t.csv; tvs_project generate Irrigation_study --table t.csv | "
          "head -2",
-         0, "generated\t2\nreplaced\t2\n", "Row 2, column salt.1: "},
+         "generated\t2\nreplaced\t2\n", 0, "Row 2, column salt.1: "},
         {"printf 'name,salt.1\na,much\n' >f.csv; ln -sf /proc/version "
-         "Irrigation_study/Generated_scenarios/b.tvn; "
-         "for call in 't.csv --count' 't.csv --no-backup' f.csv; do tvs_project generate Irrigation_study "
-         "--table "
-         "$call --json 2>/dev/null | python3 -c 'import json, sys; print(*(told if type(told) is int else "
-         "len(told) for key, told in json.load(sys.stdin).items() if key != \"folder\"))'; done; rm "
+         "Irrigation_study/Generated_scenarios/b.tvn; for call in 't.csv --count' 't.csv --no-backup' f.csv; "
+         "do tvs_project generate Irrigation_study --table $call --json 2>/dev/null | python3 -c 'import "
+         "json, sys; print(*(told if type(told) is int "
+         "else len(told) for key, told in json.load(sys.stdin).items() if key != \"folder\"))'; done; rm "
          "Irrigation_study/Generated_scenarios/b.tvn",
-         0, "0 2 2 0 0 1 0\n1 1 2 0 0 1 1\n0 0 1 1 1 0 0\n", ""},
-        {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null", 0, "", ""},
-        {"mkdir -p Irrigation_study/Generated_scenarios/0000{1..8}/Output", 0, "", ""},
+         "0 2 2 0 0 1 0\n1 1 2 0 0 1 1\n0 0 1 1 1 0 0\n"},
+        {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null"},
+        {"mkdir -p Irrigation_study/Generated_scenarios/0000{1..8}/Output"},
         {"bash '" EXAMPLES "/family_overnight.sh' Irrigation_study 2 | cut -f 1,2 | sed -n '1p;3p;8p'; "
          "tvs_project status Irrigation_study | sed -n 2p",
-         0, "00001\tdone\n00003\tdone\n00008\tdone\nruns\t1 of 1 done\n", "7 of 8 done, 1 failed"},
+         "00001\tdone\n00003\tdone\n00008\tdone\nruns\t1 of 1 done\n", 0, "7 of 8 done, 1 failed"},
     });
 }
 

@@ -7,98 +7,89 @@ using Command_line_test = Example_journey;
 
 TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change_nothing) {
     expect_unchanged({
-        {"tvs_project", 2, "", "A subcommand is required"},
-        {"tvs_project lits Irrigation_study", 2, "", "There is no command 'lits'."},
-        {"tvs_project check Irrigation_study --suite /nowhere", 3, "", "There is no folder '/nowhere'"},
-        {"tvs_project get Irrigation_study.tvp 'nothing.*'", 1, "", "There is no setting 'nothing.*'"},
-        {"tvs_project list", 2, "", "Try 'tvs_project list --help'."},
-        {"tvs_project list no_such_study", 3, "", "There is no project 'no_such_study'."},
+        {"tvs_project", "", 2, "A subcommand is required"},
+        {"tvs_project lits Irrigation_study", "", 2, "There is no command 'lits'."},
+        {"tvs_project check Irrigation_study --suite /nowhere", "", 3, "There is no folder '/nowhere'"},
+        {"tvs_project get Irrigation_study.tvp 'nothing.*'", "", 1, "There is no setting 'nothing.*'"},
+        {"tvs_project list", "", 2, "Try 'tvs_project list --help'."},
+        {"tvs_project list no_such_study", "", 3, "There is no project 'no_such_study'."},
         // What is no project is not made one by a save.
-        {"tvs_project new Irrigation_study/notes.txt a --activate", 3, "", "is no project"},
-        {"tvs_project new Irrigation_study/Scenarios/base.tvn a --activate", 3, "", "is no project"},
-        {"tvs_project delete Irrigation_study --where 'scenario.description=W*'", 2, "", "or --all"},
-        {"tvs_project delete Irrigation_study --all --where no.key=1", 1, "", "Nothing was done."},
-        {"tvs_project list Irrigation_study --where salinity", 2, "", "is no condition such as"},
-        {"tvs_project list Irrigation_study 'nothing*'", 1, "",
+        {"tvs_project new Irrigation_study/notes.txt a --activate", "", 3, "is no project"},
+        {"tvs_project new Irrigation_study/Scenarios/base.tvn a --activate", "", 3, "is no project"},
+        {"tvs_project delete Irrigation_study --where 'scenario.description=W*'", "", 2, "or --all"},
+        {"tvs_project delete Irrigation_study --all --where no.key=1", "", 1, "Nothing was done."},
+        {"tvs_project list Irrigation_study --where salinity", "", 2, "is no condition such as"},
+        {"tvs_project list Irrigation_study 'nothing*'", "", 1,
          "No scenario matches 'nothing*'. Nothing was done."},
-        {"tvs_project reset Irrigation_study --from base --boxes CO2", 2, "",
+        {"tvs_project reset Irrigation_study --from base --boxes CO2", "", 2,
          "their names, wildcards, or --all"},
-        {"tvs_project reset Irrigation_study --from base --boxes CO2 --all plateau", 2, "", "not both"},
-        {"tvs_project reset Irrigation_study --from base --boxes weather --all", 2, "",
+        {"tvs_project reset Irrigation_study --from base --boxes CO2 --all plateau", "", 2, "not both"},
+        {"tvs_project reset Irrigation_study --from base --boxes weather --all", "", 2,
          "--boxes: weather not in"},
-        {"tvs_project reset Irrigation_study --from 'p*' --boxes CO2 base 'none*'", 1, "",
+        {"tvs_project reset Irrigation_study --from 'p*' --boxes CO2 base 'none*'", "", 1,
          "No scenario matches"},
-        {"tvs_project set Irrigation_study.tvp analysis=true", 2, "", "is no assignment such as"},
-        {"tvs_project set Irrigation_study.tvp project.description=$'\\u0416'", 2, "", "records cannot hold"},
-        {"tvs_project get none.tvn", 3, "", "There is no record 'none.tvn'."},
-        {"tvs_project get Irrigation_study.tvp project.no", 1, "", "There is no setting 'project.no'"},
-        {"tvs_project diff Irrigation_study.tvp none.tvp", 3, "", "none.tvp"},
-        {"tvs_project convert Irrigation_study/notes.txt", 3,
-         "Irrigation_study/notes.txt\tfailed\tRecords of this kind of file are not known.\n",
+        {"tvs_project set Irrigation_study.tvp analysis=true", "", 2, "is no assignment such as"},
+        {"tvs_project set Irrigation_study.tvp project.description=$'\\u0416'", "", 2, "records cannot hold"},
+        {"tvs_project get none.tvn", "", 3, "There is no record 'none.tvn'."},
+        {"tvs_project get Irrigation_study.tvp project.no", "", 1, "There is no setting 'project.no'"},
+        {"tvs_project diff Irrigation_study.tvp none.tvp", "", 3, "none.tvp"},
+        {"tvs_project convert Irrigation_study/notes.txt",
+         "Irrigation_study/notes.txt\tfailed\tRecords of this kind of file are not known.\n", 3,
          "1 of 1 failed"},
-        {"tvs_project check Irrigation_study >/dev/full", 0, "", ""},
-        {"tvs_project list Irrigation_study >/dev/full", 3, "", "No space left on device"},
+        {"tvs_project check Irrigation_study >/dev/full"},
+        {"tvs_project list Irrigation_study >/dev/full", "", 3, "No space left on device"},
         // A reader that goes early ends the command quietly.
-        {"set -o pipefail; tvs_project get Irrigation_study --all | head -1 >/dev/null", 0, "", ""},
-        {"set -o pipefail; tvs_project get Irrigation_study --all --json | true", 0, "", ""},
+        {"set -o pipefail; tvs_project get Irrigation_study --all | head -1 >/dev/null"},
+        {"set -o pipefail; tvs_project get Irrigation_study --all --json | true"},
     });
 }
 
 TEST_F(Command_line_test, what_reports_tells_it_to_people_and_to_programs_and_changes_nothing) {
     const std::string base = "Irrigation_study/Scenarios/base.tvn";
     expect_unchanged({
-        {"tvs_project info Irrigation_study | sed -n '3p;5,6p;8,9p'", 0,
+        {"tvs_project info Irrigation_study | sed -n '3p;5,6p;8,9p'",
          "type\tTilverra\nmodel\tC:\\Program Files\\TVS_suite\\Tilverra\\tilverra_5.exe\n"
-         "template\tScenarios\\base.tvn\nscenarios\t5\ngenerated\t0\n",
-         ""},
+         "template\tScenarios\\base.tvn\nscenarios\t5\ngenerated\t0\n"},
         {"tvs_project info 'C:\\Simulation\\Projects\\irrigation_STUDY.tvp' --json | grep -c 'Ca\u00f1ada "
          "del R'",
-         0, "1\n", ""},
-        {"tvs_project list Irrigation_study.tvp 'P*' base | cut -f 1-3", 0,
+         "1\n"},
+        {"tvs_project list Irrigation_study.tvp 'P*' base | cut -f 1-3",
          "base\tnever run\tWinter wheat, deficit irrigation\nplateau\tnever run\tWheat, barley and pea, "
-         "deficit irrigation, "
-         "plateau\n",
-         ""},
+         "deficit irrigation, plateau\n"},
         {"tvs_project list Irrigation_study Irrigation_study/Scenarios/rainfed.tvn --json | cut -d , -f 1,2",
-         0, "[\n  {\"name\":\"rainfed\",\"state\":\"never run\"\n]\n", ""},
-        {"tvs_project list Irrigation_study --where 'event:1.enabled=false' | cut -f 1", 0, "rainfed\n", ""},
-        {"tvs_project list Irrigation_study --generated --json", 0, "[]\n", ""},
-        {"tvs_project check Irrigation_study", 0, "", ""},
-        {"tvs_project check Irrigation_study --json", 0, "[]\n", ""},
-        {"tvs_project generate Irrigation_study --count", 0, "count\t8\nreplaced\t0\n", ""},
-        {"tvs_project get " + base + " simulation.ending_date", 0, "2001-12-31\n", ""},
-        {"tvs_project get Irrigation_study 'leach*' --scenarios 'r*'", 0,
-         "rainfed\tleaching_observation.mode\tbottom\t\nrainfed\tleaching_observation.depth\t0\tm\n", ""},
-        {"tvs_project get " + base + " leaching_observation.mode --json", 0,
+         "[\n  {\"name\":\"rainfed\",\"state\":\"never run\"\n]\n"},
+        {"tvs_project list Irrigation_study --where 'event:1.enabled=false' | cut -f 1", "rainfed\n"},
+        {"tvs_project list Irrigation_study --generated --json", "[]\n"},
+        {"tvs_project check Irrigation_study"},
+        {"tvs_project check Irrigation_study --json", "[]\n"},
+        {"tvs_project generate Irrigation_study --count", "count\t8\nreplaced\t0\n"},
+        {"tvs_project get " + base + " simulation.ending_date", "2001-12-31\n"},
+        {"tvs_project get Irrigation_study 'leach*' --scenarios 'r*'",
+         "rainfed\tleaching_observation.mode\tbottom\t\nrainfed\tleaching_observation.depth\t0\tm\n"},
+        {"tvs_project get " + base + " leaching_observation.mode --json",
          "[\n  {\"scenario\":\"base.tvn\",\"section\":\"leaching_observation\",\"key\":\"mode\",\"setting\":"
          "\"leaching_observation.mode\",\"value\":\"bottom\",\"unit\":\"\",\"caption\":\"\",\"kind\":"
          "\"choice\","
          "\"known\":true,\"in_file\":true,\"range\":null,\"choices\":[\"bottom\",\"specified\"],\"reason\":"
-         "null}\n]\n",
-         ""},
-        {"cd Irrigation_study/Scenarios; tvs_project diff base.tvn rainfed.tvn", 1,
+         "null}\n]\n"},
+        {"cd Irrigation_study/Scenarios; tvs_project diff base.tvn rainfed.tvn",
          "scenario.description\tWinter wheat, deficit irrigation\tWinter wheat, rainfed\n"
          "event:1.enabled\ttrue\tfalse\n",
-         ""},
-        {"cd Irrigation_study/Scenarios; tvs_project diff base.tvn base.tvn", 0, "", ""},
-        {"cd Irrigation_study/Scenarios; tvs_project diff rainfed.tvn base.tvn base.tvn --json | head -2", 0,
+         1},
+        {"cd Irrigation_study/Scenarios; tvs_project diff base.tvn base.tvn"},
+        {"cd Irrigation_study/Scenarios; tvs_project diff rainfed.tvn base.tvn base.tvn --json | head -2",
          "[\n  {\"setting\":\"scenario.description\",\"first\":\"Winter wheat, rainfed\",\"second\":\"Winter "
-         "wheat, "
-         "deficit irrigation\",\"common\":\"Winter wheat, deficit "
-         "irrigation\",\"changed_by\":\"first\",\"known\":"
-         "true},\n",
-         ""},
-        {"tvs_project --version | cut -d ' ' -f 1", 0, "tvs_project\n", ""},
+         "wheat, deficit irrigation\",\"common\":\"Winter wheat, deficit "
+         "irrigation\",\"changed_by\":\"first\",\"known\":true},\n"},
+        {"tvs_project --version | cut -d ' ' -f 1", "tvs_project\n"},
         // On a terminal: a table that fits, with a header; no colours where none are wanted.
         {"COLUMNS=60 script -qec 'stty cols 60; tvs_project list Irrigation_study base plateau' /dev/null | "
          "tr -d '\\r' | cut -c 1-38",
-         0,
          "NAME     STATE      DESCRIPTION   CHAN\nbase     never run  Winter whea\u2026  20\nplateau  never "
-         "run  Wheat, barl\u2026  20\n",
-         ""},
+         "run  Wheat, barl\u2026  20\n"},
         {"NO_COLOR=1 script -qec 'tvs_project set Irrigation_study CO2.enable=5 --all --dry-run' /dev/null | "
          "grep -c \"$(printf '\\033.3')\"",
-         1, "0\n", ""},
+         "0\n", 1},
     });
 }
 
@@ -108,61 +99,52 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
     expect({
         {"tvs_project set Irrigation_study submodels.salinity=on simulation.ending_date=1996-12-31 "
          "--scenarios base",
-         0,
          "base\tsubmodels.salinity\tfalse\ton\tdone\t\n"
-         "base\tsimulation.ending_date\t2001-12-31\t1996-12-31\tdone\t\n",
-         ""},
+         "base\tsimulation.ending_date\t2001-12-31\t1996-12-31\tdone\t\n"},
         // One refusal, and nothing of that file is written.
-        {"tvs_project set Irrigation_study salt.1=1 salt.2=much --scenarios 'pl*'", 1,
+        {"tvs_project set Irrigation_study salt.1=1 salt.2=much --scenarios 'pl*'",
          "plateau\tsalt.1\t0\t1\tleft\t\n"
          "plateau\tsalt.2\t0\tmuch\trefused\tThe value must be a number such as 12 or 0.25.\n",
-         "1 of 1 failed: plateau"},
+         1, "1 of 1 failed: plateau"},
         // What cannot be written does not end the work on the others.
         {"chmod a-w Irrigation_study/Scenarios/base.tvn; tvs_project set Irrigation_study CO2.enable=1 --all "
          "| grep -e base -e rainfed",
-         0,
          "base\tCO2.enable\tfalse\t1\tfailed\tThe file is read-only.\n"
          "rainfed\tCO2.enable\tfalse\t1\tdone\t\n",
-         "1 of 5 failed: base"},
-        {"tvs_project reset Irrigation_study --from rainfed --boxes CO2 base 'cl*' rainfed", 3,
+         0, "1 of 5 failed: base"},
+        {"tvs_project reset Irrigation_study --from rainfed --boxes CO2 base 'cl*' rainfed",
          "rainfed\tskipped\tIt is the scenario that is copied from.\nbase\tfailed\tThe file is "
          "read-only.\nclay soil\tdone\t\n",
-         "1 of 3 failed: base"},
-        {"chmod u+w Irrigation_study/Scenarios/base.tvn; tvs_project generate Irrigation_study | tail -4", 0,
+         3, "1 of 3 failed: base"},
+        {"chmod u+w Irrigation_study/Scenarios/base.tvn; tvs_project generate Irrigation_study | tail -4",
          "Winter wheat, deficit irrigation silt loam.sil valley.XEB wheat-fallow.rot "
          "wet.TVS_init\ngenerated\t8\nreplaced\t0\n"
-         "folder\tC:\\Simulation\\Projects\\Irrigation_study\\Generated_scenarios\n",
-         ""},
-        {"tvs_project list Irrigation_study --generated 0000? | wc -l", 0, "8\n", ""},
-        {"tvs_project generate Irrigation_study --json | head -3", 0,
-         "{\n  \"generated\": 8,\n  \"replaced\": 8,\n", ""},
-        {"tvs_project compare Irrigation_study base rainfed", 1, "", "has no output. Run it first."},
+         "folder\tC:\\Simulation\\Projects\\Irrigation_study\\Generated_scenarios\n"},
+        {"tvs_project list Irrigation_study --generated 0000? | wc -l", "8\n"},
+        {"tvs_project generate Irrigation_study --json | head -3",
+         "{\n  \"generated\": 8,\n  \"replaced\": 8,\n"},
+        {"tvs_project compare Irrigation_study base rainfed", "", 1, "has no output. Run it first."},
         {"cd Irrigation_study; for scenario in base rainfed; do tilverra_5.exe ../Irrigation_study.tvp "
-         "'C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\'$scenario.tvn; done >/dev/null",
-         0, "", ""},
-        {"tvs_project compare Irrigation_study base rainfed plateau base", 1,
+         "'C:\\Simulation\\Projects\\Irrigation_study\\Scenarios\\'$scenario.tvn; done >/dev/null"},
+        {"tvs_project compare Irrigation_study base rainfed plateau base",
          "base\tskipped\tIt is the scenario itself.\nplateau\tfailed\tIt has no output. Run it first.\n"
          "rainfed\tdone\tbase vs rainfed\n",
-         "1 of 3 failed: plateau"},
-        {"test -f 'Irrigation_study/scenario_comparison/base vs rainfed/Output/season.xeb'", 0, "", ""},
+         1, "1 of 3 failed: plateau"},
+        {"test -f 'Irrigation_study/scenario_comparison/base vs rainfed/Output/season.xeb'"},
         // No pair is done once a pair has failed.
         {"rm '../../Program Files/TVS_suite/XEB/compare.exe'; cp -R "
-         "Irrigation_study/Scenarios/{rainfed,plateau}; "
-         "tvs_project compare Irrigation_study base rainfed plateau | cut -f 1,2",
-         0, "plateau\tfailed\nrainfed\tfailed\n", "2 of 2 failed: plateau, rainfed"},
+         "Irrigation_study/Scenarios/{rainfed,plateau}; tvs_project compare Irrigation_study base rainfed "
+         "plateau | cut -f 1,2",
+         "plateau\tfailed\nrainfed\tfailed\n", 0, "2 of 2 failed: plateau, rainfed"},
         {"cd '../../Program Files/TVS_suite/XEB'; printf '#!/bin/sh\\nexit 3\\n' >compare.exe; chmod +x "
-         "compare.exe; "
-         "cd - >pwd; tvs_project compare Irrigation_study base rainfed",
-         1, "rainfed\tfailed\tThe comparing program ended with exit code 3.\n", "1 of 1 failed"},
-        {"cd Irrigation_study/Import; tvs_project convert *.sim; tvs_project convert *.sim; "
-         "tvs_project get *.sim parameter_filenames.soil; ls",
-         0,
+         "compare.exe; cd - >pwd; tvs_project compare Irrigation_study base rainfed",
+         "rainfed\tfailed\tThe comparing program ended with exit code 3.\n", 1, "1 of 1 failed"},
+        {"cd Irrigation_study/Import; tvs_project convert *.sim; tvs_project convert *.sim; tvs_project get "
+         "*.sim parameter_filenames.soil; ls",
          "spring barley 1985.sim\tdone\tThe old file is kept as "
-         "C:\\Simulation\\Projects\\Irrigation_study\\Import\\"
-         "spring barley 1985.sim.bak.\n"
+         "C:\\Simulation\\Projects\\Irrigation_study\\Import\\spring barley 1985.sim.bak.\n"
          "spring barley 1985.sim\tunchanged\tIt is in the present spelling already.\n"
-         "palouse.sil\nspring barley 1985.sim\nspring barley 1985.sim.bak\n",
-         ""},
+         "palouse.sil\nspring barley 1985.sim\nspring barley 1985.sim.bak\n"},
     });
     std::string expected = base;
     expected.replace(expected.find("salinity=false"), 14, "salinity=true");
@@ -176,34 +158,32 @@ TEST_F(Command_line_test, what_changes_scenarios_changes_what_was_asked_and_noth
 
 TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_programs) {
     expect({
-        {"tvs_project new Irrigation_study a --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n", ""},
-        {"tvs_project copy Irrigation_study base b --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n", ""},
-        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"spring barley 1985\",\"outcome\":\"done\"\n]\n", ""},
-        {"tvs_project delete Irrigation_study a --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n", ""},
-        {"tvs_project reset Irrigation_study --from base --boxes CO2 b --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n", ""},
-        {"tvs_project set Irrigation_study CO2.enable=1 --scenarios b --json | cut -d , -f 1,2", 0,
-         "[\n  {\"scenario\":\"b\",\"setting\":\"CO2.enable\"\n]\n", ""},
+        {"tvs_project new Irrigation_study a --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n"},
+        {"tvs_project copy Irrigation_study base b --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n"},
+        {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"spring barley 1985\",\"outcome\":\"done\"\n]\n"},
+        {"tvs_project delete Irrigation_study a --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"a\",\"outcome\":\"done\"\n]\n"},
+        {"tvs_project reset Irrigation_study --from base --boxes CO2 b --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"b\",\"outcome\":\"done\"\n]\n"},
+        {"tvs_project set Irrigation_study CO2.enable=1 --scenarios b --json | cut -d , -f 1,2",
+         "[\n  {\"scenario\":\"b\",\"setting\":\"CO2.enable\"\n]\n"},
         {"echo '[weather_tool]' >>Irrigation_study/Scenarios/b.tvn; echo seed=1 "
          ">>Irrigation_study/Scenarios/b.tvn; tvs_project check Irrigation_study b --json | cut -d , -f 1,2",
-         0, "[\n  {\"scenario\":\"b\",\"weight\":\"warning\"\n]\n", ""},
+         "[\n  {\"scenario\":\"b\",\"weight\":\"warning\"\n]\n"},
         // What cannot be read is a row too.
         {"mkfifo Irrigation_study/Scenarios/pipe.tvn; tvs_project set Irrigation_study CO2.enable=1 "
-         "--scenarios "
-         "pipe --json | grep -c 'failed.*cannot be read'; tvs_project get Irrigation_study CO2.enable none.x "
-         "--scenarios pipe --scenarios b "
-         "--json "
-         "| python3 -c 'import json, sys; print([(row[\"scenario\"], row[\"setting\"], row[\"reason\"] and "
-         "row[\"reason\"][:8]) for row in json.load(sys.stdin)])'",
-         0, "1\n[('b', 'none.x', 'There is'), ('b', 'CO2.enable', None), ('pipe', None, 'The file')]\n",
+         "--scenarios pipe --json | grep -c 'failed.*cannot be read'; tvs_project get Irrigation_study "
+         "CO2.enable none.x --scenarios pipe --scenarios b --json | python3 -c 'import json, sys; "
+         "print([(row[\"scenario\"], "
+         "row[\"setting\"], row[\"reason\"] and row[\"reason\"][:8]) for row in json.load(sys.stdin)])'",
+         "1\n[('b', 'none.x', 'There is'), ('b', 'CO2.enable', None), ('pipe', None, 'The file')]\n", 0,
          "1 of 1 failed: pipe"},
         {"tvs_project copy Irrigation_study pipe c; ls Irrigation_study/Scenarios/c*; rm "
          "Irrigation_study/Scenarios/pipe.tvn",
-         0, "c\tfailed\tThe scenario to copy is no regular file.\nIrrigation_study/Scenarios/clay soil.tvn\n",
+         "c\tfailed\tThe scenario to copy is no regular file.\nIrrigation_study/Scenarios/clay soil.tvn\n", 0,
          "1 of 1 failed: c"},
     });
 }
@@ -213,32 +193,30 @@ TEST_F(Command_line_test, an_old_record_keeps_all_that_it_told_in_the_present_sp
                  "[simulation]\nsoil_filename=a.sil\nours=1\n[scenario]\nevent_count=2\n[event_2]\nID=b\n"
                  "sync=after_flowering\n[event_1]\nID=a\n[weather_tool]\nseed=1\n");
     expect({
-        {"tvs_project check Irrigation_study base; tvs_project convert old.tvn", 0,
-         "old.tvn\tdone\tThe old file is kept as C:\\Simulation\\Projects\\old.tvn.bak.\n", ""},
+        {"tvs_project check Irrigation_study base; tvs_project convert old.tvn",
+         "old.tvn\tdone\tThe old file is kept as C:\\Simulation\\Projects\\old.tvn.bak.\n"},
         {"for key in scenario.event:count event:1.ID event:2.ID event:2.sync parameter_filenames.soil "
          "simulation.ours weather_tool.seed version.major; do tvs_project get old.tvn $key; done; grep -c "
          "soil_filename old.tvn",
-         1, "2\na\nb\nafter_flowering\na.sil\n1\n1\n4\n0\n", ""},
+         "2\na\nb\nafter_flowering\na.sil\n1\n1\n4\n0\n", 1},
     });
 }
 
 TEST_F(Command_line_test, completions_and_manual_come_from_what_the_commands_say) {
     expect({
         {"eval \"$(tvs_project completion bash)\"; COMP_WORDS=(tvs_project reset study --boxes s); "
-         "COMP_CWORD=4; "
-         "_tvs_project; echo ${COMPREPLY[*]}",
-         0, "submodels soil_profile soil_N\n", ""},
+         "COMP_CWORD=4; _tvs_project; echo ${COMPREPLY[*]}",
+         "submodels soil_profile soil_N\n"},
         {"eval \"$(tvs_project completion bash)\"; COMP_WORDS=(tvs_project ge); COMP_CWORD=1; _tvs_project; "
          "echo ${COMPREPLY[*]}",
-         0, "generate get\n", ""},
-        {"tvs_project completion zsh | grep -c -e '--generated\\['", 0, "8\n", ""},
-        {"tvs_project manual | grep -c '^## '", 0, "19\n", ""},
-        {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'", 0,
+         "generate get\n"},
+        {"tvs_project completion zsh | grep -c -e '--generated\\['", "8\n"},
+        {"tvs_project manual | grep -c '^## '", "19\n"},
+        {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'",
          "- `--boxes {submodels,CO2,output,soil_profile,residue,organic_matter,manure,soil_N}`: What to "
-         "copy, with "
-         "commas between\n## diff A B \\[C]\n    tvs_project diff Scenarios/base.tvn Scenarios/rainfed.tvn\n"
-         "    tvs_project diff 'plot 1.tvn' 'plot 2.tvn' template.tvn\n",
-         ""},
+         "copy, with commas between\n## diff A B \\[C]\n    tvs_project diff Scenarios/base.tvn "
+         "Scenarios/rainfed.tvn\n"
+         "    tvs_project diff 'plot 1.tvn' 'plot 2.tvn' template.tvn\n"},
     });
 }
 

@@ -17,13 +17,13 @@ protected:
         std::string err;
     };
 
-    // A call, and what is to come of it: the whole output, and what the errors must tell ("" for none at
-    // all).
+    // A call, and what is to come of it: the whole output, the exit code, and what the errors must tell (""
+    // for none at all).
     struct Call {
         std::string command;
-        int code;
-        std::string out;
-        const char* err;
+        std::string out = "";
+        int code = 0;
+        const char* err = "";
     };
 
     void SetUp() override {

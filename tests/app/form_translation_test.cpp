@@ -8,9 +8,9 @@
 #include "app/scenario_table_form.h"
 #include "editing/auto_calendar.h"
 #include "editing/window_translator.h"
+#include "support/worded.h"
 #include "toolkit/check_box.h"
 #include "toolkit/mnemonics.h"
-#include "toolkit/screen_language.h"
 #include "translation/translation_files.h"
 
 #include <set>
@@ -33,27 +33,6 @@ bool is_caption(const TControl& control) {
     default: return false;
     }
 }
-
-// Words menus in a language while it lives.
-class Words : public Screen_language {
-public:
-    Words(const TESK::Translations_phrases& phrases, std::string language)
-        : phrases_(phrases), language_(std::move(language)) {
-        current_screen_language = this;
-    }
-    Words(const Words&) = delete;
-    Words& operator=(const Words&) = delete;
-    ~Words() override { current_screen_language = nullptr; }
-    std::string wording(const std::string& text) const override {
-        const TESK::Ustring* found = phrases_.find_translation(text, language_);
-        return found == nullptr ? text : std::string(*found);
-    }
-    void prepare(TForm&) override {}
-
-private:
-    const TESK::Translations_phrases& phrases_;
-    std::string language_;
-};
 
 class Form_translation : public Project_test, public testing::WithParamInterface<Tilverra_project_type> {
 protected:
@@ -92,7 +71,10 @@ protected:
     // language.
     void expect_all_told(TControl& shown) {
         for (const char* language : {"es", "fr", "ru", ""}) {
-            const Words words(phrases, language);
+            const Worded words([&](const std::string& text) {
+                const TESK::Ustring* found = phrases.find_translation(text, language);
+                return found == nullptr ? text : std::string(*found);
+            });
             show_in_language(shown, language, phrases);
             EXPECT_EQ(colliding_mnemonics(shown), std::vector<std::string>()) << language;
         }

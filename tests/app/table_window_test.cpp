@@ -1,32 +1,17 @@
 #include "project_support.h"
-
-#include <cstdint>
+#include "support/dbase_bytes.h"
 
 namespace {
 
 // A table with a number and a text in each row, whose header tells of `more` rows that are not there.
-std::string table_of(const std::vector<std::pair<std::string, std::string>>& rows, std::uint32_t more = 0) {
-    const auto in_bytes = [](std::uint32_t value, int bytes) {
-        std::string text;
-        for (int i = 0; i < bytes; ++i)
-            text += static_cast<char>(value >> 8 * i & 0xFF);
-        return text;
-    };
-    const auto padded = [](std::string text, std::size_t length) {
-        text.resize(length, ' ');
-        return text;
-    };
-    const auto field = [&](const std::string& name, char type, int length) {
-        std::string text = name + std::string(11 - name.size(), '\0') + type + std::string(4, '\0');
-        text += static_cast<char>(length);
-        return text + std::string(32 - text.size(), '\0');
-    };
-    const auto count = static_cast<std::uint32_t>(rows.size()) + more;
-    std::string file = std::string("\3\x64\1\1", 4) + in_bytes(count, 4) + in_bytes(97, 2) + in_bytes(15, 2);
-    file += std::string(20, '\0') + field("YIELD", 'N', 6) + field("SOIL", 'C', 8) + '\r';
-    for (const auto& [number, text] : rows)
-        file += ' ' + padded(number, 6) + padded(text, 8);
-    return file;
+std::string table_of(const std::vector<std::pair<std::string, std::string>>& rows, int more = 0) {
+    std::string bytes;
+    for (auto [number, text] : rows) {
+        number.resize(6, ' ');
+        text.resize(8, ' ');
+        bytes += ' ' + number + text;
+    }
+    return table_bytes({{"YIELD", 'N', 6}, {"SOIL", 'C', 8}}, bytes, static_cast<int>(rows.size()) + more);
 }
 
 class Table_window_test : public Project_test {

@@ -1,10 +1,10 @@
 #include "desktop_qt/shown.h"
 #include "support/temporary_folder.h"
+#include "support/worded.h"
 #include "toolkit/button.h"
 #include "toolkit/edit.h"
 #include "toolkit/list_box.h"
 #include "toolkit/page_control.h"
-#include "toolkit/screen_language.h"
 #include "toolkit/timer.h"
 
 #include <QtCore/QTimer>
@@ -183,16 +183,10 @@ TEST_F(Desktop_windows, messages_are_answered_by_button_and_dismissed_mildly) {
 }
 
 TEST_F(Desktop_windows, messages_and_qts_own_menus_speak_the_language_and_the_native_one_again) {
-    struct Words : Screen_language {
-        Words() { current_screen_language = this; }
-        ~Words() override { current_screen_language = nullptr; }
-        std::string wording(const std::string& text) const override { return text == "&Yes" ? "&Sim" : text; }
-        void prepare(TForm&) override {}
-    };
     const auto copies = [] { return QCoreApplication::translate("QWidgetTextControl", "&Copy"); };
     const QString native = copies();
     {
-        const Words words;
+        const Worded words([](const std::string& text) { return text == "&Yes" ? "&Sim" : text; });
         then_with<QMessageBox>([](QMessageBox& box) {
             EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "&Sim");
             box.button(QMessageBox::No)->click();

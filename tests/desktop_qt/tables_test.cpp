@@ -1,7 +1,7 @@
 #include "desktop_qt/views_support.h"
 #include "support/sample_rows.h"
+#include "support/worded.h"
 #include "toolkit/descriptor_watch.h"
-#include "toolkit/screen_language.h"
 #include "toolkit/splitter.h"
 
 #include <unistd.h>
@@ -211,19 +211,14 @@ TEST_F(Table_views, a_menu_bar_opens_brought_up_to_date_and_its_shortcuts_work) 
     can_save = true;
     QTest::keyClick(&widget(edit), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(log_, "save ");
-    struct French : Screen_language {
-        std::string wording(const std::string& text) const override {
-            return text == "&Save" ? "En&registrer" : text == "&File" ? "&Fichier" : text;
-        }
-        void prepare(TForm&) override {}
-    } french;
-    current_screen_language = &french;
+    const Worded french([](const std::string& text) {
+        return text == "&Save" ? "En&registrer" : text == "&File" ? "&Fichier" : text;
+    });
     EXPECT_TRUE(menu.refresh_words());
     EXPECT_EQ(bar.actions()[0]->text(), "&Fichier");
     QMenu& again = *bar.actions()[0]->menu();
     emit again.aboutToShow();
     EXPECT_EQ(again.actions()[0]->text(), "En&registrer\tCtrl+S");
-    current_screen_language = nullptr;
     QMenu& language = *again.actions()[2]->menu();
     EXPECT_TRUE(language.actions()[0]->isChecked());
     language.actions()[0]->trigger();

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -61,16 +60,8 @@ protected:
     std::string failure_of_download(const std::string& remote, const std::string& local) {
         return client.download(remote, "C:\\here\\" + local).failure;
     }
-    // The names in the folder that is downloaded into, host entries that no list shows included.
-    std::string entries() {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(drives.host("here")))
-            names.insert(entry.path().filename());
-        std::string all;
-        for (const std::string& name : names)
-            all += name + " ";
-        return all;
-    }
+    // What is in the folder that is downloaded into.
+    std::string entries() const { return entries_of(drives.host("here")); }
 
     Temporary_drives drives;
     Environment_guard no_proxy{"no_proxy", "127.0.0.1"};

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -43,15 +42,7 @@ protected:
         return scenario;
     }
     // The entries of a folder below c:, each with a blank.
-    std::string entries(const std::string& path) const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(drives.host(path)))
-            names.insert(entry.path().filename());
-        std::string text;
-        for (const std::string& name : names)
-            text += name + ' ';
-        return text;
-    }
+    std::string entries(const std::string& path) const { return entries_of(drives.host(path)); }
     void write_overlays() {
         drives.write("p/Database/initialization/1 water/dry.TVS_init", "[H2O]\n1=0.1\n");
         drives.write("p/Database/initialization/1 water/wet.tvs_INIT", "[H2O]\n2=0.4\n");

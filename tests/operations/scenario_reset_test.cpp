@@ -1,11 +1,7 @@
 #include "operations/scenario_reset.h"
 
-#include "model/tilverra_scenario.h"
-#include "records/vv_file.h"
+#include "model/scenario_support.h"
 #include "records/vv_text.h"
-#include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>
@@ -14,7 +10,7 @@ namespace {
 
 using Findings = std::map<std::string, std::string>;
 
-class Scenario_reset_test : public testing::Test {
+class Scenario_reset_test : public Scenario_test {
 protected:
     // Resets a file of the text from another, with the boxes of the captions ticked. Gives what it holds
     // then.
@@ -61,10 +57,6 @@ protected:
                 << text;
         }
     }
-    static std::string sample(const std::string& name) {
-        std::ifstream in(std::string(TEST_DATA "/") + name, std::ios::binary);
-        return (std::ostringstream() << in.rdbuf()).str();
-    }
     // The headers of a file, run together.
     static std::string headers(const std::string& text) {
         std::istringstream lines(text);
@@ -74,20 +66,11 @@ protected:
                 result += line.substr(0, line.find(']') + 1);
         return result;
     }
-    // The lines of a section.
-    static std::string section(const std::string& text, const std::string& name) {
-        const std::size_t start = text.find("[" + name + "]\r\n");
-        return start == std::string::npos
-                   ? ""
-                   : (text + "[").substr(start, (text + "[").find("\r\n[", start) - start);
-    }
-
-    Temporary_folder folder;
 };
 
 TEST_F(Scenario_reset_test, a_target_of_which_nothing_is_replaced_keeps_all_that_a_reader_finds) {
     for (const std::string& text :
-         {sample("base.tvn"), sample("version3.sim"),
+         {contents("base.tvn"), contents("version3.sim"),
           std::string(
               "stray\nevent:count=2\n[other]\nb=1\na= x \n[event:1]\nID=one\nunknown=1\n"
               "[event:2]\nID=two\nperiod_repetitions=3\nnote=kept\n[event:3]\nID=none\n[H2O]\n1=0.5\n99="
@@ -143,7 +126,7 @@ TEST_F(Scenario_reset_test, a_section_that_does_not_stand_in_the_source_leaves_t
     std::vector<std::string> all;
     for (const Reset_box& box : reset_boxes)
         all.emplace_back(box.caption);
-    const std::string target = sample("base.tvn");
+    const std::string target = contents("base.tvn");
     const std::string untouched = reset("", target, {});
     EXPECT_EQ(reset("[scenario]\n[h2o]\n1=9\n[Output]\nx=1\n", target, all), untouched);
     // An old file tells its residue elsewhere: it has no such section.

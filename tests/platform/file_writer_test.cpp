@@ -22,10 +22,6 @@ class file_writer : public testing::Test {
 protected:
     file_writer() { drives.write("file", "old text"); }
 
-    // The number of entries in a host folder, those that no listing shows included.
-    static long entries_in(const std::string& folder) {
-        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-    }
     std::string rescue_folder() const { return drives.user_data() + "/tilverra/rescue"; }
     static mode_t mode_of(const std::string& path) {
         struct stat state {};
@@ -60,7 +56,7 @@ TEST_F(file_writer, replaces_the_contents_and_keeps_the_permissions) {
     EXPECT_TRUE(write_file("new", "x", Durability::quick).ok());
     umask(old_mask);
     EXPECT_EQ(mode_of(drives.host("new")), 0640U);
-    EXPECT_EQ(entries_in(drives.host()), 2);
+    EXPECT_EQ(count_entries(drives.host()), 2);
 }
 
 TEST_F(file_writer, writes_the_target_of_a_link) {
@@ -93,7 +89,7 @@ TEST_F(file_writer, refuses_what_is_no_writable_file) {
     }
     EXPECT_EQ(write_file(std::string(300, 'n'), "x", Durability::quick).error, Write_error::bad_name);
     EXPECT_EQ(drives.read("file"), "old text");
-    EXPECT_EQ(entries_in(drives.host()), 3);
+    EXPECT_EQ(count_entries(drives.host()), 3);
 }
 
 TEST_F(file_writer, a_fault_at_any_step_leaves_the_old_file_and_nothing_beside_it) {
@@ -116,7 +112,7 @@ TEST_F(file_writer, a_fault_at_any_step_leaves_the_old_file_and_nothing_beside_i
             EXPECT_EQ(write_file("other", "new text", Durability::durable).error, error);
             EXPECT_FALSE(exists("other"));
         }
-        EXPECT_EQ(entries_in(drives.host()), 1);
+        EXPECT_EQ(count_entries(drives.host()), 1);
         faults.clear();
         EXPECT_TRUE(write_file("file", "old text", Durability::durable).ok());
     }
@@ -151,8 +147,8 @@ TEST_F(file_writer, a_file_that_cannot_be_replaced_is_written_in_place) {
         EXPECT_EQ(drives.read("file"), "in place");
         EXPECT_EQ(write_file("new", "x", Durability::durable).error, Write_error::no_permission);
     }
-    EXPECT_EQ(entries_in(drives.host()), 1);
-    EXPECT_EQ(entries_in(rescue_folder()), 0);
+    EXPECT_EQ(count_entries(drives.host()), 1);
+    EXPECT_EQ(count_entries(rescue_folder()), 0);
 }
 
 TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their_copy) {
@@ -167,7 +163,7 @@ TEST_F(file_writer, a_fault_in_place_brings_the_old_contents_back_or_keeps_their
         faults.fail(step, ENOSPC, after_bytes);
         EXPECT_EQ(write_file("file", contents, Durability::durable).error, Write_error::no_space);
         EXPECT_EQ(drives.read("twin"), "old text");
-        EXPECT_EQ(entries_in(rescue_folder()), 0);
+        EXPECT_EQ(count_entries(rescue_folder()), 0);
     }
     File_faults faults;
     faults.fail(Write_step::write_in_place, EIO, 2);
@@ -192,7 +188,7 @@ TEST_F(file_writer, what_killed_saves_left_is_cleared_unless_somebody_holds_it) 
     flock(held, LOCK_EX);
     EXPECT_TRUE(write_file("sub\\x", "text", Durability::quick).ok());
     // A link cannot be held; this one is too young to be left behind.
-    EXPECT_EQ(entries_in(drives.host("sub")), 4);
+    EXPECT_EQ(count_entries(drives.host("sub")), 4);
     EXPECT_TRUE(fs::exists(unfinished("000000000002")) && fs::exists(unfinished("00000000000x")));
     close(held);
 }
@@ -211,7 +207,7 @@ TEST_F(file_writer, the_contents_before_an_interrupted_save_are_found_and_brough
     };
     const auto is_aside = [&](bool expected) {
         EXPECT_EQ(interrupted_save("file").has_value(), expected);
-        EXPECT_EQ(entries_in(rescue_folder()), expected ? 2 : 0);
+        EXPECT_EQ(count_entries(rescue_folder()), expected ? 2 : 0);
     };
     damage();
     EXPECT_FALSE(interrupted_save("other"));

@@ -1,6 +1,5 @@
 #include "platform/host_names.h"
 
-#include "platform/current_directory.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "platform/listing.h"

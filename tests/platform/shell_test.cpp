@@ -31,10 +31,6 @@ struct Desktop_shell : testing::Test {
         std::ifstream file(host_path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    static std::size_t entries_in(const std::string& host_folder) {
-        std::error_code error;
-        return std::distance(fs::directory_iterator(host_folder, error), fs::directory_iterator());
-    }
     // The shortcuts and what they lead to.
     static std::string recent_list() {
         std::string list;
@@ -125,8 +121,8 @@ TEST_F(Desktop_shell, what_is_recycled_can_be_restored) {
     EXPECT_TRUE(is_file("C:\\My data\\Sub\\deep.txt"));
     EXPECT_TRUE(shell().recycle("C:\\My data"));
     EXPECT_EQ(contents(trash("files/My data/Sub/deep.txt")), "deep");
-    EXPECT_EQ(entries_in(trash("files")), 4u);
-    EXPECT_EQ(entries_in(trash("info")), 3u);
+    EXPECT_EQ(count_entries(trash("files")), 4);
+    EXPECT_EQ(count_entries(trash("info")), 3);
     EXPECT_EQ(fs::status(trash("info")).permissions(), fs::perms::owner_all);
 }
 
@@ -144,12 +140,12 @@ TEST_F(Desktop_shell, many_go_to_the_trash_in_order_until_the_user_says_stop) {
         EXPECT_EQ(moved[i], i >= 3 && i < 103) << names[i];
         EXPECT_EQ(is_file(names[i]), i >= 103) << names[i];
     }
-    EXPECT_EQ(entries_in(trash("info")), 100u);
-    EXPECT_EQ(entries_in(trash("files")), 100u);
+    EXPECT_EQ(count_entries(trash("info")), 100);
+    EXPECT_EQ(count_entries(trash("files")), 100);
     File_faults faults;
     faults.fail(Write_step::flush, EIO);
     EXPECT_EQ(shell().recycle_all(names, nullptr), std::vector<bool>(names.size(), false));
-    EXPECT_EQ(entries_in(trash("info")), 100u);
+    EXPECT_EQ(count_entries(trash("info")), 100);
 }
 
 TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {
@@ -161,7 +157,7 @@ TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {
         File_faults faults;
         faults.fail(Write_step::write, ENOSPC);
         EXPECT_FALSE(shell().recycle("C:\\file.txt"));
-        EXPECT_EQ(entries_in(trash("info")), 0u);
+        EXPECT_EQ(count_entries(trash("info")), 0);
     }
     user.write("not a folder", "");
     user.set("XDG_DATA_HOME", user.home("not a folder/data"));
@@ -173,7 +169,7 @@ TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {
     user.set("XDG_DATA_HOME", drives.host("Home/data"));
     EXPECT_FALSE(shell().recycle("C:\\Home"));
     EXPECT_TRUE(is_file("C:\\Home\\file.txt"));
-    EXPECT_EQ(entries_in(drives.host("Home/data/Trash/info")), 0u);
+    EXPECT_EQ(count_entries(drives.host("Home/data/Trash/info")), 0);
 }
 
 TEST_F(Desktop_shell, another_file_system_has_a_trash_of_its_own) {

@@ -5,7 +5,24 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
+
+// The names of what is in a folder of the host, in their order, each with a blank behind it.
+inline std::string entries_of(const std::string& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.insert(entry.path().filename());
+    std::string text;
+    for (const std::string& name : names)
+        text += name + ' ';
+    return text;
+}
+// How many there are, those that no listing shows included; 0 where there is no folder.
+inline long count_entries(const std::string& folder) {
+    std::error_code error;
+    return std::distance(std::filesystem::directory_iterator(folder, error), {});
+}
 
 class Temporary_tree {
 public:

@@ -1,5 +1,6 @@
 #include "tables/dbase_data_source.h"
 
+#include "support/dbase_bytes.h"
 #include "support/temporary_folder.h"
 #include "temporal/date.h"
 
@@ -40,32 +41,6 @@ struct Open_table {
     TESK::Binary_file_fstream file;
     dBase_data_source source;
 };
-
-// A table file put together byte by byte.
-struct Column {
-    const char* name;
-    char type;
-    int length;
-};
-std::string table(const std::vector<Column>& columns, const std::string& rows, int count,
-                  int header_extra = 1, const char* end = "\r") {
-    const int header = static_cast<int>(columns.size()) * 32 + 32 + header_extra;
-    int row = 1;
-    std::string descriptors;
-    for (const Column& c : columns) {
-        std::string d = c.name;
-        d.resize(11);
-        (d += c.type).resize(16);
-        (d += static_cast<char>(c.length)).resize(32);
-        descriptors += d;
-        row += c.length;
-    }
-    const auto low = [](int v) { return std::string{static_cast<char>(v), static_cast<char>(v >> 8)}; };
-    std::string text = "\x03\x7C\x01\x01" + low(count) + std::string(2, '\0') + low(header) + low(row);
-    text.resize(32);
-    (text += descriptors + end).resize(static_cast<std::size_t>(header));
-    return text + rows;
-}
 
 // The named fields of every row that a walk from the first one meets, "|" between them.
 Texts walk(const std::string& name, const Texts& names, bool show_deleted = false) {
@@ -133,7 +108,7 @@ TEST_F(Dbase_test, a_row_fetched_is_the_row_stored_and_goes_back_into_its_place)
 
 TEST_F(Dbase_test, a_new_record_is_added_behind_the_rows_of_a_table_that_exists) {
     const std::string name =
-        folder.write("soils.dbf", table({{"COUNT", 'N', 4}, {"SOIL_NAME", 'C', 3}}, "   12abc\x1A", 1));
+        folder.write("soils.dbf", table_bytes({{"COUNT", 'N', 4}, {"SOIL_NAME", 'C', 3}}, "   12abc\x1A", 1));
     Row row("silt");
     row.count = -7;
     EXPECT_TRUE(Open_table(name).source.set(row));
@@ -143,7 +118,7 @@ TEST_F(Dbase_test, a_new_record_is_added_behind_the_rows_of_a_table_that_exists)
 
 TEST_F(Dbase_test, names_are_found_by_their_first_eleven_or_ten_characters_in_any_case) {
     const std::string name = folder.write(
-        "t.dbf", table({{"ELEVEN_CHAR", 'C', 1}, {"ten_charac", 'C', 1}, {"S_N", 'C', 1}}, " abc", 1));
+        "t.dbf", table_bytes({{"ELEVEN_CHAR", 'C', 1}, {"ten_charac", 'C', 1}, {"S_N", 'C', 1}}, " abc", 1));
     EXPECT_EQ(walk(name, {"eleven_characters", "ten_characters", "TEN_CHARAC", "s n"}), Texts{"a|b|b|c|"});
     Open_table open(name);
     ASSERT_TRUE(open.source.goto_first());
@@ -151,7 +126,7 @@ TEST_F(Dbase_test, names_are_found_by_their_first_eleven_or_ten_characters_in_an
 }
 
 TEST_F(Dbase_test, deleted_rows_are_passed_over_unless_shown) {
-    const std::string name = folder.write("t.dbf", table({{"A", 'C', 1}}, "*1 2*3 4*5", 5));
+    const std::string name = folder.write("t.dbf", table_bytes({{"A", 'C', 1}}, "*1 2*3 4*5", 5));
     EXPECT_EQ(walk(name, {"A"}), (Texts{"2|", "4|"}));
     EXPECT_EQ(walk(name, {"A"}, true).size(), 5U);
     Open_table open(name);
@@ -169,15 +144,15 @@ TEST_F(Dbase_test, tables_of_other_writers_are_read_whatever_they_leave_out) {
     const std::vector<Column> columns = {{"a", 'C', 1}, {"b", 'N', 3}};
     // what it is, its bytes, its fields and its rows
     const std::tuple<const char*, std::string, std::size_t, std::size_t> cases[] = {
-        {"no terminator", table(columns, " x 12", 1, 0, ""), 2, 1},
-        {"a longer header", table(columns, " x 12", 1, 264), 2, 1},
-        {"more rows counted than written", table(columns, " x 12 y  7", 1000), 2, 2},
-        {"the last row broken off", table(columns, " x 12 y ", 2), 2, 1},
-        {"an end-of-file byte", table(columns, " x 12\x1A", 1), 2, 1},
-        {"no fields", table({}, "", 0), 0, 0},
-        {"a field of 255", table({{"a", 'C', 255}}, " " + std::string(255, 'z'), 1), 1, 1},
-        {"memo", table({{"M", 'M', 10}}, "          5", 1), 1, 1},
-        {"a header broken off", table(columns, "", 1).substr(0, 50), 0, 0},
+        {"no terminator", table_bytes(columns, " x 12", 1, 0, ""), 2, 1},
+        {"a longer header", table_bytes(columns, " x 12", 1, 264), 2, 1},
+        {"more rows counted than written", table_bytes(columns, " x 12 y  7", 1000), 2, 2},
+        {"the last row broken off", table_bytes(columns, " x 12 y ", 2), 2, 1},
+        {"an end-of-file byte", table_bytes(columns, " x 12\x1A", 1), 2, 1},
+        {"no fields", table_bytes({}, "", 0), 0, 0},
+        {"a field of 255", table_bytes({{"a", 'C', 255}}, " " + std::string(255, 'z'), 1), 1, 1},
+        {"memo", table_bytes({{"M", 'M', 10}}, "          5", 1), 1, 1},
+        {"a header broken off", table_bytes(columns, "", 1).substr(0, 50), 0, 0},
         {"broken off in the header", std::string("\x03\x7C\x01", 3), 0, 0},
         {"version 0", std::string(200, '\0'), 0, 0},
         {"junk", std::string(500, '\xFF'), 14, 0}};
@@ -192,8 +167,8 @@ TEST_F(Dbase_test, tables_of_other_writers_are_read_whatever_they_leave_out) {
 }
 
 TEST_F(Dbase_test, blank_and_overflown_fields_read_as_nothing_and_absent_ones_are_left) {
-    Open_table open(folder.write("t.dbf", table({{"COUNT", 'N', 4}, {"DAY", 'D', 8}, {"USED", 'L', 1}},
-                                                "             ? ****20000609T", 2)));
+    Open_table open(folder.write("t.dbf", table_bytes({{"COUNT", 'N', 4}, {"DAY", 'D', 8}, {"USED", 'L', 1}},
+                                                      "             ? ****20000609T", 2)));
     Row row;
     ASSERT_TRUE(open.source.get_first(row));
     EXPECT_EQ(row.count, 0);
@@ -207,13 +182,14 @@ TEST_F(Dbase_test, blank_and_overflown_fields_read_as_nothing_and_absent_ones_ar
 }
 
 TEST_F(Dbase_test, what_holds_rows_or_is_no_table_is_not_overwritten_with_one) {
-    const std::string no_fields = folder.write("none.dbf", table({}, "", 0));
+    const std::string no_fields = folder.write("none.dbf", table_bytes({}, "", 0));
     Row row("loam");
     EXPECT_TRUE(Open_table(no_fields).source.set(row));
     EXPECT_EQ(walk(no_fields, {"soil name"}), Texts{"loam        |"});
 
     make({"silt"});
-    for (const std::string& bytes : {std::string(100, '\0'), table({}, "   ", 3), folder.read("new.dbf")}) {
+    for (const std::string& bytes :
+         {std::string(100, '\0'), table_bytes({}, "   ", 3), folder.read("new.dbf")}) {
         Open_table open(folder.write("t.dbf", bytes));
         Row other;
         other.expect_structure(true);

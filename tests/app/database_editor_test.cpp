@@ -1,6 +1,5 @@
 #include "app/database_editor_form.h"
 #include "editing/record_folders.h"
-#include "platform/current_directory.h"
 #include "platform/shell.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
@@ -294,27 +293,22 @@ TEST_F(Statsgo, the_selected_states_are_downloaded_in_the_order_of_the_list_and_
 TEST_F(Statsgo, a_failure_is_told_and_ends_the_work_with_the_connection_open) {
     click("install_button"); // nothing is selected yet
     EXPECT_EQ(transfer.asked, connection + "disconnect\n");
-    struct Case {
-        const char* failing;
-        std::string asked;
-        int ticks;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, int> cases[] = {
         {"connect", connection, 0},
         {"get /pub/statsgo/dos/arc/data/AL", connection + get_line("AL"), 0},
         {"get /pub/statsgo/dos/arc/data/DC", connection + get_line("AL") + get_line("DC"), 1},
     };
     states().select_lines({state("AL Alabama"), state("DC District of Columbia"), state("WY Wyoming")});
-    for (const Case& c : cases) {
-        transfer.failing = c.failing;
+    for (const auto& [failing, asked, ticks] : cases) {
+        transfer.failing = failing;
         transfer.asked.clear();
         states().set_all_checked(false);
-        if (c.ticks > 0)
+        if (ticks > 0)
             desktop.expect_message("", unzip_hint);
         desktop.expect_message("", "The server does not answer.");
         click("install_button");
-        EXPECT_EQ(transfer.asked, c.asked);
-        EXPECT_EQ(states().checked_count(), c.ticks) << c.failing;
+        EXPECT_EQ(transfer.asked, asked);
+        EXPECT_EQ(states().checked_count(), ticks) << failing;
     }
 }
 

@@ -6,7 +6,6 @@
 #include "trees/program_directory.h"
 #include "trees/suite_directory.h"
 
-#include <filesystem>
 #include <sstream>
 
 namespace {

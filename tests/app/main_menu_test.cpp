@@ -78,19 +78,14 @@ TEST_F(Project_test, each_entry_of_the_menu_is_disabled_for_a_reason_of_its_own)
     activate("Scenarios\\gone.tvn");
     created().set_item_index(-1);
     TMainMenu& bar = *form.menu.bar;
-    struct Case {
-        const char* menu;
-        const char* text;
-        const char* hint;
-    };
-    for (const Case& c : std::initializer_list<Case>{
-             {"Scenario", "Open in the scenario editor", "Choose a scenario in the list first."},
-             {"View", "Statistical tallies",
-              "Tick Perform statistical analysis on the page Run, and the page appears."},
-             {"View", "Optimization models", ""}}) {
-        const Menu_item& item = entry(bar, c.menu, c.text);
-        EXPECT_EQ(item.hint, c.hint) << c.text;
-        EXPECT_EQ(item.enabled, item.hint.empty()) << c.text;
+    for (const auto& [menu, text, hint] :
+         {std::tuple("Scenario", "Open in the scenario editor", "Choose a scenario in the list first."),
+          {"View", "Statistical tallies",
+           "Tick Perform statistical analysis on the page Run, and the page appears."},
+          {"View", "Optimization models", ""}}) {
+        const Menu_item& item = entry(bar, menu, text);
+        EXPECT_EQ(item.hint, hint) << text;
+        EXPECT_EQ(item.enabled, item.hint.empty()) << text;
     }
     EXPECT_TRUE(bar.choose("View|GIS"));
     EXPECT_TRUE(form.GIS.GIS_tabsheet.usable());

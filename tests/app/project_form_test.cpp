@@ -90,12 +90,20 @@ TEST_F(Workspace, statistics_show_their_page_with_a_word_and_the_model_type_butt
     EXPECT_FALSE(form.options.show_GIS_button.visible());
 }
 
-TEST_F(Workspace, a_map_is_run_when_both_its_table_and_the_template_are_there) {
+TEST_F(Workspace,
+       a_map_is_run_when_both_its_table_and_the_template_are_there_and_attributes_by_their_checks) {
     copy_data("fields.dbf", "projects/study/fields.dbf");
     open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
     record->active_scenario = "Scenarios\\base.tvn";
     record->GIS_parameters.coverage_PAT_filename = "fields.dbf";
+    record->GIS_parameters.uniform_soil_proile_mapped = false;
     form.Update();
+    EXPECT_FALSE(form.GIS.GIS_soil_sand_combo.visible());
+    EXPECT_TRUE(press(form.GIS.uniform_soil_profile_mapped_check));
+    for (TControl* combo :
+         {&form.GIS.GIS_soil_sand_combo, &form.GIS.GIS_soil_clay_combo, &form.GIS.GIS_soil_depth_combo})
+        EXPECT_TRUE(combo->visible());
+    EXPECT_TRUE(record->GIS_parameters.uniform_soil_proile_mapped);
     EXPECT_TRUE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
     EXPECT_GT(form.GIS.GIS_soil_combo.items().size(), 1u);
     EXPECT_EQ(form.GIS.MUID_found_note.visible(),
@@ -115,20 +123,6 @@ TEST_F(Workspace, a_map_is_run_when_both_its_table_and_the_template_are_there) {
     form.GIS.GIS_coverage_filebar_onchange();
     EXPECT_FALSE(form.GIS.GIS_PAT_fields_pagecontrol.visible());
     EXPECT_TRUE(form.GIS.GIS_soil_combo.items().empty());
-}
-
-TEST_F(Workspace, an_attribute_is_offered_while_its_check_is_on) {
-    copy_data("fields.dbf", "projects/study/fields.dbf");
-    open("C:\\projects\\study.tvp", Tilverra_project_type::gis);
-    record->GIS_parameters.coverage_PAT_filename = "fields.dbf";
-    record->GIS_parameters.uniform_soil_proile_mapped = false;
-    form.Update();
-    EXPECT_FALSE(form.GIS.GIS_soil_sand_combo.visible());
-    EXPECT_TRUE(press(form.GIS.uniform_soil_profile_mapped_check));
-    for (TControl* combo :
-         {&form.GIS.GIS_soil_sand_combo, &form.GIS.GIS_soil_clay_combo, &form.GIS.GIS_soil_depth_combo})
-        EXPECT_TRUE(combo->visible());
-    EXPECT_TRUE(record->GIS_parameters.uniform_soil_proile_mapped);
 }
 
 TEST_F(Workspace, the_tally_lists_bind_the_words_of_the_line_chosen) {

@@ -5,14 +5,12 @@
 #include "app/tilverra_project_form.h"
 #include "editing/record_folders.h"
 #include "model/simulation_paths.h"
-#include "platform/current_directory.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 #include "support/test_desktop.h"
 #include "trees/suite_directory.h"
 
-#include <filesystem>
 #include <memory>
 
 class Project_test : public testing::Test {
@@ -59,11 +57,10 @@ protected:
         form.Update();
     }
     void expect_batch(Modal_result answer) {
-        desktop.expect_message(
-            "Sequential batch run",
-            "Multiple scenarios were selected, these will need to be run sequentially. the "
-            "project editor will be suspended during the runs. Continue?",
-            answer);
+        desktop.expect_message("Sequential batch run",
+                               "Multiple scenarios were selected, these will need to be run sequentially. "
+                               "the project editor will be suspended during the runs. Continue?",
+                               answer);
     }
     // The question whether to go on although the project could not be saved; the answer is no.
     void expect_failed_save() {
@@ -93,11 +90,7 @@ protected:
         return control.click();
     }
     // The commands started since this was last asked.
-    std::string started() {
-        std::string commands;
-        std::swap(commands, launcher.started);
-        return commands;
-    }
+    std::string started() { return std::exchange(launcher.started, ""); }
     TFileCheckListBox& created() { return form.scenarios.lists.created_scenarios_filelistbox; }
     std::string lines(const TListBox& list) const {
         std::string text;

@@ -90,9 +90,8 @@ TEST_F(Runs_page_test, closing_asks_what_is_to_become_of_runs_and_a_stopped_set_
     created().check(2);
     EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
     wait_until([&] { return runs() == "running wet ;"; });
-    const char* const question =
-        "Runs are still at work beside the editor. Stop them? ([No] lets them go on, and they "
-        "are found again at the next start)";
+    const char* const question = "Runs are still at work beside the editor. Stop them? ([No] lets them go "
+                                 "on, and they are found again at the next start)";
     desktop.expect_message("Runs at work", question, Modal_result::cancel);
     parameter_form.cancel_button.click();
     EXPECT_TRUE(parameter_form.visible());

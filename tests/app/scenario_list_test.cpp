@@ -1,7 +1,6 @@
 #include "project_support.h"
 #include "toolkit/screen_memory.h"
 
-#include <algorithm>
 #include <map>
 
 namespace {
@@ -78,8 +77,9 @@ TEST_F(Scenario_list_test, a_scenario_is_renamed_and_duplicated_from_its_menu) {
     EXPECT_TRUE(table().table.select_row(1));
     const auto names_it = [](const char* new_name) {
         return [new_name](TForm& asks) {
-            retype(static_cast<TEdit&>(*asks.find("new_scenario_name_edit")), new_name);
-            static_cast<TButton&>(*asks.find("ok_button")).click();
+            auto& edit = static_cast<TEdit&>(*asks.find("new_scenario_name_edit"));
+            retype(edit, new_name);
+            edit.key({Key_code::enter, ""});
         };
     };
     desktop.expect_menu("Rename...");
@@ -102,7 +102,9 @@ TEST_F(Scenario_list_test, keys_on_a_line_do_what_its_menu_offers) {
     const auto letter = [&](const char* text, bool shift = false) {
         EXPECT_TRUE(table().table.key({Key_code::character, text, shift, true}));
     };
-    const auto cancels = [](TForm& asks) { static_cast<TButton&>(*asks.find("cancel_button")).click(); };
+    const auto cancels = [](TForm& asks) {
+        static_cast<TEdit&>(*asks.find("new_scenario_name_edit")).key({Key_code::escape, ""});
+    };
     EXPECT_TRUE(table().table.select_row(2));
     started();
     press_key(Key_code::enter);

@@ -200,9 +200,8 @@ TEST_F(Comparisons, what_cannot_be_compared_is_told) {
     desktop.expect_message(
         title, "The active scenario does not appear to have been run. Run the active scenario now?",
         Modal_result::yes);
-    desktop.expect_message(
-        title, "It is not possible to perform the comparison because there is no output folder for "
-               "the active scenario.");
+    desktop.expect_message(title, "It is not possible to perform the comparison because there is no output "
+                                  "folder for the active scenario.");
     expect_nothing_compared();
     EXPECT_TRUE(press_compare());
     EXPECT_NE(started().find("tilverra_5.exe"), std::string::npos);

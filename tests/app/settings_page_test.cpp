@@ -38,6 +38,17 @@ protected:
         return -1;
     }
 
+    // Applies the settings, with what is told of those that cannot be.
+    void apply(int files, const std::string& told = "") {
+        desktop.expect_message("Apply settings",
+                               "Files that will be changed: " + std::to_string(files) +
+                                   ". They are put aside first. Go on?",
+                               Modal_result::ok);
+        if (!told.empty())
+            desktop.expect_message("Settings not applied", told);
+        EXPECT_TRUE(page.settings_apply_button.click());
+    }
+
     static constexpr int first = Setting_rows::first_scenario;
     Settings_page& page = form.settings;
 };
@@ -64,10 +75,7 @@ TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_EQ(row_of("field.size"), "12.5;14.25!;12.5;") << "what is wanted is not read away";
     page.settings_table.click_cell(1, first + 1);
     EXPECT_TRUE(page.settings_give_to_all_button.click());
-    desktop.expect_message("Apply settings",
-                           "Files that will be changed: 3. They are put aside first. Go on?",
-                           Modal_result::ok);
-    EXPECT_TRUE(page.settings_apply_button.click());
+    apply(3);
     EXPECT_FALSE(page.settings_apply_button.enabled());
     std::string expected = dry;
     expected.replace(expected.find("size=12.5000000000"), 18, "size=14.2500000000");
@@ -118,13 +126,9 @@ TEST_F(Settings_page_test, edits_dates_and_files_by_their_dialogs_and_shows_all_
     std::filesystem::remove(drives.host(path("wet")));
     page.settings_table.click_cell(find("cropping_system.rotation"), first + 1);
     EXPECT_TRUE(page.settings_give_to_all_button.click());
-    desktop.expect_message("Apply settings",
-                           "Files that will be changed: 3. They are put aside first. Go on?",
-                           Modal_result::ok);
-    desktop.expect_message("Settings not applied",
-                           "Files that could not be dealt with: 1\nC:\\projects\\study\\Scenarios\\wet.tvn: "
-                           "There is no file C:\\projects\\study\\Scenarios\\wet.tvn.\n");
-    EXPECT_TRUE(page.settings_apply_button.click());
+    apply(3,
+          "Files that could not be dealt with: 1\nC:\\projects\\study\\Scenarios\\wet.tvn: There is no file "
+          "C:\\projects\\study\\Scenarios\\wet.tvn.\n");
     EXPECT_NE(scenario("dry").find("rotation=oats.rot"), std::string::npos);
     EXPECT_NE(row_of("cropping_system.rotation").find(";oats.rot;oats.rot!;"), std::string::npos)
         << row_of("cropping_system.rotation");
@@ -159,10 +163,7 @@ TEST_F(Settings_page_test, tells_who_changed_what_of_the_template_and_leaves_alo
     EXPECT_TRUE(page.settings_give_to_all_button.click());
     EXPECT_EQ(row_of("field.size"), "12.5;12.5;13!;13!;");
     EXPECT_EQ(changed_by("field.size"), "dry, wet (alike)");
-    desktop.expect_message("Apply settings",
-                           "Files that will be changed: 1. They are put aside first. Go on?",
-                           Modal_result::ok);
-    EXPECT_TRUE(page.settings_apply_button.click());
+    apply(1);
     EXPECT_NE(scenario("wet").find("size=13.0000000000"), std::string::npos);
     EXPECT_EQ(row_of("field.size"), "12.5;12.5;13!;13!;");
 }

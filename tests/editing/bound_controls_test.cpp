@@ -84,14 +84,8 @@ TEST_F(Bound_controls, a_choice_that_is_left_brings_its_value_and_its_holder_alo
 }
 
 TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {
-    struct Case {
-        const char* typed;
-        const char* real_text;
-        float real;
-        const char* whole_text;
-        int whole;
-    };
-    const Case cases[] = {
+    // What is typed, and what an edit makes of it for a real number and for a whole one.
+    const std::tuple<const char*, const char*, float, const char*, int> cases[] = {
         {"1-2.3.4", "12.34", 12.34F, "1234", 1234},
         {"-", "-", 0, "-", 0},
         {"-1.5", "-1.5", -1.5F, "-15", -15},
@@ -112,13 +106,13 @@ TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {
     whole_edit.bind_to(&whole, nullptr);
     EXPECT_EQ(real_edit.text(), "1.2");
     EXPECT_EQ(whole_edit.text(), "9");
-    for (const Case& c : cases) {
-        retype(real_edit, c.typed);
-        EXPECT_EQ(real_edit.text(), c.real_text) << c.typed;
-        EXPECT_FLOAT_EQ(real, c.real) << c.typed;
-        retype(whole_edit, c.typed);
-        EXPECT_EQ(whole_edit.text(), c.whole_text) << c.typed;
-        EXPECT_EQ(whole, c.whole) << c.typed;
+    for (const auto& [typed, real_text, real_value, whole_text, whole_value] : cases) {
+        retype(real_edit, typed);
+        EXPECT_EQ(real_edit.text(), real_text) << typed;
+        EXPECT_FLOAT_EQ(real, real_value) << typed;
+        retype(whole_edit, typed);
+        EXPECT_EQ(whole_edit.text(), whole_text) << typed;
+        EXPECT_EQ(whole, whole_value) << typed;
         EXPECT_GE(real_edit.caret(), 0);
     }
     elsewhere.focus();

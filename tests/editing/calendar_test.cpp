@@ -32,6 +32,10 @@ User type(const char* edit, const std::string& text) {
     };
 }
 
+User key(Key_code code) {
+    return [=](TAutoCalendar_form& calendar) { EXPECT_TRUE(calendar.year_intedit.key({code, {}})); };
+}
+
 User pick(int day) {
     return [=](TAutoCalendar_form& calendar) { EXPECT_TRUE(calendar.DOM_calendar.pick(day)); };
 }
@@ -79,13 +83,7 @@ protected:
 
 TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
     const std::int32_t today = Date().date_num;
-    struct Case {
-        const char* what;
-        std::int32_t before;
-        User user;
-        std::int32_t after;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::int32_t, User, std::int32_t> cases[] = {
         {"today", 1999001, press("today_button"), today},
         {"no date", 1999001, press("nodate_button"), 0},
         {"a month keeps the day", 2000015, press("dec_button"), 2000350},
@@ -97,11 +95,7 @@ TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
         {"a decade", 1999100, spin("decade_updown", true), 2009100},
         {"a century", 1999100, spin("century_updown", false), 1899100},
         {"a millennium", 1999100, spin("millenia_updown", true), 2999100},
-        {"a decade down by its key", 1999100,
-         [](TAutoCalendar_form& calendar) {
-             EXPECT_TRUE(calendar.year_intedit.key({Key_code::page_down, {}}));
-         },
-         1989100},
+        {"a decade down by its key", 1999100, key(Key_code::page_down), 1989100},
         {"across year 0", 5100, spin("decade_updown", false), -5100},
         {"the last year", 32767001, spin("year_updown", true), 32767001},
         {"beyond the last year", 32000001, spin("millenia_updown", true), 32767001},
@@ -131,11 +125,11 @@ TEST_F(Calendar, takes_every_action_into_the_date_at_once) {
         {"a year that the edit cannot hold, looked at", 99999001,
          [](TAutoCalendar_form& calendar) { EXPECT_TRUE(calendar.day_of_year_intedit.focus()); }, 99999001},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        Date date(c.before);
-        edit(date, c.user);
-        EXPECT_EQ(date.date_num, c.after);
+    for (const auto& [what, before, user, after] : cases) {
+        SCOPED_TRACE(what);
+        Date date(before);
+        edit(date, user);
+        EXPECT_EQ(date.date_num, after);
     }
 }
 
@@ -143,9 +137,7 @@ TEST_F(Calendar, gives_the_date_back_unless_it_ends_by_ok) {
     const User ends[] = {
         press("cancel_button"),
         [](TAutoCalendar_form& calendar) { EXPECT_TRUE(calendar.close()); },
-        [](TAutoCalendar_form& calendar) {
-            EXPECT_TRUE(calendar.year_intedit.key({Key_code::escape, {}}));
-        },
+        key(Key_code::escape),
     };
     const User works[] = {press("nodate_button"), press("today_button"), type("year_intedit", "7"),
                           type("day_of_year_intedit", "9"), pick(3)};

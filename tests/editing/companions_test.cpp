@@ -1,7 +1,4 @@
 #include "frame_support.h"
-#include "platform/file_writer.h"
-
-#include <cerrno>
 
 namespace {
 

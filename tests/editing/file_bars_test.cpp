@@ -3,7 +3,6 @@
 #include "editing/sim_database_edit_bars.h"
 #include "editing/view_file_button.h"
 #include "names/typed_filenames.h"
-#include "platform/current_directory.h"
 #include "platform/file_writer.h"
 #include "support/launcher_record.h"
 #include "support/temporary_drives.h"
@@ -196,10 +195,9 @@ TEST_F(Database_bars, a_new_file_is_put_into_the_level_and_its_editor_started) {
                       Directory_name(""));
     arbitrary.file_editbar.set_edit_program(&program, "Edit");
     launcher.started.clear();
-    desktop.expect_message(
-        "Folder must be selected",
-        "Use the [Select] button to select a folder and filename for the file to be created, then "
-        "click [Edit/Create] again.");
+    desktop.expect_message("Folder must be selected",
+                           "Use the [Select] button to select a folder and filename for the file to be "
+                           "created, then click [Edit/Create] again.");
     EXPECT_TRUE(arbitrary.edit_create_button.click());
     EXPECT_EQ(launcher.started, "\"C:\\S\\crop_editor.exe\" \"rye.crp\"  [1]\n");
 }

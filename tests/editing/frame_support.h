@@ -3,7 +3,6 @@
 
 #include "editing/parameter_file_form.h"
 #include "model/project_editor_parameters.h"
-#include "platform/host_names.h"
 #include "platform/shell.h"
 #include "support/failing_step.h"
 #include "support/launcher_record.h"
@@ -12,7 +11,6 @@
 #include "support/test_desktop.h"
 #include "translation/translation_files.h"
 
-#include <filesystem>
 #include <sstream>
 
 constexpr const char* unable =
@@ -62,35 +60,31 @@ protected:
 
     bool bind(const std::string& file = study, bool given = true) {
         name = file;
-        Tparameter_file_form::Editor editor;
-        editor.form = &panel;
-        editor.parameters = &record;
-        editor.panel = &panel;
-        editor.file_name = &name;
-        editor.file_given = given;
-        editor.other_masks = "*.TVS_project";
-        editor.file_selector = &selector;
-        editor.user_settings_file = &settings_folder;
-        if (!form.bind_to(editor))
-            return false;
-        form.show();
-        return true;
+        const bool is_bound = form.bind_to(editor(&panel, given));
+        if (is_bound)
+            form.show();
+        return is_bound;
+    }
+    // The record with its controls, as the frame is handed it.
+    Tparameter_file_form::Editor editor(TControl* shown, bool given = true) {
+        return {.form = shown,
+                .parameters = &record,
+                .panel = shown,
+                .file_name = &name,
+                .file_given = given,
+                .other_masks = "*.TVS_project",
+                .file_selector = &selector,
+                .help_folder = "",
+                .user_settings_file = &settings_folder};
     }
     // Binds another frame to a file of the record, without a panel.
     bool bind_again(Tparameter_file_form& frame, const std::string& file = study) {
         name = file;
-        Tparameter_file_form::Editor editor;
-        editor.parameters = &record;
-        editor.file_name = &name;
-        editor.file_given = true;
-        editor.user_settings_file = &settings_folder;
-        return frame.bind_to(editor);
+        return frame.bind_to(editor(nullptr));
     }
     // Binds the frame to a record that has no file yet.
     void bind_loose() {
-        Tparameter_file_form::Editor editor;
-        editor.parameters = &loose;
-        ASSERT_TRUE(form.bind_to(editor));
+        ASSERT_TRUE(form.bind_to({.parameters = &loose, .other_masks = "", .help_folder = ""}));
         form.show();
     }
     void describe(const std::string& text) { retype(form.edit_description, text); }

@@ -1,7 +1,5 @@
 #include "frame_support.h"
 
-#include "translation/translation_files.h"
-
 #include <algorithm>
 
 namespace {
@@ -26,16 +24,10 @@ protected:
         name = "C:\\work\\study.tvp";
     }
     void bind_with_phrases(Tparameter_file_form& frame) {
-        Tparameter_file_form::Editor editor;
-        editor.form = &concrete;
-        editor.parameters = &record;
-        editor.panel = &inside;
-        editor.file_name = &name;
-        editor.file_given = !name.ends_with("noname.tvp");
-        editor.file_selector = &selector;
-        editor.user_settings_file = &settings_folder;
-        editor.phrases = &phrases;
-        ASSERT_TRUE(frame.bind_to(editor));
+        Tparameter_file_form::Editor offered = editor(&inside, !name.ends_with("noname.tvp"));
+        offered.form = &concrete;
+        offered.phrases = &phrases;
+        ASSERT_TRUE(frame.bind_to(offered));
         frame.show();
     }
     static void choose(Tparameter_file_form& frame, const std::string& language) {

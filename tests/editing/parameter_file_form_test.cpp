@@ -207,14 +207,8 @@ TEST_F(Parameter_file_form, what_the_editor_puts_in_order_itself_is_no_unsaved_c
         Tilverra_project_editor_parameters* tidied = nullptr;
     } tidying("tidying");
     tidying.tidied = &record;
-    Tparameter_file_form::Editor editor;
-    editor.form = &tidying;
-    editor.parameters = &record;
-    editor.panel = &tidying;
     name = study;
-    editor.file_name = &name;
-    editor.file_given = true;
-    ASSERT_TRUE(form.bind_to(editor));
+    ASSERT_TRUE(form.bind_to(editor(&tidying)));
     form.show();
     EXPECT_EQ(record.cropping_system_model, "tidied");
     EXPECT_FALSE(form.has_changes());

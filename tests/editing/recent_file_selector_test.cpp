@@ -51,9 +51,8 @@ TEST_F(Recent_file_selector_test, without_a_file_the_selector_asks_and_its_cance
 }
 
 TEST_F(Recent_file_selector_test, a_start_without_a_choice_asks_for_a_name_until_there_is_one) {
-    const std::string text =
-        "Tilverra project file type has an associated directory.\nIn order for this editor "
-        "to work correctly you must give a file name now.";
+    const std::string text = "Tilverra project file type has an associated directory.\nIn order for this "
+                             "editor to work correctly you must give a file name now.";
     const auto press_ok = [this](TForm&) { selector.ok_button.click(); };
     desktop.expect_modal("recent_file_selector_form", press_ok);
     expect({"File name required now", text, Modal_result::cancel});

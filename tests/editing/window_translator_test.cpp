@@ -10,7 +10,6 @@
 #include "toolkit/page_control.h"
 #include "translation/translation_files.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,6 +1,5 @@
 // Programs that are killed while they save, at random moments: what is found afterwards is the old or the
 // new, whole. TVS_KILLS says how often each kind of save is killed; a few times by default.
-#include "model/project_editor_parameters.h"
 #include "model/tilverra_scenario.h"
 #include "names/recycling.h"
 #include "platform/file_writer.h"
@@ -26,10 +25,6 @@ using namespace platform;
 namespace {
 
 constexpr std::size_t usual_kills = 8;
-
-struct Project : Tilverra_project_editor_parameters {
-    Project() : Tilverra_project_editor_parameters("C:\\model.exe") {}
-};
 
 // A row of a table.
 struct Row : TESK::Data_record {
@@ -63,41 +58,29 @@ protected:
         EXPECT_TRUE(write_file("after", "x", Durability::quick).ok());
     }
 
-    // A record of two kinds of contents, one after the other.
-    template <class Record>
-    void kill_saves_of(const char* name) {
-        const auto filled = [](bool second) {
-            auto record = std::make_unique<Record>();
-            record->description = second ? std::string(250, 'x') : "first";
-            return record;
-        };
-        const auto text_of = [&](bool second) {
-            TESK::VV_text text;
-            text.set(*filled(second));
-            return text.text();
-        };
-        const std::string texts[] = {text_of(false), text_of(true)};
-        kill_often([&](std::size_t round) { TESK::VV_file(name).set(*filled(round % 2 != 0)); },
-                   [&] {
-                       const Read_result found = read_file(name);
-                       EXPECT_TRUE(found.outcome == Read_outcome::absent || found.contents == texts[0] ||
-                                   found.contents == texts[1])
-                           << found.contents;
-                   });
-    }
-
     Temporary_drives drives;
     Environment_guard config{"XDG_CONFIG_HOME", drives.host("config")};
 };
 
 } // namespace
 
-TEST_F(Killed_saves, of_a_project) {
-    kill_saves_of<Project>("study.tvp");
-}
-
-TEST_F(Killed_saves, of_a_scenario) {
-    kill_saves_of<Tilverra_scenario>("base.tvn");
+// A record of two kinds of contents, one after the other.
+TEST_F(Killed_saves, of_a_record) {
+    Tilverra_scenario records[2];
+    records[1].description = std::string(250, 'x');
+    std::string texts[2];
+    for (int i = 0; i < 2; ++i) {
+        TESK::VV_text text;
+        text.set(records[i]);
+        texts[i] = text.text();
+    }
+    kill_often([&](std::size_t round) { TESK::VV_file("base.tvn").set(records[round % 2]); },
+               [&] {
+                   const Read_result found = read_file("base.tvn");
+                   EXPECT_TRUE(found.outcome == Read_outcome::absent || found.contents == texts[0] ||
+                               found.contents == texts[1])
+                       << found.contents;
+               });
 }
 
 TEST_F(Killed_saves, of_a_file_with_several_hard_links) {

@@ -19,11 +19,8 @@ TESK::User_settings read(const std::string& section, const std::string& text) {
     return settings;
 }
 
-bool are_same(const TESK::User_settings& a, const TESK::User_settings& b) {
-    return a.top == b.top && a.left == b.left && a.width == b.width && a.height == b.height &&
-           a.activepageindex == b.activepageindex && a.active_control == b.active_control &&
-           a.auto_explore_context == b.auto_explore_context && a.advanced == b.advanced &&
-           a.recent_context == b.recent_context && a.language == b.language;
+bool are_same(TESK::User_settings a, TESK::User_settings b) {
+    return written(a, "name", "") == written(b, "name", "");
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <sstream>
 
 using namespace TESK;
@@ -55,28 +54,26 @@ TEST(Directory_entry_name, a_text_is_split_into_its_parts) {
 }
 
 TEST(Directory_entry_name, each_part_can_be_replaced) {
-    const struct {
-        const char *text, *result;
-        void (*change)(File_name& name);
-    } cases[] = {{"a.b", "a", [](File_name& n) { n.set_ext(""); }},
-                 {"C:\\x\\a.b", "C:\\x\\a.txt", [](File_name& n) { n.set_ext("txt"); }},
-                 {"a", "a.txt", [](File_name& n) { n.set_ext(".txt"); }},
-                 {"a.b", "a.*", [](File_name& n) { n.set_ext(nullptr); }},
-                 {"C:\\a.b\\c", "C:\\a.x", [](File_name& n) { n.set_ext(".x"); }},
-                 {"<None>", "<None>", [](File_name& n) { n.set_ext("crp"); }},
-                 {"C:\\x\\y.z", "D:\\x\\y.z", [](File_name& n) { n.set_drive("D"); }},
-                 {"x\\y.z", "D:x\\y.z", [](File_name& n) { n.set_drive("D:"); }},
-                 {"C:\\x\\y.z", "\\x\\y.z", [](File_name& n) { n.set_drive(""); }},
-                 {"C:\\x\\y.z", "C:\\x\\new.z", [](File_name& n) { n.set_name("new"); }},
-                 {"C:\\x\\y.z", "C:\\x\\new", [](File_name& n) { n.set_name_ext("new"); }},
-                 {"C:\\x\\y.z", "D:\\y.z", [](File_name& n) { n.set_path(Directory_name("D:\\")); }},
-                 {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set_path(Directory_name("")); }},
-                 {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set(n.get_name(true).c_str()); }},
-                 {"x", "C:\\a\\b", [](File_name& n) { n.compose("C:", "\\a\\", "b", nullptr); }}};
-    for (const auto& c : cases) {
-        File_name name(c.text);
-        c.change(name);
-        EXPECT_EQ(name, c.result);
+    const std::tuple<const char*, const char*, void (*)(File_name&)> cases[] = {
+        {"a.b", "a", [](File_name& n) { n.set_ext(""); }},
+        {"C:\\x\\a.b", "C:\\x\\a.txt", [](File_name& n) { n.set_ext("txt"); }},
+        {"a", "a.txt", [](File_name& n) { n.set_ext(".txt"); }},
+        {"a.b", "a.*", [](File_name& n) { n.set_ext(nullptr); }},
+        {"C:\\a.b\\c", "C:\\a.x", [](File_name& n) { n.set_ext(".x"); }},
+        {"<None>", "<None>", [](File_name& n) { n.set_ext("crp"); }},
+        {"C:\\x\\y.z", "D:\\x\\y.z", [](File_name& n) { n.set_drive("D"); }},
+        {"x\\y.z", "D:x\\y.z", [](File_name& n) { n.set_drive("D:"); }},
+        {"C:\\x\\y.z", "\\x\\y.z", [](File_name& n) { n.set_drive(""); }},
+        {"C:\\x\\y.z", "C:\\x\\new.z", [](File_name& n) { n.set_name("new"); }},
+        {"C:\\x\\y.z", "C:\\x\\new", [](File_name& n) { n.set_name_ext("new"); }},
+        {"C:\\x\\y.z", "D:\\y.z", [](File_name& n) { n.set_path(Directory_name("D:\\")); }},
+        {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set_path(Directory_name("")); }},
+        {"C:\\x\\y.z", "y.z", [](File_name& n) { n.set(n.get_name(true).c_str()); }},
+        {"x", "C:\\a\\b", [](File_name& n) { n.compose("C:", "\\a\\", "b", nullptr); }}};
+    for (const auto& [text, result, change] : cases) {
+        File_name name(text);
+        change(name);
+        EXPECT_EQ(name, result);
     }
     EXPECT_EQ(File_name("a.b", "txt"), "a.txt");
     EXPECT_EQ(File_name(Ustring("a.b"), ".txt"), "a.txt");

@@ -189,10 +189,7 @@ TEST_F(Smart_names, files_and_folders_are_listed_with_every_flag) {
     for (const char* path : {"p/b.TVN", "p/A.tvn", "p/c", "p/.mark", "p/v1.2/plain", "p/v1.2/d.tvn",
                              "p/v1.2/deep/e.tvn", "p/.git/x.tvn"})
         drives.write(path);
-    const struct {
-        List_request request;
-        const char* texts;
-    } cases[] = {
+    const std::pair<List_request, const char*> cases[] = {
         {{}, ".mark A.tvn b.TVN c "},
         {{"C:\\p", false, false, false}, ".mark A b c "},
         {{"p", false, true, true, list_files, "tvn"}, "p\\A.tvn p\\b.TVN "},

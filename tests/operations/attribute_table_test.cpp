@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 namespace {
 
 TEST(Attribute_table, reads_the_values_of_all_rows) {

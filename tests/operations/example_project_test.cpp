@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 namespace {
 
 TEST(Example_project_test, is_put_in_place_once_and_leaves_alone_what_is_there) {

@@ -51,8 +51,7 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
          "W incorporated_residue.N_conc The value 0.0400 kgN/kgDM should range from 0.0050 - 0.0300.\n"
          "E weather.temperature_avg The value 50.00 \260C must be less than 45.00.\n"},
         {"[salt]\n3=60\nECe_to_TDS=high\n", "W salt.ECe_to_TDS The value is not written as a number.\nE "
-                                            "salt.3 The value 60.000 dS/m must be less "
-                                            "than 50.000.\n"},
+                                            "salt.3 The value 60.000 dS/m must be less than 50.000.\n"},
         {"[simulation]\nstarting_date=2001001\nending_date=2000366\n",
          "E simulation.ending_date The simulation ends before it begins.\n"},
         {"[scenario]\nevent:count=1\n[event:1]\nbegin_synchronization=actual_date\nbegin_date=1996200\n"
@@ -64,8 +63,7 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
          "chosen.\n"},
         {"[event_1]\nID=a\n[event_2]\nID=b\n[scenario]\nevent_count=2\n",
          "E scenario.event:count Events in the old spelling, or more than are counted, which no program of "
-         "the "
-         "suite reads: 2.\n"},
+         "the suite reads: 2.\n"},
         {"[weather_tool]\nseed=1\n[empty]\n[initialize]\nsurface_residue=1\n",
          "W weather_tool. No program of the suite is known to read this section.\n"},
     };

@@ -38,8 +38,7 @@ TEST_F(Record_settings_test, a_setting_tells_what_the_record_declares_of_it) {
         {"salt.1", "number", "0.5", "dS/m", "Salinity"},
         {"salt.ECe_to_TDS", "number", "0.64", "factor",
          "Soil profile ECe (dS/m) -> TDS (kg/m\263) conversion factor Eletrical conductivity in water (dS/m) "
-         "to "
-         "total dissolved solids (l/g or kg/m\263). Usually about 0.64."},
+         "to total dissolved solids (l/g or kg/m\263). Usually about 0.64."},
         {"NO3.adjust_denitrify", "number", "0.1", "0-2", "Denitrification rate adjustment"},
         {"field.size", "number", "0", "ha", ""},
         {"simulation.starting_date", "date", "1996-01-01", "", ""},

@@ -53,24 +53,24 @@ TEST_F(Catalogue_test, an_import_reads_what_it_can_and_replaces_only_what_the_us
     drives.write("old/cut/b.sim"); // by a full disk
     files.insert(files.begin(), {"C:\\old\\gone.sim", "C:\\old\\folder.sim", "C:\\old\\cut\\b.sim"});
     using enum Import_answer;
-    struct Case {
-        std::vector<Import_answer> answers;
-        const char* descriptions;
-        std::size_t done;
-    };
+    const std::tuple<std::vector<Import_answer>, const char*, std::size_t> cases[] = {
+        {{replace, keep, replace}, "nonn", 3},
+        {{keep, replace_all}, "onnn", 3},
+        {{keep_all}, "ooon", 1},
+        {{replace, stop}, "ooo-", 0}};
     // The scenarios a to c are there already.
-    for (const Case& one : {Case{{replace, keep, replace}, "nonn", 3}, Case{{keep, replace_all}, "onnn", 3},
-                            Case{{keep_all}, "ooon", 1}, Case{{replace, stop}, "ooo-", 0}}) {
+    for (const auto& [answers, descriptions_then, done] : cases) {
         for (const char* name : {"a", "b", "c"})
             drives.write(std::string("p/Scenarios/") + name + ".tvn", "[scenario]\ndescription=old\n");
         std::filesystem::remove(drives.host("p/Scenarios/d.tvn"));
         std::size_t asked = 0;
         const Operation_outcome outcome = import_version_3_scenarios(
-            workspace, files, [&](const std::string&) { return one.answers.at(asked++); }, nullptr, {});
-        EXPECT_EQ(asked, one.answers.size());
-        EXPECT_EQ(descriptions(names), one.descriptions);
-        EXPECT_EQ(outcome.done, one.done);
-        EXPECT_EQ(outcome.stopped, one.answers.back() == stop);
+            workspace, files, [&, &answers = answers](const std::string&) { return answers.at(asked++); },
+            nullptr, {});
+        EXPECT_EQ(asked, answers.size());
+        EXPECT_EQ(descriptions(names), descriptions_then);
+        EXPECT_EQ(outcome.done, done);
+        EXPECT_EQ(outcome.stopped, answers.back() == stop);
         ASSERT_EQ(outcome.not_done.size(), 3U);
         EXPECT_EQ(outcome.not_done[0].file, "C:\\old\\gone.sim");
     }

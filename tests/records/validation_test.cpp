@@ -2,8 +2,6 @@
 
 #include "record_support.h"
 
-#include <gtest/gtest.h>
-
 #include <cfloat>
 #include <cmath>
 

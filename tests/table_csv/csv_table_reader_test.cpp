@@ -18,19 +18,15 @@ std::string read(std::string_view text) {
 }
 
 TEST(Csv_table_reader, reads_what_spreadsheets_write_and_counts_rows_as_they_do) {
-    struct Case {
-        std::string_view text;
-        const char* expected;
-    };
-    for (const Case& one : {
-             Case{"name,H2O.1\r\na,0.5\r\n\r\n,\r\nb,\"0,7\"\r\n", "1:name|H2O.1|;2:a|0.5|;5:b|0,7|;"},
-             Case{"name\tH2O.1\na, b\t\n\tc", "1:name|H2O.1|;2:a, b||;3:|c|;"},
-             Case{"\xEF\xBB\xBFname;x.y\ra;1,5\rb;2", "1:name|x.y|;2:a|1,5|;3:b|2|;"},
-             Case{"name\n\"two\r\nlines \"\"x\"\"\"\nb", "1:name|;2:two\r\nlines \"x\"|;3:b|;"},
-             Case{"", ""},
-             Case{"\n\n", ""},
+    for (const auto& [text, expected] : {
+             std::pair("name,H2O.1\r\na,0.5\r\n\r\n,\r\nb,\"0,7\"\r\n", "1:name|H2O.1|;2:a|0.5|;5:b|0,7|;"),
+             {"name\tH2O.1\na, b\t\n\tc", "1:name|H2O.1|;2:a, b||;3:|c|;"},
+             {"\xEF\xBB\xBFname;x.y\ra;1,5\rb;2", "1:name|x.y|;2:a|1,5|;3:b|2|;"},
+             {"name\n\"two\r\nlines \"\"x\"\"\"\nb", "1:name|;2:two\r\nlines \"x\"|;3:b|;"},
+             {"", ""},
+             {"\n\n", ""},
          })
-        EXPECT_EQ(read(one.text), one.expected) << one.text;
+        EXPECT_EQ(read(text), expected) << text;
 }
 
 TEST(Csv_table_reader, refuses_a_table_of_which_it_cannot_tell_the_cells) {

@@ -35,14 +35,3 @@ TEST(Time_format, mask_gives_ordering_and_separator) {
         EXPECT_EQ(format.style, 2);
     }
 }
-
-TEST(Date_time_format, one_mask_sets_both_parts_and_null_neither) {
-    TESK::Date_time_format format;
-    format.set_format("DD-MM-YY HH.MM.SS");
-    format.set_format(nullptr);
-    EXPECT_EQ(format.Date_format::ordering, 209);
-    EXPECT_EQ(format.styles, 137);
-    EXPECT_EQ(format.Date_format::separator, '-');
-    EXPECT_EQ(format.Time_format::ordering, 1);
-    EXPECT_EQ(format.Time_format::separator, '.');
-}

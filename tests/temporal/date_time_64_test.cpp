@@ -31,6 +31,7 @@ TEST(Date_time_64, shows_its_parts_and_its_text) {
     EXPECT_EQ(moment.text_str(text), "2000/6/9 12:00:00");
     moment.set_YMD_hms(1999, 12, 31, 4, 5, 58);
     moment.format.set_format("DD-MM-YY HH.MM.SS");
+    moment.format.set_format(nullptr);
     const Date_time_64 copy(moment);
     EXPECT_EQ(copy.text_str(text), "31-12-99 04.05.58");
     EXPECT_NEAR(static_cast<double>(copy.get_date_time()), 1999365 + (4 * 3600 + 5 * 60 + 58) / 86400.0,

@@ -2,7 +2,6 @@
 
 #include "support/temporary_folder.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 

@@ -1,11 +1,9 @@
 #include "trees/project_directory.h"
 
-#include "platform/current_directory.h"
 #include "support/temporary_drives.h"
 #include "trees/scenario_directory.h"
 #include "trees/suite_directory.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 using TESK::Common_parameters_directory;

@@ -196,7 +196,11 @@ bool Runs_page::run_beside(const Run_set& set) {
         if (set_rows_.sets[row]->folder() == made.folder)
             run_sets_table.set_cursor(static_cast<int>(row), 0);
     set_chosen();
-    return chosen() != nullptr && start(*chosen());
+    if (chosen() != nullptr && start(*chosen()))
+        return true;
+    delete_run_set(made.folder, true); // nobody has taken it on
+    list_sets();
+    return false;
 }
 
 bool Runs_page::start(Known_run_set& set) {
@@ -332,10 +336,8 @@ void Runs_page::stop_chosen() {
         return;
     if (set->engine)
         set->engine->stop();
-    else if (!stop_run_set(*set->journal()))
-        form.parameter_file_form().notice(worded(
-            "These runs were started on another machine, and can only be stopped there, or their scheduler "
-            "does not answer."));
+    else if (const std::string reason = stop_run_set(*set->journal()); !reason.empty())
+        form.parameter_file_form().notice(worded(reason));
     look(false);
 }
 

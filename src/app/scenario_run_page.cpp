@@ -12,6 +12,32 @@
 
 #include <vector>
 
+namespace {
+
+// An edit for a whole number of four digits, behind its caption.
+TEdit& add_number(TControl& row, const char* name, const char* caption, const char* hint) {
+    row.add<TLabel>(std::string(name) + "_label", caption).set_names_next(true);
+    TEdit& edit = row.add<TEdit>(name);
+    Place narrow = edit.place();
+    narrow.width = 6;
+    edit.set_place(narrow);
+    edit.set_hint(hint);
+    edit.input_filter = [](const std::string& text) {
+        std::string digits;
+        for (const char c : text)
+            if (TESK::is_digit(c) && digits.size() < 4)
+                digits += c;
+        return digits;
+    };
+    return edit;
+}
+
+std::size_t number_in(const TEdit& edit) {
+    return static_cast<std::size_t>(std::atoi(edit.text().c_str()));
+}
+
+} // namespace
+
 Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPageControl& pages,
                                      TTabSheet& scenarios_tabsheet)
     : Project_page(project_form), scenario_run_tabsheet(pages.add<TTabSheet>("scenario_run_tabsheet", "Run")),
@@ -26,11 +52,13 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
       run_beside_button(add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
                                    "Run the checked scenarios or, without check marks, the active one, "
                                    "several at a time, while you work on. See the page Runs.")),
-      runs_at_once_edit([this]() -> TEdit& {
-          TPanel& row = add_row(scenario_run_tabsheet, "runs_at_once_panel");
-          row.add<TLabel>("runs_at_once_label", "Runs at a time").set_names_next(true);
-          return row.add<TEdit>("runs_at_once_edit");
-      }()),
+      runs_at_once_edit(add_number(
+          add_row(scenario_run_tabsheet, "runs_at_once_panel"), "runs_at_once_edit", "Runs at a time",
+          "How many scenarios are run at the same time; usually as many as there are "
+          "cores.")),
+      longest_run_edit(add_number(*runs_at_once_edit.parent(), "longest_run_edit", "Longest run, minutes",
+                                  "A run that takes longer is ended and counts as failed. Empty for no "
+                                  "limit.")),
       stop_at_failure_checkbox(
           scenario_run_tabsheet.add<TCheckBox>("stop_at_failure_checkbox", "Stop at the first failure")),
       engine(scenario_run_tabsheet),
@@ -58,19 +86,7 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
     senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
     run_beside_button.on_click = [this] { run_beside_button_onclick(); };
     write_run_list_button.on_click = [this] { write_run_list_button_onclick(); };
-    Place narrow = runs_at_once_edit.place();
-    narrow.width = 6;
-    runs_at_once_edit.set_place(narrow);
     runs_at_once_edit.set_text(std::to_string(Run_set().number_at_once()));
-    runs_at_once_edit.set_hint(
-        "How many scenarios are run at the same time; usually as many as there are cores.");
-    runs_at_once_edit.input_filter = [](const std::string& text) {
-        std::string digits;
-        for (const char c : text)
-            if (TESK::is_digit(c) && digits.size() < 4)
-                digits += c;
-        return digits;
-    };
     view_output_button.on_click = [this] { view_output_button_onclick(); };
     view_tables_button.on_click = [this] { view_tables_button_onclick(); };
     run_statistical_analysis_checkbox.on_click = [this] { run_statistical_analysis_checkbox_onclick(); };
@@ -188,15 +204,17 @@ std::optional<Run_set> Scenario_run_page::make_set(std::vector<std::string> scen
         form.parameter_file_form().notice(worded("There is no scenario to be run."));
     if (scenarios.empty() || !form.save())
         return std::nullopt;
-    return run_set_of(record(), *workspace().project_directory, form.project_file(), common_format(),
-                      std::move(scenarios));
+    Run_set set = run_set_of(record(), *workspace().project_directory, form.project_file(), common_format(),
+                             std::move(scenarios));
+    set.longest = std::chrono::minutes(number_in(longest_run_edit));
+    return set;
 }
 
 void Scenario_run_page::run_beside(std::vector<std::string> scenarios) {
     std::optional<Run_set> set = make_set(std::move(scenarios));
     if (!set)
         return;
-    set->at_once = static_cast<std::size_t>(std::atoi(runs_at_once_edit.text().c_str()));
+    set->at_once = number_in(runs_at_once_edit);
     set->stops_at_first_failure = stop_at_failure_checkbox.checked();
     engine.give_to(*set);
     if (form.runs.run_beside(*set))

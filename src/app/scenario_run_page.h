@@ -42,6 +42,7 @@ public:
     TButton& view_tables_button;
     TButton& run_beside_button;
     TEdit& runs_at_once_edit;
+    TEdit& longest_run_edit; // minutes
     TCheckBox& stop_at_failure_checkbox;
     Run_engine_choice engine;
     TButton& write_run_list_button;

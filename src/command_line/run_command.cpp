@@ -63,9 +63,15 @@ void run(Session& session, Run_options& options) {
     }
     const Made_run_set made = make_run_set(project.directory().Runs, set);
     if (made.folder.empty())
-        throw Command_failure(exit_unreachable,
-                              "The set of runs could not be written: " + screen_text(made.result.reason));
-    have_done(session, made.folder, set, options.in_background, unusable);
+        throw Command_failure(exit_unreachable, "The folder of the runs " +
+                                                    screen_text(project.directory().Runs) +
+                                                    " cannot be written: " + screen_text(made.result.reason));
+    try {
+        have_done(session, made.folder, set, options.in_background, unusable);
+    } catch (const Command_failure&) {
+        delete_run_set(made.folder, true); // nobody has taken it on
+        throw;
+    }
 }
 
 } // namespace

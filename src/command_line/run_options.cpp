@@ -111,6 +111,9 @@ Run_set make_set(Opened_project& project, const Run_options& options, std::vecto
 
 void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
                const std::vector<std::string>& unusable) {
+    if (const platform::Write_result journal = Journal_writer(folder).state(); !journal.ok())
+        throw Command_failure(exit_unreachable, "The folder of the runs " + screen_text(folder) +
+                                                    " cannot be written: " + screen_text(journal.reason));
     Supervised_engine supervised(folder);
     const std::unique_ptr<Run_engine> own = in_background ? nullptr : make_engine(folder);
     Run_engine& engine = in_background ? supervised : *own;

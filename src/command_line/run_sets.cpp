@@ -21,8 +21,13 @@ Found_set find_set(Opened_project& project, const std::string& name) {
         if (!name.empty() && found.name() != name)
             continue;
         std::optional<Run_set> set = read_run_set(folder);
+        // An older one is not what was meant.
         if (!set)
-            continue;
+            throw Command_failure(exit_unreachable,
+                                  "The set of runs '" + found.name() +
+                                      "' cannot be read: " + screen_text(folder) +
+                                      "\\set.txt is damaged, or no file that you may "
+                                      "read. Say another one by --set, or delete that folder.");
         found.set = std::move(*set);
         found.journal = std::make_unique<Run_journal>(folder, found.set.scenarios.size());
         found.journal->update();

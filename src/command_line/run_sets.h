@@ -20,5 +20,6 @@ struct Found_set {
 // Adds the option that names a set.
 void add_set(CLI::App& command, std::string& set);
 
-// The set of that name, or for an empty one the newest. Fails with exit_found where there is none.
+// The set of that name, or for an empty one the newest. Fails with exit_found where there is none, and with
+// exit_unreachable where it cannot be read.
 Found_set find_set(Opened_project& project, const std::string& name);

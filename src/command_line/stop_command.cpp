@@ -37,11 +37,8 @@ void stop(Session& session, const Options& options) {
         throw Command_failure(exit_found,
                               "The set " + found.name() +
                                   " was handed out as a list of command lines. Stop whoever runs them.");
-    if (!stop_run_set(*found.journal))
-        throw Command_failure(exit_found,
-                              "The set " + found.name() +
-                                  " cannot be stopped from here: it is run on another machine, or its "
-                                  "scheduler does not answer.");
+    if (const std::string reason = stop_run_set(*found.journal); !reason.empty())
+        throw Command_failure(exit_found, "The set " + found.name() + " is not stopped. " + reason);
     if (!has_stopped(*found.journal))
         throw Command_failure(exit_found,
                               "The set " + found.name() + " has been asked to stop and has not yet.");

@@ -2,6 +2,7 @@
 
 #include "platform/process_status.h"
 
+#include <cerrno>
 #include <charconv>
 #include <climits>
 #include <csignal>
@@ -67,8 +68,12 @@ Process_presence presence_of(const Process_identity& process) {
     return is_there ? Process_presence::alive : Process_presence::gone;
 }
 
-bool ask_to_end(const Process_identity& process) {
-    return presence_of(process) == Process_presence::alive && kill(process.number, SIGTERM) == 0;
+End_request ask_to_end(const Process_identity& process) {
+    if (presence_of(process) != Process_presence::alive)
+        return End_request::not_here;
+    if (kill(process.number, SIGTERM) == 0)
+        return End_request::made;
+    return errno == EPERM ? End_request::refused : End_request::not_here;
 }
 
 } // namespace platform

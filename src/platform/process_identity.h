@@ -29,7 +29,12 @@ enum class Process_presence {
 };
 Process_presence presence_of(const Process_identity& process);
 
-// Asks the process of this machine to end, by the polite signal. False when it is not alive here.
-bool ask_to_end(const Process_identity& process);
+// Asks the process of this machine to end, by the polite signal.
+enum class End_request {
+    made,
+    refused, // it is another user's
+    not_here // it is not alive on this machine
+};
+End_request ask_to_end(const Process_identity& process);
 
 } // namespace platform

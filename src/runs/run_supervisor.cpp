@@ -83,6 +83,15 @@ void Supervised_engine::take_words(const std::string& words) {
         trouble_ = words.substr(begin + 1, end - begin - 1);
 }
 
-bool stop_run_set(const Run_journal& journal) {
-    return (journal.owner() && platform::ask_to_end(*journal.owner())) || cancel_job_of(journal);
+std::string stop_run_set(const Run_journal& journal) {
+    const platform::End_request request =
+        journal.owner() ? platform::ask_to_end(*journal.owner()) : platform::End_request::not_here;
+    if (request == platform::End_request::made)
+        return "";
+    if (journal.job())
+        return cancel_job_of(journal);
+    if (request == platform::End_request::refused)
+        return "These runs belong to another user, who alone can stop them.";
+    return is_owned(journal) ? "These runs were started on another machine, and can only be stopped there."
+                             : "No process has these runs done any more.";
 }

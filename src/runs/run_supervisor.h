@@ -39,6 +39,8 @@ private:
     std::string trouble_;
 };
 
-// Asks the process that has the set run to stop it, wherever on this machine it was started. False when there
-// is none, or it is on another machine.
-bool stop_run_set(const Run_journal& journal);
+// Asks the process that has the set run to stop it, wherever on this machine it was started, or the
+// scheduler.
+// "" when that was done, else why not, in a sentence: there is none, it is another user's or on another
+// machine, or what the scheduler says.
+std::string stop_run_set(const Run_journal& journal);

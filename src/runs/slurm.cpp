@@ -48,6 +48,17 @@ Tasks tasks_of(const std::string& lines) {
     return tasks;
 }
 
+std::string trimmed(std::string text) {
+    text.erase(text.find_last_not_of('\n') + 1);
+    return text;
+}
+
+// Why it did not do what it was asked to.
+std::string reason_of(const platform::Tool_answer& answer) {
+    const std::string text = trimmed(answer.text);
+    return text.empty() ? "The scheduler does not answer." : text;
+}
+
 } // namespace
 
 bool is_there() {
@@ -69,10 +80,9 @@ Submission submit(const std::vector<std::string>& arguments) {
     const platform::Tool_answer answer = platform::ask_tool("sbatch", arguments, longest_answer);
     if (!answer.was_started)
         return {"", "There is no Slurm on this machine."};
-    std::string text = answer.text;
-    text.erase(text.find_last_not_of('\n') + 1);
     if (answer.exit_code != 0)
-        return {"", text.empty() ? "Slurm does not answer." : text};
+        return {"", reason_of(answer)};
+    const std::string text = trimmed(answer.text);
     // Warnings may stand above it, and the name of the cluster behind it.
     const std::string last = text.substr(text.rfind('\n') + 1);
     return {last.substr(0, last.find(';')), ""};
@@ -103,8 +113,9 @@ Tasks ask_books_for(const std::string& job) {
     return tasks_of(lines);
 }
 
-bool cancel(const std::string& job) {
-    return platform::ask_tool("scancel", {job}, longest_answer).ok();
+std::string cancel(const std::string& job) {
+    const platform::Tool_answer answer = platform::ask_tool("scancel", {job}, longest_answer);
+    return answer.ok() ? "" : reason_of(answer);
 }
 
 } // namespace slurm

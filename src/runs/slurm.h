@@ -34,7 +34,7 @@ std::optional<Tasks> ask_for(const std::string& job);
 // The same of what its book-keeping tells, which forgets none; none where the cluster keeps no books.
 Tasks ask_books_for(const std::string& job);
 
-// Has it end the job, with all its tasks. False when it does not answer.
-bool cancel(const std::string& job);
+// Has it end the job, with all its tasks. "" when it does, else why not, as it says it.
+std::string cancel(const std::string& job);
 
 } // namespace slurm

@@ -183,16 +183,16 @@ void Slurm_engine::stop() {
 }
 
 void Slurm_engine::cancel() {
-    if (!journal_.job() || journal_.job()->is_cancelled || cancel_job_of(journal_))
+    if (!journal_.job() || journal_.job()->is_cancelled || cancel_job_of(journal_).empty())
         return;
     const std::string& number = journal_.job()->number;
     trouble_ = "The scheduler does not cancel the job " + number + " yet. It is asked again; \"scancel " +
                number + "\" does the same by hand.";
 }
 
-bool cancel_job_of(const Run_journal& journal) {
-    if (!journal.job() || !slurm::cancel(journal.job()->number))
-        return false;
-    Journal_writer(journal.folder()).cancel_job(journal.job()->number);
-    return true;
+std::string cancel_job_of(const Run_journal& journal) {
+    std::string reason = slurm::cancel(journal.job()->number);
+    if (reason.empty())
+        Journal_writer(journal.folder()).cancel_job(journal.job()->number);
+    return reason;
 }

@@ -52,6 +52,5 @@ private:
     std::string trouble_;
 };
 
-// Cancels the job that has the set run, and notes it. False when there is none, or the scheduler does not
-// answer.
-bool cancel_job_of(const Run_journal& journal);
+// Cancels the job that has the set run, of which there must be one, and notes it. "" or why it could not.
+std::string cancel_job_of(const Run_journal& journal);

@@ -1,7 +1,11 @@
+#include "app/state_pictures.h"
 #include "platform/tool_run.h"
 #include "project_support.h"
 #include "runs/local_engine.h"
+#include "runs/private_slurm.h"
 #include "runs/run_folders.h"
+#include "runs/run_supervisor.h"
+#include "runs/slurm_engine.h"
 #include "toolkit/recording_view.h"
 
 #include <set>
@@ -33,7 +37,7 @@ protected:
     // Lets the seconds go by until nothing is at work, or the sign holds.
     template <class Sign>
     void wait_until(Sign sign) {
-        for (int i = 0; i < 500 && !sign(); ++i) {
+        for (int i = 0; i < 2000 && !sign(); ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
             desktop.advance(1000);
         }
@@ -46,7 +50,9 @@ protected:
         std::string text;
         for (int row = 0; row < page().runs_table.count(); ++row)
             for (const int column : {0, 1, 4}) {
-                const std::string cell = page().runs_table.rows()->cell(row, column).text;
+                const Table_cell shown = page().runs_table.rows()->cell(row, column);
+                const std::string cell = shown.text;
+                EXPECT_EQ(shown.picture.meaning, column == 0 ? cell : "");
                 text += cell + (column == 4 ? ";" : cell.empty() ? "" : " ");
             }
         return text;
@@ -61,6 +67,12 @@ TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_o
     EXPECT_EQ(form.project_pagecontrol.active_page(), &page().runs_tabsheet);
     wait_until([&] { return at_rest(); });
     EXPECT_EQ(runs(), "done base exit code 0;failed dry exit code 3;");
+    const auto sign = [&](int row) {
+        const Picture picture = page().runs_table.rows()->cell(row, 0).picture;
+        return std::pair(picture.mark, picture.colour);
+    };
+    EXPECT_EQ(sign(0), std::pair(Mark::tick, sign_colours::green));
+    EXPECT_EQ(sign(1), std::pair(Mark::cross, sign_colours::red));
     EXPECT_EQ(parameter_form.status_line.text().find("Runs have failed"), 0u);
     EXPECT_TRUE(created().checked(0)) << "what became of a run is told elsewhere";
 
@@ -86,16 +98,37 @@ TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_o
 }
 
 TEST_F(Runs_page_test, closing_asks_what_is_to_become_of_runs_and_a_stopped_set_is_continued) {
+    form.runs.make_engine = [](const std::string& folder) {
+        return std::make_unique<Supervised_engine>(folder);
+    };
     drives.write("projects/study/wait_wet", "");
+    drives.write("projects/other.tvp", drives.read("projects/study.tvp"));
     created().check(2);
     EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
-    wait_until([&] { return runs() == "running wet ;"; });
-    const char* const question = "Runs are still at work beside the editor. Stop them? ([No] lets them go "
-                                 "on, and they are found again at the next start)";
-    desktop.expect_message("Runs at work", question, Modal_result::cancel);
-    parameter_form.cancel_button.click();
-    EXPECT_TRUE(parameter_form.visible());
-    EXPECT_TRUE(form.runs.runs_stop_button.click());
+    const auto close = [&](Modal_result answer) {
+        wait_until([&] { return runs() == "running wet ;"; });
+        desktop.expect_message("Runs at work",
+                               "Runs are still at work beside the editor. Stop them? ([No] lets them go on, "
+                               "and they are found again at the next start)",
+                               answer);
+        parameter_form.cancel_button.click();
+        return !parameter_form.visible();
+    };
+    EXPECT_FALSE(close(Modal_result::cancel));
+    EXPECT_TRUE(close(Modal_result::yes));
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs().substr(0, 12), "stopped wet ");
+    open();
+    EXPECT_TRUE(press(form.runs.runs_continue_button));
+    EXPECT_TRUE(close(Modal_result::no));
+    // What this program knew of them goes.
+    open("C:\\projects\\other.tvp");
+    form.runs.Update();
+    EXPECT_EQ(runs(), "");
+    open();
+    form.runs.Update();
+    EXPECT_EQ(runs(), "running wet ;");
+    EXPECT_TRUE(press(form.runs.runs_stop_button));
     wait_until([&] { return at_rest(); });
     EXPECT_EQ(runs().substr(0, 12), "stopped wet ");
 
@@ -134,6 +167,32 @@ TEST_F(Runs_page_test, a_change_among_10000_runs_redraws_its_line_alone) {
     EXPECT_EQ(redrawn, (std::set<int>{7000, 9000}));
 }
 
+TEST_F(Runs_page_test, slurm_that_is_chosen_has_the_runs_done_and_stopped_and_told_when_it_is_silent) {
+    const Environment_guard path("PATH", "/usr/sbin:/usr/bin:/sbin:/bin");
+    auto slurm = std::make_unique<Private_slurm>(10);
+    if (!slurm->is_ready())
+        GTEST_SKIP() << "munged, slurmctld and slurmd cannot be started on this machine";
+    form.runs.make_engine = [](const std::string& folder) {
+        return std::make_unique<Slurm_engine>(folder, *read_run_set(folder), std::chrono::milliseconds(100));
+    };
+    drives.write("projects/study/fail_dry", "");
+    drives.write("projects/study/wait_wet", "");
+    for (int line = 0; line < 3; ++line)
+        created().check(line);
+    form.scenarios.run.engine.slurm_checkbox.set_enabled(true);
+    press(form.scenarios.run.engine.slurm_checkbox);
+    form.scenarios.run.engine.slurm_partition_edit.set_text("main");
+    EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
+    wait_until([&] { return runs() == "done base exit code 0;failed dry exit code 3;running wet ;"; });
+    EXPECT_TRUE(form.runs.runs_stop_button.click());
+    wait_until([&] { return at_rest(); });
+    EXPECT_EQ(runs(), "done base exit code 0;failed dry exit code 3;stopped wet stopped;");
+
+    slurm.reset();
+    EXPECT_TRUE(press(form.scenarios.run.run_beside_button));
+    EXPECT_EQ(page().run_sets_table.count(), 1) << "what was never submitted does not stay";
+}
+
 TEST_F(Runs_page_test, runs_are_given_to_slurm_where_it_is_and_to_whoever_runs_a_list) {
     const Run_engine_choice& choice = form.scenarios.run.engine;
     EXPECT_EQ(choice.slurm_checkbox.enabled(), platform::has_tool("sbatch"));
@@ -148,6 +207,7 @@ TEST_F(Runs_page_test, runs_are_given_to_slurm_where_it_is_and_to_whoever_runs_a
     press(choice.slurm_checkbox);
     choice.slurm_partition_edit.set_text("main");
     choice.slurm_time_edit.set_text("30");
+    form.scenarios.run.longest_run_edit.set_text("2");
     choice.slurm_options_edit.set_text("--nice=1 --comment=x");
     std::string asked;
     form.runs.make_engine = [&](const std::string& folder) -> std::unique_ptr<Run_engine> {
@@ -159,6 +219,7 @@ TEST_F(Runs_page_test, runs_are_given_to_slurm_where_it_is_and_to_whoever_runs_a
     const std::optional<Run_set> set = run_set_from_text(asked);
     ASSERT_TRUE(set);
     EXPECT_EQ(set->engine, Engine_kind::slurm);
+    EXPECT_EQ(set->longest, std::chrono::minutes(2));
     EXPECT_EQ(set->slurm.partition + '/' + set->slurm.time + '/' + set->slurm.memory + '/' +
                   set->slurm.options,
               "main/30//--nice=1 --comment=x");

@@ -108,7 +108,7 @@ TEST_F(Other_engines_test, a_scheduler_runs_an_array_that_can_be_stopped_and_who
     EXPECT_EQ(Slurm_engine(folders[0], set, 100ms).start(), "") << "a second one looks after the same job";
 
     const pid_t run = project.await_number("wait.pid");
-    EXPECT_TRUE(stop_run_set(journal_of(folders[1], 2)));
+    EXPECT_EQ(stop_run_set(journal_of(folders[1], 2)), "");
     const pid_t task = getpgid(project.await_number("wait_more.pid"));
     ASSERT_GT(task, 1);
     kill(-task, SIGKILL);

@@ -82,10 +82,10 @@ TEST_F(Run_supervisor_test, a_set_that_was_found_again_can_be_stopped_and_two_se
     EXPECT_FALSE(delete_run_set(folder, true)) << "deleted while it is run";
     const pid_t run = project.await_number("wait.pid");
     Run_journal journal = journal_of(folder, 2);
-    EXPECT_TRUE(stop_run_set(journal));
+    EXPECT_EQ(stop_run_set(journal), "");
     EXPECT_TRUE(is_soon_gone(run));
     EXPECT_TRUE(await(journal, [&] { return !is_owned(journal); }));
-    EXPECT_FALSE(stop_run_set(journal));
+    EXPECT_EQ(stop_run_set(journal), "No process has these runs done any more.");
     while (other.poll())
         std::this_thread::sleep_for(5ms);
     EXPECT_EQ(ends_of(other_folder, 3), "done \ndone \ndone \n");

@@ -242,7 +242,8 @@ void Main_menu::show_properties() {
     const auto add_file = [&](const char* caption, const Project_summary::Named_file& file) {
         const bool is_chosen = !file.name.empty() && !file.name.starts_with('<');
         const std::string name = screen_text(file.name);
-        properties.add_fact(caption, is_chosen && file.is_missing ? worded("%1 (missing)", name) : name,
+        const char* const lacking = file.is_out_of_reach ? "%1 (cannot be reached)" : "%1 (missing)";
+        properties.add_fact(caption, is_chosen && file.is_missing ? worded(lacking, name) : name,
                             is_chosen && file.is_missing ? Mark::cross : Mark::none);
     };
     add("File", summary.file);

@@ -41,8 +41,11 @@ int run(const std::vector<std::string>& arguments, CLI::App& app, Session& sessi
         app.exit(asked, session.console.out(), session.console.out());
     } catch (const CLI::ParseError& error) {
         const auto commands = app.get_subcommands();
-        const bool is_unknown = commands.empty() && arguments.size() > 1 && !arguments[1].starts_with('-');
-        session.console.say(is_unknown ? "There is no command '" + arguments[1] + "'." : error.what());
+        const bool is_unknown = commands.empty() && arguments.size() > 1;
+        const char* const what = is_unknown && arguments[1].starts_with('-') ? "option" : "command";
+        session.console.say(is_unknown ? std::string("There is no ") + what + " '" + arguments[1] +
+                                             (*what == 'o' ? "' in front of a command." : "'.")
+                                       : error.what());
         session.console.say("Try 'tvs_project " +
                             (commands.empty() ? "" : commands.front()->get_name() + ' ') + "--help'.");
         return exit_misused;

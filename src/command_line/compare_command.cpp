@@ -36,8 +36,10 @@ void compare(Session& session, Options& options) {
     if (!active_scenario_has_output(project.workspace()))
         throw Command_failure(exit_found,
                               "The scenario '" + options.first + "' has no output. Run it first.");
+    const std::vector<std::string> others = choose_scenarios(project, options.others, true);
+    need_folder(project.directory().get_scenario_comparison_directory(false));
     Outcome_report report(session);
-    for (const std::string& other : choose_scenarios(project, options.others, true)) {
+    for (const std::string& other : others) {
         const std::string name = screen_text(scenario_name(other));
         if (other == first_name) {
             report.add(name, "skipped", "It is the scenario itself.");

@@ -30,15 +30,19 @@ void remove(Session& session, Options& options) {
         for (std::string& file : files_of_scenario(folder, scenario))
             all.push_back(std::move(file));
     }
+    Operation_outcome outcome;
     if (!options.only_shows) {
         std::optional<Change_backups> backups;
         if (options.permanently)
             backups = backups_for(project, all, options.no_backup);
-        report.add_all(files,
-                       delete_scenarios(folder, scenarios, options.permanently, backups ? &*backups : nullptr,
-                                        shown_progress(session, "deleting")));
+        outcome = delete_scenarios(folder, scenarios, options.permanently, backups ? &*backups : nullptr,
+                                   shown_progress(session, "deleting"));
+        report.add_all(files, outcome);
     }
     report.finish();
+    if (std::any_of(outcome.not_done.begin(), outcome.not_done.end(),
+                    [](const Not_done& one) { return one.reason == no_trash; }))
+        session.console.say("There is no trash for them. Say --permanently to delete them all the same.");
 }
 
 } // namespace

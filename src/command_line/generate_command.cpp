@@ -102,6 +102,7 @@ void write_table(Session& session, Opened_project& project, const Options& optio
     std::vector<std::string> replaced;
     for (const std::string& name : told.check.existing)
         replaced.push_back(project.scenario_file(name, Scenario_folder::generated));
+    need_folder(project.folder_of(Scenario_folder::generated));
     std::optional<Change_backups> backups = backups_for(project, replaced, options.no_backup);
     told.outcome = table.write(backups ? &*backups : nullptr, shown_progress(session, "generating"));
     session.console.end_progress();
@@ -149,7 +150,7 @@ void generate(Session& session, const Options& options) {
         tell(session, options, told);
         return;
     }
-    project.directory().create();
+    need_folder(project.folder_of(Scenario_folder::generated));
     std::optional<Change_backups> backups = backups_for(project, plan.replaced, options.no_backup);
     std::ostream nowhere(nullptr);
     std::size_t heard = 0;

@@ -9,7 +9,9 @@ namespace {
 
 // With a word when it is not there.
 std::string named_file(const Project_summary::Named_file& file) {
-    return screen_text(file.name) + (file.is_missing ? " (missing)" : "");
+    return screen_text(file.name) + (file.is_out_of_reach ? " (cannot be reached)"
+                                     : file.is_missing    ? " (missing)"
+                                                          : "");
 }
 
 void show_info(Session& session, const std::string& argument) {

@@ -31,7 +31,7 @@ std::string copy_active_scenario(Opened_project& project, const std::string& nam
     const Operation_outcome outcome = create_scenario(project.workspace(), name, true);
     if (!outcome.ok())
         return outcome.not_done.empty() ? outcome.refused : outcome.not_done.front().reason;
-    return outcome.done > 0 ? "" : "The scenario to copy is no regular file.";
+    return outcome.done > 0 ? "" : "The scenario to copy is not there.";
 }
 
 // Why no scenario can have the name that was typed, of which `name` is left; nothing when one can.

@@ -4,6 +4,7 @@
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
+#include "platform/moving.h"
 #include "platform/process.h"
 #include "records/vv_file.h"
 #include "records/vv_text.h"
@@ -56,6 +57,16 @@ TESK::File_name find_project_file(const Session& session, const std::string& arg
         throw Command_failure(exit_unreachable,
                               "'" + argument + "' is no project. Name its file (*.tvp) or its folder.");
     return file;
+}
+
+void need_folder(const TESK::Smart_directory_name& folder) {
+    if (!platform::make_folders(folder))
+        throw Command_failure(exit_unreachable, "The folder cannot be made: " + screen_text(folder));
+    TESK::File_name inside;
+    folder.append_to("x", inside);
+    if (const platform::Write_result result = platform::permission_to_remove(inside); !result.ok())
+        throw Command_failure(exit_unreachable, "The folder " + screen_text(folder) +
+                                                    " cannot be written: " + screen_text(result.reason));
 }
 
 void enter_folder_of_names(const TESK::File_name& file) {

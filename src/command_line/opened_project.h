@@ -57,6 +57,10 @@ private:
 // exit_unreachable where there is none.
 TESK::File_name find_project_file(const Session& session, const std::string& argument);
 
+// Makes the folder where it is missing. Fails with exit_unreachable, naming it, where nothing can be put
+// there.
+void need_folder(const TESK::Smart_directory_name& folder);
+
 // Makes the folder current from which the relative names of a record file count: of a scenario in a folder of
 // scenarios the project's, of a project its own, of any other file the folder that holds it.
 void enter_folder_of_names(const TESK::File_name& file);

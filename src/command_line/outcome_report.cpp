@@ -18,17 +18,13 @@ void Outcome_report::add(const std::string& name, const std::string& outcome, co
 
 void Outcome_report::add_all(const std::vector<std::string>& files, const Operation_outcome& outcome) {
     session_.console.end_progress();
-    // What was reported before is told to the end.
-    if (count_ == 0)
-        must_be_begun(outcome);
+    must_be_begun(outcome);
     std::map<std::string, std::string> reasons;
     for (const Not_done& one : outcome.not_done)
         reasons.emplace(one.file, one.reason);
     for (const std::string& file : files) {
         const std::string name = screen_text(scenario_name(TESK::File_name(file.c_str()).get_name(true)));
-        if (!outcome.refused.empty())
-            add(name, "failed", screen_text(outcome.refused), exit_unreachable);
-        else if (const auto reason = reasons.find(file); reason != reasons.end())
+        if (const auto reason = reasons.find(file); reason != reasons.end())
             add(name, "failed", screen_text(reason->second), exit_unreachable);
         else
             add(name, "done");

@@ -46,19 +46,20 @@ void reset(Session& session, Options& options) {
     const std::string from = choose_one(project, source_choice);
     const TESK::File_name source = project.scenario_file(from, Scenario_folder::created);
     const std::vector<std::string> targets = choose_scenarios(project, options.choice, true);
-    Outcome_report report(session);
     std::vector<std::string> files;
-    for (const std::string& target : targets) {
-        if (target == from)
-            report.add(screen_text(scenario_name(target)), "skipped",
-                       "It is the scenario that is copied from.");
-        else
-            files.push_back(project.scenario_file(target, options.choice.folder()));
-    }
+    for (const std::string& target : targets)
+        if (const TESK::File_name file = project.scenario_file(target, options.choice.folder());
+            file != source)
+            files.push_back(file);
     std::optional<Change_backups> backups = backups_for(project, files, options.no_backup);
-    report.add_all(files,
-                   reset_scenarios(source, files, ticked_boxes(options.boxes), backups ? &*backups : nullptr,
-                                   shown_progress(session, "resetting")));
+    const Operation_outcome outcome =
+        reset_scenarios(source, files, ticked_boxes(options.boxes), backups ? &*backups : nullptr,
+                        shown_progress(session, "resetting"));
+    must_be_begun(outcome);
+    Outcome_report report(session);
+    if (files.size() < targets.size())
+        report.add(screen_text(scenario_name(from)), "skipped", "It is the scenario that is copied from.");
+    report.add_all(files, outcome);
     report.finish();
 }
 

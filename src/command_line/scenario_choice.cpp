@@ -38,15 +38,37 @@ public:
         name_ = record_text(text.substr(0, equals));
         value_ = record_text(text.substr(equals + 1));
     }
-    bool holds(const Record_settings& settings) const {
+    bool holds(const Record_settings& settings) {
         const Setting* setting = settings.find(name_);
+        is_known_ = is_known_ || setting != nullptr;
         return setting != nullptr && is_value(setting->value(), value_);
+    }
+    // Fails for a setting that none of the scenarios has: it is mistyped.
+    void must_be_known() const {
+        if (!is_known_)
+            throw Command_failure(exit_found, "No scenario has a setting '" + screen_text(name_) +
+                                                  "' (--where). Nothing was done.");
     }
 
 private:
     std::string name_;
     std::string value_;
+    bool is_known_ = false;
 };
+
+void keep_where_all_hold(std::vector<std::string>& scenarios, const Scenario_choice& choice,
+                         const Opened_project& project) {
+    std::vector<Condition> conditions(choice.conditions.begin(), choice.conditions.end());
+    if (conditions.empty() || scenarios.empty())
+        return;
+    std::erase_if(scenarios, [&](const std::string& scenario) {
+        const Record_settings settings(project.scenario_file(scenario, choice.folder()));
+        return std::count_if(conditions.begin(), conditions.end(),
+                             [&](Condition& condition) { return !condition.holds(settings); }) > 0;
+    });
+    for (const Condition& condition : conditions)
+        condition.must_be_known();
+}
 
 // The words for states, with "-" for blanks.
 std::string word_in_shell(Scenario_state state) {
@@ -174,13 +196,7 @@ std::vector<std::string> choose_scenarios(Opened_project& project, const Scenari
             return std::find(wanted.begin(), wanted.end(), state) == wanted.end();
         });
     }
-    std::vector<Condition> conditions(choice.conditions.begin(), choice.conditions.end());
-    if (!conditions.empty())
-        std::erase_if(scenarios, [&](const std::string& scenario) {
-            const Record_settings settings(project.scenario_file(scenario, choice.folder()));
-            return !std::all_of(conditions.begin(), conditions.end(),
-                                [&](const Condition& condition) { return condition.holds(settings); });
-        });
+    keep_where_all_hold(scenarios, choice, project);
     const bool is_filtered = !choice.states.empty() || !choice.conditions.empty();
     if (needed && is_filtered && scenarios.empty())
         throw Command_failure(exit_found,

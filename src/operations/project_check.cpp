@@ -201,7 +201,9 @@ void Project_check::judge_entries(TESK::Data_record& record, const Values& defau
                 const TESK::File_name& file = static_cast<const TESK::VV_filename_entry&>(entry).value;
                 if (!file.empty() && !file.starts_with('<') && !is_there(file) &&
                     !is_default(section, entry, defaults) && judged.insert(&file).second)
-                    message = "The file " + file + " is not there.";
+                    message = "The file " + file +
+                              (platform::is_out_of_reach(file) ? " lies in a folder that you may not enter."
+                                                               : " is not there.");
             } else if (entry.guard != nullptr) {
                 const Validation_status verdict = entry.guard->judge();
                 message = doubt(entry, verdict);

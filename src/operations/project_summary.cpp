@@ -7,7 +7,7 @@
 namespace {
 
 Project_summary::Named_file named_file(const TESK::File_name& file) {
-    return {file, !platform::is_file(file)};
+    return {file, !platform::is_file(file), platform::is_out_of_reach(file)};
 }
 
 } // namespace

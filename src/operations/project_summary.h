@@ -16,7 +16,8 @@ struct Project_summary {
     // A file that the record names.
     struct Named_file {
         std::string name;
-        bool is_missing = false;
+        bool is_missing = false;      // as far as can be told
+        bool is_out_of_reach = false; // whether it is missing cannot be told
     };
     std::string file;
     std::string folder;

@@ -93,6 +93,8 @@ std::string delete_entry(const std::string& name, bool permanently, const Change
     if (entry.recycle(permanently))
         return {};
     const std::string reason = platform::permission_to_remove(name).reason;
+    if (reason.empty() && !permanently)
+        return no_trash;
     return "It could not be deleted." + (reason.empty() ? "" : ' ' + reason);
 }
 
@@ -139,6 +141,8 @@ Operation_outcome create_scenario(Project_workspace& workspace, const std::strin
     const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
     // Behind the whole name: a point in it begins no extension, whatever the name before looked like.
     folder.append_to((name + '.' + scenario_extension).c_str(), active);
+    if (platform::entry_kind(template_file) == platform::Entry_kind::other)
+        outcome.not_done.push_back({active, "The scenario to copy is no regular file."});
     if (platform::is_file(active) || !platform::is_file(template_file))
         return outcome;
     const platform::Write_result copy = platform::copy_file(template_file, active);

@@ -41,6 +41,9 @@ Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
 // The file of a scenario and the folder of its outputs, as far as a scenario of the name has one.
 std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder, const std::string& file_name);
 
+// The reason of what a user may delete and no trash takes.
+constexpr const char* no_trash = "It could not be moved to the trash.";
+
 // Deletes the files of scenarios in the folder and the folders of their outputs: into the trash unless
 // `permanently`, then by moving them into `backups` or, when that is null, for good.
 Operation_outcome delete_scenarios(const TESK::Directory_name& folder,

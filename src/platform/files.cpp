@@ -89,6 +89,11 @@ bool is_folder(std::string_view name) {
     return entry_kind(name) == Entry_kind::folder;
 }
 
+bool is_out_of_reach(std::string_view name) {
+    struct stat state {};
+    return stat(host_path(name).c_str(), &state) != 0 && errno == EACCES;
+}
+
 bool is_link(std::string_view name) {
     struct stat state {};
     return lstat(host_path(name).c_str(), &state) == 0 && S_ISLNK(state.st_mode);

@@ -27,6 +27,10 @@ bool is_folder(std::string_view name);
 // Whether the name itself is a symbolic link, to whatever or nowhere.
 bool is_link(std::string_view name);
 
+// Whether a folder above it keeps this user from knowing what is at the name, which is then answered like one
+// that does not exist.
+bool is_out_of_reach(std::string_view name);
+
 // The size of a file in bytes, at the end of symbolic links; 0 for what is absent or no file.
 std::uint64_t file_size(std::string_view name);
 

@@ -42,6 +42,8 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
         {"tvs_project delete Irrigation_study 'x*' 'none*'", "", 1, "Nothing was done."},
         {"tvs_project delete Irrigation_study 'base*' --dry-run",
          "base\twould be deleted\t\nbase 2\twould be deleted\t\nbase.v3\twould be deleted\t\n"},
+        {"HOME=$PWD XDG_DATA_HOME=/proc/none tvs_project delete Irrigation_study x",
+         "x\tfailed\tIt could not be moved to the trash.\n", 3, "Say --permanently"},
         {"tvs_project delete Irrigation_study 'base ?' spring*",
          "base 2\tdone\t\nspring barley 1985\tdone\t\n"},
         {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; tvs_project "
@@ -67,6 +69,8 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
     script_model("[ $name != base.tvn ] || exit 3");
     expect({
         {"tvs_project run Irrigation_study", "", 2, "or --all"},
+        {"SLURM_CONF=none tvs_project run Irrigation_study base --engine slurm", "", 1,
+         "The scheduler does not answer."},
         {"tvs_project status Irrigation_study", "", 1, "The project has no set of runs."},
         {"tvs_project run Irrigation_study base --dry-run",
          "\"C:\\Program Files\\TVS_suite\\Tilverra\\tilverra_5.exe\"  "
@@ -131,10 +135,18 @@ TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_c
         {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; tvs_project "
          "list Irrigation_study --state running,waiting | cut -f 1,2",
          "base\trunning\nrainfed\twaiting\n"},
+        // Only root can be another user.
+        {"chmod -R a+rX ../../../..; [ $UID = 0 ] || { echo belong to another user >&2; exit 1; }; setpriv "
+         "--reuid=65534 --regid=65534 --clear-groups tvs_project stop Irrigation_study",
+         "", 1, "belong to another user"},
         {"tvs_project stop Irrigation_study | tail -1", "runs\t0 of 2 done, 1 stopped\n"},
         {"tvs_project stop Irrigation_study", "", 1, "No process has the set"},
         {"touch Irrigation_study/go; tvs_project continue Irrigation_study | cut -f 1,2",
          "base\tdone\nrainfed\tdone\n", 0, "2 of 2 done"},
+        // One that cannot be read is not passed over for an older one.
+        {"cp -R Irrigation_study/Runs/2* Irrigation_study/Runs/9; echo >Irrigation_study/Runs/9/set.txt; "
+         "tvs_project continue Irrigation_study",
+         "", 3, "The set of runs '9' cannot be read"},
     });
 }
 

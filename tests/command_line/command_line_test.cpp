@@ -1,6 +1,8 @@
 // The commands as their users meet them: the built program, on the example suite.
 #include "command_line/example_journey.h"
 
+#include <unistd.h>
+
 namespace {
 
 using Command_line_test = Example_journey;
@@ -8,6 +10,7 @@ using Command_line_test = Example_journey;
 TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change_nothing) {
     expect_unchanged({
         {"tvs_project", "", 2, "A subcommand is required"},
+        {"tvs_project --nope", "", 2, "There is no option '--nope'"},
         {"tvs_project lits Irrigation_study", "", 2, "There is no command 'lits'."},
         {"tvs_project check Irrigation_study --suite /nowhere", "", 3, "There is no folder '/nowhere'"},
         {"tvs_project get Irrigation_study.tvp 'nothing.*'", "", 1, "There is no setting 'nothing.*'"},
@@ -17,7 +20,9 @@ TEST_F(Command_line_test, wrong_calls_and_absent_files_say_what_to_do_and_change
         {"tvs_project new Irrigation_study/notes.txt a --activate", "", 3, "is no project"},
         {"tvs_project new Irrigation_study/Scenarios/base.tvn a --activate", "", 3, "is no project"},
         {"tvs_project delete Irrigation_study --where 'scenario.description=W*'", "", 2, "or --all"},
-        {"tvs_project delete Irrigation_study --all --where no.key=1", "", 1, "Nothing was done."},
+        {"tvs_project delete Irrigation_study --all --where no.key=1", "", 1,
+         "No scenario has a setting 'no.key'"},
+        {"tvs_project delete Irrigation_study --all --where salt.1=99", "", 1, "Nothing was done."},
         {"tvs_project list Irrigation_study --where salinity", "", 2, "is no condition such as"},
         {"tvs_project list Irrigation_study 'nothing*'", "", 1,
          "No scenario matches 'nothing*'. Nothing was done."},
@@ -87,6 +92,9 @@ TEST_F(Command_line_test, what_reports_tells_it_to_people_and_to_programs_and_ch
          "tr -d '\\r' | cut -c 1-38",
          "NAME     STATE      DESCRIPTION   CHAN\nbase     never run  Winter whea\u2026  20\nplateau  never "
          "run  Wheat, barl\u2026  20\n"},
+        {"TERM=xterm script -qec 'tvs_project set Irrigation_study CO2.enable=5 --all --dry-run' /dev/null | "
+         "grep -c \"$(printf '\\033.31mrefused')\"",
+         "5\n"},
         {"NO_COLOR=1 script -qec 'tvs_project set Irrigation_study CO2.enable=5 --all --dry-run' /dev/null | "
          "grep -c \"$(printf '\\033.3')\"",
          "0\n", 1},
@@ -188,6 +196,38 @@ TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_program
     });
 }
 
+// By a user who may read everything and write nothing.
+TEST_F(Command_line_test, what_cannot_be_written_is_named_with_the_reason_and_stays_as_it_is) {
+    const std::string writes[][2] = {
+        {"new Irrigation_study a", "1 of 1 failed: a"},
+        {"copy Irrigation_study base b", "1 of 1 failed: b"},
+        {"delete Irrigation_study base", "1 of 1 failed: base"},
+        {"delete Irrigation_study base --permanently", "folder cannot be made: "},
+        {"import Irrigation_study Irrigation_study/Import/*.sim", "folder cannot be made: "},
+        {"set Irrigation_study CO2.enable=1 --all", "folder cannot be made: "},
+        {"set Irrigation_study.tvp project.description=x", "1 of 1 failed"},
+        {"reset Irrigation_study --from rainfed --boxes CO2 --all", "folder cannot be made: "},
+        {"generate Irrigation_study", "\\Generated_scenarios"},
+        {"compare Irrigation_study base rainfed", "\\scenario_comparison"},
+        {"convert Irrigation_study/Import/*.sim", "1 of 1 failed"},
+        {"run Irrigation_study base", "\\Runs cannot be written: You have no permission"},
+        {"continue Irrigation_study", "cannot be written: You have no permission"},
+    };
+    ASSERT_EQ(run("tvs_project run Irrigation_study base rainfed && tvs_project run Irrigation_study base "
+                  "--engine list && chmod a+rx ../../../.. && chmod -R a=rX ../../..")
+                  .code,
+              0);
+    const std::string as = geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    std::vector<Call> calls;
+    for (const auto& [command, told] : writes)
+        calls.push_back({as + "tvs_project " + command + " >/dev/null", "", 3, told.c_str()});
+    expect_unchanged(calls);
+    expect({{"chmod 0 Irrigation_study/Scenarios; " + as +
+                 "tvs_project info Irrigation_study | grep -c '(cannot "
+                 "be reached)'; chmod -R u+rwX ../../..",
+             "2\n"}});
+}
+
 TEST_F(Command_line_test, an_old_record_keeps_all_that_it_told_in_the_present_spelling) {
     folder.write("example/drive_c/Simulation/Projects/old.tvn",
                  "[simulation]\nsoil_filename=a.sil\nours=1\n[scenario]\nevent_count=2\n[event_2]\nID=b\n"
@@ -210,7 +250,14 @@ TEST_F(Command_line_test, completions_and_manual_come_from_what_the_commands_say
         {"eval \"$(tvs_project completion bash)\"; COMP_WORDS=(tvs_project ge); COMP_CWORD=1; _tvs_project; "
          "echo ${COMPREPLY[*]}",
          "generate get\n"},
-        {"tvs_project completion zsh | grep -c -e '--generated\\['", "8\n"},
+        // As they come behind what is typed in a shell: a command, a value, an option.
+        {"mkdir fp; tvs_project completion zsh >fp/_tvs_project; timeout 60 zsh -fc 'zmodload zsh/zpty; zpty "
+         "z "
+         "zsh -fi; zpty -w z \"PS1=; fpath=($PWD/fp \\$fpath); autoload -Uz compinit; compinit -D -u\"; for "
+         "typed in gener:ate \"reset study --boxes soil_p:rofile\" \"list --gene:rated\"; do zpty -w -n z "
+         "$'\\''\\025'\\''\"tvs_project ${typed%:*}\"$'\\''\\t'\\''; zpty -r z out \"*${typed#*:}*\" && echo "
+         "${typed#*:}; done'",
+         "ate\nrofile\nrated\n"},
         {"tvs_project manual | grep -c '^## '", "19\n"},
         {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'",
          "- `--boxes {submodels,CO2,output,soil_profile,residue,organic_matter,manure,soil_N}`: What to "

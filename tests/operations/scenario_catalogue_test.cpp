@@ -5,6 +5,7 @@
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -83,6 +84,9 @@ TEST_F(Catalogue_test, a_folder_or_an_anchor_is_no_scenario) {
     record.active_scenario = "Scenarios\\base.tvn";
     EXPECT_EQ(create_scenario(workspace, "base.tvn#2", true).done, 1U);
     EXPECT_EQ(scenario("base.tvn#2.tvn"), "[scenario]\n");
+    ASSERT_EQ(mkfifo(drives.host("p/Scenarios/pipe.tvn").c_str(), 0600), 0);
+    record.active_scenario = "Scenarios\\pipe.tvn";
+    EXPECT_EQ(create_scenario(workspace, "copy", true).not_done.size(), 1U) << "a pipe is not waited for";
 
     record.active_scenario = "Scenarios\\dry";
     complete_active_scenario(workspace, Scenario_folder::created);

@@ -56,7 +56,8 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
           add_row(scenario_run_tabsheet, "runs_at_once_panel"), "runs_at_once_edit", "Runs at a time",
           "How many scenarios are run at the same time; usually as many as there are "
           "cores.")),
-      longest_run_edit(add_number(*runs_at_once_edit.parent(), "longest_run_edit", "Longest run, minutes",
+      longest_run_edit(add_number(add_row(scenario_run_tabsheet, "longest_run_panel"), "longest_run_edit",
+                                  "Longest run, minutes",
                                   "A run that takes longer is ended and counts as failed. Empty for no "
                                   "limit.")),
       stop_at_failure_checkbox(

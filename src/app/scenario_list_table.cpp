@@ -8,6 +8,7 @@
 #include "foundation/code_page_1252.h"
 #include "platform/listing.h"
 #include "toolkit/screen_language.h"
+#include "toolkit/screen_memory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -77,6 +78,7 @@ Scenario_list_table::Scenario_list_table(TPanel& filter, TTable& rows_table, TCo
       state_combo(filter.add<TComboBox>(list_name + "_state_combo")), table(rows_table),
       list(table.add<TFileCheckListBox>(list_name)),
       count_label(parent.add<TLabel>(list_name + "_count_label")) {
+    filter_edit.set_prompt("Find scenarios");
     filter_edit.set_hint(
         "Show only the scenarios whose name or description holds these words; * and ? stand for any "
         "characters.");
@@ -85,6 +87,7 @@ Scenario_list_table::Scenario_list_table(TPanel& filter, TTable& rows_table, TCo
     count_label.set_text_is_data(true);
     table.set_columns(table_columns());
     table.set_sort(name_column, false);
+    keep_columns(table);
     table.set_rows(this);
 
     filter_edit.on_change = [this] { refill(); };
@@ -93,12 +96,6 @@ Scenario_list_table::Scenario_list_table(TPanel& filter, TTable& rows_table, TCo
         table.set_sort(column, down);
         reorder();
         refill();
-        if (on_layout)
-            on_layout();
-    };
-    table.on_columns = [this] {
-        if (on_layout)
-            on_layout();
     };
     table.on_change = [this] {
         if (table.cursor_row() < 0)
@@ -162,7 +159,7 @@ std::string Scenario_list_table::hint(int row, int column) const {
     const Scenario_fact* const fact = fact_of(line_of(row));
     if (fact == nullptr || column == name_column)
         return {};
-    return column == state_column ? screen_text(fact->status.reason)
+    return column == state_column ? worded(screen_text(fact->status.reason))
                                   : screen_text(fact->overview.description);
 }
 
@@ -396,39 +393,4 @@ void Scenario_list_table::learn() {
         refill();
     }
     has_news_ = has_news_ && learn_timer_.enabled();
-}
-
-// ---- what the user's settings keep
-
-std::string Scenario_list_table::layout() const {
-    std::string text = std::to_string(table.sort_column()) + (table.sorted_down() ? " down" : " up");
-    for (const Table_column& column : table.columns())
-        text += ' ' + column.name + ' ' + std::to_string(column.width) + (column.visible ? "" : " hidden");
-    return text;
-}
-
-void Scenario_list_table::set_layout(const std::string& layout) {
-    std::istringstream words(layout);
-    int sort = -1;
-    std::string word;
-    if (!(words >> sort >> word) || sort < 0 || sort >= table.column_count())
-        return;
-    table.set_sort(sort, word == "down");
-    int column = -1;
-    while (words >> word) {
-        if (word == "hidden" && column > name_column) {
-            table.set_column_visible(column, false);
-            continue;
-        }
-        const auto& columns = table.columns();
-        const auto found = std::find_if(columns.begin(), columns.end(),
-                                        [&](const Table_column& known) { return known.name == word; });
-        int width = 0;
-        if (found == columns.end() || !(words >> width))
-            break;
-        column = static_cast<int>(found - columns.begin());
-        table.set_column_width(column, std::clamp(width, 2, 500));
-    }
-    reorder();
-    refill();
 }

@@ -31,10 +31,6 @@ public:
 
     // Ticks what the filter shows; the rest stays as it is.
     void tick_all_shown();
-    // The columns and their order as a text that the user's settings keep, and back; a text that is none
-    // changes nothing.
-    std::string layout() const;
-    void set_layout(const std::string& layout);
 
     TEdit& filter_edit;
     TComboBox& state_combo;
@@ -43,7 +39,6 @@ public:
     TLabel& count_label;
 
     std::function<void()> on_menu;
-    std::function<void()> on_layout; // the user changed the columns or the order
 
     // The lines that are ticked, without the one under the cursor; where none is, the selected ones.
     std::vector<int> lines_beside_cursor() const;

@@ -2,7 +2,6 @@
 
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
-#include "toolkit/screen_memory.h"
 
 #include <utility>
 
@@ -14,16 +13,6 @@ int line_of(const TListBox& list, const std::string& file_name) {
         if (TESK::compare_ignoring_case(record_text(list.line(i).text), file_name) == 0)
             return i;
     return -1;
-}
-
-// Shows the columns as the user left them, and remembers what he makes of them.
-void keep_layout(Scenario_list_table& list) {
-    if (current_screen_memory != nullptr)
-        list.set_layout(current_screen_memory->recall(list.table.name()));
-    list.on_layout = [&list] {
-        if (current_screen_memory != nullptr)
-            current_screen_memory->remember(list.table.name(), list.layout());
-    };
 }
 
 } // namespace
@@ -84,10 +73,8 @@ void Scenario_lists::wire() {
     relist_scenarios_button.on_click = [this] { relist_scenarios_button_onclick(); };
     explore_scenarios_button.on_click = [this] { explore_scenarios_buttonClick(); };
     states_timer_.on_timer = [this] { refresh_states(); };
-    for (Scenario_list_table* table : {&created, &generated}) {
+    for (Scenario_list_table* table : {&created, &generated})
         table->on_menu = [this] { menu.popup(); };
-        keep_layout(*table);
-    }
 }
 
 Scenario_list_table& Scenario_lists::current_table() {

@@ -3,6 +3,7 @@
 #include "desktop_qt/views.h"
 #include "toolkit/label.h"
 #include "toolkit/ruler.h"
+#include "toolkit/screen_language.h"
 
 #include <QtGui/QAccessible>
 #include <QtGui/QHelpEvent>
@@ -127,7 +128,7 @@ public:
 
     void show_picture(const Picture& picture) {
         picture_ = picture;
-        setAccessibleName(picture.meaning);
+        setAccessibleName(to_qt(worded(picture.meaning)));
         update();
     }
 

@@ -2,6 +2,7 @@
 
 #include "desktop_qt/picture_painter.h"
 #include "desktop_qt/view.h"
+#include "toolkit/screen_language.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtGui/QMouseEvent>
@@ -25,7 +26,7 @@ Qt::Alignment alignment_of(Align align) {
 
 // What a reader of the screen is told of a cell.
 QString spoken(const Table_cell& cell) {
-    const QString meaning = QString::fromLatin1(cell.picture.meaning);
+    const QString meaning = to_qt(worded(cell.picture.meaning));
     const QString text = to_qt(cell.text);
     return meaning.isEmpty() || text.isEmpty() ? meaning + text : meaning + ", " + text;
 }
@@ -119,19 +120,30 @@ QIcon Table_model::icon_of(const Picture& picture) const {
     const int shape_and_mark = static_cast<int>(picture.shape) * 100 + static_cast<int>(picture.mark);
     QIcon& icon = icons_[{picture.faceted ? -shape_and_mark : shape_and_mark, picture.colour}];
     if (icon.isNull()) {
-        const int side = view_.fontMetrics().height();
-        const qreal scale = view_.devicePixelRatioF();
-        QPixmap pixmap(QSize(side, side) * scale);
-        pixmap.setDevicePixelRatio(scale);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint_picture(painter, picture, QRectF(0, 0, side, side), view_.font(),
-                      view_.palette().color(QPalette::Base));
-        painter.end();
-        icon.addPixmap(pixmap);
-        icon.addPixmap(pixmap, QIcon::Selected);
+        icon.addPixmap(pixmap_of(picture, false));
+        icon.addPixmap(pixmap_of(picture, true), QIcon::Selected);
     }
     return icon;
+}
+
+// On a plate of its usual background it stands out from whatever a selected row is painted with.
+QPixmap Table_model::pixmap_of(const Picture& picture, bool has_plate) const {
+    const int side = view_.fontMetrics().height();
+    const qreal scale = view_.devicePixelRatioF();
+    QPixmap pixmap(QSize(side, side) * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    const QRectF box(0, 0, side, side);
+    const QColor background = view_.palette().color(QPalette::Base);
+    if (has_plate) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(background);
+        painter.drawRoundedRect(box, box.width() / 5, box.height() / 5);
+    }
+    paint_picture(painter, picture, box, view_.font(), background);
+    return pixmap;
 }
 
 QVariant Table_model::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -307,6 +319,15 @@ void Table_widget::keyPressEvent(QKeyEvent* event) {
         return;
     if (!on_command(to_key(*event)))
         QTableView::keyPressEvent(event);
+}
+
+// What the cursor stands on stays on view when the room for the table gets less.
+void Table_widget::resizeEvent(QResizeEvent* event) {
+    const QRect row = visualRect(currentIndex());
+    const bool was_on_view = row.isValid() && row.top() >= 0 && row.top() < event->oldSize().height();
+    QTableView::resizeEvent(event);
+    if (was_on_view && row.bottom() >= viewport()->height())
+        scrollTo(model()->index(currentIndex().row(), columnAt(0)));
 }
 
 void Table_widget::contextMenuEvent(QContextMenuEvent* event) {

@@ -30,6 +30,7 @@ private:
     QVariant row_header(int row, int role) const;
     QFont strong_font() const;
     QIcon icon_of(const Picture& picture) const;
+    QPixmap pixmap_of(const Picture& picture, bool has_plate) const;
 
     const TTable* table_;
     const QWidget& view_;
@@ -83,6 +84,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -91,6 +91,9 @@ private:
                 sized_by_user_.insert(column);
             act([&] { control().resize_column(column, to_characters(column, now)); });
         });
+        header->setSectionsMovable(control().selects() == TTable::Selects::rows);
+        connect(header, &QHeaderView::sectionMoved, this,
+                [this](int column, int, int place) { act([&] { control().move_column(column, place); }); });
     }
 
     // Whether the column is as wide as it is because it fills the rest of the table.
@@ -99,10 +102,12 @@ private:
         return header.visualIndex(column) == header.count() - 1 ||
                (header.sectionsHidden() && next_shown(column) < 0);
     }
+    // The next one to the right, or -1; from the left edge without a column.
     int next_shown(int column) const {
-        for (++column; column < control().column_count(); ++column)
-            if (control().columns()[static_cast<std::size_t>(column)].visible)
-                return column;
+        const QHeaderView& header = *widget().horizontalHeader();
+        for (int place = column < 0 ? 0 : header.visualIndex(column) + 1; place < header.count(); ++place)
+            if (!header.isSectionHidden(header.logicalIndex(place)))
+                return header.logicalIndex(place);
         return -1;
     }
     int shown_column() const { return std::max(control().cursor_column(), std::max(next_shown(-1), 0)); }
@@ -123,6 +128,9 @@ private:
 
     void show_columns() {
         QHeaderView& header = *widget().horizontalHeader();
+        int place = 0;
+        for (const int column : control().column_order())
+            header.moveSection(header.visualIndex(column), place++);
         for (int column = 0; column < control().column_count(); ++column) {
             const Table_column& shown = control().columns()[static_cast<std::size_t>(column)];
             header.setSectionHidden(column, !shown.visible);

@@ -76,6 +76,11 @@ private:
     std::function<bool(const QString&, int)> admits_;
 };
 
+// A letter with Alt is meant for the window, and nobody types it.
+bool is_for_window(const QKeyEvent& event) {
+    return event.modifiers() == Qt::AltModifier && !event.text().isEmpty() && event.text()[0].isPrint();
+}
+
 // A line that leaves out the middle of a text that is wider than it, while nobody types there.
 class Text_line : public QLineEdit {
 public:
@@ -90,6 +95,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        if (is_for_window(*event))
+            return event->ignore();
         QLineEdit::keyPressEvent(event);
         on_key_done();
     }
@@ -253,6 +260,10 @@ public:
 protected:
     void show_state() override {
         line_.set_cuts_middle(control().cuts_middle());
+        if (const QString prompt = to_qt(static_cast<TEdit&>(control()).prompt()); !prompt.isEmpty()) {
+            line_.setPlaceholderText(prompt);
+            line_.setAccessibleName(prompt);
+        }
         Line_view::show_state();
     }
 
@@ -331,6 +342,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        if (is_for_window(*event))
+            return event->ignore();
         const QString text = event->text();
         const bool writes = !text.isEmpty() && text[0].isPrint() && !isReadOnly();
         if (!writes || admitted(text) == text)

@@ -40,6 +40,13 @@ public:
             control.translate_hint(*hint);
             changed = true;
         }
+        if (control.kind() == Control_kind::edit) {
+            auto& edit = static_cast<TEdit&>(control);
+            if (const auto prompt = new_wording(edit.native_prompt(), edit.prompt())) {
+                edit.translate_prompt(*prompt);
+                changed = true;
+            }
+        }
         if (control.kind() == Control_kind::main_menu)
             changed |= static_cast<TMainMenu&>(control).refresh_words();
         if (control.kind() == Control_kind::combo_box) {
@@ -73,8 +80,8 @@ private:
         bool changed = false;
         for (int column = 0; column < table.column_count(); ++column) {
             const std::string& shown = table.shown_caption(column);
-            const auto caption =
-                new_wording(table.columns()[static_cast<std::size_t>(column)].caption, shown);
+            const Table_column& own = table.columns()[static_cast<std::size_t>(column)];
+            const auto caption = own.caption_is_data ? std::nullopt : new_wording(own.caption, shown);
             captions.push_back(caption.value_or(shown));
             changed |= caption.has_value();
         }

@@ -218,6 +218,16 @@ void TCustomEdit::do_change() {
         on_change();
 }
 
+void TEdit::set_prompt(const std::string& prompt) {
+    if (prompt_.set(prompt))
+        notify(Aspect::state);
+}
+
+void TEdit::translate_prompt(const std::string& translation) {
+    if (prompt_.translate(translation))
+        notify(Aspect::state);
+}
+
 int TMemo::line_count() const {
     const auto breaks = std::count(text().begin(), text().end(), '\n');
     const bool open_end = !text().empty() && text().back() != '\n';

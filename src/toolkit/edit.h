@@ -120,6 +120,15 @@ private:
 class TEdit : public TCustomEdit {
 public:
     explicit TEdit(std::string name) : TCustomEdit(Control_kind::edit, std::move(name), false) {}
+
+    // What an empty edit says of what belongs there. It is the program's own, and translated like a hint.
+    const std::string& prompt() const { return prompt_.shown(); }
+    const std::string& native_prompt() const { return prompt_.native(); }
+    void set_prompt(const std::string& prompt);
+    void translate_prompt(const std::string& translation);
+
+private:
+    Wording prompt_{std::string()};
 };
 
 class TMemo : public TCustomEdit {

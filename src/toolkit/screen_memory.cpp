@@ -1,6 +1,7 @@
 #include "toolkit/screen_memory.h"
 
 #include "toolkit/splitter.h"
+#include "toolkit/table.h"
 
 #include <charconv>
 
@@ -14,5 +15,14 @@ void keep_position(TSplitter& splitter, int first) {
     splitter.on_move = [&splitter] {
         if (current_screen_memory)
             current_screen_memory->remember(splitter.name(), std::to_string(splitter.position()));
+    };
+}
+
+void keep_columns(TTable& table) {
+    if (current_screen_memory)
+        table.set_layout(current_screen_memory->recall(table.name()));
+    table.on_columns = [&table] {
+        if (current_screen_memory)
+            current_screen_memory->remember(table.name(), table.layout());
     };
 }

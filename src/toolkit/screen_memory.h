@@ -5,6 +5,7 @@
 #include <string>
 
 class TSplitter;
+class TTable;
 
 class Screen_memory {
 public:
@@ -22,3 +23,7 @@ extern Screen_memory* current_screen_memory;
 // Puts the splitter where the user left it, or at `first` (in thousandths) if he never moved it, and
 // remembers where he moves it from now on.
 void keep_position(TSplitter& splitter, int first);
+
+// Arranges the columns of the table as the user left them, and remembers what he makes of them from now on.
+// By what the table says it is sorted, its owner then has to sort.
+void keep_columns(TTable& table);

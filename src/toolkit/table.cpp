@@ -2,6 +2,7 @@
 
 #include "toolkit/form.h"
 #include "toolkit/menu.h"
+#include "toolkit/screen_language.h"
 
 #include <algorithm>
 
@@ -53,8 +54,11 @@ void TTable::set_rows(Table_rows* rows) {
 void TTable::set_columns(std::vector<Table_column> columns) {
     columns_ = std::move(columns);
     shown_captions_.clear();
-    for (const Table_column& column : columns_)
-        shown_captions_.push_back(column.caption);
+    column_order_.clear();
+    for (const Table_column& column : columns_) {
+        column_order_.push_back(static_cast<int>(shown_captions_.size()));
+        shown_captions_.push_back(column.caption_is_data ? column.caption : worded(column.caption));
+    }
     sort_column_ = has_column(sort_column_) ? sort_column_ : -1;
     cursor_column_ = has_column(cursor_column_) ? cursor_column_ : -1;
     block_ = {};
@@ -199,11 +203,15 @@ bool TTable::valid_cell(int& row, int& column) const {
     return has_row(row);
 }
 
-// The nearest visible column, or -1.
+// The nearest visible column to the right (1) or to the left (-1), or -1; from the edge without a column.
 int TTable::step_column(int from, int step) const {
-    for (int column = from + step; has_column(column); column += step)
+    const auto here = std::find(column_order_.begin(), column_order_.end(), from);
+    int place = here == column_order_.end() ? -1 : static_cast<int>(here - column_order_.begin());
+    for (place += step; has_column(place); place += step) {
+        const int column = column_order_[static_cast<std::size_t>(place)];
         if (columns_[static_cast<std::size_t>(column)].visible)
             return column;
+    }
     return -1;
 }
 
@@ -318,6 +326,8 @@ bool TTable::click_header(int column) {
     set_sort(column, column == sort_column_ && !sorted_down_);
     if (on_sort)
         on_sort(sort_column_, sorted_down_);
+    if (on_columns)
+        on_columns();
     return true;
 }
 
@@ -349,7 +359,7 @@ bool TTable::open_header_menu() {
     if (!begin_action())
         return false;
     TPopupMenu menu;
-    for (int column = 0; column < column_count(); ++column) {
+    for (const int column : column_order_) {
         const bool visible = columns_[static_cast<std::size_t>(column)].visible;
         menu.items.push_back({.text = shown_caption(column),
                               .on_click = [this, column, visible] { show_column(column, !visible); },

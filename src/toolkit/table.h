@@ -14,6 +14,9 @@ struct Table_column {
     bool visible = true;
     bool sortable = true;
     std::string hint{};
+    bool caption_is_data = false; // a name of something, never translated
+
+    bool operator==(const Table_column&) const = default;
 };
 
 struct Table_cell {
@@ -103,6 +106,14 @@ public:
     void translate_captions(const std::vector<std::string>& translations);
     void set_column_width(int column, int width);
     void set_column_visible(int column, bool visible);
+    // The columns from left to right, as the user has put them: at first, and with other columns, in their
+    // own order. Not all of them, or one twice, changes nothing.
+    const std::vector<int>& column_order() const { return column_order_; }
+    void set_column_order(const std::vector<int>& order);
+    // How the columns are arranged and the rows sorted, as a text of one line that can be kept, and back.
+    // What is no such text changes nothing; the owner sorts afterwards.
+    std::string layout() const;
+    void set_layout(const std::string& layout);
     // The column that the header marks as the one the rows are sorted by, or -1.
     int sort_column() const { return sort_column_; }
     bool sorted_down() const { return sorted_down_; }
@@ -147,6 +158,8 @@ public:
     bool click_header(int column);
     bool resize_column(int column, int width);
     bool show_column(int column, bool visible);
+    // Puts the column at that place from the left; only where whole rows are selected.
+    bool move_column(int column, int place);
     // The menu that shows and hides columns.
     bool open_header_menu();
     // Edits the cell, or else fires on_double_click.
@@ -174,7 +187,8 @@ public:
     std::function<void()> on_edited;    // cells were typed, chosen or pasted, and taken or not
     std::function<void(int row)> on_tick;
     std::function<void(int column, bool down)> on_sort;
-    std::function<void()> on_columns; // the user made a column wider or narrower, or showed or hid it
+    // The user made a column wider or narrower, showed, hid or moved it, or sorted by it.
+    std::function<void()> on_columns;
     std::function<void(int row, int column)> on_double_click;
     std::function<void(int row, int column)>
         on_edit; // a cell whose editor is of another kind is to be edited
@@ -205,6 +219,7 @@ private:
     int count_ = 0;
     std::vector<Table_column> columns_;
     std::vector<std::string> shown_captions_;
+    std::vector<int> column_order_;
     int sort_column_ = -1;
     bool sorted_down_ = false;
     int cursor_row_ = -1;

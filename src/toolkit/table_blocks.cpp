@@ -63,8 +63,9 @@ bool TTable::copy() {
     for (const Row_range& range : ranges_) {
         for (int row = range.first; row <= range.last; ++row) {
             const char* before = "";
-            for (int column = block.first_column; column <= block.last_column; ++column) {
-                if (!columns_[static_cast<std::size_t>(column)].visible)
+            for (const int column : column_order_) {
+                const bool is_in_block = column >= block.first_column && column <= block.last_column;
+                if (!is_in_block || !columns_[static_cast<std::size_t>(column)].visible)
                     continue;
                 text += before + quoted(rows_->cell(row, column).text);
                 before = "\t";

@@ -55,12 +55,12 @@ TEST_F(Scenario_list_test, shows_what_is_known_of_scenarios_as_people_count_filt
 TEST_F(Scenario_list_test, the_row_under_the_cursor_is_the_active_scenario_and_has_a_menu) {
     EXPECT_TRUE(table().table.select_row(2));
     EXPECT_EQ(record->active_scenario.get_name(true), "plot 2.tvn");
-    const std::string layout = table().layout();
+    const std::string layout = table().table.layout();
     table().table.resize_column(2, 50);
     table().table.click_header(1);
-    EXPECT_NE(table().layout(), layout);
-    table().set_layout(layout);
-    EXPECT_EQ(table().layout(), layout);
+    EXPECT_NE(table().table.layout(), layout);
+    table().table.set_layout(layout);
+    EXPECT_EQ(table().table.layout(), layout);
     EXPECT_EQ(table().table.cursor_row(), 2);
 
     desktop.expect_menu("Copy name");
@@ -170,13 +170,15 @@ TEST_F(Scenario_list_test, each_list_remembers_its_columns_and_its_order) {
     table().table.click_header(3);
     table().table.resize_column(0, 40);
     table().table.show_column(2, false);
+    EXPECT_TRUE(table().table.move_column(4, 1));
     const auto layouts_of_new_form = [] {
         const TTilverra_project_form other;
-        return std::pair(other.scenarios.lists.created.layout(), other.scenarios.lists.generated.layout());
+        return std::pair(other.scenarios.lists.created.table.layout(),
+                         other.scenarios.lists.generated.table.layout());
     };
     const std::string usual = layouts_of_new_form().second;
-    EXPECT_EQ(layouts_of_new_form().first, table().layout());
-    EXPECT_NE(table().layout(), usual);
+    EXPECT_EQ(layouts_of_new_form().first, table().table.layout());
+    EXPECT_NE(table().table.layout(), usual);
     for (const char* damaged :
          {"99 up name 3", "-7 up", "x", "0 up name wide state 5 hidden", "0 up moon 5"}) {
         memory.texts["created_scenarios_filelistbox_table"] = damaged;

@@ -1,6 +1,7 @@
 #include "desktop_qt/picture_painter.h"
 #include "desktop_qt/views_support.h"
 #include "toolkit/splitter.h"
+#include "toolkit/table.h"
 
 namespace {
 
@@ -67,6 +68,12 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     auto& clear = row.add<TButton>("clear", "X");
     clear.set_hint("This button clears the entry.");
     auto& arrows = row.add<TSpinArrows>("arrows", "\xC2\xB1 10");
+    auto& filter = form_.add<TEdit>("filter");
+    filter.set_prompt("Find scenarios");
+    auto& file = form_.add<TLabel>("file", "C:\\GIS\\yields.dbf");
+    file.set_cut(Cut::middle);
+    file.set_names_next(true);
+    auto& table = form_.add<TTable>("table", TTable::Selects::cells);
     auto& save = form_.add<TButton>("save", "&Save");
     auto& group = form_.add<TRadioGroup>("level", "Database", std::vector<std::string>{"Master", "Project"});
     show(form_);
@@ -79,6 +86,8 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     EXPECT_EQ(description_of(light), "Red=Invalid value");
     EXPECT_EQ(name_of(clear), "This button clears the entry.");
     EXPECT_EQ(name_of(save), "Save");
+    EXPECT_EQ(name_of(filter), "Find scenarios");
+    EXPECT_EQ(name_of(table), "C:\\GIS\\yields.dbf");
     EXPECT_EQ(name_of(group), "Database");
     std::string steps;
     for (QWidget* arrow : widget(arrows).findChildren<QWidget*>())

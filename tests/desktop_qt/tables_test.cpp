@@ -164,6 +164,17 @@ TEST_F(Table_views, columns_are_sorted_resized_and_hidden_by_the_header) {
     table.translate_captions({"Nom", "Valeur", "Choix", "Notes"});
     EXPECT_TRUE(header.isSectionHidden(1));
     EXPECT_EQ(header.model()->headerData(2, Qt::Horizontal).toString(), "Choix");
+    header.moveSection(3, 0); // as by dragging
+    EXPECT_EQ(table.column_order(), (std::vector<int>{3, 0, 1, 2}));
+    table.set_column_order({2, 3, 0, 1});
+    EXPECT_EQ(header.logicalIndex(0), 2);
+    table.set_cursor(20);
+    table.show_row(20);
+    widget(form_).resize(700, 200);
+    QCoreApplication::processEvents();
+    const QTableView& view = widget<QTableView>(table);
+    EXPECT_LT(view.visualRect(view.currentIndex()).bottom(), view.viewport()->height())
+        << "the cursor stays on view";
 }
 
 TEST_F(Table_views, what_cannot_be_seen_is_told) {

@@ -96,9 +96,14 @@ TEST_F(Tables, a_header_asks_for_an_order_and_columns_are_the_users) {
     desktop_.expect_menu("Value");
     EXPECT_TRUE(table.open_header_menu());
     EXPECT_FALSE(table.columns()[1].visible);
-    EXPECT_EQ(log_, "1^ 1v 0^ columns columns ");
+    EXPECT_EQ(log_, "1^ columns 1v columns 0^ columns columns columns ");
     EXPECT_TRUE(table.show_column(0, false) && table.show_column(2, false));
     EXPECT_FALSE(table.show_column(3, false)) << "the last one stays";
+    EXPECT_TRUE(table.show_column(2, true) && table.move_column(3, 0));
+    EXPECT_TRUE(table.click_cell(0, 3) && table.key({.code = Key_code::right}));
+    EXPECT_EQ(table.cursor_column(), 2) << "to what stands at the right";
+    EXPECT_TRUE(table.copy());
+    EXPECT_EQ(desktop_.clipboard_text(), rows_.cell(0, 3).text + '\t' + rows_.cell(0, 2).text + '\n');
 }
 
 TEST_F(Tables, cells_are_edited_where_the_owner_allows_it) {

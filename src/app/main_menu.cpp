@@ -9,6 +9,8 @@
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 
+#include <utility>
+
 namespace {
 
 constexpr const char* no_folder = "The project has no folder yet: save it first.";
@@ -64,9 +66,9 @@ Menu_item Main_menu::button_entry(const char* text, TButton& button, const char*
     return item;
 }
 
-Menu_item Main_menu::page_entry(const char* text, TControl& page, const char* why_not) {
+Menu_item Main_menu::page_entry(const char* text, const char* shortcut, TControl& page, const char* why_not) {
     return entry(
-        text, [&page] { page.bring_to_front(); }, "",
+        text, [&page] { page.bring_to_front(); }, shortcut,
         [&page, why_not]() -> std::string { return is_offered(page) ? "" : why_not; });
 }
 
@@ -190,26 +192,26 @@ std::vector<Menu_item> Main_menu::view_items() {
     };
     const Tparameter_file_form& host = form.parameter_file_form();
     return {entry(
-                "&Simulation scenarios", [this] { show_scenarios(); }, "", no_scenarios),
-            page_entry("&Runs", form.runs.runs_tabsheet),
-            page_entry("S&ettings", form.settings.settings_tabsheet),
-            page_entry("Scenario &comparisons", form.comparisons.tabsheet_scenario_comparison),
-            page_entry("&Options", form.options.options_tabsheet),
+                "&Simulation scenarios", [this] { show_scenarios(); }, "Ctrl+1", no_scenarios),
+            page_entry("&Runs", "Ctrl+2", form.runs.runs_tabsheet),
+            page_entry("S&ettings", "Ctrl+3", form.settings.settings_tabsheet),
+            page_entry("Scenario &comparisons", "Ctrl+4", form.comparisons.tabsheet_scenario_comparison),
+            page_entry("&Options", "Ctrl+5", form.options.options_tabsheet),
             entry(
-                "Optimi&zation models", [this] { form.options.show_optimization_model_buttonClick(); }, "",
-                no_optimization),
+                "Optimi&zation models", [this] { form.options.show_optimization_model_buttonClick(); },
+                "Ctrl+6", no_optimization),
             entry(
-                "&GIS", [this] { show_GIS(); }, "", no_GIS),
-            page_entry("Ma&p", form.map.map_tabsheet,
+                "&GIS", [this] { show_GIS(); }, "Ctrl+7", no_GIS),
+            page_entry("Ma&p", "Ctrl+8", form.map.map_tabsheet,
                        "There is no map: choose the attribute table of one on GIS, Maps."),
-            page_entry("S&tatistical tallies", form.tallies.tabsheet_statistical_tally,
+            page_entry("S&tatistical tallies", "Ctrl+9", form.tallies.tabsheet_statistical_tally,
                        "Tick Perform statistical analysis on the page Run, and the page appears."),
             line(),
-            page_entry("&Details", host.details.tabsheet_details, no_folder),
-            page_entry("&Notes", host.notes.tabsheet_notes, no_folder),
-            page_entry("St&atus", host.notes.tabsheet_status, no_folder),
-            page_entry("Co&mmands", *host.programs.command_history_memo.parent()),
-            page_entry("&Language", host.language.tabsheet_translation,
+            page_entry("&Details", "Alt+1", host.details.tabsheet_details, no_folder),
+            page_entry("&Notes", "Alt+2", host.notes.tabsheet_notes, no_folder),
+            page_entry("St&atus", "Alt+3", host.notes.tabsheet_status, no_folder),
+            page_entry("Co&mmands", "Alt+4", *host.programs.command_history_memo.parent()),
+            page_entry("&Language", "Alt+5", host.language.tabsheet_translation,
                        "There are no translation files in the program's folder.")};
 }
 
@@ -259,8 +261,10 @@ void Main_menu::show_properties() {
     add("Size of all", size_text(summary.bytes));
     add("Changed", summary.changed ? time_text(*summary.changed) : "");
     std::vector<std::string> findings;
-    for (const Finding& finding : summary.findings)
-        findings.push_back(screen_text(finding_text(finding)));
+    for (Finding finding : summary.findings) {
+        const std::string message = worded(screen_text(std::exchange(finding.message, {})));
+        findings.push_back(screen_text(finding_text(finding)) + message);
+    }
     properties.set_lines(findings);
     properties.set_action("Show &folder", "Show the folder of this file in the file manager.",
                           [this] { form.parameter_file_form().button_windows_explore.on_click(); });

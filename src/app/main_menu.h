@@ -32,7 +32,7 @@ private:
                            Obstacle obstacle = {});
     static Menu_item button_entry(const char* text, TButton& button, const char* why_not,
                                   const char* shortcut = "");
-    static Menu_item page_entry(const char* text, TControl& page,
+    static Menu_item page_entry(const char* text, const char* shortcut, TControl& page,
                                 const char* why_not = "This project has no such page.");
     Menu_item program_entry(const char* text, std::function<void()> act, const char* shortcut = "") const;
     std::vector<Menu_item> file_items();

@@ -91,7 +91,7 @@ void Map_page::read_map() {
     auto map = std::make_shared<Polygon_map>(reader_->read(shown_file_));
     attributes_ = Attribute_table(attribute_file(), true);
     const std::string failure =
-        map->failure.empty() ? trouble_with(attributes_, attribute_file()) : map->failure;
+        map->failure.empty() ? trouble_with(attributes_, attribute_file()) : worded(map->failure);
     map_note.set_text(failure);
     map_view.set_map(std::move(map));
     map_table_combo.set_item_index(0);

@@ -2,8 +2,11 @@
 
 #include "app/tilverra_project_form.h"
 #include "toolkit/desktop.h"
+#include "toolkit/menu.h"
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -50,17 +53,43 @@ bool Project_page::prepare_backups(const std::vector<std::string>& files,
                "Cannot be undone", Button_set::ok_cancel) == Modal_result::ok;
 }
 
+void Project_page::show_tables(const std::vector<std::string>& files, const char* none) {
+    if (files.empty())
+        return form.parameter_file_form().notice(worded(none));
+    if (files.size() == 1)
+        return form.tables.show(files.front());
+    const auto folder_of = [](const std::string& file) { return file.substr(0, file.rfind('\\')); };
+    const std::string folder = folder_of(files.front());
+    const bool is_one_folder =
+        std::all_of(files.begin(), files.end(), [&](const auto& file) { return folder_of(file) == folder; });
+    TPopupMenu menu;
+    for (const std::string& file : files) {
+        std::size_t start = folder_of(file).size();
+        // Of several outputs, the name of what they are the output of goes before.
+        for (int levels = is_one_folder ? 0 : 2; levels > 0; --levels)
+            start = folder_of(file.substr(0, start)).size();
+        menu.items.push_back({.text = screen_text(file.substr(start + 1)),
+                              .on_click = [this, file] { form.tables.show(file); },
+                              .text_is_data = true});
+    }
+    menu.popup();
+}
+
 bool paint_pending() {
     return current_desktop == nullptr || current_desktop->process_messages();
 }
 
+std::string told_failures(const Operation_outcome& outcome) {
+    return first_failures(outcome, [](const std::string& text) { return worded(screen_text(text)); });
+}
+
 void show_failures(const Operation_outcome& outcome, const std::string& title) {
     if (!outcome.refused.empty())
-        message_box(screen_text(outcome.refused), title, Button_set::ok);
+        message_box(worded(screen_text(outcome.refused)), title, Button_set::ok);
     else if (!outcome.not_done.empty())
         message_box(
             worded("Files that could not be dealt with: %1", std::to_string(outcome.not_done.size())) + '\n' +
-                screen_text(first_failures(outcome)),
+                told_failures(outcome),
             title, Button_set::ok);
 }
 

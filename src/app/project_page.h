@@ -50,6 +50,10 @@ protected:
     // more than the project keeps, asks whether to go on without; false when the user does not.
     bool prepare_backups(const std::vector<std::string>& files, std::optional<Change_backups>& backups) const;
 
+    // Shows tables (.dbf, full names): one at once, of several the one that the user chooses. Without any the
+    // status line says `none`.
+    void show_tables(const std::vector<std::string>& files, const char* none);
+
     TTilverra_project_form& form;
 
 private:
@@ -63,6 +67,9 @@ inline Change_backups* pointer_to(std::optional<Change_backups>& backups) {
 
 // Lets what changed be painted. False once the user closes the program.
 bool paint_pending();
+
+// The first of the files that an operation could not deal with, with the reasons, in the user's language.
+std::string told_failures(const Operation_outcome& outcome);
 
 // Tells the user what an operation could not do; nothing when it did all.
 void show_failures(const Operation_outcome& outcome, const std::string& title);

@@ -117,7 +117,7 @@ Table_cell Run_set_rows::cell(int row, int column) const {
                             : progress.stopped > 0                                  ? Run_state::stopped
                             : progress.total > 0 && progress.done == progress.total ? Run_state::done
                                                                                     : Run_state::waiting;
-    return {.text = describe(progress), .picture = picture_of(state)};
+    return {.text = worded_lines(describe(progress), ", "), .picture = picture_of(state)};
 }
 
 std::vector<Table_column> Run_rows::columns() {
@@ -154,8 +154,8 @@ Table_cell Run_rows::cell(int row, int column) const {
             return {.text = duration_text(static_cast<double>(moment_now() - record.started) / milliseconds)};
         return {.text = record.has_ended() && record.started != 0 ? duration_text(record.seconds) : ""};
     default:
-        return {.text =
-                    record.is_done() ? "exit code 0" : describe_end(record, set_->journal()->reason(run))};
+        return {.text = worded(record.is_done() ? "exit code 0"
+                                                : describe_end(record, set_->journal()->reason(run)))};
     }
 }
 

@@ -109,9 +109,10 @@ Table_cell Setting_rows::description_cell(const Settings_grid::Row& row, int col
     case key_column:
         return {.text = screen_text(row.key), .picture = row.rule == nullptr ? undeclared : Picture{}};
     case caption_column:
-        return {.text = row.rule == nullptr ? worded(undeclared.meaning) : screen_text(row.rule->caption())};
+        return {.text = row.rule == nullptr ? worded(undeclared.meaning)
+                                            : worded(screen_text(row.rule->caption()))};
     case unit_column: return {.text = row.rule == nullptr ? "" : screen_text(row.rule->unit())};
-    case range_column: return {.text = screen_text(range_of(row.rule))};
+    case range_column: return {.text = worded(screen_text(range_of(row.rule)))};
     default: return {.text = has_common_ ? changers_of(row) : ""};
     }
 }
@@ -164,10 +165,10 @@ std::string Setting_rows::remark(int row, int column) const {
     if (value == Settings_grid::no_value)
         return worded("This scenario has no such setting.");
     if (const std::string reason = grid_.reason_not_to_set(place->record, place->row); !reason.empty())
-        return screen_text(reason);
+        return worded(screen_text(reason));
     const auto verdict = verdict_on(shown, grid_.text(value));
     return verdict && *verdict != Validation_status::good
-               ? screen_text("The value " + shown.rule->guard()->range_text(*verdict) + ".")
+               ? worded("The value %1.", worded(shown.rule->guard()->range_text(*verdict)))
                : std::string();
 }
 
@@ -223,5 +224,5 @@ std::string Setting_rows::set_text(int row, int column, const std::string& text)
     if (screen_text(value) != text)
         return worded("A record cannot hold some of these characters.");
     const Setting_verdict verdict = plan_.want(place->record, place->row, value);
-    return verdict.taken ? std::string() : screen_text(verdict.reason);
+    return verdict.taken ? std::string() : worded(screen_text(verdict.reason));
 }

@@ -51,6 +51,7 @@ Settings_page::Settings_page(TTilverra_project_form& project_form)
                                          "Discard", "Forget the changes that are not applied.")),
       settings_progress_note(settings_tabsheet.add<TLabel>("settings_progress_note")),
       settings_progressbar(settings_tabsheet.add<TProgressBar>("settings_progressbar")) {
+    settings_filter_edit.set_prompt("Find settings");
     settings_filter_edit.set_hint("Words that are to be found in the key or in a value.");
     settings_template_checkbox.set_hint(
         "Show the template of the project beside the scenarios, and who has another value than it.");
@@ -84,8 +85,19 @@ void Settings_page::Update() {
     project_folder_ = folder;
     if (is_other_project)
         rows_.plan().forget_all();
-    if (form.project_pagecontrol.active_page() == &settings_tabsheet && rows_.plan().is_empty())
+    if (!rows_.plan().is_empty())
+        reword();
+    else if (form.project_pagecontrol.active_page() == &settings_tabsheet)
         read();
+}
+
+// What was made of words and names together follows another language.
+void Settings_page::reword() {
+    const int row = settings_table.cursor_row();
+    const int column = settings_table.cursor_column();
+    if (show_columns())
+        settings_table.set_cursor(row, column);
+    show_state();
 }
 
 // Empty where there is none.
@@ -141,48 +153,49 @@ void Settings_page::read() {
     const bool is_common_read = has_common && !rows_.grid().files().empty() &&
                                 TESK::equal_ignoring_case(rows_.grid().files().front(), common);
     rows_.set_has_common(is_common_read);
-    const Change_backups backups(*workspace().project_directory);
-    for (std::size_t i = 0; i < rows_.grid().files().size(); ++i)
-        if (i == 0 && is_common_read)
-            rows_.set_only_shown(i, worded("The template is shown to compare with."));
-        else if (!backups.can_hold(rows_.grid().files()[i]))
-            rows_.set_only_shown(i, worded("This scenario lies outside the folder of this project."));
     show_columns();
     settings_table.set_rows(&rows_);
     filter();
     if (!outcome.not_done.empty())
         form.parameter_file_form().notice(
             worded("Files that could not be dealt with: %1", std::to_string(outcome.not_done.size())) + ' ' +
-                screen_text(first_failures(outcome)),
+                told_failures(outcome),
             Mark::exclamation);
 }
 
-// What the user has made of a column's width stays with it.
-void Settings_page::show_columns() {
+// What the user has made of a column's width stays with it. False when all columns are as they were.
+bool Settings_page::show_columns() {
+    const Change_backups backups(*workspace().project_directory);
     std::map<std::string, Table_column> before;
     for (const Table_column& column : settings_table.columns())
         before.emplace(column.name, column);
     std::vector<Table_column> columns = Setting_rows::columns();
-    for (Table_column& column : columns) {
-        column.caption = worded(column.caption);
+    for (Table_column& column : columns)
         column.visible = before.at(column.name).visible;
-    }
     columns[Setting_rows::changers_column].visible = rows_.has_common();
     for (std::size_t i = 0; i < rows_.grid().files().size(); ++i) {
         const std::string& file = rows_.grid().files()[i];
         std::string caption = screen_text(TESK::File_name(file.c_str()).get_name(false));
         const bool is_common = i == 0 && rows_.has_common();
+        const bool is_outside = !is_common && !backups.can_hold(file);
+        rows_.set_only_shown(i, is_common ? worded("The template is shown to compare with.")
+                                : is_outside
+                                    ? worded("This scenario lies outside the folder of this project.")
+                                    : "");
         if (is_common)
             caption += " (" + worded("template") + ')';
-        else if (!rows_.only_shown(i).empty())
+        else if (is_outside)
             caption += " (" + worded("outside the project") + ')';
-        columns.push_back(
-            {is_common ? "" : file, caption, scenario_width, Align::start, true, false, rows_.only_shown(i)});
+        columns.push_back({is_common ? "" : file, caption, scenario_width, Align::start, true, false,
+                           rows_.only_shown(i), true});
     }
     for (Table_column& column : columns)
         if (const auto old = before.find(column.name); old != before.end())
             column.width = old->second.width;
+    if (columns == settings_table.columns())
+        return false;
     settings_table.set_columns(std::move(columns));
+    return true;
 }
 
 void Settings_page::filter() {

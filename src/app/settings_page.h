@@ -33,7 +33,8 @@ private:
     std::vector<std::string> wanted_files();
     std::string template_file() const;
     void read();
-    void show_columns();
+    bool show_columns();
+    void reword();
     void filter();
     void edit_in_dialog(int row, int column);
     void open_menu();

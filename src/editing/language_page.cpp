@@ -107,8 +107,7 @@ void Language_page::show_all() {
 }
 
 std::string Language_page::wording(const std::string& text) const {
-    const TESK::Ustring* translation = phrases_->find_translation(text, translation_target_language);
-    return translation == nullptr ? text : std::string(*translation);
+    return phrases_->wording(text, translation_target_language);
 }
 
 void Language_page::prepare(TForm& form) {

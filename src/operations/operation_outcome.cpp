@@ -2,11 +2,15 @@
 
 #include <algorithm>
 
-std::string first_failures(const Operation_outcome& outcome) {
+std::string first_failures(const Operation_outcome& outcome,
+                           const std::function<std::string(const std::string&)>& told) {
     constexpr std::size_t most_named = 10;
     std::string text;
-    for (std::size_t i = 0; i < std::min(outcome.not_done.size(), most_named); ++i)
-        text += outcome.not_done[i].file + ": " + outcome.not_done[i].reason + '\n';
+    for (std::size_t i = 0; i < std::min(outcome.not_done.size(), most_named); ++i) {
+        for (const std::string& part : {outcome.not_done[i].file + ": ", outcome.not_done[i].reason})
+            text += told ? told(part) : part;
+        text += '\n';
+    }
     return text;
 }
 

@@ -24,8 +24,10 @@ struct Operation_outcome {
     bool ok() const { return refused.empty() && not_done.empty(); }
 };
 
-// The first ten of the files that failed, with the reasons, a line each.
-std::string first_failures(const Operation_outcome& outcome);
+// The first ten of the files that failed, with the reasons, a line each; `told` puts names and reasons into
+// the user's words, and none leaves them as they are.
+std::string first_failures(const Operation_outcome& outcome,
+                           const std::function<std::string(const std::string&)>& told = {});
 
 // What was not done, in a few lines: why the operation was refused, or how many files failed, and the first
 // of them. Empty when all went well.

@@ -16,12 +16,12 @@ std::string worded(const std::string& text, const std::string& inserted) {
     return result;
 }
 
-std::string worded_lines(const std::string& text) {
+std::string worded_lines(const std::string& text, const std::string& between) {
     std::string result;
     for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        result += (start > 0 ? "\n" : "") + worded(text.substr(start, end - start));
-        start = end + 1;
+        const std::size_t end = std::min(text.find(between, start), text.size());
+        result += (start > 0 ? between : "") + worded(text.substr(start, end - start));
+        start = end + between.size();
     }
     return result;
 }

@@ -10,7 +10,8 @@ class Screen_language {
 public:
     virtual ~Screen_language() = default;
 
-    // What to show for a text; the text itself where there is nothing else.
+    // What to show for a text; the text itself where there is nothing else. A text may have been made with
+    // names or numbers in it.
     virtual std::string wording(const std::string& text) const = 0;
     virtual void prepare(TForm& form) = 0;
 };
@@ -22,5 +23,5 @@ extern Screen_language* current_screen_language;
 std::string worded(const std::string& text);
 // The same for a text with a place for a name or a number, "%1".
 std::string worded(const std::string& text, const std::string& inserted);
-// The same for each line of the text.
-std::string worded_lines(const std::string& text);
+// The same for each line, or other part, of the text.
+std::string worded_lines(const std::string& text, const std::string& between = "\n");

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace TESK {
 
@@ -49,12 +50,24 @@ public:
     // has a translation serves. Null when there is none, or when it is empty. The cost does not grow with the
     // list.
     const Ustring* find_translation(std::string_view text, const std::string& language) const;
+    // The same for a text that may have been made with names or numbers in it: it is also recognised as a
+    // phrase with places for these ("There is no file %1.", "%1 of %2 done"), and what stands there is worded
+    // likewise. A short phrase that begins with a place is known only by a number there. Of several phrases
+    // the one that says most serves. The text itself when none does.
+    std::string wording(std::string_view text, const std::string& language) const;
 
 private:
+    // A phrase with places: what it says between them, one text more than there are places.
+    struct Pattern {
+        std::vector<std::string> said;
+        const Ustring* translation;
+    };
+
     void index_language(const std::string& language) const;
 
     // What the texts become in one language. Holds as long as the list's own count of changes is the same.
     mutable std::unordered_map<std::string_view, const Ustring*> index_;
+    mutable std::vector<Pattern> patterns_; // those that say most first
     mutable std::string indexed_language_;
     mutable std::uint64_t indexed_changes_ = 0;
 };

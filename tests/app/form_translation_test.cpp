@@ -10,6 +10,7 @@
 #include "editing/window_translator.h"
 #include "support/worded.h"
 #include "toolkit/check_box.h"
+#include "toolkit/combo_box.h"
 #include "toolkit/mnemonics.h"
 #include "translation/translation_files.h"
 
@@ -91,6 +92,16 @@ protected:
             if (control.kind() == Control_kind::radio_group && !control.text_is_data())
                 for (const std::string& item : static_cast<TRadioGroup&>(control).native_items())
                     expect_told(item);
+            if (control.kind() == Control_kind::edit)
+                expect_told(static_cast<TEdit&>(control).native_prompt());
+            if (control.kind() == Control_kind::combo_box)
+                for (const std::string& word : static_cast<TComboBox&>(control).native_words())
+                    expect_told(word);
+            if (control.kind() == Control_kind::table && !control.text_is_data()) {
+                expect_told(control.native_text());
+                for (const Table_column& column : static_cast<TTable&>(control).columns())
+                    expect_told(column.caption_is_data ? "" : column.caption);
+            }
             const bool names_file = control.hint().find(":\\") != std::string::npos;
             if (!names_file)
                 expect_told(control.native_hint());

@@ -122,6 +122,19 @@ TEST_F(Project_test, help_opens_the_guide_and_explains_the_page_in_front) {
     EXPECT_TRUE(parameter_form.offer_key({Key_code::f1}));
     EXPECT_EQ(form.parameter_file_form().status_line.text(),
               "The user guide is not on this computer, or nothing can show it.");
+    drives.write("Suite/docs/user-guide.md");
+    struct : platform::Shell {
+        int shell_execute(const std::string&, const std::string& file, int) override {
+            opened = file;
+            return 33;
+        }
+        std::string opened;
+    } shell;
+    const platform::Shell_guard guard(shell);
+    EXPECT_TRUE(parameter_form.offer_key({Key_code::f1}));
+    EXPECT_EQ(shell.opened, "C:\\Suite\\docs\\user-guide.md");
+    EXPECT_TRUE(parameter_form.offer_key({Key_code::character, "4", false, true}));
+    EXPECT_EQ(form.project_pagecontrol.active_page(), &form.comparisons.tabsheet_scenario_comparison);
 }
 
 } // namespace

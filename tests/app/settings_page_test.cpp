@@ -88,6 +88,21 @@ TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_EQ(scenario("base"), base);
 }
 
+TEST_F(Settings_page_test, a_stopped_apply_leaves_the_rest_wanted) {
+    page.settings_table.edit_cell(find("field.size"), first, "14.25");
+    page.settings_table.click_cell(find("field.size"), first);
+    page.settings_give_to_all_button.click();
+    const std::string base = scenario("base");
+    desktop.on_process_messages = [&] { desktop.closing = scenario("base") != base; };
+    desktop.expect_message("Apply settings",
+                           "Files that will be changed: 3. They are put aside first. Go on?",
+                           Modal_result::ok);
+    EXPECT_TRUE(page.settings_apply_button.click());
+    EXPECT_EQ(row_of("field.size"), "14.25;14.25!;14.25!;");
+    EXPECT_NE(scenario("dry").find("size=12.5"), std::string::npos);
+    page.settings_discard_button.click();
+}
+
 TEST_F(Settings_page_test, forgets_changes_only_when_the_user_says_so) {
     EXPECT_TRUE(page.settings_table.edit_cell(find("field.size"), first + 2, "3"));
     desktop.expect_message("Settings not applied",

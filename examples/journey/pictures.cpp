@@ -17,6 +17,7 @@
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
 #include "toolkit/list_box.h"
+#include "toolkit/menu.h"
 #include "toolkit/page_control.h"
 #include "toolkit/table.h"
 #include "toolkit/timer.h"
@@ -179,6 +180,7 @@ private:
               "GIS_coverage_table_button", "table_scenario_generation_button",
               "combinatorial_scenario_generation_button"})
             press(button);
+        static_cast<TMainMenu*>(form_->find("main_menu"))->choose("File|Properties...");
         if (auto* const table = reach<TTable>("created_scenarios_filelistbox_table"))
             table->open_menu(0, 0);
         for (QWidget* other : QApplication::topLevelWidgets())

@@ -12,10 +12,15 @@ Comparison_page::Comparison_page(TTilverra_project_form& project_form)
       comparison_output_generation_filebar(
           tabsheet_scenario_comparison.add<TAutoSimDatabaseDropdownFileEditBar>(
               "comparison_output_generation_filebar")),
-      comparison_button_view_output(add_button(tabsheet_scenario_comparison, "comparison_button_view_output",
-                                               "View output", "Show the checked comparisons.")) {
+      comparison_button_view_output(add_button(add_row(tabsheet_scenario_comparison, "comparison_buttons"),
+                                               "comparison_button_view_output", "View output",
+                                               "Show the checked comparisons.")),
+      comparison_view_tables_button(add_button(
+          *comparison_button_view_output.parent(), "comparison_view_tables_button", "View output tables",
+          "Show the tables (.dbf) of the checked comparisons, each in a window of its own.")) {
     tabsheet_scenario_comparison.on_show = [this] { tabsheet_scenario_comparisonEnter(); };
     comparison_button_view_output.on_click = [this] { comparison_button_view_outputClick(); };
+    comparison_view_tables_button.on_click = [this] { view_tables(); };
 }
 
 void Comparison_page::bind() {
@@ -57,4 +62,16 @@ void Comparison_page::comparison_button_view_outputClick() {
     for (int i = 0; i < comparisons_checklistbox.count() && !form.was_cancelled(); ++i)
         if (comparisons_checklistbox.checked(i))
             view_comparison(workspace(), record_text(comparisons_checklistbox.line(i).text));
+}
+
+void Comparison_page::view_tables() {
+    if (!has_project() || !workspace().need_project_directory())
+        return;
+    std::vector<std::string> files;
+    for (int i = 0; i < comparisons_checklistbox.count(); ++i)
+        if (comparisons_checklistbox.checked(i))
+            for (std::string& file :
+                 comparison_tables(workspace(), record_text(comparisons_checklistbox.line(i).text)))
+                files.push_back(std::move(file));
+    show_tables(files, "The checked comparisons have no tables (.dbf).");
 }

@@ -22,8 +22,11 @@ public:
     TCheckListBox& comparisons_checklistbox;
     TAutoSimDatabaseDropdownFileEditBar& comparison_output_generation_filebar;
     TButton& comparison_button_view_output;
+    TButton& comparison_view_tables_button;
 
 private:
+    void view_tables();
+
     TESK::Smart_directory_name master_output_{""};
     TESK::Smart_directory_name project_output_{""};
 };

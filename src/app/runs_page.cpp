@@ -62,6 +62,10 @@ Runs_page::Runs_page(TTilverra_project_form& project_form)
       runs_view_output_button(add_button(add_row(*run_set_progress_label.parent(), "run_buttons"),
                                          "runs_view_output_button", "View output of run",
                                          "Show what the run under the cursor wrote.")),
+      runs_view_tables_button(
+          add_button(*runs_view_output_button.parent(), "runs_view_tables_button", "View output tables",
+                     "Show the tables (.dbf) that the run under the cursor wrote, each in a window of its "
+                     "own.")),
       runs_show_log_button(add_button(*runs_view_output_button.parent(), "runs_show_log_button", "Show log",
                                       "Show what the model printed during the run under the cursor.")),
       runs_delete_set_button(add_button(*runs_view_output_button.parent(), "runs_delete_set_button",
@@ -78,6 +82,8 @@ Runs_page::Runs_page(TTilverra_project_form& project_form)
     run_sets_table.set_rows(&set_rows_);
     runs_table.set_rows(&run_rows_);
     keep_position(static_cast<TSplitter&>(*run_sets_table.parent()), share_of_sets);
+    keep_columns(run_sets_table);
+    keep_columns(runs_table);
     wire();
     show_progress();
 }
@@ -101,6 +107,10 @@ void Runs_page::wire() {
     runs_out_of_date_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::out_of_date)); };
     runs_all_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::all)); };
     runs_view_output_button.on_click = [this] { view_output_of_run(); };
+    runs_view_tables_button.on_click = [this] {
+        if (const std::string scenario = chosen_scenario(); !scenario.empty())
+            show_tables(output_tables(workspace(), scenario), "This run has left no tables (.dbf).");
+    };
     runs_show_log_button.on_click = [this] {
         run_log_memo.set_visible(!run_log_memo.visible());
         show_log();
@@ -163,7 +173,7 @@ void Runs_page::list_sets() {
     }
     if (!failure.ok())
         form.parameter_file_form().notice(worded("The folder of the runs cannot be read.") + ' ' +
-                                          screen_text(failure.reason));
+                                          worded(screen_text(failure.reason)));
     run_rows_.show(nullptr);
     runs_table.rows_changed();
     set_rows_.sets = std::move(sets);
@@ -188,7 +198,7 @@ bool Runs_page::run_beside(const Run_set& set) {
     const Made_run_set made = make_run_set(runs_folder_, set);
     if (!made.result.ok()) {
         form.parameter_file_form().notice(worded("The folder of the runs cannot be written.") + ' ' +
-                                          screen_text(made.result.reason));
+                                          worded(screen_text(made.result.reason)));
         return false;
     }
     list_sets();
@@ -207,7 +217,7 @@ bool Runs_page::start(Known_run_set& set) {
     set.engine = make_engine(set.folder());
     if (const std::string reason = set.engine->start(); !reason.empty()) {
         set.engine.reset();
-        form.parameter_file_form().notice(screen_text(reason));
+        form.parameter_file_form().notice(worded(screen_text(reason)));
         return false;
     }
     if (set.engine->descriptor() >= 0) {
@@ -237,7 +247,7 @@ void Runs_page::look_at(Known_run_set& set, int row, bool is_second_over) {
     const bool has_news = set.refresh();
     if (has_ended) {
         if (const std::string trouble = set.engine->trouble(); !trouble.empty())
-            form.parameter_file_form().notice(screen_text(trouble));
+            form.parameter_file_form().notice(worded(screen_text(trouble)));
         if (set.watch)
             set.watch->set_enabled(false); // it may be telling this very news, and goes with the next start
         set.engine.reset();
@@ -269,7 +279,7 @@ void Runs_page::ended(Known_run_set& set) {
     form.parameter_file_form().notice(worded(progress.failed > 0  ? "Runs have failed; see the page Runs:"
                                              : progress.is_over() ? "The runs have ended:"
                                                                   : "The runs have been stopped:") +
-                                      ' ' + describe(progress));
+                                      ' ' + worded_lines(describe(progress), ", "));
 }
 
 bool Runs_page::may_close() {
@@ -303,7 +313,7 @@ void Runs_page::show_progress() {
     const bool is_readable = set != nullptr && set->journal() != nullptr;
     const Run_progress progress = is_readable ? set->progress() : Run_progress();
     const bool is_at_work = is_readable && set->is_at_work();
-    run_set_progress_label.set_text(is_readable ? describe(progress) : "");
+    run_set_progress_label.set_text(is_readable ? worded_lines(describe(progress), ", ") : "");
     run_set_progressbar.set_maximum(static_cast<int>(progress.total));
     run_set_progressbar.set_position(static_cast<int>(progress.ended()));
     run_set_progressbar.set_visible(is_at_work);
@@ -315,6 +325,7 @@ void Runs_page::show_progress() {
     runs_delete_set_button.set_enabled(set != nullptr && !is_at_work);
     const bool has_run = runs_table.cursor_row() >= 0;
     runs_view_output_button.set_enabled(has_run);
+    runs_view_tables_button.set_enabled(has_run);
     runs_show_log_button.set_enabled(has_run);
     if (!has_run)
         run_log_memo.set_visible(false);

@@ -45,6 +45,7 @@ public:
     TButton& runs_out_of_date_again_button;
     TButton& runs_all_again_button;
     TButton& runs_view_output_button;
+    TButton& runs_view_tables_button;
     TButton& runs_show_log_button;
     TButton& runs_delete_set_button;
     TMemo& run_log_memo;

@@ -6,7 +6,6 @@
 #include "platform/host_names.h"
 #include "runs/project_run_set.h"
 #include "toolkit/desktop.h"
-#include "toolkit/menu.h"
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
@@ -240,21 +239,10 @@ void Scenario_run_page::view_output_button_onclick() {
         show_message("This scenario does not have any output.  First run the simulation");
 }
 
-// One table is shown at once, of several the user chooses.
 void Scenario_run_page::view_tables_button_onclick() {
-    if (!has_project() || !workspace().need_project_directory())
-        return;
-    const std::vector<std::string> files = output_tables(workspace(), record().active_scenario);
-    if (files.empty())
-        return form.parameter_file_form().notice(worded("The active scenario has no output tables (.dbf)."));
-    if (files.size() == 1)
-        return form.tables.show(files.front());
-    TPopupMenu menu;
-    for (const std::string& file : files)
-        menu.items.push_back({.text = screen_text(TESK::File_name(file.c_str()).get_name(true)),
-                              .on_click = [this, file] { form.tables.show(file); },
-                              .text_is_data = true});
-    menu.popup();
+    if (has_project() && workspace().need_project_directory())
+        show_tables(output_tables(workspace(), record().active_scenario),
+                    "The active scenario has no output tables (.dbf).");
 }
 
 void Scenario_run_page::run_statistical_analysis_checkbox_onclick() {

@@ -80,6 +80,11 @@ std::vector<std::string> list_comparisons(const Project_workspace& workspace) {
     return names;
 }
 
+std::vector<std::string> comparison_tables(const Project_workspace& workspace,
+                                           const std::string& comparison) {
+    return output_tables(workspace, comparison_file(workspace, comparison));
+}
+
 void view_comparison(Project_workspace& workspace, const std::string& comparison) {
     const TESK::File_name file = comparison_file(workspace, comparison);
     const std::string outputs = outputs_of_scenario(workspace, file);

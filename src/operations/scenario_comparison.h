@@ -28,5 +28,8 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
 // The names of the project's comparisons. Needs a project directory.
 std::vector<std::string> list_comparisons(const Project_workspace& workspace);
 
+// The tables (.dbf) of a comparison, as output_tables gives those of a scenario.
+std::vector<std::string> comparison_tables(const Project_workspace& workspace, const std::string& comparison);
+
 // Shows a comparison by the project's output options; one without output is passed over.
 void view_comparison(Project_workspace& workspace, const std::string& comparison);

@@ -79,6 +79,9 @@ TEST_F(Runs_page_test, runs_checked_scenarios_beside_the_editor_and_the_failed_o
     form.runs.runs_table.select_row(1);
     EXPECT_TRUE(form.runs.runs_show_log_button.click());
     EXPECT_EQ(form.runs.run_log_memo.text(), "about dry\n");
+    copy_data("fields.dbf", "projects/study/Scenarios/dry/Output/yields.dbf");
+    EXPECT_TRUE(form.runs.runs_view_tables_button.click());
+    ASSERT_EQ(form.tables.windows().size(), 1U);
     EXPECT_TRUE(form.runs.runs_table.click_header(1));
     EXPECT_TRUE(form.runs.runs_table.click_header(1));
     EXPECT_EQ(runs(), "failed dry exit code 3;done base exit code 0;");

@@ -183,6 +183,14 @@ TEST_F(Comparisons, the_checked_scenarios_are_compared_with_the_active_one_file_
     EXPECT_EQ(started(), "\"C:\\Suite\\Tilverra\\output_manager_advanced.exe\" " + folder + ".tvn\" " +
                              folder + "\\Output\" " + folder +
                              "\\CPF\" \"\\Simulation\\Database\\Output\\default.tvs_output_options\"  [1]\n");
+    for (const char* other : {"base vs wheat 1.5", "wet vs base"})
+        copy_data("fields.dbf",
+                  "projects/study/scenario_comparison/" + std::string(other) + "/Output/yields.dbf");
+    form.comparisons.list_again();
+    form.comparisons.comparisons_checklistbox.set_all_checked(true);
+    desktop.expect_menu("wet vs base\\Output\\yields.dbf");
+    EXPECT_TRUE(press(form.comparisons.comparison_view_tables_button));
+    ASSERT_EQ(form.tables.windows().size(), 1U);
 }
 
 TEST_F(Comparisons, what_cannot_be_compared_is_told) {

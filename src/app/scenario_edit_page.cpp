@@ -51,6 +51,7 @@ Scenario_edit_page::Scenario_edit_page(TTilverra_project_form& project_form, TPa
                                            "Show the parameter files of the suite or of this project.")),
       button_launch_TVS_suite(add_button(scenario_edit_tabsheet, "button_launch_TVS_suite", "Suite launcher",
                                          "Start the launcher of the suite.")) {
+    edit_new_scenario_name.set_prompt("New scenario name");
     edit_new_scenario_name.set_hint("The name of a new scenario");
     SIM_dialog.title = "Select version 3 simulation control file to import to this project.";
     SIM_dialog.filter = "Tilverra version 3 simulation control file (*.sim)|*.sim";

@@ -183,6 +183,12 @@ protected:
             QListView::mouseDoubleClickEvent(event);
     }
 
+    void paintEvent(QPaintEvent* event) override {
+        QListView::paintEvent(event);
+        if (!currentIndex().isValid())
+            paint_focus(*this);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         const bool has_box = currentIndex().flags().testFlag(Qt::ItemIsUserCheckable);
         if (event->key() == Qt::Key_Space && has_box)

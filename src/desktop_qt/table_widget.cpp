@@ -336,6 +336,8 @@ void Table_widget::contextMenuEvent(QContextMenuEvent* event) {
 
 void Table_widget::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
+    if (!currentIndex().isValid())
+        paint_focus(*this);
     if (empty_text_.isEmpty() || !model() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());

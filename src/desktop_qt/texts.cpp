@@ -129,9 +129,8 @@ protected:
     // Without a line there is no text to type.
     Line_view(View_context& context, TControl& control, QWidget& widget, Text_line* line)
         : View_of(context, control, widget), line_(line) {
-        if (!line) {
+        if (!line)
             return;
-        }
         connect(line, &QLineEdit::textEdited, this, [this](const QString& text) {
             act([&] {
                 this->control().edit_text(from_qt(text), to_characters(text, line_->cursorPosition()));
@@ -278,6 +277,8 @@ public:
         box.setInsertPolicy(QComboBox::NoInsert);
         // A wheel that scrolls the page must not change a value on the way.
         box.setFocusPolicy(Qt::StrongFocus);
+        if (!combo().native_words().empty()) // whose width depends on the language
+            box.setSizeAdjustPolicy(QComboBox::AdjustToContents);
         if (box.lineEdit()) {
             box.setCompleter(nullptr);
             watch(*box.lineEdit());
@@ -299,9 +300,8 @@ protected:
     }
 
     void show_change(const Change& change) override {
-        if (change.aspect == Aspect::text) {
+        if (change.aspect == Aspect::text)
             show_index();
-        }
         Line_view::show_change(change);
     }
 
@@ -348,6 +348,12 @@ protected:
         const bool writes = !text.isEmpty() && text[0].isPrint() && !isReadOnly();
         if (!writes || admitted(text) == text)
             QPlainTextEdit::keyPressEvent(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QPlainTextEdit::paintEvent(event);
+        if (isReadOnly())
+            paint_focus(*this);
     }
 
     void inputMethodEvent(QInputMethodEvent* event) override {

@@ -6,6 +6,7 @@
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
@@ -49,6 +50,11 @@ bool has_one_line(Control_kind kind) {
            kind == Control_kind::speed_button;
 }
 
+bool fills_page(Control_kind kind) {
+    return kind == Control_kind::table || kind == Control_kind::list_box || kind == Control_kind::memo ||
+           kind == Control_kind::shell_list || kind == Control_kind::shell_tree;
+}
+
 } // namespace
 
 QColor to_qt(Colour colour) {
@@ -72,6 +78,14 @@ QStringList to_qt(const std::vector<std::string>& texts) {
 
 std::string from_qt(const QString& text) {
     return text.toStdString();
+}
+
+void paint_focus(QAbstractScrollArea& widget) {
+    if (!widget.hasFocus())
+        return;
+    QPainter painter(widget.viewport());
+    painter.setPen(QPen(widget.palette().color(QPalette::Highlight), 2));
+    painter.drawRect(widget.viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 View::View(View_context& context, TControl& control, QWidget& widget)
@@ -113,6 +127,7 @@ void View::control_gone(bool with_holder) {
 void View::show_all() {
     while_showing([this] {
         show_place();
+        name_after_page();
         if (!observed()->hint().empty())
             show_hint();
         if (!observed()->enabled())
@@ -155,8 +170,27 @@ void View::show_hint() {
     widget_.setAccessibleDescription(hint);
     // "X" or "?" says nothing without the picture around it.
     constexpr std::size_t longest_sign = 3;
-    if (observed()->kind() == Control_kind::button && observed()->text().size() <= longest_sign)
+    const bool is_sign =
+        observed()->kind() == Control_kind::button && observed()->text().size() <= longest_sign;
+    // An edit that no label or prompt names is called by what it says of itself.
+    const bool is_nameless =
+        observed()->kind() == Control_kind::edit && widget_.accessibleName() == hint_name_;
+    if (is_nameless)
+        hint_name_ = hint;
+    if (is_sign || is_nameless)
         widget_.setAccessibleName(hint);
+}
+
+// What no label names is called, for who cannot see it, after the page that it stands on, in the language of
+// the moment.
+void View::name_after_page() {
+    if (!observed() || !fills_page(observed()->kind()) || widget_.accessibleName() != page_name_)
+        return;
+    const TControl* page = observed()->parent();
+    while (page && page->kind() != Control_kind::tab_sheet && page->kind() != Control_kind::form)
+        page = page->parent();
+    page_name_ = page ? to_qt(page->text()).remove('&') : QString();
+    widget_.setAccessibleName(page_name_);
 }
 
 void View::show_place() {
@@ -201,6 +235,9 @@ bool View::has_seen_key(const QObject* watched) const {
 }
 
 bool View::eventFilter(QObject* watched, QEvent* event) {
+    auto* const area = qobject_cast<QAbstractScrollArea*>(&widget_);
+    if (area && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        area->viewport()->update();
     switch (event->type()) {
     case QEvent::FocusIn: enter(); break;
     case QEvent::KeyPress: return !has_seen_key(watched) && offer(static_cast<QKeyEvent&>(*event));

@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+class QAbstractScrollArea;
 class QColor;
 class QKeyEvent;
 class QWidget;
@@ -37,6 +38,9 @@ QString to_qt(const std::string& text);
 QStringList to_qt(const std::vector<std::string>& texts);
 std::string from_qt(const QString& text);
 
+// Shows that the widget has the focus, if it has: for one without a cursor, as an empty list.
+void paint_focus(QAbstractScrollArea& widget);
+
 class View : public QObject, public Control_view {
 public:
     ~View() override;
@@ -52,6 +56,7 @@ public:
     static View* of(const QWidget& widget);
     // The user put the focus into the widget.
     void enter() {
+        name_after_page();
         act([this] { observed()->focus(); });
     }
 
@@ -104,12 +109,15 @@ private:
     bool has_seen_key(const QObject* watched) const;
     bool offer(const QKeyEvent& event);
     bool take_files(QEvent& event);
+    void name_after_page();
     void show_colour();
     void show_hint();
     void show_place();
 
     View_context& context_;
     QWidget& widget_;
+    QString page_name_; // as the widget was named after the page that it stands on
+    QString hint_name_; // or by its hint
     bool showing_ = false;
     bool acting_ = false;
 };

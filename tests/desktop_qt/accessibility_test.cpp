@@ -103,7 +103,7 @@ TEST_F(Accessibility, states_are_told) {
     auto& list = form_.add<TCheckListBox>("list");
     auto& bar = form_.add<TProgressBar>("bar");
     auto& pages = form_.add<TPageControl>("pages");
-    pages.add<TTabSheet>("first", "First");
+    auto& lines_of_first = pages.add<TTabSheet>("first", "&First").add<TListBox>("lines");
     pages.add<TTabSheet>("second", "Second");
     list.set_lines({"a.tvn", "b.tvn"});
     show(form_);
@@ -130,6 +130,7 @@ TEST_F(Accessibility, states_are_told) {
         if (tabs->child(index)->role() == QAccessible::PageTab)
             names += from_qt(tabs->child(index)->text(QAccessible::Name)) + " ";
     EXPECT_EQ(names, "First Second ");
+    EXPECT_EQ(name_of(lines_of_first), "First") << "after its page";
 }
 
 TEST_F(Accessibility, the_bar_between_two_parts_is_reached_and_left_by_the_keyboard) {

@@ -100,6 +100,8 @@ void Scenario_lists::Update() {
             : std::string();
     created_scenarios_filelistbox.set_folder(folder);
     form.TVN_filedialog.initial_folder = folder;
+    if (Scenario_states* const states = form.runs.states())
+        states->refresh();
     created.set_states(form.runs.states());
     generated.set_states(form.runs.states());
 }

@@ -150,16 +150,20 @@ TEST_F(Runs_page_test, a_change_among_10000_runs_redraws_its_line_alone) {
     set.model = "C:\\model.exe";
     for (int run = 0; run < 10000; ++run)
         set.scenarios.push_back("C:\\projects\\study\\Scenarios\\plot " + std::to_string(run) + ".tvn");
+    set.scenarios[500] = "C:\\projects\\study\\Scenarios\\dry.tvn";
     const std::string folder = make_run_set("C:\\projects\\study\\Runs", set).folder;
     Journal_writer writer(folder);
     ASSERT_TRUE(claim_set(folder, set.scenarios.size(), writer));
-    form.runs.Update();
-    ASSERT_EQ(page().runs_table.count(), 10000);
-    Recording_view view(form.runs.runs_table);
-    writer.start(9000);
     Run_record killed;
     killed.outcome = Run_record::Outcome::signalled;
     killed.code = 9;
+    writer.end(500, killed);
+    form.Update(); // as at the start of the program
+    desktop.advance(10);
+    EXPECT_EQ(form.scenarios.lists.created.table.rows()->cell(1, 1).text, "failed");
+    ASSERT_EQ(page().runs_table.count(), 10000);
+    Recording_view view(form.runs.runs_table);
+    writer.start(9000);
     writer.end(7000, killed);
     desktop.advance(1000);
     EXPECT_EQ(page().runs_table.rows()->cell(7000, 4).text, "signal 9 (Killed)");

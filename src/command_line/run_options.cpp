@@ -1,5 +1,6 @@
 #include "command_line/run_options.h"
 
+#include "command_line/outcome_report.h"
 #include "command_line/report.h"
 #include "platform/command_line.h"
 #include "platform/files.h"
@@ -134,6 +135,11 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
     report_runs(session, set, &journal, unusable);
     const Run_progress progress = progress_of(journal, is_owned(journal), moment_now());
     session.console.say(describe(progress) + '.');
+    std::vector<std::string> failed;
+    for (std::size_t run = 0; run < set.scenarios.size(); ++run)
+        if (journal.runs()[run].has_failed())
+            failed.push_back(name_of(set.scenarios[run]));
+    say_failed(session, failed, progress.total);
     if (progress.done != progress.total)
         session.note(exit_found);
 }

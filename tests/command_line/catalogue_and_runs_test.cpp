@@ -82,7 +82,7 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
          "cut -f 1-3; rm 'bad\"q.tvn'",
          "bad\"q\tfailed\tA name that holds a quotation mark or a control character cannot be handed to a "
          "program.\nbase\tfailed\texit code 3\nrainfed\tdone\t\n",
-         0, "1 of 2 done, 1 failed"},
+         0, "1 of 2 done, 1 failed.\ntvs_project: 1 of 2 failed: base\n"},
         {"tvs_project list Irrigation_study --state failed,done | cut -f 1,2",
          "base\tfailed\nrainfed\tdone\n"},
         {"tvs_project status Irrigation_study --runs --json | grep -c '\"state\":\"failed\"'", "1\n"},

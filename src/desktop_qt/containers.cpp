@@ -246,6 +246,8 @@ protected:
             widget().addTab(&widget_of(context(), *child, &widget()), QString());
         show_tabs();
         show_page();
+        if (control().tabs() == Tabs::below)
+            put_tabs_last();
     }
 
     void show_change(const Change& change) override {
@@ -261,6 +263,18 @@ protected:
 private:
     TTabSheet& page(int index) const {
         return static_cast<TTabSheet&>(*control().children()[static_cast<std::size_t>(index)]);
+    }
+    // Tab leads to what stands above the tabs before it leads to them. The widget itself would hand the focus
+    // on to them at once.
+    void put_tabs_last() {
+        QWidget* const tabs = widget().tabBar();
+        widget().setFocusProxy(nullptr);
+        widget().setFocusPolicy(Qt::NoFocus);
+        QWidget* last = tabs;
+        for (QWidget* at = tabs->nextInFocusChain(); at != &widget(); at = at->nextInFocusChain())
+            if (widget().isAncestorOf(at) && at->focusPolicy() != Qt::NoFocus)
+                last = at;
+        QWidget::setTabOrder(last, tabs);
     }
     void show_page() {
         if (control().active_index() >= 0)

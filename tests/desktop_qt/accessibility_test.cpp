@@ -102,7 +102,7 @@ TEST_F(Accessibility, states_are_told) {
     auto& edit = form_.add<TEdit>("edit");
     auto& list = form_.add<TCheckListBox>("list");
     auto& bar = form_.add<TProgressBar>("bar");
-    auto& pages = form_.add<TPageControl>("pages");
+    auto& pages = form_.add<TPageControl>("pages", Tabs::below);
     auto& lines_of_first = pages.add<TTabSheet>("first", "&First").add<TListBox>("lines");
     pages.add<TTabSheet>("second", "Second");
     list.set_lines({"a.tvn", "b.tvn"});
@@ -131,6 +131,9 @@ TEST_F(Accessibility, states_are_told) {
             names += from_qt(tabs->child(index)->text(QAccessible::Name)) + " ";
     EXPECT_EQ(names, "First Second ");
     EXPECT_EQ(name_of(lines_of_first), "First") << "after its page";
+    lines_of_first.focus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(qobject_cast<QTabBar*>(QApplication::focusWidget())) << "behind what stands above";
 }
 
 TEST_F(Accessibility, the_bar_between_two_parts_is_reached_and_left_by_the_keyboard) {

@@ -79,7 +79,9 @@ class Driver:
             control
             for window in self.windows()
             for control in self.walk(window)
-            if control.get_role_name() == role and re.fullmatch(pattern, control.get_name().replace("\n", " "))
+            # The key of a menu's entry stands behind a tabulator.
+            if control.get_role_name() == role
+            and re.fullmatch(pattern, control.get_name().split("\t")[0].replace("\n", " "))
         ]
 
     def find(self, role, pattern, seconds=20):

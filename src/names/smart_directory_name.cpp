@@ -163,10 +163,11 @@ bool Smart_directory_name::set_as_current() const {
 }
 
 int Smart_directory_name::open() const {
+    if (!platform::refusal_of_name(*this).empty())
+        return 0;
     // The lone quote is what the desktop is given.
-    const std::string folder = platform::in_quotes(*this).substr(1);
-    if (platform::refusal_of_name(*this).empty())
-        platform::launcher().execute("explorer /n,/e," + folder, platform::normal_window);
+    platform::launcher().execute("explorer /n,/e," + platform::in_quotes(*this).substr(1),
+                                 platform::normal_window);
     return 1;
 }
 

@@ -29,7 +29,8 @@ public:
     // Makes it the current directory of the process; true on success.
     bool set_as_current() const;
 
-    // Shows the folder in the desktop's file manager. True, whatever comes of it.
+    // Shows the folder in the desktop's file manager. True, whatever comes of it; 0, and nothing started, for
+    // a name that no program can be handed.
     int open() const override;
 
     // Whether the text is that of the root of a drive: "\", "C:" or "C:\".

@@ -126,16 +126,18 @@ std::vector<Command_reading> command_readings(std::string_view command_line) {
     return readings;
 }
 
-std::string only_name(std::string_view arguments) {
-    trim_leading_blanks(arguments);
-    if (!arguments.empty() && arguments.front() == '"') {
+std::optional<std::string> only_name(std::string_view arguments) {
+    const auto trim = [&arguments] {
+        trim_leading_blanks(arguments);
+        arguments = arguments.substr(0, arguments.find_last_not_of(blanks) + 1);
+    };
+    trim();
+    if (arguments.ends_with('"'))
+        arguments.remove_suffix(1);
+    if (arguments.starts_with('"'))
         arguments.remove_prefix(1);
-        arguments = arguments.substr(0, arguments.find('"'));
-    }
-    std::string name(arguments);
-    name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
-    name.erase(name.find_last_not_of(blanks) + 1);
-    return name;
+    trim();
+    return is_handed_over(arguments) ? std::optional<std::string>(arguments) : std::nullopt;
 }
 
 } // namespace platform

@@ -3,6 +3,7 @@
 // here looks at a file.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,8 +52,8 @@ struct Command_reading {
 std::vector<Command_reading> command_readings(std::string_view command_line);
 
 // The one file name that the arguments of a file manager or an editor consist of: without the blanks around
-// it and without quotes, be they a pair or a lone one behind the name. What follows a closed pair is left
-// out.
-std::string only_name(std::string_view arguments);
+// it and without quotes, be they a pair or a lone one behind the name. Nothing where they hold another quote,
+// and so perhaps more than one name, or a control character.
+std::optional<std::string> only_name(std::string_view arguments);
 
 } // namespace platform

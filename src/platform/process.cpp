@@ -67,18 +67,23 @@ Plan file_manager_plan(std::string_view arguments) {
         found = selects_here || take_switch(arguments, "/n,") || take_switch(arguments, "/e,") ||
                 take_switch(arguments, "/root,");
     }
-    std::string name = only_name(arguments);
-    if (name.empty())
+    std::optional<std::string> name = only_name(arguments);
+    if (!name)
+        return Plan::refused(result_refused);
+    if (name->empty())
         name = current_directory();
     else if (selects)
-        name = folder_part(full_name(name));
-    const std::string document = document_for_tool(name);
+        name = folder_part(full_name(*name));
+    const std::string document = document_for_tool(*name);
     return document.empty() ? Plan::refused(result_file_not_found)
                             : Plan::or_refused(opener_start(document), result_file_not_found);
 }
 
 Plan text_editor_plan(std::string_view arguments) {
-    const std::string path = host_path(only_name(arguments));
+    const std::optional<std::string> name = only_name(arguments);
+    if (!name)
+        return Plan::refused(result_refused);
+    const std::string path = host_path(*name);
     return path.empty() ? Plan::refused(result_path_not_found)
                         : Plan::or_refused(text_editor_start(path), result_file_not_found);
 }
@@ -177,6 +182,8 @@ int result_of_absence(const std::string& program) {
     return folder.empty() || is_folder(folder) ? result_file_not_found : result_path_not_found;
 }
 
+// The file manager and the text editor are given one name, and refuse by their own reading of it: what stands
+// in quotes there may end in a backslash.
 Plan plan_for(const std::string& command_line) {
     const std::vector<Command_reading> readings = command_readings(command_line);
     const bool is_refused = !refusal_of_command(command_line).empty();

@@ -50,6 +50,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         platform::split_arguments(reading.arguments);
         platform::only_name(reading.arguments);
     }
+    for (const std::string& name : names)
+        require(platform::only_name(platform::in_quotes(name)).has_value() ==
+                platform::refusal_of_name(name).empty());
     platform::refusal_of_command(text);
     return 0;
 }

@@ -123,6 +123,7 @@ TEST_F(Smart_names, the_desktop_is_asked_for_its_verbs) {
     EXPECT_EQ(shell.asked, "edit a.txt [5]\nprint a.txt [1]\nopen a.txt [5]\n.txt open\n");
     launcher.started.clear();
     EXPECT_NE(Smart_directory_name("C:\\my x").open(), 0);
+    EXPECT_EQ(Smart_directory_name("C:\\my\" x").open(), 0);
     EXPECT_EQ(launcher.started, "explorer /n,/e,C:\\my x\" [1]\n");
 }
 

@@ -1,5 +1,6 @@
 #include "platform/process.h"
 
+#include "platform/command_line.h"
 #include "support/temporary_drives.h"
 #include "support/temporary_user.h"
 
@@ -134,6 +135,9 @@ TEST_F(Process, a_program_that_cannot_be_started_gives_the_reason) {
          {"", "\"\" x", "\"C:\\Suite\\absent.exe\" x", "no_such_tool", "C:\\Suite",
           "explorer /n,/e,C:\\Suite\"", "notepad.exe \"C:\\notes.txt\""}},
         {result_path_not_found, {"\"C:\\Nowhere\\absent.exe\"", "q:\\absent.exe"}},
+        {result_refused,
+         {"explorer /n,/e," + in_quotes("C:\\Suite\" \"C:\\"), "notepad.exe \"C:\\a\x07\"",
+          "C:\\bin\\notepad " + in_quotes("C:\\Suite\\data.exe\"")}},
         {result_access_denied, {"\"C:\\Suite\\locked.exe\""}},
         {result_bad_format,
          {"\"C:\\Suite\\data.exe\"", "\"C:\\Suite\\lost.exe\"", "\"C:\\Suite\\windows.exe\""}}};

@@ -120,6 +120,11 @@ bool TForm::move_focus(TControl* target) {
     return focused_ == target;
 }
 
+void TForm::leave_focus_in(const TControl& control) {
+    if (is_within(focused_, &control))
+        move_focus(nullptr);
+}
+
 void TForm::forget_focus_in(const TControl& control) {
     if (is_within(focused_, &control))
         focused_ = nullptr;

@@ -46,6 +46,8 @@ public:
     TControl* focused_control() const { return focused_; }
     // Takes the focus from whatever has it, so that what is typed there is complete.
     void leave_focus() { move_focus(nullptr); }
+    // The same where the control, or one in it, has it.
+    void leave_focus_in(const TControl& control);
     // Moves the focus to the next control that takes it, in the order of the screen, and round at the end.
     // False when there is none.
     bool focus_next(bool backward = false);

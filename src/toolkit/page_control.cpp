@@ -18,9 +18,16 @@ bool TPageControl::can_show(const TControl& page) const {
     return page.kind() == Control_kind::tab_sheet && page.parent() == this && page.visible();
 }
 
+// What has the focus on the page that goes is left while that is still in front.
 void TPageControl::activate(TTabSheet* page) {
+    if (page == active_page_)
+        return;
+    TForm* const holder = form();
+    if (holder && active_page_ && tabs_ != Tabs::none)
+        holder->leave_focus_in(*active_page_);
+    // A handler may have hidden the page that comes, or brought it to the front.
     TTabSheet* const left = active_page_;
-    if (!assign(active_page_, page, Aspect::page))
+    if ((page && !can_show(*page)) || !assign(active_page_, page, Aspect::page))
         return;
     give_up_lost_focus();
     // A page that goes because it was hidden, or is on its way out, is not left by the user.

@@ -187,6 +187,11 @@ TEST_F(Page_control, shows_the_next_page_when_the_one_in_front_is_hidden) {
     edit.focus();
     EXPECT_TRUE(pages.select_page(third));
     EXPECT_EQ(log_, "left 0 third change ") << "what has the focus on a page is left before another comes";
+    edit.bring_to_front();
+    edit.focus();
+    log_.clear();
+    pages.set_active_page(third);
+    EXPECT_EQ(log_, "left 0 third ");
     pages.remove(third);
     EXPECT_EQ(pages.active_page(), &first);
 }

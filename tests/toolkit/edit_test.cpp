@@ -53,6 +53,20 @@ TEST(Edit, takes_a_line_break_as_a_blank_and_a_memo_as_one_kind_of_break) {
     EXPECT_FALSE(memo.modified());
 }
 
+TEST(Edit, asks_for_the_text_of_its_widget_only_when_somebody_wants_to_know_it) {
+    struct Holder : Text_holder {
+        std::string held_text() const override { return ++asked, "typed"; }
+        std::pair<int, int> held_selection() const override { return ++asked, std::pair(2, 2); }
+        mutable int asked = 0;
+    } holder;
+    TMemo memo("memo");
+    for (int key = 0; key < 3; ++key)
+        EXPECT_TRUE(memo.edit_in_place(holder) && memo.select_in_place(holder) && memo.modified());
+    EXPECT_EQ(holder.asked, 0);
+    EXPECT_EQ(memo.text(), "typed");
+    EXPECT_EQ(memo.caret(), 2);
+}
+
 TEST(Edit, erases_and_moves_by_keys) {
     TEdit edit("edit");
     edit.type_text("ab\xC3\xA9");

@@ -1,7 +1,8 @@
 #include "editing/details_page.h"
 
-#include "platform/file_stream.h"
+#include "editing/program_starter.h"
 #include "platform/file_writer.h"
+#include "platform/files.h"
 
 namespace {
 
@@ -49,12 +50,12 @@ void Details_page::wire() {
     button_edit_details_HTML.on_click = [this] { button_edit_details_HTMLClick(); };
     button_edit_details_text.on_click = [this] { button_edit_details_textClick(); };
     long_details_note.on_open = [this] { button_edit_details_textClick(); };
-    long_page_note.on_open = [this] { text_.name().open(); };
+    long_page_note.on_open = [this] { open_or_tell(long_page_); };
     tabsheet_details.on_show = [this] { show_text(); };
     tabsheet_edit_details.on_show = [this] {
         show_text();
         if (!parameters_->details_URL.empty())
-            show_local_page();
+            show_page(text_.name());
     };
     tabsheet_details.on_hide = tabsheet_edit_details.on_hide = [this] { save(); };
 }
@@ -83,33 +84,43 @@ void Details_page::show_text() {
     long_details_note.panel.set_visible(text_.is_cut());
 }
 
-// The page beside the record, and over it the one on the web.
+void Details_page::show_anew() {
+    show_text();
+    if (parameters_->details_URL.empty() &&
+        known_page_.compare(text_.name()) != Known_contents::Comparison::same)
+        reload_details();
+}
+
+// The page that the record names or, where it names none, the one beside it.
 void Details_page::reload_details() {
-    show_local_page();
-    if (!parameters_->details_URL.empty()) {
-        long_page_note.panel.set_visible(false);
-        details_html_viewer.navigate(screen_text(parameters_->details_URL));
-    }
+    known_page_.take(text_.name());
+    show_page(parameters_->details_URL.empty() ? text_.name() : parameters_->details_URL);
 }
 
 // A view lays out the whole of a page before it shows any of it.
-void Details_page::show_local_page() {
-    const TESK::Smart_file_name page = text_.name();
-    const bool is_long =
-        platform::File_stream(page, false).size() > static_cast<std::int64_t>(Companion_text::largest_shown);
+void Details_page::show_page(const std::string& address) {
+    const bool is_on_the_web = is_web_address(address);
+    long_page_.set(address.substr(0, platform::is_file(address) ? std::string::npos : address.rfind('#')));
+    const bool is_long = !is_on_the_web && platform::file_size(long_page_) > Companion_text::largest_shown;
     long_page_note.panel.set_visible(is_long);
-    details_html_viewer.navigate(page.exists() && !is_long ? screen_text(page) : "");
+    const bool is_there = is_on_the_web || platform::is_file(long_page_);
+    details_html_viewer.navigate(is_there && !is_long ? screen_text(address) : "");
 }
 
-// Makes an empty page where there is none. False when that cannot be.
+// Makes an empty page where there is none. False when that cannot be, which the user is told.
 bool Details_page::make_file() const {
     const TESK::Smart_file_name page = text_.name(true);
-    return page.exists() || platform::write_file(page, html_file, platform::Durability::durable).ok();
+    if (page.exists())
+        return true;
+    const platform::Write_result made = platform::write_file(page, html_file, platform::Durability::durable);
+    if (!made.ok())
+        message_box(made.reason, "Unable to save", Button_set::ok);
+    return made.ok();
 }
 
 void Details_page::button_edit_details_HTMLClick() {
     if (make_file())
-        text_.name().edit();
+        edit_or_tell(text_.name());
 }
 
 void Details_page::button_edit_details_textClick() {

@@ -21,6 +21,8 @@ public:
 
     // Changed details are written when the user goes to another page, and by save().
     bool has_changes() const { return text_.modified(); }
+    // Shows what another program has made of the page meanwhile, but for a text that is being edited.
+    void show_anew();
     Save_outcome save();
 
     // Saves the record, and opens the file in a text editor.
@@ -44,7 +46,7 @@ public:
 private:
     void wire();
     void reload_details();
-    void show_local_page();
+    void show_page(const std::string& address);
     void show_text();
     bool make_file() const;
     void button_edit_details_HTMLClick();
@@ -53,4 +55,6 @@ private:
 
     Common_parameters_data_record* parameters_ = nullptr;
     Companion_text text_;
+    Known_contents known_page_;       // beside the record, as it was shown last
+    TESK::Smart_file_name long_page_; // what is too long to be shown here
 };

@@ -164,7 +164,7 @@ void TAutoFileEditBar::edit_button_clicked() {
         return;
     file->set(record_text(filename_edit.text()));
     if (!edit_program) {
-        file->open();
+        open_or_tell(*file);
         return;
     }
     start_or_tell(platform::in_quotes(*edit_program) + ' ' + platform::in_quotes(*file) + ' ', false,
@@ -201,7 +201,7 @@ void TAutoFileEditBar::cancel_button_clicked() {
 
 void TAutoFileEditBar::validate_button_clicked() {
     if (status_file != nullptr && status_file->exists())
-        status_file->open();
+        open_or_tell(*status_file);
 }
 
 // The edit itself has put its text into the file already.

@@ -76,7 +76,7 @@ void Tparameter_file_form::wire() {
         const std::string program = run_program;
         run_on_file(program.c_str(), nullptr, nullptr, false, show_normal);
     };
-    button_windows_explore.on_click = [this] { file.folder(false).explore(false); };
+    button_windows_explore.on_click = [this] { explore_or_tell(file.folder(false)); };
     button_app_explore.on_click = [this] { button_app_exploreClick(); };
     file.on_moved = [this] {
         update_folder_controls();
@@ -201,8 +201,10 @@ void Tparameter_file_form::return_to_window() {
         return;
     file.look_at_disk();
     look_for_changes();
-    if (file.has_folder())
-        notes.show_texts();
+    if (!file.has_folder())
+        return;
+    notes.show_texts();
+    details.show_anew();
 }
 
 void Tparameter_file_form::apply_settings() {
@@ -339,5 +341,5 @@ void Tparameter_file_form::button_app_exploreClick() {
     const TESK::Common_parameters_directory folder = file.folder(false);
     if (explorer_program.empty() ||
         !programs.start(explorer_program, nullptr, folder, nullptr, false, show_normal))
-        folder.explore(false);
+        explore_or_tell(folder);
 }

@@ -11,16 +11,35 @@ namespace {
 
 constexpr int started_from = 31; // a start that answers less has failed
 
+// Whether nothing speaks against a start; the user is told what does.
+bool may_start(const std::string& refusal) {
+    if (!refusal.empty())
+        message_box(refusal, "Unable to start", Button_set::ok);
+    return refusal.empty();
+}
+
 } // namespace
 
 bool start_or_tell(const std::string& command_line, bool wait, int show_state) {
-    const std::string refusal = platform::refusal_of_command(command_line);
-    if (!refusal.empty()) {
-        message_box(refusal, "Unable to start", Button_set::ok);
+    if (!may_start(platform::refusal_of_command(command_line)))
         return false;
-    }
     return wait ? platform::launcher().create_and_wait(command_line, show_state).has_value()
                 : platform::launcher().execute(command_line, show_state) >= started_from;
+}
+
+void open_or_tell(const TESK::Smart_file_name& file) {
+    if (may_start(platform::refusal_of_name(file)))
+        file.open();
+}
+
+void edit_or_tell(const TESK::Smart_file_name& file) {
+    if (may_start(platform::refusal_of_name(file)))
+        file.edit();
+}
+
+void explore_or_tell(const TESK::Directory_name& folder) {
+    if (may_start(platform::refusal_of_name(folder)))
+        folder.explore(false);
 }
 
 Program_starter::Program_starter(TTabSheet& commands)

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "foundation/ustring.h"
+#include "names/directory_name.h"
+#include "names/smart_file_name.h"
 #include "toolkit/edit.h"
 #include "toolkit/page_control.h"
 
@@ -16,6 +18,12 @@ constexpr int show_minimised = 6;
 // Starts a program by a command line. Where a name in it cannot be handed to a program, the user is told and
 // nothing is started. True when the program was started.
 bool start_or_tell(const std::string& command_line, bool wait, int show_state);
+
+// Each has the desktop do something with a file or a folder: opens it with what is registered for it, edits
+// it so, or shows the folder. The user is told, and nothing is started, where the name cannot be handed over.
+void open_or_tell(const TESK::Smart_file_name& file);
+void edit_or_tell(const TESK::Smart_file_name& file);
+void explore_or_tell(const TESK::Directory_name& folder);
 
 class Program_starter {
 public:

@@ -39,6 +39,6 @@ void TAutoViewFileButton::do_click() {
     if (file && edit_program)
         start_or_tell(*edit_program + ' ' + platform::in_quotes(*file), false, show_normal);
     else if (file)
-        file->open();
+        open_or_tell(*file);
     TButton::do_click();
 }

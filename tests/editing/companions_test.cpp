@@ -73,6 +73,10 @@ TEST_F(Companions_test, companions_that_other_programs_change_are_shown_anew_unl
     drives.write("work/study/details.htm", "new");
     form.details.tabsheet_details.bring_to_front();
     EXPECT_EQ(form.details.details_edit_memo.text(), "new");
+    form.details.details_edit_memo.bring_to_front();
+    drives.write("work/study/details.htm", "newest");
+    EXPECT_TRUE(form.activate()); // the user comes back to the window
+    EXPECT_EQ(form.details.details_edit_memo.text(), "newest");
     drives.write("work/study/notes.txt", "elsewhere");
     form.notes.memo_notes.bring_to_front();
     EXPECT_EQ(form.notes.memo_notes.text(), "zero\none\ntwo\nthree\n");
@@ -146,6 +150,10 @@ TEST_F(Companions_test, long_texts_show_their_beginning_and_are_not_edited) {
         EXPECT_TRUE(memo->text().ends_with(line + "\n"));
     }
     EXPECT_EQ(form.details.details_html_viewer.address(), "");
+    retype(form.details.edit_details_URL, "C:\\work\\study\\details.htm"); // no page of the web
+    EXPECT_TRUE(form.details.button_reload_details.click());
+    EXPECT_EQ(form.details.details_html_viewer.address(), "");
+    form.details.details_edit_memo.bring_to_front();
     EXPECT_TRUE(form.details.long_details_note.panel.find("long_details_note_button")->click());
     EXPECT_EQ(launcher.started, "\"notepad.exe\"  \"C:\\work\\study\\details.htm\"  [1]\n");
     EXPECT_TRUE(form.ok_button.click());

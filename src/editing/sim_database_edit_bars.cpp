@@ -31,6 +31,14 @@ TAutoSimDatabaseBar::TAutoSimDatabaseBar(std::string name, const char* no_folder
                                  "parameter file, use the Project level database.");
     no_database_note.set_visible(false);
     any_dir_note.set_visible(false);
+    // A name without a folder is one for the chosen level, until Edit/Create puts it there.
+    file_editbar.on_after_change = [this] {
+        TESK::Directory_name folder("");
+        if (file != nullptr)
+            file->get_path(folder, false);
+        if (!folder.empty())
+            Update();
+    };
     database_radiogroup.on_click = [this] { database_radiogroup_onclick(); };
     edit_create_button.on_click = [this] { edit_create_button_onclick(); };
 }
@@ -89,6 +97,8 @@ void TAutoSimDatabaseBar::database_radiogroup_onclick() {
     case scenario: current_directory = scenario_directory; break;
     default: any_dir_note.set_visible(true); break;
     }
+    if (current_directory != nullptr)
+        file_editbar.set_directory(*current_directory);
 }
 
 void TAutoSimDatabaseBar::edit_create_button_onclick() {
@@ -189,7 +199,6 @@ void TAutoSimDatabaseDropdownFileEditBar::database_radiogroup_onclick() {
     select_note_.set_visible(false);
     if (current_directory == nullptr)
         return;
-    file_editbar.set_directory(*current_directory);
     const bool exists = current_directory->exists();
     select_note_.set_visible(exists);
     no_database_note.set_text(file_editbar.filename_button.enabled() ? no_database_text : create_text);

@@ -73,6 +73,12 @@ TEST_F(File_bars, a_cleared_name_is_no_file_for_any_button) {
     launcher.started.clear();
     EXPECT_TRUE(bar.edit_button.click() && bar.qualify_button.click());
     EXPECT_EQ(crop, "<Currently not selected>");
+    bar.set_edit_program(nullptr, nullptr);
+    crop.set("C:\\a\\x\" C:\\secret");
+    bar.Update();
+    desktop.expect_message("Unable to start", "A name that holds a quotation mark or a control character "
+                                              "cannot be handed to a program.");
+    bar.edit_button_clicked();
     EXPECT_EQ(launcher.started, "");
 }
 
@@ -174,15 +180,15 @@ TEST_F(Database_bars, the_list_shows_the_files_of_the_level_and_a_line_chooses_o
     EXPECT_TRUE(bar.database_radiogroup.select(2));
     EXPECT_FALSE(bar.database_filelistbox.visible());
     EXPECT_TRUE(bar.no_database_note.visible() && bar.any_dir_note.visible());
+    EXPECT_TRUE(bar.file_editbar.drop_files({master + "\\barley.crp"}));
+    EXPECT_EQ(bar.database_radiogroup.item_index(), 1) << "the level follows the file, however it came";
 }
 
 TEST_F(Database_bars, a_new_file_is_put_into_the_level_and_its_editor_started) {
     const File_name program("C:\\S\\crop_editor.exe");
     bar.file_editbar.set_edit_program(&program, "Edit");
     EXPECT_TRUE(bar.database_radiogroup.select(2));
-    bar.file_editbar.set_directory(Directory_name(""));
     type(bar.file_editbar.filename_edit, "oats");
-    bar.database_radiogroup.select(2);
     EXPECT_TRUE(bar.edit_create_button.click());
     EXPECT_EQ(crop, "C:\\Simulation\\Projects\\P\\Database\\Crop\\oats.crp");
     EXPECT_TRUE(std::filesystem::exists(drives.host("Simulation/Projects/P/Database/Crop")));

@@ -178,6 +178,17 @@ platform::Write_result Edited_file::back_up() const {
 
 // ---- loading and saving
 
+// The user is asked once about each file.
+bool Edited_file::may_load() {
+    constexpr std::uint64_t asked_above = std::uint64_t{16} << 20;
+    const std::uint64_t bytes = platform::file_size(*name_);
+    if (bytes <= asked_above || bytes > TESK::VV_file::largest_file || agreed_to_load_ == *name_)
+        return true;
+    const bool agreed = may_load_large_file(*name_, bytes);
+    agreed_to_load_ = agreed ? std::string(*name_) : "";
+    return agreed;
+}
+
 void Edited_file::load() {
     is_outdated_ = false;
     if (!is_given_)
@@ -187,7 +198,7 @@ void Edited_file::load() {
     // First: what changes while the record is read counts as changed.
     known_.take(*name_);
     TESK::VV_text(text_when_bound_).get(*parameters_);
-    const bool was_read = TESK::VV_file(name_->c_str()).get(*parameters_);
+    const bool was_read = may_load() && TESK::VV_file(name_->c_str()).get(*parameters_);
     if (!was_read)
         TESK::VV_text(before).get(*parameters_);
     // A loaded record knows its file; what could not be read must not be taken for a new one.

@@ -49,6 +49,7 @@ public:
     platform::Write_result back_up() const;
 
     // Reads the record: the file's values, and where it has none those that the record had when it was bound.
+    // A large file that the user does not want to wait for counts as one that cannot be read.
     void load();
     // Takes the record as it is now for one that nobody has changed.
     void take_for_saved() { saved_text_ = text_of_record(); }
@@ -78,6 +79,7 @@ public:
     TFileDialog dialog;
 
 private:
+    bool may_load();
     bool name_is_chosen() const;
     bool take_choice();
     bool require_name();
@@ -103,6 +105,7 @@ private:
     bool is_wanted_at_once_ = false;
     bool could_not_read_ = false;   // the file is there, and its contents are not in the record
     std::string agreed_to_replace_; // the name that the user lets the next save replace
+    std::string agreed_to_load_;    // the large file that the user lets be loaded
     bool is_outdated_ = false;
     std::string text_when_bound_;
     std::string text_in_file_; // the record as it was when it was read or written

@@ -44,6 +44,13 @@ Conflict_answer ask_about_conflict(const std::string& file_name) {
     }
 }
 
+bool may_load_large_file(const std::string& file_name, std::uint64_t bytes) {
+    const std::string text = "This file is very large, and loading it takes a while:\n" +
+                             screen_text(file_name) + " (" + std::to_string(bytes >> 20) +
+                             " MiB)\nLoad it? ([No] leaves it as it is)";
+    return message_box(text, "Large file", Button_set::yes_no) == Modal_result::yes;
+}
+
 bool may_replace_file(const std::string& file_name) {
     return message_box("Replace the existing file with this name:\n" + screen_text(file_name),
                        "File already exists", Button_set::yes_no) == Modal_result::yes;

@@ -1,6 +1,7 @@
 // What a user is asked when files are loaded and saved.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ Save_outcome ask_after_failed_save(const std::string& cause = {});
 // What is to become of a file that was changed here and by another program as well.
 enum class Conflict_answer { overwrite, load, stay };
 Conflict_answer ask_about_conflict(const std::string& file_name);
+
+// Whether a file of that size is to be loaded, which takes a while.
+bool may_load_large_file(const std::string& file_name, std::uint64_t bytes);
 
 // Whether the file may be replaced.
 bool may_replace_file(const std::string& file_name);

@@ -93,6 +93,25 @@ TEST_F(Edited_file_test, what_could_not_be_read_is_not_written_over_unasked) {
     EXPECT_NE(saved("work/study.tvp").find("[written by another program]"), std::string::npos);
 }
 
+TEST_F(Edited_file_test, a_large_file_is_loaded_when_the_user_wants_to_wait_and_kept_when_not) {
+    drives.write("work/large.tvp",
+                 saved("work/study.tvp") + "[x]\r\ny=" + std::string(std::size_t{17} << 20, 'z') + "\r\n");
+    const auto expect_question = [this](Modal_result answer) {
+        expect({"Large file",
+                "This file is very large, and loading it takes a while:\nC:\\work\\large.tvp (17 MiB)\n"
+                "Load it? ([No] leaves it as it is)",
+                answer});
+    };
+    expect_question(Modal_result::no);
+    ASSERT_TRUE(bind("C:\\work\\large.tvp"));
+    EXPECT_EQ(record.description, "");
+    expect(replacing("C:\\work\\large.tvp", Modal_result::no));
+    EXPECT_EQ(form.save(), Save_outcome::aborted);
+    expect_question(Modal_result::yes);
+    form.load();
+    EXPECT_NE(record.description, "");
+}
+
 TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_only_with_consent) {
     drives.write("work/study/notes.txt", "of the study");
     drives.write("work/taken/NOTES.TXT", "of another");

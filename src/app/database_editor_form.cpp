@@ -1,5 +1,6 @@
 #include "app/database_editor_form.h"
 
+#include "editing/program_starter.h"
 #include "operations/database_utilities.h"
 #include "operations/parameter_folder.h"
 #include "operations/statsgo_installation.h"
@@ -232,7 +233,7 @@ void Tdatabase_editor_form::management_button_combinatorial_generationClick() {
 
 void Tdatabase_editor_form::explore() {
     if (database != nullptr)
-        database->explore(false);
+        explore_or_tell(*database);
 }
 
 void Tdatabase_editor_form::refresh_statsgo_page() {

@@ -1,11 +1,13 @@
 #include "app/file_manager_form.h"
 
+#include "app/line_progress.h"
 #include "app/new_name_form.h"
+#include "app/project_page.h"
 #include "editing/program_starter.h"
-#include "names/recycling.h"
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "toolkit/desktop.h"
+#include "toolkit/screen_language.h"
 
 namespace {
 
@@ -41,7 +43,8 @@ TFile_manager_form::TFile_manager_form(const TESK::Filtered_file_name& kind)
                      ->add<TPanel>("new_file_panel", Layout::row)
                      .add<TButton>("new_button", "<- New")),
       create_filename_edit(new_button.parent()->add<TAutoStringEdit>("create_filename_edit")),
-      file_name_(kind) {
+      delete_progress_note(delete_button.parent()->add<TLabel>("delete_progress_note")),
+      delete_progressbar(delete_button.parent()->add<TProgressBar>("delete_progressbar")), file_name_(kind) {
     file_name_.set("");
     std::string filter;
     parameter_StShellListView.set_mask(screen_text(kind.get_default_filter(filter)));
@@ -56,11 +59,14 @@ TFile_manager_form::TFile_manager_form(const TESK::Filtered_file_name& kind)
     file_select_dialog.must_exist = true;
     file_select_dialog.filter = screen_text(kind.get_dialog_filter(filter));
     create_filename_edit.input_filter = file_name_characters;
+    delete_progress_note.set_text_is_data(true);
+    delete_progress_note.set_visible(false);
+    delete_progressbar.set_visible(false);
     parameter_StShellListView.on_double_click = [this] { edit_files(); };
     refresh_button.on_click = [this] { Update(); };
     explore_category_button.on_click = [this] {
         if (folder_.is_set())
-            folder_.name().explore(false);
+            explore_or_tell(folder_.name());
     };
     copy_button.on_click = [this] { copy_file(); };
     delete_button.on_click = [this] { delete_files(); };
@@ -96,12 +102,14 @@ std::vector<TESK::Smart_file_name> TFile_manager_form::selected_files() const {
     return files;
 }
 
-// Lists a file that has come into the folder, and selects it.
-void TFile_manager_form::show_new(const std::optional<TESK::Smart_file_name>& file) {
+// Lists a file that has come into the folder, and selects it; or says why it could not.
+void TFile_manager_form::show_new(const Added_file& file) {
     Update();
-    if (file)
+    if (file.name)
         parameter_StShellListView.select(
-            parameter_StShellListView.index_of(screen_text(file->get_name(true))));
+            parameter_StShellListView.index_of(screen_text(file.name->get_name(true))));
+    else if (!file.refusal.empty())
+        show_message(screen_text(file.refusal));
 }
 
 void TFile_manager_form::copy_file() {
@@ -114,17 +122,32 @@ void TFile_manager_form::copy_file() {
 
 // Through the trash, from which a user can have back what was deleted by mistake.
 void TFile_manager_form::delete_files() {
-    const Busy_pointer busy;
     std::vector<std::string> names;
     for (const TESK::Smart_file_name& file : selected_files())
         names.push_back(file);
-    TESK::recycle_all(names, false, [](std::size_t) { return current_desktop->process_messages(); });
+    if (names.empty())
+        return;
+    Operation_outcome outcome;
+    {
+        const Busy_pointer busy;
+        Line_progress progress(delete_progressbar, delete_progress_note, names.size());
+        outcome = delete_parameter_files(names, [&](std::size_t done, std::size_t total) {
+            progress.show(done, total, TESK::File_name(names[done - 1].c_str()).get_name(true));
+            progress.step();
+            return progress.goes_on();
+        });
+    }
     Update();
+    show_failures(outcome, "Files not deleted");
+    if (outcome.stopped)
+        message_box(
+            worded("The deletion was stopped. Files deleted until then: %1", std::to_string(outcome.done)),
+            "Deletion stopped", Button_set::ok);
 }
 
 void TFile_manager_form::edit_files() {
     for (const TESK::Smart_file_name& file : selected_files())
-        file.open();
+        open_or_tell(file);
 }
 
 void TFile_manager_form::edit_files_with_notepad() {
@@ -133,9 +156,8 @@ void TFile_manager_form::edit_files_with_notepad() {
 }
 
 void TFile_manager_form::create_file() {
-    const auto file = folder_.make_file(record_text(create_filename_edit.text()), file_name_);
-    if (!file)
-        return;
-    show_new(file);
-    file->open();
+    const Added_file made = folder_.make_file(record_text(create_filename_edit.text()), file_name_);
+    show_new(made);
+    if (made.name)
+        open_or_tell(*made.name);
 }

@@ -6,6 +6,7 @@
 #include "toolkit/button.h"
 #include "toolkit/dialogs.h"
 #include "toolkit/file_list_box.h"
+#include "toolkit/label.h"
 
 class TFile_manager_form : public TForm {
 public:
@@ -34,11 +35,13 @@ public:
     TButton& notepad_button;
     TButton& new_button;
     TAutoStringEdit& create_filename_edit;
+    TLabel& delete_progress_note; // shown while files are deleted
+    TProgressBar& delete_progressbar;
     TFileDialog file_select_dialog;
 
 private:
     std::vector<TESK::Smart_file_name> selected_files() const;
-    void show_new(const std::optional<TESK::Smart_file_name>& file);
+    void show_new(const Added_file& file);
 
     void copy_file();
     void delete_files();

@@ -1,5 +1,6 @@
 #include "operations/parameter_folder.h"
 
+#include "names/recycling.h"
 #include "operations/scenario_catalogue.h"
 #include "platform/command_line.h"
 #include "platform/file_writer.h"
@@ -23,25 +24,52 @@ TESK::Smart_file_name Parameter_folder::file(const std::string& name) const {
     return result;
 }
 
-std::optional<TESK::Smart_file_name> Parameter_folder::add_copy(const TESK::File_name& source) const {
-    if (!is_ready())
-        return std::nullopt;
-    const TESK::Smart_file_name copy = file(source.get_name(true));
-    if (platform::exists(copy) || platform::is_link(copy) || !platform::copy_file(source, copy).ok())
-        return std::nullopt;
-    return copy;
+Added_file Parameter_folder::add_copy(const TESK::File_name& source) const {
+    return add(source.get_name(true),
+               [&](const std::string& copy) { return platform::copy_file(source, copy); });
 }
 
-std::optional<TESK::Smart_file_name> Parameter_folder::make_file(const std::string& typed,
-                                                                 const TESK::Filtered_file_name& kind) const {
+Added_file Parameter_folder::make_file(const std::string& typed, const TESK::Filtered_file_name& kind) const {
     const std::string name = new_parameter_file_name(typed, kind);
-    if (name.empty() || !platform::refusal_of_name(name).empty() || !is_ready())
-        return std::nullopt;
+    if (name.empty())
+        return {};
+    if (is_set() && platform::is_file(file(name)))
+        return {file(name), ""};
+    return add(name, [](const std::string& made) {
+        return platform::write_file(made, "", platform::Durability::durable);
+    });
+}
+
+Added_file Parameter_folder::add(const std::string& name, const Maker& make) const {
+    if (!is_set())
+        return {};
+    Added_file added;
+    added.refusal = platform::refusal_of_name(name);
+    if (!added.refusal.empty())
+        return added;
+    if (!is_ready()) {
+        added.refusal = "The folder for these files is not there.";
+        return added;
+    }
     const TESK::Smart_file_name made = file(name);
-    if (platform::is_file(made))
-        return made;
-    if (platform::exists(made) || platform::is_link(made) ||
-        !platform::write_file(made, "", platform::Durability::durable).ok())
-        return std::nullopt;
-    return made;
+    if (platform::exists(made) || platform::is_link(made))
+        added.refusal = "There is a file of this name already.";
+    else
+        added.refusal = make(made).reason;
+    if (added.refusal.empty())
+        added.name = made;
+    return added;
+}
+
+Operation_outcome delete_parameter_files(const std::vector<std::string>& files,
+                                         const Operation_progress& progress) {
+    const TESK::Recycling recycled = TESK::recycle_all(
+        files, false, [&](std::size_t done) { return goes_on(progress, done, files.size()); });
+    Operation_outcome outcome;
+    outcome.done = recycled.done;
+    outcome.stopped = recycled.was_stopped;
+    for (const std::string& name : recycled.kept)
+        if (!outcome.stopped)
+            outcome.not_done.push_back({name, why_not_deleted(name, false)});
+    return outcome;
 }

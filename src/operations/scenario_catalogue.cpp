@@ -1,5 +1,6 @@
 #include "operations/scenario_catalogue.h"
 
+#include "foundation/code_page_1252.h"
 #include "model/tilverra_scenario.h"
 #include "names/recycling.h"
 #include "platform/command_line.h"
@@ -55,8 +56,9 @@ std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std
         Import import{file, TESK::Smart_file_name(file.c_str())};
         import.target.set_ext(scenario_extension);
         import.target.set_path(folder);
-        const auto same = std::find_if(imports.begin(), imports.end(),
-                                       [&](const Import& one) { return one.target == import.target; });
+        const auto same = std::find_if(imports.begin(), imports.end(), [&](const Import& one) {
+            return TESK::equal_ignoring_case(one.target, import.target);
+        });
         const bool replaces = same != imports.end() || platform::exists(import.target);
         std::string reason = refuse_scenario_name(import.target.get_name(false));
         if (reason.empty())
@@ -92,10 +94,7 @@ std::string delete_entry(const std::string& name, bool permanently, const Change
         return backups->move(name).reason;
     if (entry.recycle(permanently))
         return {};
-    const std::string reason = platform::permission_to_remove(name).reason;
-    if (reason.empty() && !permanently)
-        return no_trash;
-    return "It could not be deleted." + (reason.empty() ? "" : ' ' + reason);
+    return why_not_deleted(name, permanently);
 }
 
 // Moves the files of the scenarios from one place of the list up to another to the trash. What stays is for
@@ -109,6 +108,13 @@ void recycle_together(const std::vector<std::vector<std::string>>& scenarios, st
 }
 
 } // namespace
+
+std::string why_not_deleted(const std::string& name, bool permanently) {
+    const std::string reason = platform::permission_to_remove(name).reason;
+    if (reason.empty() && !permanently)
+        return no_trash;
+    return "It could not be deleted." + (reason.empty() ? "" : ' ' + reason);
+}
 
 std::string new_scenario_name(const std::string& typed) {
     const std::string name = typed.substr(typed.find_last_of(path_separators) + 1);

@@ -43,6 +43,8 @@ std::vector<std::string> files_of_scenario(const TESK::Directory_name& folder, c
 
 // The reason of what a user may delete and no trash takes.
 constexpr const char* no_trash = "It could not be moved to the trash.";
+// Why an entry is still there that was to go, into the trash unless `permanently`: a plain English sentence.
+std::string why_not_deleted(const std::string& name, bool permanently);
 
 // Deletes the files of scenarios in the folder and the folders of their outputs: into the trash unless
 // `permanently`, then by moving them into `backups` or, when that is null, for good.

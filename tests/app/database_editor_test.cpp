@@ -59,6 +59,10 @@ public:
         std::vector<bool> gone;
         for (const std::string& name : names) {
             recycled += name + "\n";
+            if (name == held) {
+                gone.push_back(false);
+                continue;
+            }
             gone.push_back(delete_permanently(name));
             if (!progress(gone.size()))
                 break;
@@ -66,6 +70,7 @@ public:
         return gone;
     }
     std::string recycled;
+    std::string held; // what no one can move
 
 private:
     platform::Shell_guard guard_{*this};
@@ -328,8 +333,10 @@ protected:
     }
     TFile_manager_form& manager() { return *form->file_manager(); }
     TShellListView& list() { return manager().parameter_StShellListView; }
-    void copy(const std::string& file) {
+    void copy(const std::string& file, const char* refusal = nullptr) {
         desktop.expect_file_dialog("Copy a file to this database.", {file});
+        if (refusal != nullptr)
+            desktop.expect_message("", refusal);
         EXPECT_TRUE(manager().copy_button.click());
     }
     void create(const std::string& name) {
@@ -350,9 +357,10 @@ TEST_F(File_manager, a_copied_file_is_listed_and_selected_and_never_takes_the_pl
     copy("C:\\other\\wheat.crp");
     EXPECT_EQ(lines(), "maize.crp wheat.crp* ");
     EXPECT_EQ(drives.read("P/Database/Crop/wheat.crp"), "wheat");
-    copy("C:\\other\\MAIZE.CRP");
-    copy("C:\\other\\gone.crp");
-    copy("C:\\P\\Database\\Crop\\maize.crp");
+    const char* const there = "There is a file of this name already.";
+    copy("C:\\other\\MAIZE.CRP", there);
+    copy("C:\\other\\gone.crp", "The file or its folder does not exist.");
+    copy("C:\\P\\Database\\Crop\\maize.crp", there);
     EXPECT_EQ(lines(), "maize.crp wheat.crp* ");
     EXPECT_EQ(drives.read("P/Database/Crop/maize.crp"), "data");
     desktop.expect_file_dialog("Copy a file to this database.", {});
@@ -371,9 +379,12 @@ TEST_F(File_manager, the_selected_files_go_to_the_trash_or_to_their_editors) {
     EXPECT_NE(started().find("unzip \"C:\\P\\Database\\Crop\\rye.crp\""), std::string::npos);
     EXPECT_TRUE(manager().explore_category_button.click());
     EXPECT_EQ(started(), "C:\\P\\Database> explorer /n,/e,\"C:\\P\\Database\\Crop\" [1]\n");
+    shell.held = "C:\\P\\Database\\Crop\\rye.crp";
+    desktop.expect_message("Files not deleted", "Files that could not be dealt with: 1\n" + shell.held +
+                                                    ": It could not be moved to the trash.\n");
     EXPECT_TRUE(manager().delete_button.click());
     EXPECT_EQ(shell.recycled, "C:\\P\\Database\\Crop\\maize.crp\nC:\\P\\Database\\Crop\\rye.crp\n");
-    EXPECT_EQ(lines(), "oats.crp ");
+    EXPECT_EQ(lines(), "oats.crp rye.crp* ");
 }
 
 TEST_F(File_manager, a_new_file_lies_in_the_folder_whatever_was_typed_and_an_old_one_is_opened) {
@@ -398,8 +409,10 @@ TEST_F(File_manager, a_missing_folder_is_made_for_a_file_unless_it_is_for_others
                                        {"biomatter_tabsheet", "Biomatter"},
                                        {"format_tabsheet", "Format"}}) {
         show_page(page);
-        create("new");
         const bool is_made = std::string(folder) == "Soil";
+        if (!is_made)
+            desktop.expect_message("", "The folder for these files is not there.");
+        create("new");
         EXPECT_EQ(std::filesystem::exists(drives.host(std::string("P/Database/") + folder)), is_made)
             << folder;
         EXPECT_EQ(list().count(), is_made ? 1 : 0) << folder;

@@ -372,7 +372,7 @@ void Runs_page::run_again(int which) {
 
 void Runs_page::view_output_of_run() {
     const std::string scenario = chosen_scenario();
-    if (!scenario.empty() && !view_output(workspace(), scenario))
+    if (!scenario.empty() && form.scenarios.run.show_output(scenario) == View_outcome::no_output)
         form.parameter_file_form().notice(worded("This run has left no output."));
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
+#include "platform/host_names.h"
 
 #include <utility>
 
@@ -135,6 +136,20 @@ std::vector<std::string> Scenario_lists::checked_files() {
     return files;
 }
 
+bool Scenario_lists::has_chosen() const {
+    return current_scenarios_listbox->checked_count() > 0 || workspace().active_scenario_exists();
+}
+
+std::vector<std::string> Scenario_lists::chosen() {
+    std::vector<std::string> files;
+    for (int i = 0; i < current().count(); ++i)
+        if (current().checked(i))
+            files.push_back(scenario_of_line(i));
+    if (files.empty() && has_chosen())
+        files.push_back(platform::full_name(record().active_scenario));
+    return files;
+}
+
 std::string Scenario_lists::scenario_of_line(int index) {
     TESK::File_name file;
     workspace()
@@ -152,11 +167,10 @@ void Scenario_lists::created_scenarios_listbox_onchange() {
         active = record_text(current().line(index).text);
         active.set_ext("tvn");
         active.set_path(workspace().project_directory->get_scenarios_directory(true));
+        active_by_generated_ = &current() == &generated_scenarios_filelistbox ? std::string(active) : "";
     }
     form.scenarios.update_active_scenario();
-    // The line that was chosen keeps the cursor, even one of the generated list.
-    point_at_active(&current() == &created_scenarios_filelistbox ? generated_scenarios_filelistbox
-                                                                 : created_scenarios_filelistbox);
+    point_at_active();
 }
 
 void Scenario_lists::point_at_active() {
@@ -164,17 +178,24 @@ void Scenario_lists::point_at_active() {
     point_at_active(generated_scenarios_filelistbox);
 }
 
-void Scenario_lists::point_at_active(TFileCheckListBox& list) {
+// The line of the generated list that was chosen keeps the cursor as long as the active scenario is the one
+// that this made.
+int Scenario_lists::line_of_active(const TFileCheckListBox& list) const {
     TVN_filename active = record().active_scenario;
-    int index = -1;
-    if (!active.empty() && !active.starts_with('<')) {
-        workspace().enter_project_folder();
-        active.qualify();
-        TESK::Directory_name folder("");
-        active.get_path(folder, true);
-        if (TESK::compare_ignoring_case(folder, record_text(list.folder())) == 0)
-            index = line_of(list, active.get_name(true));
-    }
+    if (active.empty() || active.starts_with('<'))
+        return -1;
+    if (&list == &generated_scenarios_filelistbox && active == active_by_generated_)
+        return line_of(list, active.get_name(true));
+    workspace().enter_project_folder();
+    active.qualify();
+    TESK::Directory_name folder("");
+    active.get_path(folder, true);
+    const bool is_listed = TESK::compare_ignoring_case(folder, record_text(list.folder())) == 0;
+    return is_listed ? line_of(list, active.get_name(true)) : -1;
+}
+
+void Scenario_lists::point_at_active(TFileCheckListBox& list) {
+    const int index = line_of_active(list);
     list.set_item_index(index);
     list.show_line(index);
 }

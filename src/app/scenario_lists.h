@@ -28,6 +28,11 @@ public:
     void add_created_line(const std::string& file_name);
     // The names of its checked lines, as their files have them.
     std::vector<std::string> checked_files();
+    // What is to be run, compared or listed as a whole: the checked lines or, without check marks, the active
+    // scenario where it exists. has_chosen() tells whether there is any, chosen() gives the full names; it
+    // needs a project directory.
+    bool has_chosen() const;
+    std::vector<std::string> chosen();
     Scenario_list_table& current_table();
     // The file of a line of that list; needs a project directory.
     std::string scenario_of_line(int index);
@@ -62,7 +67,11 @@ public:
 private:
     void refresh_states();
     void wire();
+    int line_of_active(const TFileCheckListBox& list) const;
     void point_at_active(TFileCheckListBox& list);
+
+    // The active scenario that the choice of a line of the generated list made; "" after another choice.
+    std::string active_by_generated_;
 
     TTimer states_timer_{1000};
 };

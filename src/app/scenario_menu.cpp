@@ -3,7 +3,6 @@
 #include "app/new_name_form.h"
 #include "app/tilverra_project_form.h"
 #include "operations/scenario_renaming.h"
-#include "operations/scenario_runs.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screen_language.h"
 #include "trees/scenario_directory.h"
@@ -97,7 +96,8 @@ void Scenario_menu::run_beside() {
 }
 
 void Scenario_menu::show_output() {
-    if (const std::string scenario = file(); !scenario.empty() && !view_output(workspace(), scenario))
+    const std::string scenario = file();
+    if (!scenario.empty() && form.scenarios.run.show_output(scenario) == View_outcome::no_output)
         form.parameter_file_form().notice(
             worded("This scenario does not have any output.  First run the simulation"));
 }

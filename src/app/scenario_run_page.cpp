@@ -2,7 +2,6 @@
 
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
-#include "operations/scenario_runs.h"
 #include "platform/host_names.h"
 #include "runs/project_run_set.h"
 #include "toolkit/desktop.h"
@@ -49,8 +48,9 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
                                     "Show the tables (.dbf) that the last run of the active scenario wrote, "
                                     "each in a window of its own.")),
       run_beside_button(add_button(scenario_run_tabsheet, "run_beside_button", "Run beside the editor",
-                                   "Run the checked scenarios or, without check marks, the active one, "
-                                   "several at a time, while you work on. See the page Runs.")),
+                                   "Run the checked scenarios or, without check marks, the highlighted or "
+                                   "else the active one, several at a time, while you work on. See the page "
+                                   "Runs.")),
       runs_at_once_edit(add_number(
           add_row(scenario_run_tabsheet, "runs_at_once_panel"), "runs_at_once_edit", "Runs at a time",
           "How many scenarios are run at the same time; usually as many as there are "
@@ -105,7 +105,7 @@ void Scenario_run_page::show_hide_run_button() {
         return;
     TFileCheckListBox& list = form.scenarios.lists.current();
     workspace().enter_project_folder();
-    const bool can_run = list.checked_count() > 0 || workspace().active_scenario_exists();
+    const bool can_run = form.scenarios.lists.has_chosen();
     senerios_run_button.set_visible(can_run || list.count() > 0);
     senerios_run_button.set_enabled(can_run);
 }
@@ -176,20 +176,13 @@ void Scenario_run_page::senerios_run_button_onclick() {
         current_desktop->restore();
 }
 
-// The full names of the checked scenarios or, without check marks, of the one under the cursor.
+// A line of the generated list that is under the cursor goes before the active scenario, which it cannot be.
 std::vector<std::string> Scenario_run_page::chosen_scenarios() const {
     Scenario_lists& lists = form.scenarios.lists;
     const TFileCheckListBox& list = lists.current();
-    std::vector<std::string> chosen;
-    for (int i = 0; i < list.count(); ++i)
-        if (list.checked(i))
-            chosen.push_back(lists.scenario_of_line(i));
-    const bool is_generated = lists.current_folder() == Scenario_folder::generated;
-    if (chosen.empty() && is_generated && list.item_index() >= 0)
-        chosen.push_back(lists.scenario_of_line(list.item_index()));
-    else if (chosen.empty() && workspace().active_scenario_exists())
-        chosen.push_back(platform::full_name(record().active_scenario));
-    return chosen;
+    const bool takes_line = lists.current_folder() == Scenario_folder::generated && list.item_index() >= 0 &&
+                            list.checked_count() == 0;
+    return takes_line ? std::vector{lists.scenario_of_line(list.item_index())} : lists.chosen();
 }
 
 // The marks stay: what became of each run is told on the page Runs.
@@ -232,10 +225,19 @@ void Scenario_run_page::write_run_list_button_onclick() {
         form.project_pagecontrol.set_active_page(form.runs.runs_tabsheet);
 }
 
+View_outcome Scenario_run_page::show_output(const std::string& scenario_file) {
+    const View_outcome outcome = view_output(workspace(), scenario_file);
+    if (outcome == View_outcome::shown_by_usual_format)
+        form.parameter_file_form().notice(
+            worded("The scenario cannot be read: its output is shown by the usual report format."),
+            Mark::exclamation);
+    return outcome;
+}
+
 void Scenario_run_page::view_output_button_onclick() {
     if (!has_project() || !workspace().need_project_directory())
         return;
-    if (!view_output(workspace(), record().active_scenario))
+    if (show_output(record().active_scenario) == View_outcome::no_output)
         show_message("This scenario does not have any output.  First run the simulation");
 }
 

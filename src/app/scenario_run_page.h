@@ -6,6 +6,7 @@
 #include "app/run_ends.h"
 #include "app/run_engine_choice.h"
 #include "editing/auto_choices.h"
+#include "operations/scenario_runs.h"
 
 #include <optional>
 #include <string>
@@ -33,6 +34,9 @@ public:
 
     // Runs the scenarios (full names of their files) as a set beside the editor, and shows the page Runs.
     void run_beside(std::vector<std::string> scenarios);
+    // Shows the output of a scenario (the full name of its file), and tells by which format where that is not
+    // the scenario's own.
+    View_outcome show_output(const std::string& scenario_file);
     // Runs the active scenario, as the record names it, without waiting.
     void run_active();
 

@@ -58,13 +58,13 @@ std::vector<std::string> output_tables(const Project_workspace& workspace, const
     return tables;
 }
 
-bool view_output(Project_workspace& workspace, const std::string& scenario_file) {
+View_outcome view_output(Project_workspace& workspace, const std::string& scenario_file) {
     const std::string outputs = outputs_of_scenario(workspace, scenario_file);
     if (outputs.empty())
-        return false;
+        return View_outcome::no_output;
     Tilverra_scenario scenario;
-    TESK::VV_file(scenario_file.c_str()).get(scenario);
+    const bool is_read = TESK::VV_file(scenario_file.c_str()).get(scenario);
     workspace.host.run_with_file(suite_directory->get_tilverra_directory().get_output_manager_advanced_exe(),
                                  scenario.model_options->report_format, outputs);
-    return true;
+    return is_read ? View_outcome::shown : View_outcome::shown_by_usual_format;
 }

@@ -16,8 +16,14 @@ bool run_scenario(Project_workspace& workspace, const std::string& scenario_file
 // whose folder is the current one afterwards.
 std::string outputs_of_scenario(const Project_workspace& workspace, const std::string& scenario_file);
 
-// Shows the output of a scenario by the report format that its record names. False when it has none.
-bool view_output(Project_workspace& workspace, const std::string& scenario_file);
+enum class View_outcome {
+    shown,
+    shown_by_usual_format, // the scenario, which names the format, could not be read
+    no_output
+};
+
+// Shows the output of a scenario by the report format that its record names.
+View_outcome view_output(Project_workspace& workspace, const std::string& scenario_file);
 
 // The tables (.dbf) among the output of a scenario, by their full names in the order of the alphabet. Needs a
 // project directory, whose folder is the current one afterwards.

@@ -225,6 +225,7 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     // A line of the generated list keeps the cursor that was put on it.
     generated().bring_to_front();
     EXPECT_TRUE(generated().select(0));
+    form.scenarios.files_changed();
     EXPECT_EQ(generated().item_index(), 0);
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
     EXPECT_EQ(under_cursor(), "");

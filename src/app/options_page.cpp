@@ -18,10 +18,13 @@ constexpr const char* usual_template_note = "A scenario to be used as a template
 
 // Says what a generation would do, and asks whether it is to be begun.
 bool may_generate(const Generation_plan& plan) {
-    return message_box(
-               worded("Scenarios that will be generated: %1", std::to_string(plan.count)) + '\n' +
-                   worded("Scenarios that will be replaced: %1", std::to_string(plan.replaced.size())),
-               "Combinatorial scenario generation", Button_set::ok_cancel) == Modal_result::ok;
+    std::string told = worded("Scenarios that will be generated: %1", std::to_string(plan.count)) + '\n' +
+                       worded("Scenarios that will be replaced: %1", std::to_string(plan.replaced.size()));
+    if (plan.unread_events > 0)
+        told += '\n' + worded("Events of the template that no scenario will get, since they are in the old "
+                              "spelling or more than are counted: %1",
+                              std::to_string(plan.unread_events));
+    return message_box(told, "Combinatorial scenario generation", Button_set::ok_cancel) == Modal_result::ok;
 }
 
 } // namespace

@@ -145,6 +145,11 @@ void generate(Session& session, const Options& options) {
     const Generation_plan plan = plan_generation(project.record(), project.directory());
     if (!plan.refused.empty())
         throw Command_failure(exit_unreachable, screen_text(plan.refused));
+    if (plan.unread_events > 0)
+        session.console.say(
+            "Events of the template that no scenario gets, since they are in the old spelling or "
+            "more than are counted: " +
+            std::to_string(plan.unread_events));
     Told told{plan.count, plan.replaced.size(), project.folder_of(Scenario_folder::generated)};
     if (options.only_counts) {
         tell(session, options, told);

@@ -47,7 +47,8 @@ void list(Session& session, const std::string& argument, Scenario_choice& choice
             reason = sentence;
             session.note(exit_unreachable);
         }
-        if (!report.add({screen_text(scenario_name(scenario)), word_for(status.state),
+        if (!report.add({screen_text(scenario_name(scenario)),
+                         overview.is_readable ? word_for(status.state) : "unreadable",
                          screen_text(overview.description), time_text(overview.changed),
                          last_run_text(status.record), reason}))
             break;

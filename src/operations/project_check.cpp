@@ -89,19 +89,20 @@ void judge_dates(const Tilverra_scenario& scenario, std::vector<Finding>& findin
     }
 }
 
+// The sections of events that were read, of which the record declares something or nothing.
+int count_events(const Tilverra_scenario& scenario, bool known) {
+    int count = 0;
+    for (const TESK::VV_section& section : scenario.all_sections())
+        if (section.encountered && event_number(section.label) != 0 && is_known(section) == known)
+            ++count;
+    return count;
+}
+
 // Events that no reader sees, and events of which nothing stands in the file.
 void judge_events(const Tilverra_scenario& scenario, std::vector<Finding>& findings) {
-    int unseen = 0;
-    std::uint32_t seen = 0;
-    for (const TESK::VV_section& section : scenario.all_sections()) {
-        if (!section.encountered || event_number(section.label) == 0)
-            continue;
-        if (is_known(section))
-            ++seen;
-        else
-            ++unseen;
-    }
-    const std::uint32_t told = scenario.events.count();
+    const int unseen = count_unread_events(scenario);
+    const int seen = count_events(scenario, true);
+    const int told = static_cast<int>(scenario.events.count());
     if (unseen > 0)
         findings.push_back(
             {Finding_weight::error, "scenario", "event:count",
@@ -148,6 +149,10 @@ Finding unreadable(const TESK::File_name& file) {
 }
 
 } // namespace
+
+int count_unread_events(const Tilverra_scenario& scenario) {
+    return count_events(scenario, false);
+}
 
 Project_check::Project_check() {
     Tilverra_scenario scenario;

@@ -21,6 +21,10 @@ struct Finding {
     std::string message; // a plain English sentence in code page 1252
 };
 
+// How many events of the scenario no reader of the suite sees, since they are in the old spelling or more
+// than are counted. The record has kept its structure after reading.
+int count_unread_events(const Tilverra_scenario& scenario);
+
 // Judges the records of one project by what they declare: files that are named and missing, or required and
 // not chosen; values outside their ranges; dates that end before they begin; events in the old spelling,
 // which no reader of the suite sees; sections and keys that no program knows. A value that every new record

@@ -4,6 +4,7 @@
 #include "foundation/lists.h"
 #include "model/tilverra_scenario.h"
 #include "operations/bulk_files.h"
+#include "operations/project_check.h"
 #include "operations/repeated_text.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
@@ -320,6 +321,13 @@ struct Generation {
     Generation_plan plan;
 };
 
+// Of a template whose name counts from the current directory.
+int unread_events_of(const TESK::File_name& template_file) {
+    Tilverra_scenario scenario;
+    TESK::VV_file(template_file.c_str(), true).get(scenario);
+    return count_unread_events(scenario);
+}
+
 } // namespace
 
 Generation_plan plan_generation(const Tilverra_project_editor_parameters& project,
@@ -327,6 +335,7 @@ Generation_plan plan_generation(const Tilverra_project_editor_parameters& projec
     Generation generation(project, project_directory);
     if (!generation.plan.refused.empty())
         return std::move(generation.plan);
+    generation.plan.unread_events = unread_events_of(project.template_scenario);
     // What is there is looked through, not what will be: that may be any number.
     std::map<std::uint32_t, std::string> replaced;
     for (const auto& [folded, name] : generation.files->present()) {

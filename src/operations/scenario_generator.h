@@ -21,7 +21,8 @@ using Scenario_listener = std::function<bool(const std::string& file_name)>;
 struct Generation_plan {
     std::uint64_t count = 0;           // how many scenarios there will be
     std::vector<std::string> replaced; // the full names of those of the numbers that stand there already
-    std::string refused;               // why nothing can be generated; empty when something can
+    int unread_events = 0; // events of the template that no scenario gets, since no reader sees them
+    std::string refused;   // why nothing can be generated; empty when something can
 };
 
 // What a generation would do now. Nothing is written. Relative names, those in the template too, count from

@@ -189,6 +189,8 @@ TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_program
          "row[\"setting\"], row[\"reason\"] and row[\"reason\"][:8]) for row in json.load(sys.stdin)])'",
          "1\n[('b', 'none.x', 'There is'), ('b', 'CO2.enable', None), ('pipe', None, 'The file')]\n", 0,
          "1 of 1 failed: pipe"},
+        {"tvs_project list Irrigation_study pipe | cut -f 1,2", "pipe\tunreadable\n", 0,
+         "The scenario pipe.tvn cannot be read."},
         {"tvs_project copy Irrigation_study pipe c; ls Irrigation_study/Scenarios/c*; rm "
          "Irrigation_study/Scenarios/pipe.tvn",
          "c\tfailed\tThe scenario to copy is no regular file.\nIrrigation_study/Scenarios/clay soil.tvn\n", 0,

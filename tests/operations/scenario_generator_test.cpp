@@ -188,6 +188,9 @@ TEST_F(Scenario_generator_test, a_plan_tells_what_there_will_be_and_makes_nothin
     EXPECT_EQ(plan().replaced, std::vector<std::string>{"C:\\p\\Generated_scenarios\\00003.TVN"});
     std::filesystem::remove_all(drives.host("p/Database"));
     EXPECT_EQ(plan().count, 1U);
+    EXPECT_EQ(plan().unread_events, 0);
+    drives.write("p/Scenarios/base.tvn", "[scenario]\nevent_count=1\n[event_1]\nID=a\n");
+    EXPECT_EQ(plan().unread_events, 1);
     EXPECT_EQ(entries("p/Generated_scenarios"), "00003.TVN 00005.tvn ");
 }
 

@@ -114,6 +114,8 @@ TEST_F(Workspace,
     EXPECT_TRUE(parameter_form.run_button.visible());
     EXPECT_TRUE(parameter_form.run_button.click());
     EXPECT_EQ(started(), "\"C:\\Suite\\Tilverra\\GIS_runner.exe\"  \"C:\\projects\\study.tvp\"  [1]\n");
+    EXPECT_TRUE(press(form.GIS.explore_GIS_button));
+    EXPECT_NE(started().find("\"C:\\projects\\study\\GIS\""), std::string::npos);
     record->active_scenario = "Scenarios\\gone.tvn";
     form.show_hide();
     EXPECT_EQ(form.GIS.GIS_active_scenario_note.colour(), 0x0000ff);

@@ -65,11 +65,20 @@ TEST_F(Bound_controls, a_choice_that_is_left_brings_its_value_and_its_holder_alo
     auto& check = holder.add<TAutoCheckBox>("check");
     auto& list = holder.add<TAutoBitCheckListBox>("list");
     auto& unbound = holder.add<TAutoCheckBox>("unbound");
+    auto& group = holder.add<TAutoRadioGroup>("group", "group", std::vector<std::string>{"a", "b"});
+    auto& items = holder.add<TAutoContainerListBox>("items");
+    auto& marks = holder.add<TAutoContainerCheckListBox>("marks");
     bool flag = false;
     std::uint32_t bits = 0x82;
     const char* const captions[] = {"first", "second", nullptr};
     check.bind_to(&flag, nullptr);
     list.bind_to(&bits, captions, nullptr);
+    std::int8_t byte = 0;
+    group.bind_to(&byte, 0, nullptr);
+    TESK::Text_list texts("one;two;", ';');
+    items.bind_to(&texts, nullptr);
+    TESK::Text_list marked("one;two;", ';');
+    marks.bind_to(&marked, nullptr);
     const auto leave = [&](TControl& control) {
         control.focus();
         elsewhere.focus();
@@ -81,6 +90,11 @@ TEST_F(Bound_controls, a_choice_that_is_left_brings_its_value_and_its_holder_alo
     EXPECT_EQ(leave(list), 1);
     EXPECT_EQ(bits, 0x82U) << "a bit without a line stays, as long as nothing was checked";
     EXPECT_EQ(leave(unbound), 0);
+    group.set_item_index(1);
+    EXPECT_EQ(leave(group), 1);
+    EXPECT_EQ(byte, 1);
+    EXPECT_EQ(leave(items), 1);
+    EXPECT_EQ(leave(marks), 1);
 }
 
 TEST_F(Bound_controls, a_number_edit_keeps_only_what_belongs_to_a_number) {

@@ -11,7 +11,6 @@ public:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    expect_round_trip<Fuzzed_project>(std::string(reinterpret_cast<const char*>(data), size));
-    return 0;
+void try_input(const std::string& input) {
+    expect_round_trip<Fuzzed_project>(input);
 }

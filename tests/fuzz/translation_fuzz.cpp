@@ -34,8 +34,7 @@ void check(const TESK::Translations_phrases& phrases) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
+void try_input(const std::string& text) {
     TESK::Translations_phrases phrases;
     // A text of the other encoding holds no zero bytes, or none that make sense.
     if (text.find('\0') == std::string_view::npos)
@@ -43,5 +42,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     else
         TESK::add_Unicode_translations(text, phrases);
     check(phrases);
-    return 0;
 }

@@ -7,6 +7,7 @@
 #include "units/units_clad.h"
 #include "units/units_convertor.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstring>
@@ -15,12 +16,11 @@ namespace {
 
 // Takes a value off the front of the bytes; what is missing is 0.
 template <class T>
-T take(const std::uint8_t*& data, std::size_t& size) {
+T take(std::string_view& bytes) {
     T value{};
-    const std::size_t there = size < sizeof value ? size : sizeof value;
-    std::memcpy(&value, data, there);
-    data += there;
-    size -= there;
+    const std::size_t there = std::min(bytes.size(), sizeof value);
+    std::memcpy(&value, bytes.data(), there);
+    bytes.remove_prefix(there);
     return value;
 }
 
@@ -81,13 +81,13 @@ void check_dates(const std::string& text, std::int16_t steps, std::uint32_t form
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto number = take<float>(data, size);
-    const auto other = take<std::uint32_t>(data, size);
-    const auto steps = take<std::int16_t>(data, size);
-    const std::string text(reinterpret_cast<const char*>(data), size < 256 ? size : 256);
+void try_input(const std::string& input) {
+    std::string_view bytes = input;
+    const auto number = take<float>(bytes);
+    const auto other = take<std::uint32_t>(bytes);
+    const auto steps = take<std::int16_t>(bytes);
+    const std::string text(bytes.substr(0, 256));
     check_numbers(text, number);
     check_units(text, number, other);
     check_dates(text, steps, other);
-    return 0;
 }

@@ -1,4 +1,5 @@
 #include "frame_support.h"
+#include "support/phrases.h"
 
 #include <algorithm>
 
@@ -11,15 +12,11 @@ protected:
         for (const char* text :
              {"Save/Close", "Save as", "Run it", "Beside the panel", "Enter or select file to edit",
               "Unsaved changes", "Save the changes to %1?", "Tilverra project", "Save %1 as"}) {
-            auto* phrase = new TESK::Translation(text);
-            const auto tell = [phrase](const char* in, const std::string& translation) {
-                phrase->translations.append(new TESK::Translation::Translated(in, translation));
-            };
-            tell("en", text);
-            tell("es", std::string("[") + text + "]");
-            if (std::string(text) != "Save/Close")
-                tell("fr", text + std::string("!"));
-            phrases.append(phrase);
+            std::vector<std::pair<const char*, std::string>> texts = {
+                {"en", text}, {"es", std::string("[") + text + "]"}, {"fr", text + std::string("!")}};
+            if (texts[0].second == "Save/Close")
+                texts.pop_back();
+            add_phrase(phrases, text, texts);
         }
         name = "C:\\work\\study.tvp";
     }

@@ -1,6 +1,7 @@
 #include "editing/window_translator.h"
 
 #include "editing/number_edit_bars.h"
+#include "support/phrases.h"
 #include "support/temporary_folder.h"
 #include "toolkit/button.h"
 #include "toolkit/check_box.h"
@@ -13,18 +14,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-using TESK::Translation;
-
-void add(TESK::Translations_phrases& phrases, const char* english, const char* spanish,
-         const char* french = nullptr) {
-    auto* phrase = new Translation(std::string("L_") + english);
-    phrase->translations.append(new Translation::Translated("en", english));
-    phrase->translations.append(new Translation::Translated("es", spanish));
-    if (french != nullptr)
-        phrase->translations.append(new Translation::Translated("fr", french));
-    phrases.append(phrase);
-}
 
 // Passes until nothing changes; how many of them changed something. A walk that never ends is cut off.
 int translate_all(TControl& window, const std::string& language, const TESK::Translations_phrases& phrases) {
@@ -40,12 +29,13 @@ int translate_all(TControl& window, const std::string& language, const TESK::Tra
 
 struct Window_translator : testing::Test {
     Window_translator() {
-        add(phrases, "Run", "Ejecutar", "Lancer");
-        add(phrases, "Soil", "Suelo");
-        add(phrases, "Total", "Total");
-        add(phrases, "Current", "Actual");
-        add(phrases, "Actual", "Real");
-        add(phrases, "Empty", "");
+        add_phrase(phrases, "L_Run", {{"en", "Run"}, {"es", "Ejecutar"}, {"fr", "Lancer"}});
+        for (const auto& [english, spanish] : {std::pair("Soil", "Suelo"),
+                                               {"Total", "Total"},
+                                               {"Current", "Actual"},
+                                               {"Actual", "Real"},
+                                               {"Empty", ""}})
+            add_phrase(phrases, std::string("L_") + english, {{"en", english}, {"es", spanish}});
     }
     TESK::Translations_phrases phrases;
     TForm form{"form", "Run"};

@@ -1,5 +1,6 @@
 #include "translation/translations_phrases.h"
 
+#include "support/phrases.h"
 #include "translation/phrases.h"
 
 #include <gtest/gtest.h>
@@ -8,16 +9,6 @@
 namespace TESK {
 namespace {
 
-using Texts = std::vector<std::pair<const char*, const char*>>;
-
-Translation& add(Translations_phrases& phrases, const char* key, const Texts& texts) {
-    auto* phrase = new Translation(key);
-    for (const auto& [language, text] : texts)
-        phrase->translations.append(new Translation::Translated(language, text));
-    phrases.append(phrase);
-    return *phrase;
-}
-
 std::string found(const Translations_phrases& phrases, const char* text, const char* language) {
     const Ustring* translation = phrases.find_translation(text, language);
     return translation == nullptr ? "(none)" : *translation;
@@ -25,9 +16,9 @@ std::string found(const Translations_phrases& phrases, const char* text, const c
 
 TEST(Translations_phrases, finds_a_phrase_by_key_native_text_or_english) {
     Translations_phrases phrases;
-    add(phrases, "L_Run", {{"es", "Ejecutar"}, {"en", "Run"}}).native = "Run it";
-    add(phrases, "Soil", {{"es", "Suelo"}});
-    add(phrases, "L_Empty", {{"en", "Empty"}, {"es", ""}});
+    add_phrase(phrases, "L_Run", {{"es", "Ejecutar"}, {"en", "Run"}}).native = "Run it";
+    add_phrase(phrases, "Soil", {{"es", "Suelo"}});
+    add_phrase(phrases, "L_Empty", {{"en", "Empty"}, {"es", ""}});
 
     const char* cases[][3] = {
         {"L_Run", "es", "Ejecutar"},  {"Run it", "es", "Ejecutar"}, {"Run", "es", "Ejecutar"},
@@ -63,8 +54,8 @@ TEST(Translations_phrases, words_a_text_by_the_phrase_it_was_made_of) {
 TEST(Translations_phrases, of_repeated_phrases_the_first_with_a_translation_serves) {
     Translations_phrases phrases;
     EXPECT_EQ(found(phrases, "Run", "es"), "(none)");
-    add(phrases, "L_Run", {{"en", "Run"}, {"es", "Ejecutar"}});
-    add(phrases, "L_Run", {{"en", "Run"}, {"es", "Correr"}, {"ru", "Zapusk"}});
+    add_phrase(phrases, "L_Run", {{"en", "Run"}, {"es", "Ejecutar"}});
+    add_phrase(phrases, "L_Run", {{"en", "Run"}, {"es", "Correr"}, {"ru", "Zapusk"}});
     EXPECT_EQ(phrases.count(), 2u);
     EXPECT_EQ(found(phrases, "Run", "es"), "Ejecutar");
     EXPECT_EQ(found(phrases, "Run", "ru"), "Zapusk") << "the file of another language must not hide it";

@@ -1,7 +1,5 @@
 #include "project_support.h"
 
-namespace {
-
 using Workspace = Project_test;
 
 TEST_F(Workspace, what_is_visible_follows_the_type_and_the_state_of_the_project) {
@@ -167,5 +165,3 @@ TEST_F(Workspace, saving_under_another_name_moves_lists_and_active_scenario_and_
     EXPECT_EQ(platform::current_directory(), "C:\\projects\\second");
     EXPECT_EQ(form.project_pagecontrol.active_page(), &page);
 }
-
-} // namespace

@@ -3,8 +3,6 @@
 
 #include <functional>
 
-namespace {
-
 using Hazards = Project_test;
 
 TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_is_typed) {
@@ -188,5 +186,3 @@ TEST_F(Hazards, comparisons_stop_without_a_word_when_the_window_is_closed_and_no
     expect_nothing_compared();
     form.scenarios.analysis.button_compare_project_scenariosClick();
 }
-
-} // namespace

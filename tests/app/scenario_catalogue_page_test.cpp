@@ -1,7 +1,5 @@
 #include "project_support.h"
 
-namespace {
-
 using Catalogue = Project_test;
 
 TEST_F(Catalogue, a_new_scenario_is_made_active_copied_listed_and_opened) {
@@ -112,7 +110,6 @@ TEST_F(Catalogue, deleting_takes_the_checked_scenarios_with_their_outputs_or_the
 
 TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog) {
     copy_data("version3.sim", "old/a/maize.sim");
-    copy_data("version3_unix_ends.sim", "old/b/maize.sim");
     drives.write("old/b/other.sim", "no scenario at all");
     open();
     desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
@@ -250,5 +247,3 @@ TEST_F(Catalogue, lists_lights_and_the_run_button_follow_the_files) {
     EXPECT_NE(light(), light_before);
     EXPECT_EQ(lines(created()), "base.tvn;cold.tvn;dry.tvn;wet.tvn;");
 }
-
-} // namespace

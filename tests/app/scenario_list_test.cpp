@@ -103,6 +103,7 @@ TEST_F(Scenario_list_test, keys_on_a_line_do_what_its_menu_offers) {
         EXPECT_TRUE(table().table.key({Key_code::character, text, shift, true}));
     };
     const auto cancels = [](TForm& asks) {
+        EXPECT_TRUE(asks.find("ok_button") && asks.find("cancel_button"));
         static_cast<TEdit&>(*asks.find("new_scenario_name_edit")).key({Key_code::escape, ""});
     };
     EXPECT_TRUE(table().table.select_row(2));

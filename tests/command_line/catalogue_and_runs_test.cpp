@@ -1,8 +1,6 @@
 // Making, copying, importing, deleting and running scenarios from a shell, and undoing it.
 #include "command_line/example_journey.h"
 
-namespace {
-
 using Catalogue_and_runs_test = Example_journey;
 
 TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_told_and_undone) {
@@ -180,5 +178,3 @@ TEST_F(Catalogue_and_runs_test, families_come_from_tables_and_the_example_does_a
          "00001\tdone\n00003\tdone\n00008\tdone\nruns\t1 of 1 done\n", 0, "7 of 8 done, 1 failed"},
     });
 }
-
-} // namespace

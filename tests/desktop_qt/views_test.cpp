@@ -4,8 +4,6 @@
 #include "toolkit/ruler.h"
 #include "toolkit/web_view.h"
 
-namespace {
-
 TEST_F(Views, what_all_controls_have_is_shown) {
     auto& label = form_.add<TLabel>("label", "Ready");
     show(form_);
@@ -338,5 +336,3 @@ TEST_F(Views, a_label_leads_to_the_control_behind_it) {
     EXPECT_TRUE(edit.focused());
     EXPECT_EQ(widget(edit).accessibleName(), "Name");
 }
-
-} // namespace

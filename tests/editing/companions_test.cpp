@@ -1,7 +1,5 @@
 #include "frame_support.h"
 
-namespace {
-
 using Companions_test = Parameter_file_form;
 
 TEST_F(Companions_test, notes_details_and_status_lie_in_the_folder_of_the_record) {
@@ -160,5 +158,3 @@ TEST_F(Companions_test, long_texts_show_their_beginning_and_are_not_edited) {
     EXPECT_EQ(saved("work/study/notes.txt"), text);
     EXPECT_EQ(saved("work/study/details.htm"), text + text);
 }
-
-} // namespace

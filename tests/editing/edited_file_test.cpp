@@ -4,8 +4,6 @@
 
 #include <sys/stat.h>
 
-namespace {
-
 using Edited_file_test = Parameter_file_form;
 
 TEST_F(Edited_file_test, a_save_that_fails_asks_until_the_cause_is_gone_or_the_user_gives_up) {
@@ -297,5 +295,3 @@ TEST_F(Edited_file_test, what_an_interrupted_save_left_aside_is_offered) {
     }
     EXPECT_NE(form.edit_description.text(), "");
 }
-
-} // namespace

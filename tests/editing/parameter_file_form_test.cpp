@@ -1,7 +1,5 @@
 #include "frame_support.h"
 
-namespace {
-
 TEST_F(Parameter_file_form, a_record_is_opened_edited_saved_and_keeps_what_other_programs_wrote) {
     ASSERT_TRUE(bind("C:\\new\\deep\\trial.tvp"));
     EXPECT_TRUE(form.file.is_new_file());
@@ -246,5 +244,3 @@ TEST_F(Parameter_file_form, a_backup_that_fails_is_said) {
     EXPECT_TRUE(form.status_line.text().starts_with("This file could not be backed up: "))
         << form.status_line.text();
 }
-
-} // namespace

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(Remembered_screens_test, what_a_user_arranged_is_there_again_and_programs_keep_the_rest_of_one_another) {
     const Temporary_drives drives;
     const Environment_guard config{"XDG_CONFIG_HOME", drives.host("L")};
@@ -39,5 +37,3 @@ TEST(Remembered_screens_test, what_a_user_arranged_is_there_again_and_programs_k
     drives.write("L/Tilverra/editor.ini", "[screens]\r\nlists_splitter=-7 wide\r\n");
     EXPECT_EQ(position_in_new_form(-1), 0) << "a damaged one is some place of the bar's";
 }
-
-} // namespace

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(Example_project_test, is_put_in_place_once_and_leaves_alone_what_is_there) {
     Temporary_drives drives;
     drives.write("shipped/Projects/Study.tvp", "project");
@@ -32,5 +30,3 @@ TEST(Example_project_test, is_put_in_place_once_and_leaves_alone_what_is_there) 
     EXPECT_TRUE(example.put_in_place().ok());
     EXPECT_EQ(drives.read("Simulation/Projects/Study.tvp"), "edited");
 }
-
-} // namespace

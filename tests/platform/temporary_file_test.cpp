@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(Temporary_file_test, lies_in_the_hosts_folder_or_where_no_drive_reaches_that_in_the_current_directory) {
     const Temporary_drives drives;
     drives.write("temporary/file");
@@ -38,5 +36,3 @@ TEST(Temporary_file_test, a_scratch_file_goes_at_the_end_of_its_scope_whatever_h
     }
     EXPECT_FALSE(platform::exists("C:\\scratch"));
 }
-
-} // namespace

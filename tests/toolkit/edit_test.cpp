@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(Edit, lets_a_change_handler_set_text_and_caret_which_is_never_below_0) {
     TEdit edit("edit");
     edit.on_change = [&] {
@@ -115,5 +113,3 @@ TEST(Combo_box, takes_other_texts_than_its_items_only_when_it_may) {
     free.set_items({});
     EXPECT_EQ(free.text(), "MUID");
 }
-
-} // namespace

@@ -7,8 +7,6 @@
 #include "toolkit/page_control.h"
 #include "toolkit/splitter.h"
 
-namespace {
-
 TEST_F(Form_parts, a_menu_is_chosen_from_by_words_and_by_keys) {
     bool can_save = true;
     auto& menu = form_.add<TMainMenu>("menu");
@@ -103,5 +101,3 @@ TEST_F(Form_parts, letters_that_lead_to_two_places_at_once_are_found) {
     open.set_text("Open");
     EXPECT_EQ(colliding_mnemonics(form_).size(), 4U);
 }
-
-} // namespace

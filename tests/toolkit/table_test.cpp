@@ -1,29 +1,23 @@
 #include "toolkit/table.h"
 
+#include "form_support.h"
+#include "recording_view.h"
 #include "support/sample_rows.h"
-#include "toolkit/headless_desktop.h"
 #include "toolkit/label.h"
-#include "toolkit/recording_view.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
-class Tables : public testing::Test {
+class Tables : public Form_parts {
 protected:
     TTable& make(TTable::Selects selects = TTable::Selects::rows) {
         auto& table = form_.add<TTable>("table", selects, true);
         table.set_columns(Sample_rows::columns());
         table.set_rows(&rows_);
-        form_.show();
         return table;
     }
 
-    Headless_desktop desktop_{[](const std::string& fault) { ADD_FAILURE() << fault; }};
     Sample_rows rows_{10};
-    TForm form_{"form"};
     TStatusLine& status_ = form_.add<TStatusLine>("status");
-    std::string log_;
 };
 
 using Ranges = std::vector<Row_range>;

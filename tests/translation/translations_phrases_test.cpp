@@ -33,12 +33,12 @@ TEST(Translations_phrases, finds_a_phrase_by_key_native_text_or_english) {
 
 TEST(Translations_phrases, words_a_text_by_the_phrase_it_was_made_of) {
     Translations_phrases phrases;
-    add(phrases, "L_1", {{"en", "There is no file %1."}, {"es", "No existe %1."}});
-    add(phrases, "L_2", {{"en", "The value %1."}, {"es", "El valor %1."}});
-    add(phrases, "L_3", {{"en", "must range from %1 - %2"}, {"es", "va hasta %2 desde %1"}});
-    add(phrases, "L_4", {{"en", "%1 of %2 done"}, {"es", "%1 de %2"}});
-    add(phrases, "L_5", {{"en", "The value must be one of: %1."}, {"es", "Uno de: %1."}});
-    add(phrases, "L_6", {{"en", "%1 is newer than the output"}, {"es", "%1 es m\u00E1s nuevo"}});
+    add_phrase(phrases, "L_1", {{"en", "There is no file %1."}, {"es", "No existe %1."}});
+    add_phrase(phrases, "L_2", {{"en", "The value %1."}, {"es", "El valor %1."}});
+    add_phrase(phrases, "L_3", {{"en", "must range from %1 - %2"}, {"es", "va hasta %2 desde %1"}});
+    add_phrase(phrases, "L_4", {{"en", "%1 of %2 done"}, {"es", "%1 de %2"}});
+    add_phrase(phrases, "L_5", {{"en", "The value must be one of: %1."}, {"es", "Uno de: %1."}});
+    add_phrase(phrases, "L_6", {{"en", "%1 is newer than the output"}, {"es", "%1 es m\u00E1s nuevo"}});
     const char* cases[][2] = {{"There is no file C:\a.tvn.", "No existe C:\a.tvn."},
                               {"The value must range from 0 - %1.", "El valor va hasta %1 desde 0."},
                               {"The value must be one of: wet, dry.", "Uno de: wet, dry."},

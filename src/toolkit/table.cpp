@@ -366,6 +366,15 @@ bool TTable::open_header_menu() {
                               .checkable = true,
                               .checked = visible});
     }
+    Menu_item sorting{.text = worded("Sort by")};
+    for (const int column : column_order_)
+        if (columns_[static_cast<std::size_t>(column)].sortable)
+            sorting.items.push_back({.text = shown_caption(column),
+                                     .on_click = [this, column] { click_header(column); },
+                                     .checkable = true,
+                                     .checked = column == sort_column_});
+    if (!sorting.items.empty())
+        menu.items.insert(menu.items.end(), {Menu_item{.text = "-"}, std::move(sorting)});
     menu.popup();
     return true;
 }
@@ -434,6 +443,8 @@ bool TTable::command_key(const Key& key) {
         return open(cursor_row_, cursor_column_, selects_ == Selects::cells);
     if (name == "Menu" || name == "Shift+F10")
         return open_menu(cursor_row_, cursor_column_);
+    if (name == "Alt+Down")
+        return open_header_menu();
     if (name == "Ctrl+C" || name == "Ctrl+Ins")
         return copy();
     if (name == "Ctrl+V" || name == "Shift+Ins")
@@ -452,7 +463,7 @@ bool TTable::press(const Key& key) {
     const bool has_no_cursor = cursor_row_ < 0;
     switch (key.code) {
     case Key_code::up: return step(-1, 0, key.shift);
-    case Key_code::down: return step(has_no_cursor ? 0 : 1, 0, key.shift);
+    case Key_code::down: return key.alt ? command_key(key) : step(has_no_cursor ? 0 : 1, 0, key.shift);
     case Key_code::left: return step(0, -1, key.shift);
     case Key_code::right: return step(0, 1, key.shift);
     case Key_code::page_up: return step(-page, 0, key.shift);

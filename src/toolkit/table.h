@@ -160,7 +160,7 @@ public:
     bool show_column(int column, bool visible);
     // Puts the column at that place from the left; only where whole rows are selected.
     bool move_column(int column, int place);
-    // The menu that shows and hides columns.
+    // The menu that shows and hides columns, and sorts by them.
     bool open_header_menu();
     // Edits the cell, or else fires on_double_click.
     bool double_click(int row, int column);
@@ -175,7 +175,7 @@ public:
     // whole selected block. A notice tells how many were not taken.
     bool paste();
     // The keys that are no steps of the cursor: space, enter (with whole rows it opens, and F2 edits), F2,
-    // the menu key, copy, paste, select all.
+    // the menu keys of a row and (Alt+Down) of the headings, copy, paste, select all.
     bool command_key(const Key& key);
 
     // Whether the user may edit it: a cell of that place exists and has an editor.

@@ -90,7 +90,9 @@ TEST_F(Tables, a_header_asks_for_an_order_and_columns_are_the_users) {
     desktop_.expect_menu("Value");
     EXPECT_TRUE(table.open_header_menu());
     EXPECT_FALSE(table.columns()[1].visible);
-    EXPECT_EQ(log_, "1^ columns 1v columns 0^ columns columns columns ");
+    desktop_.expect_menu("Sort by|Value");
+    EXPECT_TRUE(table.key({.code = Key_code::down, .alt = true}));
+    EXPECT_EQ(log_, "1^ columns 1v columns 0^ columns columns columns 1^ columns ");
     EXPECT_TRUE(table.show_column(0, false) && table.show_column(2, false));
     EXPECT_FALSE(table.show_column(3, false)) << "the last one stays";
     EXPECT_TRUE(table.show_column(2, true) && table.move_column(3, 0));

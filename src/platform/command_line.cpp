@@ -136,8 +136,9 @@ std::optional<std::string> only_name(std::string_view arguments) {
         arguments.remove_suffix(1);
     if (arguments.starts_with('"'))
         arguments.remove_prefix(1);
+    const bool is_one = is_handed_over(arguments);
     trim();
-    return is_handed_over(arguments) ? std::optional<std::string>(arguments) : std::nullopt;
+    return is_one ? std::optional<std::string>(arguments) : std::nullopt;
 }
 
 } // namespace platform

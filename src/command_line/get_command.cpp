@@ -1,4 +1,5 @@
 #include "command_line/commands.h"
+#include "command_line/outcome_report.h"
 #include "command_line/record_targets.h"
 #include "command_line/report.h"
 #include "operations/record_settings.h"
@@ -58,9 +59,10 @@ void add_failure(Session& session, Report& report, const std::string& name, cons
                     Json(), reason});
 }
 
-// What was asked for and is not there.
-void tell_missing(Session& session, Report& report, const std::string& name, const Record_settings& settings,
+// Tells what was asked for and is not there. False when there is anything.
+bool tell_missing(Session& session, Report& report, const std::string& name, const Record_settings& settings,
                   const std::vector<std::string>& keys) {
+    bool has_all = true;
     for (const std::string& key : keys) {
         if (std::any_of(settings.all().begin(), settings.all().end(),
                         [&](const Setting& setting) { return is_wanted(setting, {key}); }))
@@ -70,7 +72,9 @@ void tell_missing(Session& session, Report& report, const std::string& name, con
         session.console.say(sentence);
         add_failure(session, report, name, screen_text(key), sentence);
         session.note(exit_found);
+        has_all = false;
     }
+    return has_all;
 }
 
 void get(Session& session, Options& options) {
@@ -102,13 +106,16 @@ void get(Session& session, Options& options) {
                             {"range", false},
                             {"choices", false},
                             {"reason", false}});
+    std::vector<std::string> failed;
     for (const auto& [file, name] : targets.targets) {
         const Record_settings settings(file);
         if (!was_read(session, settings)) {
             add_failure(session, report, name, Json(), screen_text(settings.failure()));
+            failed.push_back(name);
             continue;
         }
-        tell_missing(session, report, name, settings, keys);
+        if (!tell_missing(session, report, name, settings, keys))
+            failed.push_back(name);
         for (const Setting& setting : settings.all()) {
             if (!is_wanted(setting, keys))
                 continue;
@@ -122,6 +129,8 @@ void get(Session& session, Options& options) {
         }
     }
     report.finish();
+    if (!is_one)
+        say_failed(session, failed, targets.targets.size());
 }
 
 } // namespace

@@ -303,7 +303,7 @@ Operation_outcome Change_backups::undo(const std::string& name, const Operation_
     Operation_outcome outcome;
     Set old;
     if (name.find_first_of("\\/:") != std::string::npos || !read_changes(name, old)) {
-        outcome.refused = "There is no such change: " + name;
+        outcome.refused = "There is no such change: " + name + '.';
         return outcome;
     }
     const Set now = plan_undo(name, old, outcome);

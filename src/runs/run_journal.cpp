@@ -315,7 +315,12 @@ bool Journal_writer::flush() {
 }
 
 bool is_owned(const Run_journal& journal) {
-    return journal.job() || (journal.owner() && !journal.is_abandoned());
+    const auto has_ended = [](const Run_record& run) { return run.has_ended(); };
+    // Nobody says that a list is over.
+    const bool has_job =
+        journal.job() &&
+        !(journal.job()->is_list() && std::all_of(journal.runs().begin(), journal.runs().end(), has_ended));
+    return has_job || (journal.owner() && !journal.is_abandoned());
 }
 
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer) {

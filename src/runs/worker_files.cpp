@@ -68,7 +68,7 @@ do_run() {
     how="exit $code"
     if [ $longest_seconds -gt 0 ] && [ $lasted -ge $((longest_seconds * 1000)) ]; then
         how="slow 0"
-    elif [ "$code" -gt 128 ]; then
+    elif [ "$code" -gt 128 ] && [ "$code" -le 192 ]; then
         how="signal $((code - 128))"
     fi
     note "end $(time_now) $1 $how $((lasted / 1000)).$(printf '%03d' $((lasted % 1000))) $left"
@@ -79,9 +79,16 @@ if [ "$mode" = task ]; then
     set -- $(sed -n "$first,$((first + $2 - 1))p" "$folder/$1")
 fi
 for run; do
-    # A task that the scheduler begins anew does not repeat what it has done.
-    [ "$mode" = task ] && grep -qE "^end [^ ]* $run (exit|signal|slow) " "$folder/journal.txt" || do_run "$run"
+    # A task that the scheduler begins anew does not repeat what it has done, nor a list what has gone well.
+    if [ "$mode" = task ]; then
+        ended="(exit|signal|slow) "
+    else
+        ended="exit 0 [^ ]* output"
+    fi
+    grep -qE "^end [^ ]* $run $ended" "$folder/journal.txt" || do_run "$run"
 done
+# Whoever runs a list sees what the run came to.
+[ "$mode" = task ] || exit "${code:-0}"
 )sh";
 
 std::string script_text(const Run_set& set) {

@@ -29,7 +29,8 @@ TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_other_runners_a
     EXPECT_TRUE(is_owned(journal_of(folder, 7)));
     const Environment_guard list("LIST", platform::host_path(run_list_file(folder)));
     const Environment_guard parallel_home("PARALLEL_HOME", project.drives.host("parallel"));
-    ASSERT_EQ(std::system("cd /; command -v parallel >/dev/null || exec sh <\"$LIST\"\n"
+    // Whoever runs them sees that some have failed.
+    ASSERT_NE(std::system("cd /; command -v parallel >/dev/null || exec sh <\"$LIST\"\n"
                           "exec parallel --will-cite -j 2 <\"$LIST\""),
               0);
     EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"

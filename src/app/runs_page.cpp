@@ -193,8 +193,15 @@ void Runs_page::set_chosen() {
 
 // ---- running
 
-bool Runs_page::run_beside(const Run_set& set) {
+bool Runs_page::run_beside(Run_set set) {
     Update();
+    states_->refresh();
+    if (const std::size_t busy = states_->take_busy(set.scenarios).size(); busy > 0) {
+        form.parameter_file_form().notice(
+            worded("Another set of runs has scenarios of these run: %1.", std::to_string(busy)));
+        if (set.scenarios.empty())
+            return false;
+    }
     const Made_run_set made = make_run_set(runs_folder_, set);
     if (!made.result.ok()) {
         form.parameter_file_form().notice(worded("The folder of the runs cannot be written.") + ' ' +
@@ -345,15 +352,24 @@ void Runs_page::stop_chosen() {
     Known_run_set* const set = chosen();
     if (set == nullptr || set->journal() == nullptr)
         return;
-    if (set->engine)
+    if (set->engine) {
         set->engine->stop();
-    else if (const std::string reason = stop_run_set(*set->journal()); !reason.empty())
-        form.parameter_file_form().notice(worded(reason));
+    } else {
+        std::string reason = reason_not_to_touch(set->folder(), *set->set());
+        if (reason.empty())
+            reason = stop_run_set(*set->journal());
+        if (!reason.empty())
+            form.parameter_file_form().notice(worded(screen_text(reason)));
+    }
     look(false);
 }
 
 void Runs_page::continue_chosen() {
-    if (chosen() != nullptr && form.save())
+    if (chosen() == nullptr || chosen()->set() == nullptr)
+        return;
+    if (const std::string reason = reason_not_to_touch(chosen()->folder(), *chosen()->set()); !reason.empty())
+        form.parameter_file_form().notice(worded(screen_text(reason)));
+    else if (form.save() && chosen() != nullptr)
         start(*chosen());
 }
 

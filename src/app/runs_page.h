@@ -22,7 +22,7 @@ public:
 
     // Has the set run beside the editor and shows it. The project has been saved. False, and a notice says
     // why, when that could not be.
-    bool run_beside(const Run_set& set);
+    bool run_beside(Run_set set);
     // Asks what is to become of the sets that this program has run. False when the user stays.
     bool may_close();
 

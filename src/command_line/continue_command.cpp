@@ -16,6 +16,7 @@ struct Options {
 void go_on(Session& session, const Options& options) {
     Opened_project project(session, options.project);
     const Found_set found = find_set(project, options.set);
+    must_be_own(found);
     const auto& runs = found.journal->runs();
     if (std::none_of(runs.begin(), runs.end(), [](const Run_record& run) { return run.is_left(); })) {
         session.console.say("Nothing of the set " + found.name() + " is left.");

@@ -8,9 +8,11 @@
 
 namespace {
 
-// Takes out the scenarios of which no command line can hold the name: they fail, and the others are run.
-std::vector<std::string> take_unusable(Session& session, std::vector<std::string>& scenarios) {
-    std::vector<std::string> unusable;
+// Takes out the scenarios that are being run, and those of which no command line can hold the name: they
+// fail, and the others are run.
+std::vector<std::string> take_unusable(Session& session, const Scenario_states& states,
+                                       std::vector<std::string>& scenarios) {
+    std::vector<std::string> unusable = states.take_busy(scenarios);
     std::erase_if(scenarios, [&](const std::string& file) {
         const bool is_usable = platform::refusal_of_name(file).empty();
         if (!is_usable)
@@ -19,7 +21,7 @@ std::vector<std::string> take_unusable(Session& session, std::vector<std::string
     });
     for (const std::string& file : unusable) {
         session.console.say("Not run: " + screen_text(TESK::File_name(file.c_str()).get_name(true)) + ". " +
-                            platform::refusal_of_name(file));
+                            reason_not_to_run(file));
         session.note(exit_found);
     }
     return unusable;
@@ -37,6 +39,9 @@ void tell_nothing(Session& session, const Run_options& options, const std::vecto
 }
 
 void run(Session& session, Run_options& options) {
+    if (options.stops_at_failure && options.engine != "local")
+        throw Command_failure(exit_misused,
+                              "--stop-on-failure is for runs on this machine (--engine local).");
     resolve_files(session, options.choice);
     if (options.only_failed)
         options.choice.states.emplace_back("failed");
@@ -48,7 +53,7 @@ void run(Session& session, Run_options& options) {
     const bool needs_names = options.choice.states.empty() && options.choice.conditions.empty();
     for (const std::string& scenario : choose_scenarios(project, options.choice, needs_names))
         scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
-    const std::vector<std::string> unusable = take_unusable(session, scenarios);
+    const std::vector<std::string> unusable = take_unusable(session, project.states(), scenarios);
     if (scenarios.empty()) {
         tell_nothing(session, options, unusable);
         return;

@@ -95,6 +95,11 @@ std::vector<Shown_command> read_list(const std::string& file, const Run_set& set
 
 } // namespace
 
+std::string reason_not_to_run(const std::string& file) {
+    std::string reason = platform::refusal_of_name(file);
+    return reason.empty() ? "Another set of runs has it run." : reason;
+}
+
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios) {
     Run_set set = run_set_of(project.record(), project.directory(), project.project_file(),
                              options.common_format, std::move(scenarios));
@@ -148,8 +153,7 @@ void report_runs(Session& session, const Run_set& set, const Run_journal* journa
                  const std::vector<std::string>& unusable) {
     Report report(session, {{"scenario"}, {"state"}, {"reason"}, {"seconds"}, {"started", false}});
     for (const std::string& file : unusable)
-        report.add(
-            {name_of(file), word_for(Run_state::failed), platform::refusal_of_name(file), Json(), Json()});
+        report.add({name_of(file), word_for(Run_state::failed), reason_not_to_run(file), Json(), Json()});
     const bool has_owner = journal != nullptr && is_owned(*journal);
     for (std::size_t run = 0; journal != nullptr && run < set.scenarios.size(); ++run) {
         const Run_record& record = journal->runs()[run];
@@ -171,7 +175,7 @@ void report_commands(Session& session, const std::vector<Shown_command>& command
     }
     Report report(session, {{"scenario"}, {"command"}, {"reason"}});
     for (const std::string& file : unusable)
-        report.add({name_of(file), Json(), platform::refusal_of_name(file)});
+        report.add({name_of(file), Json(), reason_not_to_run(file)});
     for (const Shown_command& one : commands)
         report.add({name_of(one.scenario), one.command, Json()});
     report.finish();
@@ -183,8 +187,7 @@ void report_background(Session& session, const std::string& set, std::size_t run
     if (session.as_json) {
         told["failed"] = Json::array();
         for (const std::string& file : unusable)
-            told["failed"].push_back(
-                {{"scenario", name_of(file)}, {"reason", platform::refusal_of_name(file)}});
+            told["failed"].push_back({{"scenario", name_of(file)}, {"reason", reason_not_to_run(file)}});
     }
     print_object(session, told);
 }

@@ -22,11 +22,15 @@ struct Run_options {
     Slurm_request slurm;
 };
 
+// Why the scenario (full name) is left out of a set: no program can be handed its name, or else it is being
+// run.
+std::string reason_not_to_run(const std::string& file);
+
 // The set of scenarios of the project, by their full names.
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios);
 
 // Has the set in the folder done, or what is left of it, until it is over or this process is asked to end;
-// then reports what became of each run, behind the scenarios (full names) that no program can be handed. In
+// then reports what became of each run, behind the scenarios (full names) that were left out. In
 // the background it is left to a process of its own.
 void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
                const std::vector<std::string>& unusable = {});
@@ -35,8 +39,8 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
 void report_runs(Session& session, const Run_set& set, const Run_journal* journal,
                  const std::vector<std::string>& unusable = {});
 
-// Prints command lines; in JSON rows with the scenarios (full names) that they are for, and those that no
-// program can be handed.
+// Prints command lines; in JSON rows with the scenarios (full names) that they are for, and those that
+// were left out.
 struct Shown_command {
     std::string scenario;
     std::string command; // in UTF-8

@@ -7,32 +7,58 @@ std::string Found_set::name() const {
 }
 
 void add_set(CLI::App& command, std::string& set) {
-    command.add_option("--set", set, "The set, by the name of its folder; without it the newest")
+    command
+        .add_option(
+            "--set", set,
+            "The set, by the name of its folder; without it the newest, for status and stop the newest at "
+            "work")
         ->type_name("NAME");
 }
 
-Found_set find_set(Opened_project& project, const std::string& name) {
-    platform::Write_result failure;
-    const std::vector<std::string> folders = list_run_sets(project.directory().Runs, &failure);
-    if (!failure.ok())
-        throw Command_failure(exit_unreachable, "The folder of the runs cannot be read: " + failure.reason);
-    for (const std::string& folder : folders) {
-        Found_set found{folder, {}, nullptr};
-        if (!name.empty() && found.name() != name)
-            continue;
-        std::optional<Run_set> set = read_run_set(folder);
-        // An older one is not what was meant.
-        if (!set)
-            throw Command_failure(exit_unreachable,
-                                  "The set of runs '" + found.name() +
-                                      "' cannot be read: " + screen_text(folder) +
-                                      "\\set.txt is damaged, or no file that you may "
-                                      "read. Say another one by --set, or delete that folder.");
+namespace {
+
+// The set in the folder; without a journal when it cannot be read.
+Found_set read_set(const std::string& folder) {
+    Found_set found{folder, {}, nullptr};
+    if (std::optional<Run_set> set = read_run_set(folder)) {
         found.set = std::move(*set);
         found.journal = std::make_unique<Run_journal>(folder, found.set.scenarios.size());
         found.journal->update();
-        return found;
     }
-    throw Command_failure(exit_found, name.empty() ? "The project has no set of runs."
-                                                   : "The project has no set of runs '" + name + "'.");
+    return found;
+}
+
+} // namespace
+
+void must_be_own(const Found_set& found) {
+    if (const std::string reason = reason_not_to_touch(found.folder, found.set); !reason.empty())
+        throw Command_failure(exit_found, screen_text(reason));
+}
+
+Found_set find_set(Opened_project& project, const std::string& name, Newest which) {
+    platform::Write_result failure;
+    std::vector<std::string> folders = list_run_sets(project.directory().Runs, &failure);
+    if (!failure.ok())
+        throw Command_failure(exit_unreachable, "The folder of the runs cannot be read: " + failure.reason);
+    if (!name.empty())
+        std::erase_if(folders, [&](const std::string& folder) {
+            return Found_set{folder, {}, nullptr}.name() != name;
+        });
+    if (folders.empty())
+        throw Command_failure(exit_found, name.empty() ? "The project has no set of runs."
+                                                       : "The project has no set of runs '" + name + "'.");
+    if (which == Newest::at_work)
+        for (const std::string& folder : folders)
+            if (Found_set found = read_set(folder);
+                found.journal && is_owned(*found.journal) &&
+                !(found.journal->job() && found.journal->job()->is_list()))
+                return found;
+    Found_set found = read_set(folders.front());
+    // An older one is not what was meant.
+    if (!found.journal)
+        throw Command_failure(exit_unreachable, "The set of runs '" + found.name() +
+                                                    "' cannot be read: " + screen_text(found.folder) +
+                                                    "\\set.txt is damaged, or no file that you may "
+                                                    "read. Say another one by --set, or delete that folder.");
+    return found;
 }

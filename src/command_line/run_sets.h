@@ -20,6 +20,11 @@ struct Found_set {
 // Adds the option that names a set.
 void add_set(CLI::App& command, std::string& set);
 
-// The set of that name, or for an empty one the newest. Fails with exit_found where there is none, and with
-// exit_unreachable where it cannot be read.
-Found_set find_set(Opened_project& project, const std::string& name);
+enum class Newest { of_all, at_work };
+
+// The set of that name, or for an empty one the newest; on demand the newest that is at work, where any is.
+// Fails with exit_found where there is none, and with exit_unreachable where it cannot be read.
+Found_set find_set(Opened_project& project, const std::string& name, Newest which = Newest::of_all);
+
+// Fails with exit_found for a set that came with a copied or moved project.
+void must_be_own(const Found_set& found);

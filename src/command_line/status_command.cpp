@@ -16,7 +16,7 @@ struct Options {
 
 void show_status(Session& session, const Options& options) {
     Opened_project project(session, options.project);
-    const Found_set found = find_set(project, options.set);
+    const Found_set found = find_set(project, options.set, Newest::at_work);
     if (options.shows_runs) {
         report_runs(session, found.set, found.journal.get());
         return;

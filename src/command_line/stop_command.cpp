@@ -30,7 +30,8 @@ bool has_stopped(Run_journal& journal) {
 
 void stop(Session& session, const Options& options) {
     Opened_project project(session, options.project);
-    const Found_set found = find_set(project, options.set);
+    const Found_set found = find_set(project, options.set, Newest::at_work);
+    must_be_own(found);
     if (!is_owned(*found.journal))
         throw Command_failure(exit_found, "No process has the set " + found.name() + " run.");
     if (found.journal->job() && found.journal->job()->is_list())

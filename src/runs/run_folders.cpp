@@ -2,8 +2,10 @@
 
 #include "names/smart_directory_name.h"
 #include "platform/command_line.h"
+#include "platform/entry_names.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
+#include "platform/host_names.h"
 #include "platform/listing.h"
 #include "runs/run_journal.h"
 
@@ -68,8 +70,23 @@ std::vector<std::string> list_run_sets(const std::string& runs_folder, platform:
         if ((entry.attributes & platform::attribute_directory) != 0 && platform::is_file(folder + set_file))
             folders.push_back(folder);
     }
-    std::sort(folders.rbegin(), folders.rend());
+    // Of one second, the tenth comes behind the second.
+    const std::size_t numbers = runs_folder.size() + 1 + name_for(0).size();
+    std::sort(folders.begin(), folders.end(), [&](const std::string& a, const std::string& b) {
+        const int order = a.compare(0, numbers, b, 0, numbers);
+        return order != 0 ? order > 0 : std::pair(a.size(), a) > std::pair(b.size(), b);
+    });
     return folders;
+}
+
+std::string reason_not_to_touch(const std::string& folder, const Run_set& set) {
+    const std::size_t runs = folder.rfind('\\');
+    const std::string project = folder.substr(0, folder.rfind('\\', runs - 1));
+    if (platform::real_path(platform::host_path(project)) ==
+        platform::real_path(platform::host_path(set.folder)))
+        return "";
+    return "These runs were asked for by the project in " + set.folder +
+           ", of which this one is a copy, or which was moved. Run the scenarios of this one anew.";
 }
 
 bool delete_run_set(const std::string& folder, bool permanently) {

@@ -27,6 +27,10 @@ std::optional<Run_set> read_run_set(const std::string& folder);
 std::vector<std::string> list_run_sets(const std::string& runs_folder,
                                        platform::Write_result* failure = nullptr);
 
+// Why a set in the folder is not to be stopped or gone on with: it came here with a copied or moved project,
+// and its runs are those of the folder that it names. "" when it is this project's own.
+std::string reason_not_to_touch(const std::string& folder, const Run_set& set);
+
 // Deletes the set with all that is known of it, into the trash unless `permanently`; the outputs of its
 // scenarios stay. False when anything of it is left, and when it is being run.
 bool delete_run_set(const std::string& folder, bool permanently);

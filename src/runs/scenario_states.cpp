@@ -103,9 +103,31 @@ void Scenario_states::refresh() {
 void Scenario_states::add_set(const std::string& folder) {
     const std::optional<Run_set> asked = read_run_set(folder);
     const std::size_t count = asked ? asked->scenarios.size() : 0;
-    for (std::size_t run = 0; run < count; ++run)
-        runs_[folded(asked->scenarios[run])].push_back({sets_.size(), run});
+    const std::string folder_then = asked ? folded(asked->folder) + '\\' : "";
+    const std::string folder_now =
+        folded(project_folder_.substr(0, project_folder_.find_last_not_of("\\/") + 1)) + '\\';
+    for (std::size_t run = 0; run < count; ++run) {
+        std::string name = folded(asked->scenarios[run]);
+        // A project that was moved, or is reached by another name, keeps what is known of its scenarios.
+        if (name.starts_with(folder_then))
+            name.replace(0, folder_then.size(), folder_now);
+        runs_[name].push_back({sets_.size(), run});
+    }
     sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count)}));
+}
+
+std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& scenarios) const {
+    std::vector<std::string> busy;
+    std::erase_if(scenarios, [&](const std::string& scenario) {
+        Scenario_status status;
+        take_last_run(scenario, status);
+        const bool is_busy =
+            status.state == Scenario_state::waiting || status.state == Scenario_state::running;
+        if (is_busy)
+            busy.push_back(scenario);
+        return is_busy;
+    });
+    return busy;
 }
 
 Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
@@ -115,9 +137,10 @@ Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
         return status;
     const bool is_judged_by_files =
         status.state == Scenario_state::never_run || status.state == Scenario_state::done ||
-        // Started by other means since, it may have run well.
-        moment_of(platform::folder_mark(output_folder_of(TESK::File_name(scenario_file.c_str()))).newest) >
-            status.record.ended + clock_slack;
+        // Started by other means since its end, it may have run well.
+        (status.record.has_ended() &&
+         moment_of(platform::folder_mark(output_folder_of(TESK::File_name(scenario_file.c_str()))).newest) >
+             status.record.ended + clock_slack);
     if (is_judged_by_files)
         judge_by_files(scenario_file, status);
     return status;

@@ -48,6 +48,9 @@ public:
     // its output, and of each parameter file once for all scenarios.
     Scenario_status status_of(const std::string& scenario_file);
 
+    // Takes out of the files those that a set at work runs, or has still to run, and returns them.
+    std::vector<std::string> take_busy(std::vector<std::string>& scenarios) const;
+
 private:
     struct Set;
     struct Place {

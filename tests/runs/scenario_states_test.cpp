@@ -60,6 +60,21 @@ TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
     std::filesystem::remove(project.drives.host("p/Scenarios/good/Output/season.xeb"));
     age("p/Scenarios/good/Output", 100);
     EXPECT_EQ(state_of("good"), "never run");
+
+    // What a set at work has to run is kept out of others. Its process gone, no output tells of an end.
+    const std::string folder = project.make(set);
+    Journal_writer writer(folder);
+    ASSERT_TRUE(claim_set(folder, 4, writer));
+    states.refresh();
+    std::vector<std::string> wanted = project.set_of({"good", "other", "fail"}).scenarios;
+    EXPECT_EQ(states.take_busy(wanted).size(), 2U);
+    EXPECT_EQ(wanted, project.set_of({"other"}).scenarios);
+    writer.start(1);
+    writer.leave("gone");
+    EXPECT_EQ(state_of("fail"), "stopped");
+    Scenario_states moved("C:\\moved", project.runs_folder);
+    moved.refresh();
+    EXPECT_EQ(moved.status_of("C:\\moved\\Scenarios\\silent.tvn").state, Scenario_state::failed);
 }
 
 TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {

@@ -350,6 +350,7 @@ void Scenario_list_table::list_told(const Change& change) {
 void Scenario_list_table::set_states(Scenario_states* states) {
     facts_.set_states(states);
     facts_changed();
+    show_counts(); // perhaps in another language than before
 }
 
 void Scenario_list_table::facts_changed() {

@@ -22,7 +22,7 @@ constexpr Picture replaced_sign{Shape::disc, blue, Mark::asterisk, false, "repla
 enum Column { finding_column, row_column, column_column, reason_column };
 
 std::vector<Table_column> finding_columns() {
-    return {{"finding", "Finding", 14, Align::start, true, false},
+    return {{"finding", "Finding", 17, Align::start, true, false},
             {"row", "Row", 7, Align::end, true, false},
             {"column", "Column", 30, Align::start, true, false},
             {"reason", "What is found", 60, Align::start, true, false}};

@@ -1,7 +1,24 @@
 #include "desktop_qt/dark_style.h"
 
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QStyleOption>
+
+namespace {
+
+// Draws with the option, or with one whose colours of a window and of the focus, which edges are made of, are
+// light.
+template <class Option, class Draw>
+void with_light_edges(const QStyleOption* option, const Draw& draw) {
+    const auto* const given = qstyleoption_cast<const Option*>(option);
+    if (given == nullptr)
+        return draw(option);
+    Option lighter(*given);
+    lighter.palette.setColor(QPalette::Window, QColor(200, 200, 200));
+    lighter.palette.setColor(QPalette::Highlight, given->palette.color(QPalette::Highlight).lighter(170));
+    draw(&lighter);
+}
+
+} // namespace
 
 void Dark_style::use_where_needed() {
     const QColor window = QApplication::palette().color(QPalette::Window);
@@ -12,14 +29,33 @@ void Dark_style::use_where_needed() {
 
 void Dark_style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-    const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
-    if (!button || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton)) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-        return;
+    const auto draw = [&](const QStyleOption* shown) {
+        QProxyStyle::drawPrimitive(element, shown, painter, widget);
+    };
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorRadioButton:
+    case PE_PanelButtonCommand:
+        if (qstyleoption_cast<const QStyleOptionButton*>(option) != nullptr)
+            return with_light_edges<QStyleOptionButton>(option, draw);
+        return with_light_edges<QStyleOption>(option, draw); // of a tool button
+    case PE_PanelMenu: return with_light_edges<QStyleOption>(option, draw);
+    case PE_Frame:
+    case PE_FrameLineEdit: return with_light_edges<QStyleOptionFrame>(option, draw);
+    case PE_FrameTabWidget: return with_light_edges<QStyleOptionTabWidgetFrame>(option, draw);
+    default: draw(option);
     }
-    QStyleOptionButton lighter(*button);
-    lighter.palette.setColor(QPalette::Window, QColor(200, 200, 200));
-    QProxyStyle::drawPrimitive(element, &lighter, painter, widget);
+}
+
+void Dark_style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto draw = [&](const QStyleOption* shown) {
+        QProxyStyle::drawControl(element, shown, painter, widget);
+    };
+    if (element == CE_TabBarTabShape)
+        with_light_edges<QStyleOptionTab>(option, draw);
+    else
+        draw(option);
 }
 
 QPalette dark_palette() {

@@ -1,5 +1,5 @@
-// Qt's own style draws the frame of a check box or radio button in the shade of a dark window, where it
-// cannot be seen. This draws it lighter.
+// Qt's own style draws edges darker than the window they lie on, which cannot be seen where that is dark.
+// This draws those of buttons, edits, lists, menus and tabs lighter.
 #pragma once
 
 #include <QtGui/QPalette>
@@ -14,6 +14,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
 };
 
 // The colours of a dark theme, for pictures: a desktop brings its own.

@@ -10,6 +10,7 @@
 #include "toolkit/screen_language.h"
 #include "trees/suite_directory.h"
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -21,6 +22,18 @@ Import_answer ask_to_replace(const std::string& scenario) {
     case Modal_result::no: return Import_answer::keep;
     default: return Import_answer::stop;
     }
+}
+
+// Of several files, the first answer can be that for all.
+Import_question question_for(std::size_t files) {
+    return [can_be_all = files > 1](const std::string& scenario) mutable {
+        const Import_answer answer = ask_to_replace(scenario);
+        if (answer == Import_answer::stop || !std::exchange(can_be_all, false) ||
+            message_box("Do the same with all others that exist already?", "Scenario already exists",
+                        Button_set::yes_no) != Modal_result::yes)
+            return answer;
+        return answer == Import_answer::replace ? Import_answer::replace_all : Import_answer::keep_all;
+    };
 }
 
 } // namespace
@@ -124,7 +137,7 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     if (workspace().need_project_directory())
         backups.emplace(*workspace().project_directory);
     const Operation_outcome outcome =
-        import_version_3_scenarios(workspace(), files, ask_to_replace, pointer_to(backups), {});
+        import_version_3_scenarios(workspace(), files, question_for(files.size()), pointer_to(backups), {});
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
     show_failures(outcome, "Files not imported");

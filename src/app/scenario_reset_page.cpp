@@ -56,11 +56,11 @@ void Scenario_reset_page::reset_scenario_button_onclick() {
     Operation_outcome outcome;
     {
         const Busy_pointer busy;
-        const Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()));
+        Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()));
         outcome = reset_scenarios(source, targets, ticked_reset_boxes(), pointer_to(backups),
                                   [&](std::size_t done, std::size_t) {
                                       bar.set_position(lines[done]);
-                                      return true;
+                                      return progress.goes_on();
                                   });
         bar.set_position(list.count());
     }

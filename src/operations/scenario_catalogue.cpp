@@ -222,8 +222,11 @@ Operation_outcome delete_scenarios(const TESK::Directory_name& folder,
     // The trash takes some together at the cost of one; not more than a bar has steps that can be seen.
     constexpr std::size_t most_steps = 50;
     const std::size_t step = permanently ? 1 : 1 + scenarios.size() / most_steps;
+    bool is_to_stop = false;
     for (std::size_t i = 0; i < scenarios.size(); ++i) {
-        outcome.stopped = !goes_on(progress, i, scenarios.size());
+        is_to_stop = !goes_on(progress, i, scenarios.size()) || is_to_stop;
+        // Those that have gone together are finished together.
+        outcome.stopped = is_to_stop && i % step == 0;
         if (outcome.stopped)
             return outcome;
         if (step > 1 && i % step == 0)

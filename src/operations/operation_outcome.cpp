@@ -1,5 +1,7 @@
 #include "operations/operation_outcome.h"
 
+#include "platform/interrupted_save.h"
+
 #include <algorithm>
 
 std::string first_failures(const Operation_outcome& outcome,
@@ -19,4 +21,12 @@ std::string describe_failures(const Operation_outcome& outcome) {
         return outcome.refused;
     return "Files that could not be dealt with: " + std::to_string(outcome.not_done.size()) + '\n' +
            first_failures(outcome);
+}
+
+std::string told_interruption(const std::string& file_name) {
+    const auto interrupted = platform::interrupted_save(file_name);
+    return !interrupted ? ""
+                        : "The last save of this file was interrupted, and it may be damaged. What it held "
+                          "before has been kept: " +
+                              interrupted->copy + ". Put that back, or delete it.";
 }

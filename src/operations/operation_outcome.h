@@ -33,6 +33,10 @@ std::string first_failures(const Operation_outcome& outcome,
 // of them. Empty when all went well.
 std::string describe_failures(const Operation_outcome& outcome);
 
+// Why the file is not worked on as it stands, in a sentence: its last save was interrupted, and what it held
+// before lies aside. Empty for any other file, also one that is not there.
+std::string told_interruption(const std::string& file_name);
+
 // Whether the operation goes on, with `done` of `total` files dealt with.
 inline bool goes_on(const Operation_progress& progress, std::size_t done, std::size_t total) {
     return !progress || progress(done, total);

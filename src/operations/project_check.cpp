@@ -1,6 +1,7 @@
 #include "operations/project_check.h"
 
 #include "foundation/code_page_1252.h"
+#include "operations/operation_outcome.h"
 #include "platform/files.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
@@ -244,6 +245,8 @@ std::vector<Finding> Project_check::check_scenario(const TESK::File_name& file) 
     if (!TESK::VV_file(file.c_str(), true).get(*scenario))
         return {unreadable(file)};
     std::vector<Finding> findings;
+    if (std::string interruption = told_interruption(file); !interruption.empty())
+        findings.push_back({Finding_weight::error, "", "", std::move(interruption)});
     judge_required(*scenario, findings);
     judge_entries(*scenario, scenario_values_, findings);
     judge_dates(*scenario, findings);

@@ -4,6 +4,7 @@
 #include "foundation/labeled_enum.h"
 #include "model/project_editor_parameters.h"
 #include "model/tilverra_scenario.h"
+#include "operations/operation_outcome.h"
 #include "operations/setting_values.h"
 #include "platform/files.h"
 #include "records/typed_entries.h"
@@ -202,6 +203,8 @@ Record_settings::Record_settings(const TESK::File_name& file) : file_(file), rec
     file_.qualify();
     platform::Read_result content = platform::read_file(file_, TESK::VV_file::largest_file);
     failure_ = read_failure(file_, content.outcome);
+    if (failure_.empty())
+        failure_ = told_interruption(file_);
     if (!failure_.empty())
         return;
     text_ = text_read_ = std::move(content.contents);

@@ -50,6 +50,8 @@ platform::Write_result reset_scenario(const TESK::File_name& source_file, const 
     if (!read_source(source_file, source))
         return {platform::Write_error::other, source_unreadable};
 
+    if (std::string reason = told_interruption(target_file); !reason.empty())
+        return {platform::Write_error::other, std::move(reason)};
     Tilverra_scenario target;
     TESK::VV_file file(target_file.c_str(), true);
     if (!file.get(target) && file.exists())

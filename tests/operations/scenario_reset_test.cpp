@@ -1,7 +1,10 @@
 #include "operations/scenario_reset.h"
 
 #include "model/scenario_support.h"
+#include "operations/project_check.h"
+#include "platform/file_writer.h"
 #include "records/vv_text.h"
+#include "support/temporary_drives.h"
 
 #include <map>
 #include <sstream>
@@ -144,6 +147,22 @@ TEST_F(Scenario_reset_test, a_target_that_cannot_be_read_is_left_alone_and_a_mis
                   .rfind("[H2O]\r\nrecalibrate_date=0 (Date omitted)\r\nunits=m H2O/m soil\r\n1=0.5"),
               std::string::npos);
 
+    // One whose last save was cut short could be made whole.
+    const Environment_guard user_data("XDG_DATA_HOME", folder.path("user"));
+    const std::string whole = folder.read("target.tvn");
+    std::filesystem::create_hard_link(folder.path("target.tvn"), folder.path("link"));
+    {
+        platform::File_faults faults;
+        faults.fail(platform::Write_step::write_in_place, EIO, 10);
+        faults.fail(platform::Write_step::write_back, EIO);
+        platform::write_file(folder.name("target.tvn"), "much shorter", platform::Durability::durable);
+    }
+    EXPECT_NE(folder.read("target.tvn"), whole);
+    EXPECT_FALSE(reset_files({"Soil water"}));
+    EXPECT_EQ(Project_check().check_scenario(TESK::File_name(folder.name("target.tvn").c_str())).front().key,
+              "");
+
+    std::filesystem::remove(folder.path("target.tvn"));
     folder.write("target.tvn", "");
     std::filesystem::resize_file(folder.path("target.tvn"), TESK::VV_file::largest_file + 1);
     EXPECT_FALSE(reset_files({"Soil water"}));

@@ -23,6 +23,7 @@ void add_commands(CLI::App& app, Session& session) {
     add_compare_command(app, session);
     add_new_command(app, session);
     add_copy_command(app, session);
+    add_rename_command(app, session);
     add_delete_command(app, session);
     add_import_command(app, session);
     add_undo_command(app, session);

@@ -15,6 +15,7 @@ void add_reset_command(CLI::App& app, Session& session);
 void add_compare_command(CLI::App& app, Session& session);
 void add_new_command(CLI::App& app, Session& session);
 void add_copy_command(CLI::App& app, Session& session);
+void add_rename_command(CLI::App& app, Session& session);
 void add_delete_command(CLI::App& app, Session& session);
 void add_import_command(CLI::App& app, Session& session);
 void add_undo_command(CLI::App& app, Session& session);

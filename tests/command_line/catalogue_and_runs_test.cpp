@@ -25,6 +25,10 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
         {"tvs_project copy Irrigation_study.tvp base 'base 2' base.v3.tvn",
          "base 2\tdone\t\nbase.v3\tdone\t\n"},
         {"cd Irrigation_study/Scenarios; cmp base.tvn 'base 2.tvn' && cmp base.tvn base.v3.tvn"},
+        {"tvs_project rename Irrigation_study 'base 2' third.tvn; tvs_project rename Irrigation_study third "
+         "base",
+         "base 2\tdone\t\n", 3, "There is something of this name already"},
+        {"cd Irrigation_study/Scenarios; mv third.tvn 'base 2.tvn'"},
         {"tvs_project copy Irrigation_study 'b*' c", "", 2, "'b*' names more than one scenario."},
         {"tvs_project import Irrigation_study Irrigation_study/Import/*.sim none.sim",
          "spring barley 1985\tdone\t\nnone\tfailed\tThe file cannot be read.\n", 3, "1 of 2 failed: none"},

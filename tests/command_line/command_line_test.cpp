@@ -260,7 +260,7 @@ TEST_F(Command_line_test, completions_and_manual_come_from_what_the_commands_say
          "$'\\''\\025'\\''\"tvs_project ${typed%:*}\"$'\\''\\t'\\''; zpty -r z out \"*${typed#*:}*\" && echo "
          "${typed#*:}; done'",
          "ate\nrofile\nrated\n"},
-        {"tvs_project manual | grep -c '^## '", "19\n"},
+        {"tvs_project manual | grep -c '^## '", "20\n"},
         {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'",
          "- `--boxes {submodels,CO2,output,soil_profile,residue,organic_matter,manure,soil_N}`: What to "
          "copy, with commas between\n## diff A B \\[C]\n    tvs_project diff Scenarios/base.tvn "

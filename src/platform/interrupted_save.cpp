@@ -112,10 +112,12 @@ Aside aside_of(const Interrupted_save& save) {
 } // namespace
 
 std::optional<Interrupted_save> interrupted_save(std::string_view name) {
-    const std::string path = real_path(host_path(name));
+    const std::vector<Aside> all = all_aside();
+    // Only now: nearly always nothing lies aside, and the path costs more than to see that.
+    const std::string path = all.empty() ? "" : real_path(host_path(name));
     if (path.empty())
         return std::nullopt;
-    for (const Aside& aside : all_aside())
+    for (const Aside& aside : all)
         if (damaged(aside, path))
             return Interrupted_save{name_from_host_path(aside.copy()), host_entry_of(aside.head)};
     return std::nullopt;

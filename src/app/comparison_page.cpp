@@ -43,10 +43,14 @@ void Comparison_page::Update() {
         has_folder ? &project_output_ : nullptr, &master_output_, TESK::Directory_name(""));
 }
 
+// A folder that cannot be read takes no line and no tick from the list.
 void Comparison_page::list_again() {
     std::vector<std::string> lines;
-    for (const std::string& name : list_comparisons(workspace()))
+    std::string failure;
+    for (const std::string& name : list_comparisons(workspace(), failure))
         lines.push_back(screen_text(name));
+    if (!failure.empty())
+        return form.parameter_file_form().notice(worded(screen_text(failure)), Mark::exclamation);
     comparisons_checklistbox.set_lines(lines);
 }
 
@@ -68,10 +72,16 @@ void Comparison_page::view_tables() {
     if (!has_project() || !workspace().need_project_directory())
         return;
     std::vector<std::string> files;
-    for (int i = 0; i < comparisons_checklistbox.count(); ++i)
-        if (comparisons_checklistbox.checked(i))
-            for (std::string& file :
-                 comparison_tables(workspace(), record_text(comparisons_checklistbox.line(i).text)))
-                files.push_back(std::move(file));
-    show_tables(files, "The checked comparisons have no tables (.dbf).");
+    std::string failure;
+    for (int i = 0; i < comparisons_checklistbox.count(); ++i) {
+        if (!comparisons_checklistbox.checked(i))
+            continue;
+        const std::string comparison = record_text(comparisons_checklistbox.line(i).text);
+        std::string one_failure;
+        for (std::string& file : comparison_tables(workspace(), comparison, one_failure))
+            files.push_back(std::move(file));
+        if (!one_failure.empty())
+            failure = one_failure;
+    }
+    show_tables(files, failure, "The checked comparisons have no tables (.dbf).");
 }

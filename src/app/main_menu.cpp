@@ -135,12 +135,14 @@ std::vector<Menu_item> Main_menu::edit_items() {
         "&Undo the last change to scenarios", [this] { undo_last_change(); }, "Ctrl+Alt+Z");
     undo.on_update = [this](Menu_item& shown) {
         std::optional<Change_backups::Change> change;
+        std::string failure;
         if (has_folder())
-            change = Change_backups(*workspace().project_directory).newest();
+            change = Change_backups(*workspace().project_directory).newest(&failure);
         shown.enabled = change.has_value();
-        shown.hint = !change ? "No change to scenarios can be undone."
-                             : worded(change->operation) + " (" + std::to_string(change->entries) + "), " +
-                                   change->time;
+        shown.hint = !failure.empty() ? screen_text(failure)
+                     : !change        ? "No change to scenarios can be undone."
+                               : worded(change->operation) + " (" + std::to_string(change->entries) + "), " +
+                                     change->time;
     };
     const auto no_list = [this]() -> std::string {
         return is_offered(form.scenarios.lists.current())

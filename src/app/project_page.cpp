@@ -53,9 +53,14 @@ bool Project_page::prepare_backups(const std::vector<std::string>& files,
                "Cannot be undone", Button_set::ok_cancel) == Modal_result::ok;
 }
 
-void Project_page::show_tables(const std::vector<std::string>& files, const char* none) {
+void Project_page::show_tables(const std::vector<std::string>& files, const std::string& failure,
+                               const char* none) {
+    if (!failure.empty())
+        form.parameter_file_form().notice(worded(screen_text(failure)), Mark::exclamation);
+    else if (files.empty())
+        form.parameter_file_form().notice(worded(none));
     if (files.empty())
-        return form.parameter_file_form().notice(worded(none));
+        return;
     if (files.size() == 1)
         return form.tables.show(files.front());
     const auto folder_of = [](const std::string& file) { return file.substr(0, file.rfind('\\')); };

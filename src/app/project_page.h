@@ -50,9 +50,9 @@ protected:
     // more than the project keeps, asks whether to go on without; false when the user does not.
     bool prepare_backups(const std::vector<std::string>& files, std::optional<Change_backups>& backups) const;
 
-    // Shows tables (.dbf, full names): one at once, of several the one that the user chooses. Without any the
-    // status line says `none`.
-    void show_tables(const std::vector<std::string>& files, const char* none);
+    // Shows tables (.dbf, full names): one at once, of several the one that the user chooses. The status line
+    // tells the `failure` to list them, where there is one, and without any table says `none`.
+    void show_tables(const std::vector<std::string>& files, const std::string& failure, const char* none);
 
     TTilverra_project_form& form;
 

@@ -108,8 +108,10 @@ void Runs_page::wire() {
     runs_all_again_button.on_click = [this] { run_again(static_cast<int>(Repetition::all)); };
     runs_view_output_button.on_click = [this] { view_output_of_run(); };
     runs_view_tables_button.on_click = [this] {
+        std::string failure;
         if (const std::string scenario = chosen_scenario(); !scenario.empty())
-            show_tables(output_tables(workspace(), scenario), "This run has left no tables (.dbf).");
+            show_tables(output_tables(workspace(), scenario, failure), failure,
+                        "This run has left no tables (.dbf).");
     };
     runs_show_log_button.on_click = [this] {
         run_log_memo.set_visible(!run_log_memo.visible());

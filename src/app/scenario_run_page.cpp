@@ -242,8 +242,9 @@ void Scenario_run_page::view_output_button_onclick() {
 }
 
 void Scenario_run_page::view_tables_button_onclick() {
+    std::string failure;
     if (has_project() && workspace().need_project_directory())
-        show_tables(output_tables(workspace(), record().active_scenario),
+        show_tables(output_tables(workspace(), record().active_scenario, failure), failure,
                     "The active scenario has no output tables (.dbf).");
 }
 

@@ -13,14 +13,17 @@ struct Options {
 
 constexpr const char* of_the_trash = "What was deleted into the trash is brought back from there.";
 
-Change_backups::Change newest_change(const Change_backups& backups) {
-    const std::vector<Change_backups::Change> changes = backups.list();
-    return changes.empty() ? Change_backups::Change() : changes.front();
+std::vector<Change_backups::Change> all_changes(const Change_backups& backups) {
+    std::string failure;
+    std::vector<Change_backups::Change> changes = backups.list(&failure);
+    if (!failure.empty())
+        throw Command_failure(exit_unreachable, screen_text(failure));
+    return changes;
 }
 
 // Whether there is the change, or for an empty name any.
 bool is_there(const Change_backups& backups, const std::string& name) {
-    const std::vector<Change_backups::Change> changes = backups.list();
+    const std::vector<Change_backups::Change> changes = all_changes(backups);
     return std::any_of(changes.begin(), changes.end(), [&](const Change_backups::Change& change) {
         return name.empty() || change.set == record_text(name);
     });
@@ -31,13 +34,13 @@ void undo(Session& session, const Options& options) {
     Change_backups backups(project.directory());
     if (options.only_lists) {
         Report report(session, {{"change"}, {"operation"}, {"time"}, {"files"}});
-        for (const Change_backups::Change& change : backups.list())
+        for (const Change_backups::Change& change : all_changes(backups))
             report.add({screen_text(change.set), screen_text(change.operation), change.time, change.entries});
         report.finish();
         return;
     }
     const Operation_progress progress = shown_progress(session, "bringing back");
-    const std::string newest = newest_change(backups).set;
+    const std::string newest = backups.newest().value_or(Change_backups::Change()).set;
     const Operation_outcome outcome = options.change.empty()
                                           ? backups.undo_last(progress)
                                           : backups.undo(record_text(options.change), progress);
@@ -50,7 +53,7 @@ void undo(Session& session, const Options& options) {
         session.note(exit_unreachable);
     }
     // An undo leaves a change of its own, which tells of what it is one.
-    const Change_backups::Change made = newest_change(backups);
+    const Change_backups::Change made = backups.newest().value_or(Change_backups::Change());
     print_object(session, {{"change", made.set == newest ? Json() : Json(screen_text(made.operation))},
                            {"brought_back", outcome.done},
                            {"failed", outcome.not_done.size()}});

@@ -157,7 +157,10 @@ Operation_outcome Change_backups::begin(const Set& set, const Operation_progress
 }
 
 std::string Change_backups::make_set(const std::string& operation) {
-    const std::vector<std::string> sets = set_names();
+    std::string failure;
+    const std::vector<std::string> sets = set_names(failure);
+    if (!failure.empty())
+        return failure; // a number that is taken would put the changes out of order
     unsigned number = sets.empty() ? 0 : number_of(sets.back());
     const std::string time = time_text(TESK::local_now());
     if (!platform::make_folders(folder_of("")))
@@ -227,10 +230,12 @@ bool Change_backups::read_changes(const std::string& name, Set& set) const {
     return true;
 }
 
-// In the order in which they were made.
-std::vector<std::string> Change_backups::set_names() const {
+// In the order in which they were made; `failure` is empty when these are all.
+std::vector<std::string> Change_backups::set_names(std::string& failure) const {
     std::vector<std::string> names;
-    for (const platform::Folder_entry& entry : platform::list_folder(folder_of("")))
+    const platform::Folder_listing listing = platform::list_folder(folder_of(""));
+    failure = told_listing(folder_of(""), listing.result);
+    for (const platform::Folder_entry& entry : listing)
         if ((entry.attributes & platform::attribute_directory) != 0 && !entry.is_link &&
             number_of(entry.name) > 0)
             names.push_back(entry.name);
@@ -240,8 +245,9 @@ std::vector<std::string> Change_backups::set_names() const {
     return names;
 }
 
-std::vector<Change_backups::Change> Change_backups::list() const {
-    std::vector<std::string> names = set_names();
+std::vector<Change_backups::Change> Change_backups::list(std::string* failure) const {
+    std::string reason;
+    std::vector<std::string> names = set_names(failure != nullptr ? *failure : reason);
     std::reverse(names.begin(), names.end());
     std::vector<Change> changes;
     for (const std::string& name : names)
@@ -250,9 +256,12 @@ std::vector<Change_backups::Change> Change_backups::list() const {
     return changes;
 }
 
-std::optional<Change_backups::Change> Change_backups::newest() const {
-    const std::vector<std::string> names = set_names();
-    for (auto name = names.rbegin(); name != names.rend(); ++name)
+std::optional<Change_backups::Change> Change_backups::newest(std::string* failure) const {
+    std::string reason;
+    const std::vector<std::string> names = set_names(reason);
+    if (failure != nullptr)
+        *failure = reason;
+    for (auto name = names.rbegin(); reason.empty() && name != names.rend(); ++name)
         if (Set set; read_changes(*name, set))
             return Change{*name, set.operation, time_of(*name), set.entries.size()};
     return std::nullopt;
@@ -262,7 +271,8 @@ std::optional<Change_backups::Change> Change_backups::newest() const {
 void Change_backups::forget_old_sets() const {
     constexpr std::size_t day_width = 10;
     const std::string today = time_text(TESK::local_now()).substr(0, day_width);
-    std::vector<std::string> names = set_names();
+    std::string failure;
+    std::vector<std::string> names = set_names(failure);
     std::reverse(names.begin(), names.end());
     std::size_t count = 0;
     std::uint64_t bytes = 0;
@@ -288,14 +298,16 @@ void Change_backups::remove(const std::string& set) const {
 // ---- undo
 
 Operation_outcome Change_backups::undo_last(const Operation_progress& progress) {
-    for (const Change& change : list()) {
+    std::string failure;
+    const std::vector<Change> changes = list(&failure);
+    for (const Change& change : failure.empty() ? changes : std::vector<Change>()) {
         Operation_outcome outcome = undo(change.set, progress);
         if (!outcome.refused.empty() || outcome.stopped || outcome.done > 0 || !outcome.not_done.empty())
             return outcome;
         remove(change.set);
     }
     Operation_outcome outcome;
-    outcome.refused = "There is no change that could be undone.";
+    outcome.refused = failure.empty() ? "There is no change that could be undone." : failure;
     return outcome;
 }
 

@@ -60,11 +60,13 @@ public:
         std::string time;      // "2026-11-25 08-30-12", local
         std::size_t entries = 0;
     };
-    // The changes that can be undone, the newest first.
-    std::vector<Change> list() const;
+    // The changes that can be undone, the newest first. `failure`, which may be null, is told why these are
+    // not all; it becomes empty when they are.
+    std::vector<Change> list(std::string* failure = nullptr) const;
 
-    // The newest of them alone, which costs the reading of no other; nothing when there is none.
-    std::optional<Change> newest() const;
+    // The newest of them alone, which costs the reading of no other; nothing when there is none, and when
+    // `failure` is told why nobody knows.
+    std::optional<Change> newest(std::string* failure = nullptr) const;
 
     // Brings back what was there before the change: files that it replaced, moved away or deleted come back,
     // those that it made go. What is there now becomes a set of its own, so that this can be undone too. What
@@ -93,7 +95,7 @@ private:
     bool read_changes(const std::string& name, Set& set) const;
 
     Operation_outcome begin(const Set& set, const Operation_progress& progress);
-    std::vector<std::string> set_names() const;
+    std::vector<std::string> set_names(std::string& failure) const;
     void forget_old_sets() const;
     void remove(const std::string& set) const;
     Set plan_undo(const std::string& name, const Set& old, Operation_outcome& outcome) const;

@@ -23,6 +23,12 @@ std::string describe_failures(const Operation_outcome& outcome) {
            first_failures(outcome);
 }
 
+std::string told_listing(const std::string& folder, const platform::Write_result& listed) {
+    return listed.ok() || listed.error == platform::Write_error::absent
+               ? ""
+               : "The folder cannot be read: " + folder + ". " + listed.reason;
+}
+
 std::string told_interruption(const std::string& file_name) {
     const auto interrupted = platform::interrupted_save(file_name);
     return !interrupted ? ""

@@ -1,6 +1,8 @@
 // What came of an operation on many files, and how it tells of its progress.
 #pragma once
 
+#include "platform/write_result.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -36,6 +38,10 @@ std::string describe_failures(const Operation_outcome& outcome);
 // Why the file is not worked on as it stands, in a sentence: its last save was interrupted, and what it held
 // before lies aside. Empty for any other file, also one that is not there.
 std::string told_interruption(const std::string& file_name);
+
+// Why what was listed of the folder is not all, in a sentence. Empty when it is, and where there is no
+// folder.
+std::string told_listing(const std::string& folder, const platform::Write_result& listed);
 
 // Whether the operation goes on, with `done` of `total` files dealt with.
 inline bool goes_on(const Operation_progress& progress, std::size_t done, std::size_t total) {

@@ -24,19 +24,20 @@ Project_summary summarize_project(Project_workspace& workspace) {
     summary.template_scenario = named_file(record.template_scenario);
     summary.active_scenario = named_file(record.active_scenario);
     std::vector<Finding> unreadable;
-    const auto count = [&](Scenario_folder folder) {
-        std::string failure;
-        const std::size_t found =
-            list_scenarios(workspace.scenarios_directory(folder, false), &failure).size();
+    std::string failure;
+    const auto count_of = [&](const std::vector<std::string>& found) {
         if (!failure.empty())
             unreadable.push_back({Finding_weight::error, "", "", failure});
-        return found;
+        return found.size();
+    };
+    const auto count = [&](Scenario_folder folder) {
+        return count_of(list_scenarios(workspace.scenarios_directory(folder, false), &failure));
     };
     summary.scenarios = count(Scenario_folder::created);
     summary.generated = count(Scenario_folder::generated);
     // A list of them would make their folder.
     if (platform::is_folder(workspace.project_directory->get_scenario_comparison_directory(false)))
-        summary.comparisons = list_comparisons(workspace).size();
+        summary.comparisons = count_of(list_comparisons(workspace, failure));
     summary.bytes = platform::file_size(file) + platform::bytes_below(*workspace.project_directory);
     summary.changed = platform::file_time(file);
     summary.findings = Project_check().check_project(file);

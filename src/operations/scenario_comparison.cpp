@@ -70,19 +70,22 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
     return all_started ? Comparison_outcome::compared : Comparison_outcome::not_started;
 }
 
-std::vector<std::string> list_comparisons(const Project_workspace& workspace) {
+std::vector<std::string> list_comparisons(const Project_workspace& workspace, std::string& failure) {
     TESK::Bidirectional_list folders;
-    workspace.project_directory->get_scenario_comparison_directory(true).list_entries(
-        folders, false, false, true, false, true, TESK::list_directories, nullptr, nullptr);
+    const TESK::Smart_directory_name& holder =
+        workspace.project_directory->get_scenario_comparison_directory(true);
+    const bool is_whole = holder.list_entries(folders, false, false, true, false, true,
+                                              TESK::list_directories, nullptr, nullptr);
+    failure = is_whole || !holder.exists() ? "" : "The folder cannot be read: " + holder;
     std::vector<std::string> names;
     for (const auto& folder : TESK::Items_of<TESK::Directory_name>(folders))
         names.push_back(folder.get_name(true));
     return names;
 }
 
-std::vector<std::string> comparison_tables(const Project_workspace& workspace,
-                                           const std::string& comparison) {
-    return output_tables(workspace, comparison_file(workspace, comparison));
+std::vector<std::string> comparison_tables(const Project_workspace& workspace, const std::string& comparison,
+                                           std::string& failure) {
+    return output_tables(workspace, comparison_file(workspace, comparison), failure);
 }
 
 void view_comparison(Project_workspace& workspace, const std::string& comparison) {

@@ -25,11 +25,13 @@ Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::st
 Comparison_outcome compare_scenarios(Project_workspace& workspace, const std::string& scenario,
                                      const std::string& other_scenario);
 
-// The names of the project's comparisons. Needs a project directory.
-std::vector<std::string> list_comparisons(const Project_workspace& workspace);
+// The names of the project's comparisons. Needs a project directory. `failure` is told why these are not
+// all; it becomes empty when they are.
+std::vector<std::string> list_comparisons(const Project_workspace& workspace, std::string& failure);
 
 // The tables (.dbf) of a comparison, as output_tables gives those of a scenario.
-std::vector<std::string> comparison_tables(const Project_workspace& workspace, const std::string& comparison);
+std::vector<std::string> comparison_tables(const Project_workspace& workspace, const std::string& comparison,
+                                           std::string& failure);
 
 // Shows a comparison by the project's output options; one without output is passed over.
 void view_comparison(Project_workspace& workspace, const std::string& comparison);

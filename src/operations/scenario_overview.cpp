@@ -1,6 +1,7 @@
 #include "operations/scenario_overview.h"
 
 #include "foundation/code_page_1252.h"
+#include "operations/operation_outcome.h"
 #include "platform/listing.h"
 #include "records/line_reader.h"
 #include "records/vv_file.h"
@@ -74,9 +75,7 @@ std::vector<std::string> list_scenarios(const TESK::Directory_name& folder, std:
     std::vector<std::string> names;
     const platform::Folder_listing listing = platform::list_folder(folder, "*.tvn");
     if (failure != nullptr)
-        *failure = listing.ok() || listing.result.error == platform::Write_error::absent
-                       ? ""
-                       : "The folder cannot be read: " + folder + ". " + listing.result.reason;
+        *failure = told_listing(folder, listing.result);
     for (const platform::Folder_entry& entry : listing)
         if ((entry.attributes & platform::attribute_directory) == 0)
             names.push_back(entry.name);

@@ -125,7 +125,11 @@ void rename_comparisons(const Project_workspace& workspace, const Move& name, Op
         workspace.project_directory->get_scenario_comparison_directory(false);
     if (!platform::is_folder(folder))
         return;
-    for (const std::string& comparison : list_comparisons(workspace)) {
+    std::string failure;
+    const std::vector<std::string> comparisons = list_comparisons(workspace, failure);
+    if (!failure.empty())
+        outcome.not_done.push_back({folder, failure});
+    for (const std::string& comparison : comparisons) {
         std::string now = comparison;
         if (comparison.starts_with(first))
             now = name.to + comparison.substr(name.from.size());

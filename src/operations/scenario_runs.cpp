@@ -2,6 +2,7 @@
 
 #include "model/model_command.h"
 #include "model/tilverra_scenario.h"
+#include "operations/operation_outcome.h"
 #include "platform/command_line.h"
 #include "platform/listing.h"
 #include "records/vv_file.h"
@@ -47,13 +48,19 @@ std::string outputs_of_scenario(const Project_workspace& workspace, const std::s
                   : "";
 }
 
-std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file) {
+std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file,
+                                       std::string& failure) {
+    failure.clear();
     const auto folder = folder_with_output(workspace, scenario_file);
+    if (!folder)
+        return {};
+    const TESK::Directory_name& holder = folder->output_directory;
+    const platform::Folder_listing listing = platform::list_folder(holder, "*.dbf");
+    failure = told_listing(holder, listing.result);
     std::vector<std::string> tables;
-    if (folder)
-        for (const platform::Folder_entry& entry : platform::list_folder(folder->output_directory, "*.dbf"))
-            if ((entry.attributes & platform::attribute_directory) == 0)
-                tables.push_back(folder->output_directory + '\\' + entry.name);
+    for (const platform::Folder_entry& entry : listing)
+        if ((entry.attributes & platform::attribute_directory) == 0)
+            tables.push_back(holder + '\\' + entry.name);
     std::sort(tables.begin(), tables.end());
     return tables;
 }

@@ -26,5 +26,7 @@ enum class View_outcome {
 View_outcome view_output(Project_workspace& workspace, const std::string& scenario_file);
 
 // The tables (.dbf) among the output of a scenario, by their full names in the order of the alphabet. Needs a
-// project directory, whose folder is the current one afterwards.
-std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file);
+// project directory, whose folder is the current one afterwards. `failure` is told why these are not all; it
+// becomes empty when they are.
+std::vector<std::string> output_tables(const Project_workspace& workspace, const std::string& scenario_file,
+                                       std::string& failure);

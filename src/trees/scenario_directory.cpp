@@ -8,10 +8,12 @@
 
 namespace {
 
-// Whether there is anything but folders in the folder or below it. Folders whose names begin with a point are
-// none of a run's.
+// Whether there is anything but folders in the folder or below it, as far as anybody can tell: what cannot be
+// read is not taken for empty. Folders whose names begin with a point are none of a run's.
 bool holds_output(const TESK::Directory_name& folder) {
     const auto entries = platform::list_folder(folder);
+    if (!entries.ok() && entries.result.error != platform::Write_error::absent)
+        return true;
     return std::any_of(entries.begin(), entries.end(), [&](const platform::Folder_entry& entry) {
         if (entry.is_link || (entry.attributes & platform::attribute_directory) == 0)
             return true;

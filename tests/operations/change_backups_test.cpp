@@ -106,6 +106,11 @@ TEST_F(Change_backups_test, a_set_counts_only_when_all_of_it_is_on_the_disk) {
     for (const char* outside : {"C:\\other.tvn", "C:\\p", "C:\\p\\Scenarios\\two\nlines.tvn"})
         expect_none(backups.put_copies_aside("reset", {outside}, {}));
     EXPECT_EQ(backups.undo_last({}).refused, "There is no change that could be undone.");
+    {
+        const Failing_step unreadable(platform::Write_step::list, EIO);
+        EXPECT_TRUE(backups.undo_last({}).refused.starts_with("The folder cannot be read: "));
+        expect_none(backups.put_copies_aside("reset", {name("a")}, {}));
+    }
 
     // A set from elsewhere reaches nothing outside of the project.
     drives.write("secret", "s");

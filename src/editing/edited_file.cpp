@@ -5,10 +5,13 @@
 #include "platform/command_line.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
+#include "records/moved_file_names.h"
 #include "records/vv_file.h"
 #include "records/vv_text.h"
 
 namespace {
+
+constexpr const char* not_put_back = "These files were replaced, and could not be put back:";
 
 // The folder that goes along with a file when that gets another name, without a separator at its end.
 TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode mode) {
@@ -23,12 +26,41 @@ TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode
     return TESK::Directory_name(text.c_str());
 }
 
-// Why a folder could not go along: the reason, and what it holds for.
-std::string cause_of(const platform::Copy_result& copied) {
-    if (copied.ok() || copied.not_copied.empty())
-        return copied.reason;
-    return copied.reason + '\n' + some_of(copied.not_copied);
+// Why a folder could not go along, and what the reason holds for; why the record could not be written is told
+// elsewhere.
+std::string cause_of(const platform::Copy_result& copied, bool is_of_record) {
+    std::string cause = is_of_record ? "" : copied.reason;
+    if (!copied.not_copied.empty())
+        cause += '\n' + some_of(copied.not_copied);
+    if (!copied.replaced.empty())
+        cause += (cause.empty() ? "" : "\n") + std::string(not_put_back) + '\n' + some_of(copied.replaced);
+    return cause;
 }
+
+// The folders above a file that is to be: those that were missing go again unless they are kept.
+class Folders_above {
+public:
+    explicit Folders_above(TESK::Directory_name folder) {
+        const std::string deepest = folder;
+        while (!folder.empty() && !platform::exists(folder)) {
+            missing_.push_back(folder);
+            TESK::Directory_name above("");
+            folder.get_path(above, true);
+            folder = above;
+        }
+        platform::make_folders(deepest);
+    }
+    void keep() { missing_.clear(); }
+    Folders_above(const Folders_above&) = delete;
+    Folders_above& operator=(const Folders_above&) = delete;
+    ~Folders_above() {
+        for (const std::string& folder : missing_)
+            platform::remove_folder(folder);
+    }
+
+private:
+    std::vector<std::string> missing_; // the deepest first
+};
 
 // Whether a file of that name is possible as far as can be told without writing it.
 bool can_be_written(const std::string& name) {
@@ -250,58 +282,76 @@ bool Edited_file::may_folder_follow(const std::string& name) const {
     return replaced.empty() || may_replace_files(replaced);
 }
 
-// Takes the record's folder along to another name, and with it the files that the record names.
-platform::Copy_result Edited_file::let_folder_follow(const std::string& name) {
+platform::Write_result Edited_file::write_record(const std::string& name) {
+    TESK::VV_file file(name.c_str());
+    if (!file.set(*parameters_))
+        return platform::write_failure(platform::Write_error::bad_name);
+    if (file.get_last_write().ok())
+        known_.take({platform::Read_outcome::read, file.take_last_text()});
+    return file.get_last_write();
+}
+
+// Takes the record's folder along to another name, and with it the files that the record names. Where the
+// record cannot be written, nothing has been changed.
+platform::Copy_result Edited_file::write_with_folder(const std::string& name,
+                                                     const std::function<platform::Write_result()>& write) {
     const Directory_mode mode = parameters_->get_directory_mode();
     const TESK::Directory_name old_folder = folder_that_follows(*name_, mode);
     const TESK::Directory_name new_folder = folder_that_follows(name, mode);
     if (!platform::is_folder(old_folder) || TESK::equal_ignoring_case(old_folder, new_folder))
-        return {};
-    platform::Copy_result copied = platform::copy_tree(old_folder, new_folder);
-    if (!copied.ok())
+        return {write(), {}, {}, {}};
+    TESK::Moved_file_names moved_names(*parameters_, old_folder, new_folder);
+    const platform::Copy_result copied = platform::copy_tree(old_folder, new_folder, [&] {
+        const platform::Read_result before = platform::read_file(name);
+        const platform::Write_result written = write();
+        // It may stand there all the same, and not outlive a power failure.
+        if (!written.ok() && before.outcome == platform::Read_outcome::absent)
+            platform::delete_file(name);
+        else if (!written.ok() && before.ok() && platform::read_file(name).contents != before.contents)
+            platform::write_file(name, before.contents, platform::Durability::durable);
+        return written;
+    });
+    if (!copied.ok()) {
+        moved_names.undo();
         return copied;
+    }
     TESK::Common_parameters_directory(new_folder, Directory_mode::own_folder, false).write_folder_icon();
-    moved_names_ = std::make_unique<TESK::Moved_file_names>(*parameters_, old_folder, new_folder);
+    if (!copied.passed_over.empty())
+        notice(worded("What is no file was not copied: %1", some_of(copied.passed_over)));
     return copied;
-}
-
-// A move that came to nothing leaves nothing behind.
-void Edited_file::forget_move() {
-    if (moved_names_)
-        moved_names_->undo();
-    if (moved_names_ && !made_folder_.empty())
-        platform::remove_tree(made_folder_);
 }
 
 Save_outcome Edited_file::write_to(const std::string& name) {
     const bool moves = is_given_ && !is_new_file_ && !TESK::equal_ignoring_case(name, *name_);
-    const std::string new_folder = folder_that_follows(name, parameters_->get_directory_mode());
-    made_folder_ = platform::exists(new_folder) ? "" : new_folder;
-    bool has_followed = !moves;
     for (;;) {
         TESK::Directory_name path("");
         TESK::File_name(name.c_str()).get_path(path, true);
-        platform::make_folders(path);
+        Folders_above folders(path);
         const bool is_readable =
             !could_not_read_ || platform::read_file(*name_, TESK::VV_file::largest_file).outcome !=
                                     platform::Read_outcome::unreadable;
         if (is_readable && holds_unseen(name) && !may_replace(name))
             return Save_outcome::aborted;
-        platform::Copy_result followed;
-        if (!has_followed && can_be_written(name)) {
+        bool is_tried = false; // whether it came to the record itself
+        const auto write = [&] {
+            is_tried = true;
+            return write_record(name);
+        };
+        platform::Copy_result written{{platform::Write_error::read_only, ""}, {}, {}, {}};
+        if (!moves) {
+            written = {write(), {}, {}, {}};
+        } else if (can_be_written(name)) {
             if (!may_folder_follow(name))
                 return Save_outcome::aborted;
-            followed = let_folder_follow(name);
-            has_followed = followed.ok();
-            if (has_followed && !followed.passed_over.empty())
-                notice(worded("What is no file was not copied: %1", some_of(followed.passed_over)));
+            written = write_with_folder(name, write);
         }
-        TESK::VV_file file(name.c_str());
-        if (has_followed && file.set(*parameters_) && file.get_last_write().ok())
+        if (written.ok()) {
+            folders.keep();
             return Save_outcome::saved;
-        if (has_followed)
-            notice(worded(file.get_last_write().reason));
-        const Save_outcome answer = ask_after_failed_save(cause_of(followed));
+        }
+        if (is_tried)
+            notice(worded(written.reason));
+        const Save_outcome answer = ask_after_failed_save(cause_of(written, is_tried));
         if (answer != Save_outcome::saved)
             return answer;
     }
@@ -332,10 +382,7 @@ Save_outcome Edited_file::write_where_needed(const std::string& name) {
     }
     const Save_outcome outcome = write_to(name);
     if (outcome == Save_outcome::saved)
-        note_saved(name);
-    else
-        forget_move();
-    moved_names_.reset();
+        note_saved();
     return outcome;
 }
 
@@ -344,8 +391,7 @@ void Edited_file::notice(const std::string& text) const {
         on_notice(text);
 }
 
-void Edited_file::note_saved(const std::string& name) {
-    known_.take(name);
+void Edited_file::note_saved() {
     is_outdated_ = false;
     text_in_file_ = saved_text_ = text_of_record();
 }

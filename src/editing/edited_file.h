@@ -6,7 +6,6 @@
 #include "editing/save_questions.h"
 #include "names/filtered_file_name.h"
 #include "records/common_parameters.h"
-#include "records/moved_file_names.h"
 #include "toolkit/dialogs.h"
 #include "toolkit/screen_language.h"
 #include "trees/common_parameters_directory.h"
@@ -88,13 +87,14 @@ private:
     bool prepare_filename(std::string& name);
     bool may_replace(const std::string& name);
     bool holds_unseen(const std::string& name) const;
-    platform::Copy_result let_folder_follow(const std::string& name);
     bool may_folder_follow(const std::string& name) const;
-    void forget_move();
+    platform::Copy_result write_with_folder(const std::string& name,
+                                            const std::function<platform::Write_result()>& write);
+    platform::Write_result write_record(const std::string& name);
     Save_outcome write_to(const std::string& name);
     Save_outcome write_where_needed(const std::string& name);
     void notice(const std::string& text) const;
-    void note_saved(const std::string& name);
+    void note_saved();
     std::string text_of_record() const;
 
     Common_parameters_data_record* parameters_ = nullptr;
@@ -111,7 +111,4 @@ private:
     std::string text_in_file_; // the record as it was when it was read or written
     std::string saved_text_;   // the same, as the editor has put it in order since
     Known_contents known_;
-    // What the save that is under way has made so far of a move to another name.
-    std::unique_ptr<TESK::Moved_file_names> moved_names_;
-    std::string made_folder_;
 };

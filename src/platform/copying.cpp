@@ -165,8 +165,11 @@ public:
         for (const std::string& path : moved_)
             remove_host_entry(AT_FDCWD, path.c_str());
         for (const auto& [path, target] : exchanged_)
-            if (!exchange(path, target))
+            if (exchange(path, target) != 0)
                 result_.replaced.push_back(shown_name(target));
+        for (const Overwritten& old : overwritten_)
+            if (!put_back(old).ok())
+                result_.replaced.push_back(shown_name(old.target));
     }
 
     bool copy_folder(const std::string& from, const std::string& to) {
@@ -226,7 +229,8 @@ private:
         }
     }
 
-    // Where that can be, the old entry changes places with the new one, so that it can come back.
+    // The old entry changes places with the new one or, where that cannot be, is copied before, so that it
+    // can come back.
     bool replace(const std::string& path, const std::string& target) {
         struct stat old {};
         const auto text = link_text(path);
@@ -235,15 +239,37 @@ private:
         if (is_alone && !text)
             if (const int error = make_ready_for(path, old))
                 return failed(error, target);
-        if (is_alone && exchange(path, target)) {
+        if (is_alone && exchange(path, target) == 0) {
             exchanged_.emplace_back(path, target);
             return true;
         }
-        const bool is_done =
-            done(text ? replace_by_link(target, *text) : copy_host_file(path, target), target);
-        if (is_done)
-            result_.replaced.push_back(shown_name(target));
-        return is_done;
+        return overwrite(path, text, target);
+    }
+
+    // A file is written to the end of a link; a link takes the place of what is there.
+    bool overwrite(const std::string& path, const std::optional<std::string>& text,
+                   const std::string& target) {
+        const Overwritten kept{path + '-' + unique_digits(), target, text.has_value()};
+        const auto old_text = text ? link_text(target) : std::nullopt;
+        const Write_result keeping =
+            old_text ? replace_by_link(kept.copy, *old_text) : copy_host_file(target, kept.copy);
+        if (keeping.error != Write_error::absent && !done(keeping, target))
+            return false;
+        overwritten_.push_back(kept);
+        return done(text ? replace_by_link(target, *text) : copy_host_file(path, target), target);
+    }
+
+    struct Overwritten {
+        std::string copy; // absent for a link to nowhere
+        std::string target;
+        bool was_entry; // not what stands at the end of a link
+    };
+    static Write_result put_back(const Overwritten& old) {
+        if (const auto text = old.was_entry ? link_text(old.copy) : std::nullopt)
+            return replace_by_link(old.target, *text);
+        if (old.was_entry && link_text(old.target))
+            unlink(old.target.c_str());
+        return copy_host_file(old.copy, old.target);
     }
 
     // The file takes the place of an old one: with its permissions, and on the disk before.
@@ -256,9 +282,11 @@ private:
         return outcome_of(Write_step::flush, [&] { return fsync(file.get()); });
     }
 
-    static bool exchange(const std::string& path, const std::string& target) {
+    static int exchange(const std::string& path, const std::string& target) {
         Folder_change change(host_folder_of(target));
-        return renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE) == 0;
+        return outcome_of(Write_step::rename, [&] {
+            return renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE);
+        });
     }
 
     bool failed(int error, const std::string& path) { return done(write_result_from_errno(error), path); }
@@ -273,6 +301,7 @@ private:
     Copy_result& result_;
     std::vector<std::string> moved_;                             // the paths of what was not there before
     std::vector<std::pair<std::string, std::string>> exchanged_; // where the old and the new entries are
+    std::vector<Overwritten> overwritten_;
 };
 
 // The levels of folders above a target: those that were missing are gone again unless they are kept.
@@ -294,7 +323,8 @@ private:
     std::vector<std::string> missing_; // the deepest first
 };
 
-void copy_into_place(const std::string& from, const std::string& to, Copy_result& result) {
+void copy_into_place(const std::string& from, const std::string& to,
+                     const std::function<Write_result()>& finish, Copy_result& result) {
     const bool is_there = is_folder_at(to);
     const std::string folder = is_there ? to : host_folder_of(to);
     Levels_above levels;
@@ -314,10 +344,13 @@ void copy_into_place(const std::string& from, const std::string& to, Copy_result
         return;
     if (is_there ? !tree.move_into(copy.path(), from, to) : !tree.move_new(copy.path(), to))
         return;
+    if (finish)
+        static_cast<Write_result&>(result) = finish();
+    if (!result.ok())
+        return;
     if (!is_there)
         copy.forget();
     levels.keep();
-    result.replaced.clear();
 }
 
 // Why a folder cannot be copied there at all.
@@ -353,12 +386,13 @@ Write_result copy_file(std::string_view from, std::string_view to) {
     return copy_host_file(host_path(from), target);
 }
 
-Copy_result copy_tree(std::string_view from, std::string_view to) {
+Copy_result copy_tree(std::string_view from, std::string_view to,
+                      const std::function<Write_result()>& finish) {
     const std::string source = host_path(from);
     const std::string target = host_path(to);
     Copy_result result = checked(source, target).result;
     if (result.ok())
-        copy_into_place(source, target, result);
+        copy_into_place(source, target, finish, result);
     return result;
 }
 

@@ -8,6 +8,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -115,16 +116,17 @@ struct Copy_result : Write_result {
     // The files and folders for which the copy failed: sources that cannot be read, or entries of the target
     // that cannot be replaced.
     std::vector<std::string> not_copied;
-    // After a failure, the files of the target that were replaced all the same: only on a file system on
-    // which two files cannot change places.
+    // After a failure, the files of the target that were replaced and could not be put back.
     std::vector<std::string> replaced;
 };
 
 // Copies a folder and all that is below it into the folder `to`, which is made where it is missing; files
 // that are there already are replaced, other entries stay. Symbolic links are copied as links. All of it or
 // nothing: the copy is made aside and moved into place when it is whole, and taken away when that fails. What
-// cannot be read or replaced is looked for before. A target inside the source is refused.
-Copy_result copy_tree(std::string_view from, std::string_view to);
+// cannot be read or replaced is looked for before. A target inside the source is refused. `finish`, which may
+// be empty, is asked once all is in place: when its result is not ok, the copy has failed for that reason.
+Copy_result copy_tree(std::string_view from, std::string_view to,
+                      const std::function<Write_result()>& finish = {});
 
 // The names of the files and links in the folder `to` that copy_tree() would replace.
 std::vector<std::string> replaced_by_copy(std::string_view from, std::string_view to);

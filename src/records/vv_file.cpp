@@ -39,7 +39,8 @@ bool VV_file::write_record(Data_record& record) {
         return false;
     record.declare_series();
     if (!record.get_preserve_unexpected() || bring_back_unexpected(record)) {
-        last_write_ = platform::write_file(*filename_, record.text_of_sections(), durability_);
+        last_text_ = record.text_of_sections();
+        last_write_ = platform::write_file(*filename_, last_text_, durability_);
         if (last_write_.ok())
             record.set_loaded_from(platform::full_name(*filename_));
     }

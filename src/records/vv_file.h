@@ -11,6 +11,7 @@
 #include <istream>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace TESK {
 
@@ -47,6 +48,8 @@ public:
 
     // What became of the last set() or write_record().
     const platform::Write_result& get_last_write() const { return last_write_; }
+    // What that wrote. It can be taken once.
+    std::string take_last_text() { return std::move(last_text_); }
 
     // Whether writing waits until the disk holds the file, as it does unless told otherwise.
     void set_durability(platform::Durability durability) { durability_ = durability; }
@@ -58,6 +61,7 @@ private:
     bool keep_structure_;
     platform::Durability durability_ = platform::Durability::durable;
     platform::Write_result last_write_;
+    std::string last_text_;
 };
 
 } // namespace TESK

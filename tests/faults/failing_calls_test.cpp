@@ -1,5 +1,6 @@
 // Each call of the system that an operation makes on files fails once, with each kind of error: what is found
 // afterwards is the old or the new, whole, and a failure is told.
+#include "editing/edited_file.h"
 #include "model/project_editor_parameters.h"
 #include "operations/scenario_reset.h"
 #include "platform/file_writer.h"
@@ -7,6 +8,7 @@
 #include "platform/interrupted_save.h"
 #include "records/vv_file.h"
 #include "support/temporary_drives.h"
+#include "toolkit/headless_desktop.h"
 
 #include <cerrno>
 #include <functional>
@@ -23,13 +25,22 @@ namespace {
 constexpr std::pair<int, std::size_t> failures_of_a_call[] = {{ENOSPC, 0}, {ENOSPC, 1}, {EIO, 0},
                                                               {EACCES, 0}, {EMFILE, 0}, {EINTR, 0}};
 
+// A user who lets everything be replaced, and gives up what fails.
+class Obliging_desktop : public Headless_desktop {
+public:
+    Obliging_desktop() : Headless_desktop([](const std::string& fault) { ADD_FAILURE() << fault; }) {}
+    Modal_result message_box(const Message& message) override {
+        return message.buttons == Button_set::yes_no ? Modal_result::yes : Modal_result::abort;
+    }
+};
+
 class Failing_calls : public testing::Test {
 protected:
     // All files of c:, with their contents. Unfinished saves are of no account.
     std::set<std::string> picture() const {
         std::set<std::string> lines;
         for (const auto& entry : fs::recursive_directory_iterator(drives.host()))
-            if (entry.is_regular_file())
+            if (entry.is_regular_file() && entry.path().string().find(".~saving-") == std::string::npos)
                 lines.insert(entry.path().string() + "=" +
                              drives.read(entry.path().lexically_relative(drives.host())));
         return lines;
@@ -97,17 +108,32 @@ TEST_F(Failing_calls, of_a_save_over_a_file_of_a_first_one_and_of_one_with_sever
     EXPECT_FALSE(interrupted_save("study.tvp"));
 }
 
+// As the form does it: into no folder, and into one of which some files are replaced.
 TEST_F(Failing_calls, of_a_save_under_another_name) {
+    const Obliging_desktop desktop;
     drives.write("old/study.tvp", "[project]\r\ndescription=old\r\n");
     drives.write("old/study/notes.txt", "notes");
     drives.write("old/study/Scenarios/a.tvn", "[scenario]\r\n");
-    fail_each_call([&] { fs::remove_all(drives.host("new")); },
-                   [] {
-                       if (copy_tree("old\\study", "new\\study").ok() && save("new\\study.tvp", "new"))
-                           return true;
-                       remove_tree("new");
-                       return false;
-                   });
+    Tilverra_project_editor_parameters project("C:\\model.exe");
+    for (const bool is_there : {false, true}) {
+        TVP_filename name("noname");
+        std::optional<Edited_file> file;
+        fail_each_call(
+            [&] {
+                fs::remove_all(drives.host("new"));
+                if (is_there) {
+                    for (const char* taken : {"study.tvp", "study/notes.txt", "study/Scenarios/a.tvn"})
+                        drives.write(std::string("new/") + taken, "of another");
+                    fs::create_hard_link(drives.host("new/study/notes.txt"), drives.host("new/twin"));
+                }
+                name.set("C:\\old\\study.tvp");
+                file.emplace().bind(project, &name, true);
+                file->choose(nullptr, "", "");
+                file->load();
+                file->dialog.file_name = "C:\\new\\study.tvp";
+            },
+            [&] { return file->save() == Save_outcome::saved; });
+    }
 }
 
 TEST_F(Failing_calls, of_a_reset) {

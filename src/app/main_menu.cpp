@@ -284,7 +284,9 @@ void Main_menu::undo_last_change() {
     show_failures(outcome, "Not undone");
     if (outcome.refused.empty())
         form.parameter_file_form().notice(
-            worded("The last change to scenarios was undone. Files: %1", std::to_string(outcome.done)));
+            worded(outcome.stopped ? "The last change to scenarios was undone in part, and stopped. Files: %1"
+                                   : "The last change to scenarios was undone. Files: %1",
+                   std::to_string(outcome.done)));
 }
 
 // Back from what the buttons of the page Options lead to.

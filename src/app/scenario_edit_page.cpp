@@ -136,11 +136,24 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     std::optional<Change_backups> backups;
     if (workspace().need_project_directory())
         backups.emplace(*workspace().project_directory);
-    const Operation_outcome outcome =
-        import_version_3_scenarios(workspace(), files, question_for(files.size()), pointer_to(backups), {});
+    Operation_outcome outcome;
+    {
+        const Busy_pointer busy;
+        Line_progress progress(form.scenarios, files.size());
+        outcome = import_version_3_scenarios(
+            workspace(), files, question_for(files.size()), pointer_to(backups),
+            [&](std::size_t done, std::size_t total) {
+                progress.show(done + 1, total, TESK::File_name(files[done].c_str()).get_name(true));
+                progress.set_position(done);
+                return progress.goes_on();
+            });
+    }
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
     show_failures(outcome, "Files not imported");
+    if (outcome.stopped)
+        form.parameter_file_form().notice(worded("The import was stopped. Scenarios imported until then: %1",
+                                                 std::to_string(outcome.done)));
 }
 
 void Scenario_edit_page::scenario_delete_button_onclick() {

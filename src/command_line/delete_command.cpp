@@ -37,6 +37,11 @@ void remove(Session& session, Options& options) {
             backups = backups_for(project, all, options.no_backup);
         outcome = delete_scenarios(folder, scenarios, options.permanently, backups ? &*backups : nullptr,
                                    shown_progress(session, "deleting"));
+        // A scenario whose outputs stay has not been deleted.
+        for (Not_done& one : outcome.not_done)
+            for (const std::string& file : files)
+                if (one.file == TESK::Directory_name(TESK::Directory_name(file), true))
+                    one.file = file;
         report.add_all(files, outcome);
     }
     report.finish();

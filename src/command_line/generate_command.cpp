@@ -36,9 +36,10 @@ std::size_t count_replaced(const std::vector<std::string>& planned, const Operat
     std::unordered_set<std::string> failed;
     for (const Not_done& one : outcome.not_done)
         failed.insert(folded_name(one.file));
-    return static_cast<std::size_t>(
-        std::count_if(planned.begin(), planned.end(),
-                      [&](const std::string& file) { return failed.count(folded_name(file)) == 0; }));
+    const auto replaced = std::count_if(planned.begin(), planned.end(), [&](const std::string& file) {
+        return failed.count(folded_name(file)) == 0;
+    });
+    return std::min(static_cast<std::size_t>(replaced), outcome.done);
 }
 
 Json rows_of(const std::vector<Table_fault>& faults) {
@@ -108,6 +109,7 @@ void write_table(Session& session, Opened_project& project, const Options& optio
     session.console.end_progress();
     must_be_begun(told.outcome);
     tell_failures(session, told.outcome);
+    say_stopped(session, told.outcome, told.count);
     told.replaced = count_replaced(replaced, told.outcome);
 }
 
@@ -158,16 +160,15 @@ void generate(Session& session, const Options& options) {
     need_folder(project.folder_of(Scenario_folder::generated));
     std::optional<Change_backups> backups = backups_for(project, plan.replaced, options.no_backup);
     std::ostream nowhere(nullptr);
+    const Operation_progress progress = shown_progress(session, "generating");
     std::size_t heard = 0;
-    told.outcome =
-        generate_scenarios(project.record(), project.directory(), backups ? &*backups : nullptr,
-                           session.as_json ? nowhere : session.console.out(), [&](const std::string&) {
-                               session.console.show_progress("generating", ++heard, plan.count);
-                               return true;
-                           });
+    told.outcome = generate_scenarios(project.record(), project.directory(), backups ? &*backups : nullptr,
+                                      session.as_json ? nowhere : session.console.out(),
+                                      [&](const std::string&) { return progress(++heard, plan.count); });
     session.console.end_progress();
     must_be_begun(told.outcome);
     tell_failures(session, told.outcome);
+    say_stopped(session, told.outcome, told.count);
     told.replaced = count_replaced(plan.replaced, told.outcome);
     tell(session, options, told);
 }

@@ -1,8 +1,10 @@
 #include "command_line/outcome_report.h"
 
+#include "command_line/end_signals.h"
 #include "command_line/scenario_choice.h"
 
 #include <map>
+#include <memory>
 
 Outcome_report::Outcome_report(Session& session)
     : session_(session), report_(session, {{"scenario"}, {"outcome"}, {"reason"}}) {}
@@ -19,21 +21,34 @@ void Outcome_report::add(const std::string& name, const std::string& outcome, co
 void Outcome_report::add_all(const std::vector<std::string>& files, const Operation_outcome& outcome) {
     session_.console.end_progress();
     must_be_begun(outcome);
+    outcome_ = outcome;
+    std::size_t left = outcome.stopped ? outcome.done : files.size();
     std::map<std::string, std::string> reasons;
     for (const Not_done& one : outcome.not_done)
         reasons.emplace(one.file, one.reason);
     for (const std::string& file : files) {
         const std::string name = screen_text(scenario_name(TESK::File_name(file.c_str()).get_name(true)));
-        if (const auto reason = reasons.find(file); reason != reasons.end())
+        if (const auto reason = reasons.find(file); reason != reasons.end()) {
             add(name, "failed", screen_text(reason->second), exit_unreachable);
-        else
-            add(name, "done");
+            continue;
+        }
+        add(name, left > 0 ? "done" : "not done");
+        left -= left > 0 ? 1 : 0;
     }
 }
 
 void Outcome_report::finish() {
     report_.finish();
+    say_stopped(session_, outcome_, count_);
     say_failed(session_, failed_, count_);
+}
+
+void say_stopped(Session& session, const Operation_outcome& outcome, std::uint64_t count) {
+    if (!outcome.stopped)
+        return;
+    session.console.say("Stopped: " + std::to_string(outcome.done) + " of " + std::to_string(count) +
+                        " done.");
+    session.note(exit_found);
 }
 
 void say_failed(Session& session, const std::vector<std::string>& failed, std::size_t count) {
@@ -69,8 +84,9 @@ std::optional<Change_backups> backups_for(Opened_project& project, const std::ve
 }
 
 Operation_progress shown_progress(Session& session, const std::string& word) {
-    return [&session, word](std::size_t done, std::size_t total) {
+    const auto signals = std::make_shared<End_signals>(SA_RESTART | SA_RESETHAND);
+    return [&session, word, signals](std::size_t done, std::size_t total) {
         session.console.show_progress(word, done, total);
-        return true;
+        return signals->asked() == 0;
     };
 }

@@ -7,6 +7,7 @@
 #include "operations/change_backups.h"
 #include "operations/operation_outcome.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +19,8 @@ public:
     // `name` and reason in UTF-8. An outcome with a code is a failure.
     void add(const std::string& name, const std::string& outcome, const std::string& reason = "",
              int code = exit_done);
-    // The same for the scenarios of the files (full names) that an operation was given.
+    // The same for the scenarios of the files (full names) that an operation was given, in their order. Those
+    // that it had not come to when it was stopped are no failures.
     void add_all(const std::vector<std::string>& files, const Operation_outcome& outcome);
     void finish();
 
@@ -27,10 +29,14 @@ private:
     Report report_;
     std::vector<std::string> failed_;
     std::size_t count_ = 0;
+    Operation_outcome outcome_;
 };
 
 // Says how many of the files failed, and which; nothing when none did.
 void say_failed(Session& session, const std::vector<std::string>& failed, std::size_t count);
+
+// Says of an operation that was stopped how far it had come; nothing of another.
+void say_stopped(Session& session, const Operation_outcome& outcome, std::uint64_t count);
 
 // Ends the command when the operation was refused.
 void must_be_begun(const Operation_outcome& outcome);
@@ -43,5 +49,5 @@ void add_no_backup(CLI::App& command, bool& no_backup);
 std::optional<Change_backups> backups_for(Opened_project& project, const std::vector<std::string>& names,
                                           bool no_backup);
 
-// Shows the progress of an operation by a word.
+// Shows the progress of an operation by a word, and has it stop when the user ends the program (Ctrl-C).
 Operation_progress shown_progress(Session& session, const std::string& word);

@@ -1,5 +1,6 @@
 #include "command_line/run_options.h"
 
+#include "command_line/end_signals.h"
 #include "command_line/outcome_report.h"
 #include "command_line/report.h"
 #include "platform/command_line.h"
@@ -10,35 +11,11 @@
 #include "runs/worker_files.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <poll.h>
 #include <sstream>
 
 namespace {
-
-volatile std::sig_atomic_t asked_to_end = 0;
-
-// Has the signals by which a user ends a program ask for it, as long as it lives.
-class End_signals {
-public:
-    End_signals() {
-        struct sigaction action {};
-        action.sa_handler = [](int) { asked_to_end = asked_to_end + 1; };
-        for (std::size_t i = 0; i < std::size(signals); ++i)
-            sigaction(signals[i], &action, &old_[i]);
-    }
-    End_signals(const End_signals&) = delete;
-    End_signals& operator=(const End_signals&) = delete;
-    ~End_signals() {
-        for (std::size_t i = 0; i < std::size(signals); ++i)
-            sigaction(signals[i], &old_[i], nullptr);
-    }
-
-private:
-    static constexpr int signals[] = {SIGINT, SIGTERM, SIGHUP};
-    struct sigaction old_[std::size(signals)]{};
-};
 
 void wait_for(const Run_engine& engine) {
     constexpr int longest = 1000; // milliseconds
@@ -51,11 +28,11 @@ void watch(Session& session, Run_engine& engine, Run_journal& journal) {
     bool is_stopping = false;
     std::string trouble;
     while (engine.poll()) {
-        if (asked_to_end != 0 && !is_stopping) {
+        if (End_signals::asked() > 0 && !is_stopping) {
             is_stopping = true;
             engine.stop();
         }
-        if (asked_to_end > 1 && journal.job() && !journal.job()->is_cancelled) {
+        if (End_signals::asked() > 1 && journal.job() && !journal.job()->is_cancelled) {
             session.console.say("The job " + journal.job()->number +
                                 " goes on. \"tvs_project stop\" stops it once the scheduler answers.");
             break;

@@ -94,10 +94,15 @@ void set(Session& session, Options& options) {
         if (targets.project != nullptr)
             backups = backups_for(*targets.project, files, options.no_backup);
         std::vector<Settings_result> done;
-        must_be_begun(change_settings(changes, backups ? &*backups : nullptr,
-                                      shown_progress(session, "setting"), &done));
-        for (std::size_t i = 0; i < done.size(); ++i)
-            results[places[i]] = std::move(done[i]);
+        const Operation_outcome outcome = change_settings(changes, backups ? &*backups : nullptr,
+                                                          shown_progress(session, "setting"), &done);
+        must_be_begun(outcome);
+        for (std::size_t i = 0; i < places.size(); ++i)
+            if (i < done.size())
+                results[places[i]] = std::move(done[i]);
+            else
+                results[places[i]].state = State::refused; // left alone
+        say_stopped(session, outcome, changes.size());
     }
     session.console.end_progress();
     tell(session, targets, wanted, results);

@@ -48,6 +48,10 @@ void undo(Session& session, const Options& options) {
     if (!outcome.refused.empty() && !is_there(backups, options.change))
         throw Command_failure(exit_found, screen_text(outcome.refused) + ' ' + of_the_trash);
     must_be_begun(outcome);
+    if (outcome.stopped) {
+        session.console.say("Stopped. What had been brought back until then stays so.");
+        session.note(exit_found);
+    }
     if (!outcome.ok()) {
         session.console.say(screen_text(describe_failures(outcome)));
         session.note(exit_unreachable);

@@ -10,7 +10,7 @@ namespace TESK {
 
 struct Recycling {
     std::size_t done = 0;          // how many are gone
-    std::vector<std::string> kept; // the names of what is still there
+    std::vector<std::string> kept; // the names of what could not go; of those behind a stop, none
     bool was_stopped = false;
 };
 

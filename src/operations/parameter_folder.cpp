@@ -69,7 +69,6 @@ Operation_outcome delete_parameter_files(const std::vector<std::string>& files,
     outcome.done = recycled.done;
     outcome.stopped = recycled.was_stopped;
     for (const std::string& name : recycled.kept)
-        if (!outcome.stopped)
-            outcome.not_done.push_back({name, why_not_deleted(name, false)});
+        outcome.not_done.push_back({name, why_not_deleted(name, false)});
     return outcome;
 }

@@ -26,6 +26,7 @@ bool has_own_folder(const std::string& name) {
 // A file to import, and the scenario that it becomes.
 struct Import {
     std::string source;
+    std::size_t number; // of the file, from 0
     TESK::Smart_file_name target;
 };
 
@@ -49,11 +50,16 @@ std::string refuse_source(const std::string& file, bool replaces) {
 
 // The files that are to be imported, once the user has been asked. Empty when they stop it.
 std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std::vector<std::string>& files,
-                                   const Import_question& ask, Operation_outcome& outcome) {
+                                   const Import_question& ask, const Operation_progress& progress,
+                                   Operation_outcome& outcome) {
     std::vector<Import> imports;
     Import_answer answer = ask ? Import_answer::replace : Import_answer::replace_all;
-    for (const std::string& file : files) {
-        Import import{file, TESK::Smart_file_name(file.c_str())};
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const std::string& file = files[i];
+        outcome.stopped = !goes_on(progress, 0, files.size());
+        if (outcome.stopped)
+            return {};
+        Import import{file, i, TESK::Smart_file_name(file.c_str())};
         import.target.set_ext(scenario_extension);
         import.target.set_path(folder);
         const auto same = std::find_if(imports.begin(), imports.end(), [&](const Import& one) {
@@ -169,19 +175,21 @@ Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
         return outcome;
     }
     const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
-    const std::vector<Import> imports = choose_imports(folder, files, ask, outcome);
+    const std::vector<Import> imports = choose_imports(folder, files, ask, progress, outcome);
     if (backups != nullptr && !imports.empty()) {
         std::vector<std::string> targets;
         for (const Import& import : imports)
             targets.push_back(import.target);
-        const Operation_outcome aside = backups->put_copies_aside("import", targets, {});
+        const Operation_outcome aside = backups->put_copies_aside(
+            "import", targets, [&](std::size_t, std::size_t total) { return goes_on(progress, 0, total); });
         if (!aside.ok())
             return aside;
+        outcome.stopped = aside.stopped;
     }
-    for (std::size_t i = 0; i < imports.size(); ++i) {
-        outcome.stopped = !goes_on(progress, i, imports.size());
+    for (std::size_t i = 0; i < imports.size() && !outcome.stopped; ++i) {
+        outcome.stopped = !goes_on(progress, imports[i].number, files.size());
         if (outcome.stopped)
-            return outcome;
+            break;
         const auto scenario = read_scenario(imports[i].source);
         TESK::VV_file target(imports[i].target.c_str());
         if (scenario != nullptr && target.set(*scenario) && target.get_last_write().ok())

@@ -32,7 +32,8 @@ using Import_question = std::function<Import_answer(const std::string& scenario)
 // a name that no scenario can have, imports nothing; a scenario that is there already, or that an earlier
 // file of the same name will have made, is replaced when `ask` says so, without it always. What is kept
 // counts neither as done nor as not done. With `backups`, which may be null, the change can be undone.
-// Refused when the project has no folder; stopped, with nothing imported, when an answer says so.
+// Refused when the project has no folder; stopped, with nothing imported, when an answer says so. While the
+// files are looked at, `progress` is told each time that none is done.
 Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
                                              const std::vector<std::string>& files,
                                              const Import_question& ask, Change_backups* backups,

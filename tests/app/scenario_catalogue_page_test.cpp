@@ -118,6 +118,27 @@ TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;maize.tvn;other.tvn;wet.tvn;");
     for (const char* imported : {"maize", "other"})
         EXPECT_NE(scenario(imported).find("[simulation]"), std::string::npos) << imported;
+
+    // One answer can do for all. It shows how far it is, and a user can stop it.
+    std::string shown;
+    desktop.on_process_messages = [&] { shown += form.scenarios.sim_run_progress_note.text() + ";"; };
+    for (const char* name_of_one : {"dry", "rye"})
+        copy_data("version3.sim", std::string("old/a/") + name_of_one + ".sim");
+    for (const bool is_stopped : {true, false}) {
+        desktop.closing = is_stopped;
+        desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
+                                   {"C:\\old\\a\\maize.sim", "C:\\old\\a\\rye.sim", "C:\\old\\a\\dry.sim"});
+        if (!is_stopped) {
+            desktop.expect_message("Scenario already exists", "Replace the scenario maize.tvn?",
+                                   Modal_result::yes);
+            desktop.expect_message("Scenario already exists",
+                                   "Do the same with all others that exist already?", Modal_result::yes);
+        }
+        EXPECT_TRUE(press(form.scenarios.edit.scenario_open_SIM));
+        EXPECT_EQ(there("projects/study/Scenarios/rye.tvn"), !is_stopped);
+    }
+    EXPECT_NE(scenario("dry").find("[simulation]"), std::string::npos);
+    EXPECT_TRUE(shown.ends_with("1 of 3, maize;2 of 3, rye;3 of 3, dry;")) << shown;
 }
 
 TEST_F(Catalogue, a_line_of_either_list_points_the_active_scenario_into_the_created_ones) {

@@ -1,5 +1,6 @@
 #include "editing/edited_file.h"
 
+#include "editing/loading_window.h"
 #include "editing/recent_file_selector_form.h"
 #include "foundation/code_page_1252.h"
 #include "platform/command_line.h"
@@ -210,15 +211,33 @@ platform::Write_result Edited_file::back_up() const {
 
 // ---- loading and saving
 
-// The user is asked once about each file.
-bool Edited_file::may_load() {
+bool Edited_file::is_large() const {
     constexpr std::uint64_t asked_above = std::uint64_t{16} << 20;
     const std::uint64_t bytes = platform::file_size(*name_);
-    if (bytes <= asked_above || bytes > TESK::VV_file::largest_file || agreed_to_load_ == *name_)
+    return bytes > asked_above && bytes <= TESK::VV_file::largest_file;
+}
+
+// The user is asked once about each file.
+bool Edited_file::may_load() {
+    if (!is_large() || agreed_to_load_ == *name_)
         return true;
-    const bool agreed = may_load_large_file(*name_, bytes);
+    const bool agreed = may_load_large_file(*name_, platform::file_size(*name_));
     agreed_to_load_ = agreed ? std::string(*name_) : "";
     return agreed;
+}
+
+// The reading of a large file is shown, and can be stopped.
+bool Edited_file::read_record() {
+    TESK::VV_file file(name_->c_str());
+    if (!is_large())
+        return file.get(*parameters_);
+    Loading_window window(*name_);
+    file.set_progress(
+        [&window](std::size_t read, std::size_t size) { return window.show_progress(read, size); });
+    const bool was_read = file.get(*parameters_);
+    if (!was_read)
+        agreed_to_load_.clear();
+    return was_read;
 }
 
 void Edited_file::load() {
@@ -230,7 +249,7 @@ void Edited_file::load() {
     // First: what changes while the record is read counts as changed.
     known_.take(*name_);
     TESK::VV_text(text_when_bound_).get(*parameters_);
-    const bool was_read = may_load() && TESK::VV_file(name_->c_str()).get(*parameters_);
+    const bool was_read = may_load() && read_record();
     if (!was_read)
         TESK::VV_text(before).get(*parameters_);
     // A loaded record knows its file; what could not be read must not be taken for a new one.

@@ -48,7 +48,7 @@ public:
     platform::Write_result back_up() const;
 
     // Reads the record: the file's values, and where it has none those that the record had when it was bound.
-    // A large file that the user does not want to wait for counts as one that cannot be read.
+    // A large file that the user does not want to wait for, or any longer, counts as one that cannot be read.
     void load();
     // Takes the record as it is now for one that nobody has changed.
     void take_for_saved() { saved_text_ = text_of_record(); }
@@ -78,7 +78,9 @@ public:
     TFileDialog dialog;
 
 private:
+    bool is_large() const;
     bool may_load();
+    bool read_record();
     bool name_is_chosen() const;
     bool take_choice();
     bool require_name();

@@ -15,7 +15,8 @@ Folder_lock::Folder_lock(std::string_view folder)
     constexpr int most_tries = 600;
     constexpr timespec pause{0, 5'000'000};
     for (int i = 0; i < most_tries && descriptor_ >= 0; ++i) {
-        if (flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR))
+        is_refused_ = flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR);
+        if (!is_refused_)
             return;
         nanosleep(&pause, nullptr);
     }

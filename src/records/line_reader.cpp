@@ -5,6 +5,13 @@
 namespace TESK {
 
 bool Line_reader::next(std::string_view& line) {
+    constexpr std::size_t bytes_between = 1 << 16;
+    if (watch_ && taken_ >= watched_at_ + bytes_between) {
+        watched_at_ = taken_;
+        stopped_ = stopped_ || !watch_(taken_);
+    }
+    if (stopped_)
+        return false;
     std::size_t end = pending_.find('\n');
     for (std::size_t searched = pending_.size(); end == std::string_view::npos && read_more();
          searched = pending_.size())

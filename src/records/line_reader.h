@@ -1,9 +1,11 @@
 // Takes the lines of a record file one by one, from a text in memory or from a stream.
 #pragma once
 
+#include <functional>
 #include <istream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace TESK {
 
@@ -17,6 +19,10 @@ public:
     // The next line, without the white space in front of it, its line feed and the carriage returns before
     // that. False when nothing is left. The line stands until the next call.
     bool next(std::string_view& line);
+
+    // Is asked every now and then, with taken(), whether to go on: next() gives no more once it says false.
+    void set_watch(std::function<bool(std::size_t taken)> watch) { watch_ = std::move(watch); }
+    bool is_stopped() const { return stopped_; }
 
     // Says that the line that next() gave last is not this reader's to take.
     void refuse_line() { refused_ = true; }
@@ -41,6 +47,9 @@ private:
     std::size_t empty_start_ = 0;
     int empty_lines_ = 0;
     bool refused_ = false;
+    std::function<bool(std::size_t)> watch_;
+    std::size_t watched_at_ = 0;
+    bool stopped_ = false;
 };
 
 } // namespace TESK

@@ -118,12 +118,18 @@ bool read_record_lines(Line_reader& lines, Data_record& record, bool unexpected_
     return read_anything;
 }
 
-void read_record_text(std::string_view text, Data_record& record, bool unexpected_only) {
+bool read_record_text(std::string_view text, Data_record& record, bool unexpected_only,
+                      const Reading_progress& progress) {
     Line_reader lines(text);
+    if (progress)
+        lines.set_watch([&](std::size_t taken) { return progress(taken, text.size()); });
     read_record_lines(lines, record, unexpected_only, false);
+    if (lines.is_stopped())
+        return false;
     const std::string_view unread = text.substr(lines.taken());
     if (unread.find_first_not_of(" \t\r\n\v\f") != std::string_view::npos)
         record.set_unread(text.substr(lines.empty_start()));
+    return true;
 }
 
 } // namespace TESK

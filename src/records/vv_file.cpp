@@ -3,7 +3,6 @@
 #include "platform/host_names.h"
 #include "records/data_record.h"
 #include "records/line_reader.h"
-#include "records/record_reader.h"
 
 namespace TESK {
 
@@ -28,8 +27,10 @@ bool VV_file::get(Data_record& record) {
         return false;
 
     record.begin_reading();
-    read_record_text(file.contents, record, false);
-    record.end_reading(keep_structure_);
+    const bool is_whole = read_record_text(file.contents, record, false, progress_);
+    record.end_reading(keep_structure_ && is_whole);
+    if (!is_whole)
+        return false;
     record.set_loaded_from(platform::full_name(*filename_));
     return true;
 }

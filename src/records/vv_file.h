@@ -7,6 +7,7 @@
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "records/data_source.h"
+#include "records/record_reader.h"
 
 #include <istream>
 #include <optional>
@@ -25,8 +26,11 @@ public:
     explicit VV_file(const char* filename, bool keep_structure = false);
 
     // Reads the whole file into the record. False, and the record untouched, when there is no such file or it
-    // cannot be read.
+    // cannot be read. When it was stopped also false, with a part of the file in the record.
     bool get(Data_record& record) override;
+
+    // What get() tells how far it has come, and may say stop; empty for none.
+    void set_progress(Reading_progress progress) { progress_ = std::move(progress); }
 
     // The file's name; a null name leaves the buffer as it is.
     std::string& label(std::string& buffer) const override;
@@ -62,6 +66,7 @@ private:
     platform::Durability durability_ = platform::Durability::durable;
     platform::Write_result last_write_;
     std::string last_text_;
+    Reading_progress progress_;
 };
 
 } // namespace TESK

@@ -64,6 +64,8 @@ void Application_data_directory::save(User_settings& settings, const std::string
     // What another program writes at the same moment would be missing in the file that is read and written
     // here.
     const platform::Folder_lock lock(*this);
+    if (lock.is_refused())
+        return;
     VV_file file(settings_file.c_str());
     write_settings(settings, section, file);
 }

@@ -1,5 +1,6 @@
 #include "editing/file_edit_bar.h"
 
+#include "editing/page_parts.h"
 #include "editing/program_starter.h"
 
 #include "platform/command_line.h"
@@ -28,12 +29,6 @@ constexpr const char* status_hints[TESK::validation_status_count] = {
     "File is good.",
     "File selection disabled, file probably not required at this time.",
 };
-
-TButton& add_button(TControl& parent, const char* name, const char* text, const char* hint) {
-    TButton& button = parent.add<TButton>(name, text);
-    button.set_hint(hint);
-    return button;
-}
 
 } // namespace
 

@@ -11,7 +11,7 @@ namespace {
 
 using Outcome = Run_record::Outcome;
 
-constexpr const char* state_words[] = {"waiting", "running", "done", "failed", "stopped", "crashed"};
+constexpr const char* run_state_words[] = {"waiting", "running", "done", "failed", "stopped", "crashed"};
 
 // "10,000"
 std::string with_commas(std::size_t number) {
@@ -61,7 +61,7 @@ Run_state state_of(const Run_record& record, bool is_owned) {
 }
 
 const char* word_for(Run_state state) {
-    return state_words[static_cast<std::size_t>(state)];
+    return run_state_words[static_cast<std::size_t>(state)];
 }
 
 std::string describe_end(const Run_record& record, const std::string& lost_reason) {

@@ -26,8 +26,8 @@ TEST_F(Association_lists, keys_are_compared_without_case_unless_one_side_counts_
 
 template <class List>
 class Every_association_list : public List_test {};
-using List_types = testing::Types<Association_list, Alias_association_list>;
-TYPED_TEST_SUITE(Every_association_list, List_types);
+using Association_list_types = testing::Types<Association_list, Alias_association_list>;
+TYPED_TEST_SUITE(Every_association_list, Association_list_types);
 
 TYPED_TEST(Every_association_list, items_are_found_and_removed_up_to_one_without_a_key) {
     TypeParam list;

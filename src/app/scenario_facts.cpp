@@ -4,12 +4,12 @@
 
 const Scenario_fact* Scenario_facts::known(const std::string& file) const {
     const auto found = entries_.find(file);
-    return found == entries_.end() || !found->second.is_certain ? nullptr : &found->second.fact;
+    return found == entries_.end() ? nullptr : &found->second.fact;
 }
 
 const Scenario_fact& Scenario_facts::learn(const std::string& file) {
     Entry& entry = entries_[file];
-    if (entry.is_certain)
+    if (entry.fact.is_certain)
         return entry.fact;
     const std::optional<platform::Change_time> time = platform::change_time(file);
     if (!time || time != entry.time) {
@@ -20,11 +20,11 @@ const Scenario_fact& Scenario_facts::learn(const std::string& file) {
     }
     entry.time = time;
     entry.fact.status = states_ == nullptr ? Scenario_status() : states_->status_of(file);
-    entry.is_certain = true;
+    entry.fact.is_certain = true;
     return entry.fact;
 }
 
 void Scenario_facts::doubt_all() {
     for (auto& [file, entry] : entries_)
-        entry.is_certain = false;
+        entry.fact.is_certain = false;
 }

@@ -14,6 +14,7 @@ struct Scenario_fact {
     Scenario_overview overview;
     std::string folded_description; // in lower case
     Scenario_status status;
+    bool is_certain = false; // else it is as it was when last looked at
 };
 
 class Scenario_facts {
@@ -21,9 +22,9 @@ public:
     // Null for nobody who knows states.
     void set_states(Scenario_states* states) { states_ = states; }
 
-    // What is known of the scenario's file (a full name), or null.
+    // What is known of the scenario's file (a full name), certain or not, or null.
     const Scenario_fact* known(const std::string& file) const;
-    // Reads what is to be known, unless it is known already.
+    // Reads what is to be known, unless it is certain already.
     const Scenario_fact& learn(const std::string& file);
     // Has what was learnt be looked at once more: files whose time is the same are not read again.
     void doubt_all();
@@ -32,7 +33,6 @@ private:
     struct Entry {
         Scenario_fact fact;
         std::optional<platform::Change_time> time; // of the file that the overview was read from
-        bool is_certain = false;
     };
 
     Scenario_states* states_ = nullptr;

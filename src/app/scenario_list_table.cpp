@@ -141,11 +141,12 @@ Table_cell Scenario_list_table::cell(int row, int column) const {
     if (column == name_column)
         return {.text = list.line(line).text};
     const Scenario_fact* const fact = fact_of(line);
-    if (fact == nullptr) {
+    if (fact == nullptr || !fact->is_certain) {
         wanted_.push_back(line);
         learn_timer_.set_enabled(true);
-        return {};
     }
+    if (fact == nullptr)
+        return {};
     switch (column) {
     case state_column:
         return {.text = worded(word_for(fact->status.state)), .picture = picture_of(fact->status.state)};
@@ -367,7 +368,7 @@ void Scenario_list_table::learn() {
                                       table.sort_column() > name_column;
     bool has_news = false;
     const auto learn_line = [&](int line) {
-        if (fact_of(line) != nullptr)
+        if (const Scenario_fact* const fact = fact_of(line); fact != nullptr && fact->is_certain)
             return;
         facts_.learn(lines_[static_cast<std::size_t>(line)].file);
         has_news = true;

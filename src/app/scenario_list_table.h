@@ -26,7 +26,7 @@ public:
 
     // What knows the states of scenarios; null for nobody. Outlives the table, or the next call.
     void set_states(Scenario_states* states);
-    // Runs began or ended, or files changed: what is on view is looked at anew.
+    // Runs began or ended, or files changed: all is looked at anew, and stays on view as it was until then.
     void facts_changed();
 
     // Ticks what the filter shows; the rest stays as it is.
@@ -88,7 +88,7 @@ private:
     std::vector<int> shown_;        // lines, by rows
     std::vector<int> row_of_;       // rows, by lines; -1 for a line that is not shown
     Scenario_facts facts_;
-    mutable std::vector<int> wanted_; // lines on view of which nothing is known yet
+    mutable std::vector<int> wanted_; // lines on view of which nothing is certain
     std::size_t next_unknown_ = 0;
     bool has_news_ = false; // something was learnt since the rows were last filled
     bool counts_are_old_ = false;

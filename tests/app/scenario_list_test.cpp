@@ -197,6 +197,8 @@ TEST_F(Scenario_list_test, what_other_programs_make_or_change_appears_by_itself)
     desktop.advance(10);
     EXPECT_EQ(rows(), "base.tvn;dry.tvn;new.tvn;plot 2.tvn;plot 10.tvn;wet.tvn;");
     EXPECT_NE(rows(2).find("Changed elsewhere;"), std::string::npos);
+    table().facts_changed();
+    EXPECT_NE(rows(2).find("Changed elsewhere;"), std::string::npos) << "stays until it is read again";
 }
 
 } // namespace

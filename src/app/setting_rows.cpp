@@ -111,7 +111,7 @@ Table_cell Setting_rows::description_cell(const Settings_grid::Row& row, int col
     case caption_column:
         return {.text = row.rule == nullptr ? worded(undeclared.meaning)
                                             : worded(screen_text(row.rule->caption()))};
-    case unit_column: return {.text = row.rule == nullptr ? "" : screen_text(row.rule->unit())};
+    case unit_column: return {.text = row.rule == nullptr ? "" : worded(screen_text(row.rule->unit()))};
     case range_column: return {.text = worded(screen_text(range_of(row.rule)))};
     default: return {.text = has_common_ ? changers_of(row) : ""};
     }

@@ -1,9 +1,15 @@
 #include "desktop_qt/dark_style.h"
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QStyleOption>
 
+#include <algorithm>
+
 namespace {
+
+const QColor line_colour(125, 125, 125); // of what Qt's own style draws in one fixed dark colour
 
 // Draws with the option, or with one whose colours of a window and of the focus, which edges are made of, are
 // light.
@@ -43,8 +49,26 @@ void Dark_style::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_Frame:
     case PE_FrameLineEdit: return with_light_edges<QStyleOptionFrame>(option, draw);
     case PE_FrameTabWidget: return with_light_edges<QStyleOptionTabWidgetFrame>(option, draw);
+    case PE_FrameGroupBox: return draw_group_frame(option, painter, qobject_cast<const QGroupBox*>(widget));
     default: draw(option);
     }
+}
+
+// Below the title, where the style draws it.
+void Dark_style::draw_group_frame(const QStyleOption* option, QPainter* painter,
+                                  const QGroupBox* group) const {
+    constexpr int space_below_title = 3;
+    constexpr int corner = 2;
+    int top = space_below_title;
+    if (group == nullptr || !group->title().isEmpty())
+        top +=
+            std::max(pixelMetric(PM_ExclusiveIndicatorHeight, option, group), option->fontMetrics.height());
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(line_colour);
+    painter->drawRoundedRect(QRectF(option->rect.adjusted(0, top, -1, -1)).translated(0.5, 0.5), corner,
+                             corner);
+    painter->restore();
 }
 
 void Dark_style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -52,10 +76,20 @@ void Dark_style::drawControl(ControlElement element, const QStyleOption* option,
     const auto draw = [&](const QStyleOption* shown) {
         QProxyStyle::drawControl(element, shown, painter, widget);
     };
-    if (element == CE_TabBarTabShape)
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator &&
+        item->text.isEmpty()) {
+        constexpr int margin = 4;
+        const int middle = option->rect.center().y();
+        painter->setPen(line_colour);
+        painter->drawLine(option->rect.left() + margin, middle, option->rect.right() - margin, middle);
+    } else if (element == CE_TabBarTabShape) {
         with_light_edges<QStyleOptionTab>(option, draw);
-    else
+    } else if (element == CE_ProgressBarGroove) {
+        with_light_edges<QStyleOptionProgressBar>(option, draw);
+    } else {
         draw(option);
+    }
 }
 
 QPalette dark_palette() {

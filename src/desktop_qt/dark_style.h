@@ -1,9 +1,11 @@
 // Qt's own style draws edges darker than the window they lie on, which cannot be seen where that is dark.
-// This draws those of buttons, edits, lists, menus and tabs lighter.
+// This draws those of buttons, edits, groups, lists, menus, bars of progress and tabs lighter.
 #pragma once
 
 #include <QtGui/QPalette>
 #include <QtWidgets/QProxyStyle>
+
+class QGroupBox;
 
 class Dark_style : public QProxyStyle {
 public:
@@ -16,6 +18,9 @@ public:
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+
+private:
+    void draw_group_frame(const QStyleOption* option, QPainter* painter, const QGroupBox* group) const;
 };
 
 // The colours of a dark theme, for pictures: a desktop brings its own.

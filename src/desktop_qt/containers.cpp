@@ -187,6 +187,11 @@ protected:
         switch (change.aspect) {
         case Aspect::children: show_state(); break;
         case Aspect::text:
+            show_tab(change);
+            for (const QWidget* inner : widget().findChildren<QWidget*>())
+                if (View* const view = of(*inner))
+                    view->name_after_page();
+            break;
         case Aspect::visible:
         case Aspect::enabled: show_tab(change); break;
         default: View::show_change(change); break;

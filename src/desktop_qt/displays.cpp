@@ -157,6 +157,11 @@ public:
 
 protected:
     void show_state() override { widget().show_picture(control().picture()); }
+    void show_change(const Change& change) override {
+        View::show_change(change);
+        if (change.aspect == Aspect::hint) // in another language, perhaps
+            show_state();
+    }
 };
 
 // A name that is wider than its stretch is drawn smaller, and all the others with it.

@@ -181,8 +181,6 @@ void View::show_hint() {
         widget_.setAccessibleName(hint);
 }
 
-// What no label names is called, for who cannot see it, after the page that it stands on, in the language of
-// the moment.
 void View::name_after_page() {
     if (!observed() || !fills_page(observed()->kind()) || widget_.accessibleName() != page_name_)
         return;

@@ -60,6 +60,10 @@ public:
         act([this] { observed()->focus(); });
     }
 
+    // What no label names is called, for who cannot see it, after the page that it stands on, in the language
+    // of the moment.
+    void name_after_page();
+
     // How many views there are.
     static int alive();
 
@@ -109,7 +113,6 @@ private:
     bool has_seen_key(const QObject* watched) const;
     bool offer(const QKeyEvent& event);
     bool take_files(QEvent& event);
-    void name_after_page();
     void show_colour();
     void show_hint();
     void show_place();

@@ -1,3 +1,4 @@
+#include "desktop_qt/dark_style.h"
 #include "desktop_qt/picture_painter.h"
 #include "desktop_qt/views_support.h"
 #include "toolkit/splitter.h"
@@ -40,6 +41,27 @@ TEST(Contrast, of_lights_gems_and_signs_is_good_in_light_and_dark_themes) {
             const QColor panel = to_qt(picture.colour);
             EXPECT_GE(contrast(readable_on(panel), panel), 4.5);
         }
+    }
+}
+
+TEST(Contrast, of_groups_and_separators_is_good_in_a_dark_theme) {
+    Dark_style style("fusion");
+    QGroupBox group("Buttons");
+    QMenu menu;
+    menu.addAction("Save");
+    menu.addSeparator();
+    menu.addAction("Close");
+    for (QWidget* shown : {static_cast<QWidget*>(&group), static_cast<QWidget*>(&menu)}) {
+        shown->setPalette(dark_palette());
+        shown->setStyle(&style);
+        shown->resize(100, 60);
+        const QImage image = shown->grab().toImage();
+        double strongest = 1;
+        for (int y = image.height() / 3; y < image.height() - 4; ++y)
+            if (shown == &group || menu.actionAt({50, y}) == menu.actions()[1])
+                strongest = std::max(strongest, contrast(image.pixelColor(shown == &group ? 0 : 50, y),
+                                                         image.pixelColor(image.width() - 4, 4)));
+        EXPECT_GE(strongest, 3) << shown->metaObject()->className();
     }
 }
 
@@ -131,6 +153,8 @@ TEST_F(Accessibility, states_are_told) {
             names += from_qt(tabs->child(index)->text(QAccessible::Name)) + " ";
     EXPECT_EQ(names, "First Second ");
     EXPECT_EQ(name_of(lines_of_first), "First") << "after its page";
+    lines_of_first.parent()->translate_text("Primera");
+    EXPECT_EQ(name_of(lines_of_first), "Primera");
     lines_of_first.focus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(qobject_cast<QTabBar*>(QApplication::focusWidget())) << "behind what stands above";

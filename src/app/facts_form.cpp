@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int lines_on_view = 8;
+constexpr int form_width = 760;
 
 } // namespace
 
@@ -26,7 +27,7 @@ Tfacts_form::Tfacts_form(const char* title)
     close_button.set_default(true);
     close_button.set_cancel(true);
     close_button.set_modal_result(Modal_result::ok);
-    set_bounds({0, 0, 760, 440});
+    set_bounds({0, 0, form_width, 1}); // as high as what it tells
 }
 
 void Tfacts_form::add_fact(const char* caption, const std::string& fact, Mark mark) {

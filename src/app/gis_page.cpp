@@ -120,6 +120,8 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
                                                   "View water holding capacity")),
       GIS_perform_prob_distribution(add_button(GIS_analysis_tabsheet, "GIS_perform_prob_distribution",
                                                "Perform probability distribution")),
+      GIS_analysis_note(
+          add_note(GIS_analysis_tabsheet, "GIS_analysis_note", "Not available in this program.")),
       GIS_tally_shellistview(
           add_table_list(GIS_output_tabsheet, "GIS_tally_shellistview", "Tables of the runs")),
       GIS_aggregation_shellistview(
@@ -141,7 +143,7 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
     // Neither does anything in the suite as it stands.
     for (TButton* button : {&GIS_view_holding_capacity_button, &GIS_perform_prob_distribution}) {
         button->set_enabled(false);
-        button->set_hint("Not available in this program.");
+        button->set_hint(GIS_analysis_note.text());
     }
     wire();
 }

@@ -85,6 +85,7 @@ public:
     // Analysis and output
     TButton& GIS_view_holding_capacity_button;
     TButton& GIS_perform_prob_distribution;
+    TLabel& GIS_analysis_note; // why neither can be pressed
     TShellListView& GIS_tally_shellistview;
     TShellListView& GIS_aggregation_shellistview;
     TButton& GIS_show_tables_button;

@@ -126,6 +126,7 @@ Table_cell Setting_rows::value_cell(const Place& place) const {
     const std::optional<Validation_status> verdict =
         value == Settings_grid::no_value ? std::nullopt : verdict_on(row, text);
     Table_cell cell{.text = screen_text(text), .strong = differs(place)};
+    cell.is_path = row.rule != nullptr && row.rule->kind() == Setting_kind::file;
     const bool is_wanted = plan_.is_wanted(place.record, place.row);
     if (is_wanted)
         cell.colour = focus_colour;

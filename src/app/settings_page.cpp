@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int scenario_width = 18;
+constexpr int scenario_width = 24; // most names of parameter files fit
 
 // Tells of an operation on the files how far it is, and whether it goes on.
 Operation_progress shown_in(Line_progress& progress, const std::vector<std::string>& files) {

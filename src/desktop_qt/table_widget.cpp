@@ -16,6 +16,7 @@
 namespace {
 
 constexpr QChar en_space(0x2002);
+constexpr int path_role = Qt::UserRole; // whether the text is cut as paths are
 
 Qt::Alignment alignment_of(Align align) {
     const auto across = align == Align::end      ? Qt::AlignRight
@@ -95,7 +96,8 @@ QVariant Table_model::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
     case Qt::BackgroundRole:
     case Qt::ForegroundRole:
-    case Qt::FontRole: break;
+    case Qt::FontRole:
+    case path_role: break;
     default: return {};
     }
     const Table_cell cell = table_->rows()->cell(row, column);
@@ -105,6 +107,7 @@ QVariant Table_model::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole: return cell.picture.shape == Shape::none ? QVariant() : icon_of(cell.picture);
     case Qt::BackgroundRole: return has_colour ? QVariant(to_qt(cell.colour)) : QVariant();
     case Qt::FontRole: return cell.strong ? QVariant(strong_font()) : QVariant();
+    case path_role: return cell.is_path;
     case Qt::ForegroundRole: return has_colour ? QVariant(readable_on(to_qt(cell.colour))) : QVariant();
     default: return to_qt(cell.text);
     }
@@ -191,6 +194,8 @@ void Cell_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
     QStyledItemDelegate::initStyleOption(option, index);
     if (option->displayAlignment.testFlag(Qt::AlignRight))
         option->text += en_space;
+    if (index.data(path_role).toBool())
+        option->textElideMode = Qt::ElideMiddle;
 }
 
 QRect Cell_delegate::tick_box(const QTableView& view, const QModelIndex& index,

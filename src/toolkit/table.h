@@ -24,6 +24,7 @@ struct Table_cell {
     Picture picture{};              // a light or another sign before the text
     Colour colour = desktop_colour; // behind the text
     bool strong = false;            // set off by a heavier type
+    bool is_path = false;           // cut in its middle where it is too long
 };
 
 // How a cell is edited: as a text, as a number, by choosing one of the items, or by what the owner shows when

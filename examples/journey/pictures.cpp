@@ -63,6 +63,7 @@ public:
                 QDir().mkpath(place_);
                 main_form.set_bounds({0, 0, size.width, size.height});
                 visit_pages(main_form, [this](const std::string& captions) { take(captions); });
+                take_optimization();
                 if (&size == &sizes[0])
                     take_windows();
             }
@@ -114,7 +115,6 @@ private:
 
     // What a user would have chosen before he looks: lines under the cursor, ticks.
     void fill_screens() {
-        press("show_optimization_model_button");
         for (const char* name : {"GIS_GS_variable_listbox", "GIS_annl_variable_listbox"})
             if (auto* const list = reach<TListBox>(name))
                 list->select(list->index_of("Yield"));
@@ -124,6 +124,14 @@ private:
             for (int row = 1; row < 4; ++row)
                 table->toggle_tick(row);
         QApplication::processEvents();
+    }
+
+    // The page comes with its button, and goes with the next change of the others.
+    void take_optimization() {
+        if (TControl* const button = reach<TControl>("show_optimization_model_button")) {
+            button->click();
+            take("Parameters, Optimization models");
+        }
     }
 
     void choose_language(const std::string& language) {

@@ -141,8 +141,8 @@ std::vector<Menu_item> Main_menu::edit_items() {
         shown.enabled = change.has_value();
         shown.hint = !failure.empty() ? screen_text(failure)
                      : !change        ? "No change to scenarios can be undone."
-                               : worded(change->operation) + " (" + std::to_string(change->entries) + "), " +
-                                     change->time;
+                                      : worded("Last change: " + change->operation) + " (" +
+                                     std::to_string(change->entries) + "), " + change->time;
     };
     const auto no_list = [this]() -> std::string {
         return is_offered(form.scenarios.lists.current())
@@ -213,7 +213,7 @@ std::vector<Menu_item> Main_menu::view_items() {
             page_entry("&Notes", "Alt+2", host.notes.tabsheet_notes, no_folder),
             page_entry("St&atus", "Alt+3", host.notes.tabsheet_status, no_folder),
             page_entry("Co&mmands", "Alt+4", *host.programs.command_history_memo.parent()),
-            page_entry("&Language", "Alt+5", host.language.tabsheet_translation,
+            page_entry("Trans&lation", "Alt+5", host.language.tabsheet_translation,
                        "There are no translation files in the program's folder.")};
 }
 
@@ -252,7 +252,7 @@ void Main_menu::show_properties() {
     };
     add("File", summary.file);
     add("Folder", summary.folder);
-    add("Type", worded(summary.type));
+    properties.add_fact("Type", worded(summary.type));
     add("Description", summary.description);
     add_file("Simulation model", summary.model);
     add_file("Template scenario", summary.template_scenario);
@@ -260,7 +260,7 @@ void Main_menu::show_properties() {
     add("Scenarios", std::to_string(summary.scenarios));
     add("Generated scenarios", std::to_string(summary.generated));
     add("Scenario comparisons", std::to_string(summary.comparisons));
-    add("Size of all", size_text(summary.bytes));
+    properties.add_fact("Size of all", size_text(summary.bytes));
     add("Changed", summary.changed ? time_text(*summary.changed) : "");
     std::vector<std::string> findings;
     for (Finding finding : summary.findings) {

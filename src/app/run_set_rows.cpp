@@ -35,16 +35,18 @@ std::string local_time_text(Moment moment) {
 }
 
 std::string duration_text(double seconds) {
-    const auto whole = [](double value) { return std::to_string(static_cast<long>(value)); };
+    const auto in = [](const char* unit, double value) {
+        return worded(unit, std::to_string(static_cast<long>(value)));
+    };
     if (seconds < 10) {
         const long tenths = static_cast<long>(seconds * 10);
-        return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10) + " s";
+        return worded("%1 s", std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10));
     }
     if (seconds < minute)
-        return whole(seconds) + " s";
+        return in("%1 s", seconds);
     if (seconds < hour)
-        return whole(seconds / minute) + " min " + whole(std::fmod(seconds, minute)) + " s";
-    return whole(seconds / hour) + " h " + whole(std::fmod(seconds, hour) / minute) + " min";
+        return in("%1 min", seconds / minute) + ' ' + in("%1 s", std::fmod(seconds, minute));
+    return in("%1 h", seconds / hour) + ' ' + in("%1 min", std::fmod(seconds, hour) / minute);
 }
 
 void Known_run_set::read() {

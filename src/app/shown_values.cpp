@@ -1,5 +1,7 @@
 #include "app/shown_values.h"
 
+#include "toolkit/screen_language.h"
+
 #include <array>
 #include <charconv>
 
@@ -13,9 +15,9 @@ std::string two_digits(int number) {
 
 std::string size_text(std::uint64_t bytes) {
     constexpr std::uint64_t step = 1024;
-    constexpr std::array<const char*, 5> units{" B", " KB", " MB", " GB", " TB"};
+    constexpr std::array<const char*, 5> units{"%1 B", "%1 KB", "%1 MB", "%1 GB", "%1 TB"};
     if (bytes < step)
-        return std::to_string(bytes) + units[0];
+        return worded(units[0], std::to_string(bytes));
     std::size_t unit = 1;
     auto size = static_cast<double>(bytes) / step;
     for (; size >= step && unit + 1 < units.size(); ++unit)
@@ -23,7 +25,7 @@ std::string size_text(std::uint64_t bytes) {
     std::array<char, 32> digits{};
     const auto end =
         std::to_chars(digits.data(), digits.data() + digits.size(), size, std::chars_format::fixed, 1);
-    return std::string(digits.data(), end.ptr) + units[unit];
+    return worded(units[unit], std::string(digits.data(), end.ptr));
 }
 
 std::string time_text(const platform::Packed_time& time) {

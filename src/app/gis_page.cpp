@@ -23,7 +23,7 @@ TAutoContainerComboBox& add_named_combo(TTabSheet& page, const char* name, const
 }
 
 TShellListView& add_table_list(TTabSheet& page, const char* name, const char* caption) {
-    page.add<TLabel>(std::string("label_") + name, caption);
+    page.add<TLabel>(std::string("label_") + name, caption).set_names_next(true);
     auto& list = fill(page.add<TShellListView>(name));
     list.set_mask("*.dbf");
     return list;
@@ -114,7 +114,7 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
       }()),
       GIS_omit_years_edit(GIS_run_tabsheet.add<TAutoInt16EditBar>("GIS_omit_years_edit")),
       GIS_scenarios_checklistbox(
-          (GIS_run_tabsheet.add<TLabel>("label_GIS_scenarios", "Scenarios"),
+          (GIS_run_tabsheet.add<TLabel>("label_GIS_scenarios", "Scenarios").set_names_next(true),
            fill(GIS_run_tabsheet.add<TFileCheckListBox>("GIS_scenarios_checklistbox")))),
       GIS_view_holding_capacity_button(add_button(GIS_analysis_tabsheet, "GIS_view_holding_capacity_button",
                                                   "View water holding capacity")),

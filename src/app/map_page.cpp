@@ -43,8 +43,9 @@ Map_page::Map_page(TTilverra_project_form& project_form)
     wide.width = 24;
     map_legend_panel.set_place(wide);
     map_note.set_text_is_data(true);
-    map_view.set_hint(
-        "Turn the wheel or press + and - to enlarge, drag or use the arrow keys to move, Home for all");
+    map_view.set_hint("Turn the wheel or press + and - to enlarge, drag or use the arrow keys to move, Home "
+                      "for all; Page Down "
+                      "and Page Up go through the polygons");
     map_tabsheet.set_visible(false);
     map_tabsheet.on_show = [this] { read_map(); };
     map_table_combo.on_change = [this] { table_chosen(); };

@@ -51,6 +51,11 @@ protected:
             painter.setPen(QPen(palette().highlight().color(), 3));
             painter.drawPath(path_of(map_->map().polygons[static_cast<std::size_t>(map_->hovered())]));
         }
+        if (hasFocus()) {
+            painter.setPen(QPen(palette().highlight().color(), 2));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        }
     }
 
     void mouseMoveEvent(QMouseEvent* event) override {

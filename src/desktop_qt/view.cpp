@@ -9,7 +9,11 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -52,7 +56,8 @@ bool has_one_line(Control_kind kind) {
 
 bool fills_page(Control_kind kind) {
     return kind == Control_kind::table || kind == Control_kind::list_box || kind == Control_kind::memo ||
-           kind == Control_kind::shell_list || kind == Control_kind::shell_tree;
+           kind == Control_kind::shell_list || kind == Control_kind::shell_tree ||
+           kind == Control_kind::map_view;
 }
 
 } // namespace
@@ -189,6 +194,19 @@ void View::name_after_page() {
         page = page->parent();
     page_name_ = page ? to_qt(page->text()).remove('&') : QString();
     widget_.setAccessibleName(page_name_);
+}
+
+// The line of a choice that can be typed into is told beside the choice: it is called as the label says, or
+// the check box that makes the choice count.
+void View::name_line_of_choice() {
+    const auto* const box = qobject_cast<QComboBox*>(&widget_);
+    if (!observed() || !box || !box->lineEdit())
+        return;
+    const auto& beside = observed()->parent()->children();
+    const auto own = std::find(beside.begin(), beside.end(), observed());
+    const bool is_checked = own != beside.begin() && own[-1]->kind() == Control_kind::check_box;
+    box->lineEdit()->setAccessibleName(is_checked ? to_qt(own[-1]->text()).remove('&')
+                                                  : box->accessibleName());
 }
 
 void View::show_place() {

@@ -57,6 +57,7 @@ public:
     // The user put the focus into the widget.
     void enter() {
         name_after_page();
+        name_line_of_choice();
         act([this] { observed()->focus(); });
     }
 
@@ -113,6 +114,7 @@ private:
     bool has_seen_key(const QObject* watched) const;
     bool offer(const QKeyEvent& event);
     bool take_files(QEvent& event);
+    void name_line_of_choice();
     void show_colour();
     void show_hint();
     void show_place();

@@ -77,6 +77,16 @@ bool TMapView::hover(const Map_point* point) {
     return true;
 }
 
+bool TMapView::hover_next(int step) {
+    const int count = static_cast<int>(map().polygons.size());
+    if (count == 0 || !begin_action())
+        return false;
+    const int from = hovered_ < 0 && step < 0 ? 0 : hovered_;
+    if (assign(hovered_, (from + step + count) % count, Aspect::cursor) && on_hover)
+        on_hover();
+    return true;
+}
+
 bool TMapView::set_window(Map_window window) {
     if (!begin_action())
         return false;
@@ -115,6 +125,8 @@ bool TMapView::press(const Key& key) {
     case Key_code::up: return move(0, step);
     case Key_code::down: return move(0, -step);
     case Key_code::home: return show_whole();
+    case Key_code::page_down: return hover_next(1);
+    case Key_code::page_up: return hover_next(-1);
     default: break;
     }
     if (key.text == "+")

@@ -29,16 +29,17 @@ public:
     Colour colour_of(std::size_t polygon) const;
 
     const Map_window& window() const { return window_; }
-    // The polygon under the pointer, or -1, and what is told of it.
+    // The polygon that is pointed at, or -1, and what is told of it.
     int hovered() const { return hovered_; }
     std::string description() const { return hovered_ >= 0 && describe ? describe(hovered_) : std::string(); }
     // The last polygon, since that is drawn on top, that holds a point of the map; -1 for none.
     int polygon_at(const Map_point& point) const;
 
-    // What a user does: points at a place of the map or, with null, away from it; moves what is on view by a
-    // part of the map's size; enlarges it, or with a factor below 1 makes it smaller, with `fixed` staying
-    // where it is.
+    // What a user does: points at a place of the map or, with null, away from it, or at the next polygon in
+    // the order of the file, by 1, or the one before, by -1; moves what is on view by a part of the map's
+    // size; enlarges it, or with a factor below 1 makes it smaller, with `fixed` staying where it is.
     bool hover(const Map_point* point);
+    bool hover_next(int step);
     bool move(double right, double up);
     bool zoom(double factor, const Map_point& fixed);
     bool show_whole();

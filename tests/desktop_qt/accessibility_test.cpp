@@ -98,8 +98,12 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     auto& table = form_.add<TTable>("table", TTable::Selects::cells);
     auto& save = form_.add<TButton>("save", "&Save");
     auto& group = form_.add<TRadioGroup>("level", "Database", std::vector<std::string>{"Master", "Project"});
+    form_.add<TCheckBox>("check", "&Soils mapped");
+    auto& attribute = form_.add<TComboBox>("attribute", true);
     show(form_);
     EXPECT_EQ(name_of(form_), "A form");
+    attribute.focus();
+    EXPECT_EQ(widget(attribute).findChild<QLineEdit*>()->accessibleName(), "Soils mapped");
     EXPECT_EQ(name_of(edit), "Depth");
     label.set_mark(Mark::tick);
     label.translate_text("Profundidad");

@@ -32,6 +32,8 @@ TEST_F(Form_parts, a_map_view_knows_the_polygon_under_the_pointer_also_enlarged_
     EXPECT_EQ(changes, 3);
     view.hover(nullptr);
     EXPECT_EQ(view.description(), "");
+    view.key({Key_code::page_up, "", false, false});
+    EXPECT_EQ(view.description(), "field 1");
 
     EXPECT_TRUE(view.zoom(4, {0, 0}));
     EXPECT_DOUBLE_EQ(view.window().centre.x, 15.0 / 4); // the corner stayed where it was

@@ -36,11 +36,15 @@ struct Row : TESK::Data_record {
 class Killed_saves : public testing::Test {
 protected:
     // Has a program do the work over and over until it is killed, and then looks at what is there. The work
-    // is told how often it has been done.
+    // is told how often it has been done. It is killed a random moment after the file, where one is named,
+    // has begun to change.
     template <class Work, class Check>
-    void kill_often(Work work, Check check, useconds_t longest = 40'000) {
+    void kill_often(Work work, Check check, const char* watched = nullptr) {
+        const useconds_t longest = watched != nullptr ? 300 : 40'000;
         const char* asked = std::getenv("TVS_KILLS");
-        const std::size_t kills = asked != nullptr ? std::strtoul(asked, nullptr, 10) : usual_kills;
+        const std::size_t kills = asked != nullptr     ? std::strtoul(asked, nullptr, 10)
+                                  : watched != nullptr ? 2 * usual_kills
+                                                       : usual_kills;
         const unsigned seed = std::random_device()();
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);
@@ -49,13 +53,21 @@ protected:
             if (program == 0)
                 for (std::size_t round = 0;; ++round)
                     work(round);
-            usleep(std::uniform_int_distribution<useconds_t>(500, longest)(random));
+            if (watched != nullptr)
+                wait_for_change(drives.host(watched));
+            usleep(std::uniform_int_distribution<useconds_t>(watched != nullptr ? 0 : 500, longest)(random));
             kill(program, SIGKILL);
             waitpid(program, nullptr, 0);
             check();
         }
         // The next save into the folder clears away what was left.
         EXPECT_TRUE(write_file("after", "x", Durability::quick).ok());
+    }
+
+    static void wait_for_change(const fs::path& file) {
+        const auto before = fs::last_write_time(file);
+        for (int i = 0; i < 100'000 && fs::last_write_time(file) == before; ++i)
+            usleep(1);
     }
 
     Temporary_drives drives;
@@ -101,7 +113,7 @@ TEST_F(Killed_saves, of_a_file_with_several_hard_links) {
                    EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size();
                    EXPECT_FALSE(interrupted_save("twin"));
                },
-               400'000);
+               "file");
     RecordProperty("damaged_and_restored", static_cast<int>(damaged));
     std::cout << "damaged and restored: " << damaged << '\n';
 }

@@ -282,11 +282,12 @@ void Main_menu::undo_last_change() {
         });
     form.scenarios.lists.relist_scenarios_button_onclick();
     show_failures(outcome, "Not undone");
-    if (outcome.refused.empty())
-        form.parameter_file_form().notice(
-            worded(outcome.stopped ? "The last change to scenarios was undone in part, and stopped. Files: %1"
-                                   : "The last change to scenarios was undone. Files: %1",
-                   std::to_string(outcome.done)));
+    const std::string done = std::to_string(outcome.done);
+    if (outcome.stopped)
+        message_box(worded("The undoing was stopped. Files brought back until then: %1", done), "Not undone",
+                    Button_set::ok);
+    else if (outcome.refused.empty())
+        form.parameter_file_form().notice(worded("The last change to scenarios was undone. Files: %1", done));
 }
 
 // Back from what the buttons of the page Options lead to.

@@ -152,8 +152,9 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     form.scenarios.list_changed();
     show_failures(outcome, "Files not imported");
     if (outcome.stopped)
-        form.parameter_file_form().notice(worded("The import was stopped. Scenarios imported until then: %1",
-                                                 std::to_string(outcome.done)));
+        message_box(
+            worded("The import was stopped. Scenarios imported until then: %1", std::to_string(outcome.done)),
+            "Import stopped", Button_set::ok);
 }
 
 void Scenario_edit_page::scenario_delete_button_onclick() {

@@ -66,6 +66,7 @@ void Scenario_reset_page::reset_scenario_button_onclick() {
     }
     show_failures(outcome, "Scenarios not reset");
     if (outcome.stopped)
-        form.parameter_file_form().notice(
-            worded("The reset was stopped. Scenarios reset until then: %1", std::to_string(outcome.done)));
+        message_box(
+            worded("The reset was stopped. Scenarios reset until then: %1", std::to_string(outcome.done)),
+            "Reset stopped", Button_set::ok);
 }

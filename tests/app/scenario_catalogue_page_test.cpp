@@ -128,7 +128,10 @@ TEST_F(Catalogue, files_of_version_3_become_scenarios_in_the_order_of_the_dialog
         desktop.closing = is_stopped;
         desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
                                    {"C:\\old\\a\\maize.sim", "C:\\old\\a\\rye.sim", "C:\\old\\a\\dry.sim"});
-        if (!is_stopped) {
+        if (is_stopped) {
+            desktop.expect_message("Import stopped",
+                                   "The import was stopped. Scenarios imported until then: 0");
+        } else {
             desktop.expect_message("Scenario already exists", "Replace the scenario maize.tvn?",
                                    Modal_result::yes);
             desktop.expect_message("Scenario already exists",

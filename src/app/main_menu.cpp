@@ -144,6 +144,9 @@ std::vector<Menu_item> Main_menu::edit_items() {
                                       : worded("Last change: " + change->operation) + " (" +
                                      std::to_string(change->entries) + "), " + change->time;
     };
+    const auto are_settings_in_front = [this] {
+        return form.project_pagecontrol.active_page() == &form.settings.settings_tabsheet;
+    };
     const auto no_list = [this]() -> std::string {
         return is_offered(form.scenarios.lists.current())
                    ? ""
@@ -155,12 +158,15 @@ std::vector<Menu_item> Main_menu::edit_items() {
                 "Ctrl+Shift+A", no_list),
             entry(
                 "&Find",
-                [this] {
-                    TEdit& filter = form.scenarios.lists.current_table().filter_edit;
+                [=, this] {
+                    TEdit& filter = are_settings_in_front()
+                                        ? form.settings.settings_filter_edit
+                                        : form.scenarios.lists.current_table().filter_edit;
                     filter.bring_to_front();
                     filter.focus();
+                    filter.select_all();
                 },
-                "Ctrl+F", no_list)};
+                "Ctrl+F", [=]() -> std::string { return are_settings_in_front() ? "" : no_list(); })};
 }
 
 std::vector<Menu_item> Main_menu::run_items() {
@@ -281,6 +287,7 @@ void Main_menu::undo_last_change() {
             return paint_pending();
         });
     form.scenarios.lists.relist_scenarios_button_onclick();
+    form.settings.Update();
     show_failures(outcome, "Not undone");
     const std::string done = std::to_string(outcome.done);
     if (outcome.stopped)

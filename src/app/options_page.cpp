@@ -219,8 +219,7 @@ void Options_page::table_scenario_generation_buttonClick() {
     const Operation_outcome& outcome = asks.outcome();
     tell_outcome(outcome);
     if (outcome.refused.empty() && !outcome.stopped)
-        message_box(worded("Scenarios generated: %1", std::to_string(outcome.done)), "Scenarios from a table",
-                    Button_set::ok);
+        form.parameter_file_form().notice(worded("Scenarios generated: %1", std::to_string(outcome.done)));
 }
 
 void Options_page::combinatorial_scenario_generation_help_buttonClick() {

@@ -231,6 +231,7 @@ void Scenario_list_table::refill() {
         if (passes(line, filter))
             shown_.push_back(line);
     number_rows();
+    table.set_text(list.count() == 0 ? "" : "No scenario passes the filter.");
     table.rows_changed();
     follow_cursor();
     show_counts();

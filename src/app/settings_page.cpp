@@ -139,6 +139,8 @@ void Settings_page::read() {
     const std::string common = template_file();
     settings_template_checkbox.set_enabled(!common.empty());
     const bool has_common = settings_template_checkbox.checked() && !common.empty() && !files.empty();
+    const int row = settings_table.cursor_row();
+    const int column = settings_table.cursor_column();
     if (has_common)
         files.insert(files.begin(), common);
     Operation_outcome outcome;
@@ -156,6 +158,8 @@ void Settings_page::read() {
     show_columns();
     settings_table.set_rows(&rows_);
     filter();
+    if (row < settings_table.count() && column < settings_table.column_count())
+        settings_table.set_cursor(row, column);
     if (!outcome.not_done.empty())
         form.parameter_file_form().notice(
             worded("Files that could not be dealt with: %1", std::to_string(outcome.not_done.size())) + ' ' +
@@ -342,6 +346,7 @@ void Settings_page::apply() {
     for (std::size_t i = 0; i < results.size(); ++i)
         if (results[i].reason.empty())
             rows_.plan().done(records[i]);
+    settings_table.focus(); // the button goes faint under it
     if (rows_.plan().is_empty())
         read();
     else
@@ -353,6 +358,7 @@ void Settings_page::apply() {
 
 void Settings_page::discard() {
     rows_.plan().forget_all();
+    settings_table.focus();
     read();
 }
 

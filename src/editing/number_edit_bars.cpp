@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int number_width = 12; // characters
+constexpr int unit_width = 14;
 constexpr int button_width = 3;
 
 } // namespace
@@ -24,6 +25,7 @@ void TAutoNumberEditBar::make_back(TAutoNumberEdit& edit, const char* clear_hint
     Place place;
     place.width = number_width;
     edit.set_place(place);
+    place.width = unit_width;
     panel_units = &add<TLabel>("panel_units");
     panel_units->set_place(place);
     units_combobox = &add<TComboBox>("units_combobox");

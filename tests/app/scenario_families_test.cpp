@@ -144,9 +144,9 @@ TEST_F(Table_of_scenarios, is_checked_before_it_is_written_and_what_it_replaces_
         EXPECT_EQ(asks.table_verdict_label.text(),
                   "Scenarios in the table: 2; there already, to be replaced: 1");
         EXPECT_EQ(findings(asks), "replaced|||The scenario dry.tvn is there already.\n");
-        desktop.expect_message("Scenarios from a table", "Scenarios generated: 2");
         EXPECT_TRUE(asks.write_scenarios_button.click());
     });
+    EXPECT_EQ(parameter_form.status_line.text(), "Scenarios generated: 2");
     EXPECT_EQ(lines(generated()), "00009.tvn;dry.tvn;wet.tvn;");
     EXPECT_TRUE(form.menu.bar->choose("Edit|Undo the last change to scenarios"));
     EXPECT_EQ(drives.read("projects/study/Generated_scenarios/dry.tvn"), "old");

@@ -173,10 +173,11 @@ void View::show_hint() {
     const QString hint = to_qt(observed()->hint());
     widget_.setToolTip(hint.isEmpty() ? hint : "<qt>" + hint.toHtmlEscaped() + "</qt>");
     widget_.setAccessibleDescription(hint);
-    // "X" or "?" says nothing without the picture around it.
-    constexpr std::size_t longest_sign = 3;
+    // "X" or "..." says nothing without the picture around it, "OK" and "New" do.
+    const QString text = to_qt(observed()->text()).remove('&');
     const bool is_sign =
-        observed()->kind() == Control_kind::button && observed()->text().size() <= longest_sign;
+        observed()->kind() == Control_kind::button &&
+        std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); }) < 2;
     // An edit that no label or prompt names is called by what it says of itself.
     const bool is_nameless =
         observed()->kind() == Control_kind::edit && widget_.accessibleName() == hint_name_;

@@ -90,6 +90,8 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     auto& clear = row.add<TButton>("clear", "X");
     clear.set_hint("This button clears the entry.");
     auto& arrows = row.add<TSpinArrows>("arrows", "\xC2\xB1 10");
+    auto& no = row.add<TButton>("no", "&No");
+    no.set_hint("Refuses it.");
     auto& filter = form_.add<TEdit>("filter");
     filter.set_prompt("Find scenarios");
     auto& file = form_.add<TLabel>("file", "C:\\GIS\\yields.dbf");
@@ -111,6 +113,7 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     EXPECT_EQ(name_of(light), "Invalid: too high");
     EXPECT_EQ(description_of(light), "Red=Invalid value");
     EXPECT_EQ(name_of(clear), "This button clears the entry.");
+    EXPECT_EQ(name_of(no), "No");
     EXPECT_EQ(name_of(save), "Save");
     EXPECT_EQ(name_of(filter), "Find scenarios");
     EXPECT_EQ(name_of(table), "C:\\GIS\\yields.dbf");

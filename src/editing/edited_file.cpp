@@ -293,12 +293,16 @@ bool Edited_file::holds_unseen(const std::string& name) const {
     return (could_not_read_ || is_new_file_) && TESK::equal_ignoring_case(name, *name_);
 }
 
-// Whether the folder may replace what has its names where it goes.
-bool Edited_file::may_folder_follow(const std::string& name) const {
+// Whether the folder may replace what has its names where it goes. The user is asked about the same files
+// once.
+bool Edited_file::may_folder_follow(const std::string& name, std::vector<std::string>& agreed) const {
     const Directory_mode mode = parameters_->get_directory_mode();
     const auto replaced =
         platform::replaced_by_copy(folder_that_follows(*name_, mode), folder_that_follows(name, mode));
-    return replaced.empty() || may_replace_files(replaced);
+    if (replaced != agreed && !replaced.empty() && !may_replace_files(replaced))
+        return false;
+    agreed = replaced;
+    return true;
 }
 
 platform::Write_result Edited_file::write_record(const std::string& name) {
@@ -342,6 +346,7 @@ platform::Copy_result Edited_file::write_with_folder(const std::string& name,
 
 Save_outcome Edited_file::write_to(const std::string& name) {
     const bool moves = is_given_ && !is_new_file_ && !TESK::equal_ignoring_case(name, *name_);
+    std::vector<std::string> agreed; // that the folder replaces them
     for (;;) {
         TESK::Directory_name path("");
         TESK::File_name(name.c_str()).get_path(path, true);
@@ -360,7 +365,7 @@ Save_outcome Edited_file::write_to(const std::string& name) {
         if (!moves) {
             written = {write(), {}, {}, {}};
         } else if (can_be_written(name)) {
-            if (!may_folder_follow(name))
+            if (!may_folder_follow(name, agreed))
                 return Save_outcome::aborted;
             written = write_with_folder(name, write);
         }

@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class Trecent_file_selector_form;
 
@@ -89,7 +90,7 @@ private:
     bool prepare_filename(std::string& name);
     bool may_replace(const std::string& name);
     bool holds_unseen(const std::string& name) const;
-    bool may_folder_follow(const std::string& name) const;
+    bool may_folder_follow(const std::string& name, std::vector<std::string>& agreed) const;
     platform::Copy_result write_with_folder(const std::string& name,
                                             const std::function<platform::Write_result()>& write);
     platform::Write_result write_record(const std::string& name);

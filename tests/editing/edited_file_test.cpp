@@ -121,11 +121,20 @@ TEST_F(Edited_file_test, a_folder_that_follows_replaces_what_has_its_names_only_
     drives.write("work/taken/NOTES.TXT", "of another");
     drives.write("work/taken/Scenarios/kept.tvn", "kept");
     ASSERT_TRUE(bind());
+    const auto replacing_notes = [](Modal_result answer) {
+        return Question{"Files already exist",
+                        "Replace the existing files with these names:\nC:\\work\\taken\\NOTES.TXT", answer};
+    };
+    {
+        const Full_disk full_disk;
+        const std::string reason = "\nThe disk is full.\nC:\\work\\study\\backup";
+        save_as("C:\\work\\taken.tvp", {replacing_notes(Modal_result::yes),
+                                        failing(Modal_result::retry, reason), // asks no second time
+                                        failing(Modal_result::abort, reason)});
+    }
     for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
         EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of another");
-        save_as("C:\\work\\taken.tvp",
-                {{"Files already exist",
-                  "Replace the existing files with these names:\nC:\\work\\taken\\NOTES.TXT", answer}});
+        save_as("C:\\work\\taken.tvp", {replacing_notes(answer)});
     }
     EXPECT_EQ(saved("work/taken/NOTES.TXT"), "of the study");
     EXPECT_EQ(saved("work/taken/Scenarios/kept.tvn"), "kept");

@@ -80,8 +80,10 @@ void set(Session& session, Options& options) {
     std::vector<Settings_change> changes;
     std::vector<std::string> files;
     std::vector<std::size_t> places; // of the changes among the results
+    const Operation_progress checking = shown_progress(session, "checking");
     for (const auto& target : targets.targets) {
-        session.console.show_progress("checking", results.size() + 1, targets.targets.size());
+        if (!checking(results.size() + 1, targets.targets.size()))
+            throw Command_failure(exit_found, "Stopped. Nothing was done.");
         results.push_back(try_settings({target.file, wanted}));
         if (results.back().state != State::changed)
             continue;

@@ -119,7 +119,12 @@ std::vector<Menu_item> Main_menu::file_items() {
             recent,
             line(),
             entry(
-                "&Save", [&host] { host.save_all(); }, "Ctrl+S"),
+                "&Save",
+                [&host] {
+                    if (host.save_all() == Save_outcome::saved)
+                        host.notice(worded("Saved: %1", screen_text(host.file.name())));
+                },
+                "Ctrl+S"),
             button_entry("Save &as...", host.save_as_button, "", "Ctrl+Shift+S"),
             entry(
                 "&Properties...", [this] { show_properties(); }, "Alt+Enter",

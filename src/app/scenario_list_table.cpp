@@ -302,7 +302,7 @@ void Scenario_list_table::show_counts() {
     const std::string all = with_thousands(list.count());
     std::string text =
         shown_.size() == static_cast<std::size_t>(list.count())
-            ? worded("%1 scenarios", all)
+            ? list.count() == 1 ? worded("1 scenario") : worded("%1 scenarios", all)
             : worded("%1 shown", with_thousands(static_cast<int>(shown_.size())) + " / " + all);
     if (const int ticked = list.checked_count(); ticked > 0)
         text += ", " + worded("%1 ticked", with_thousands(ticked));

@@ -50,9 +50,9 @@ std::string name_of(const std::string& file) {
 std::vector<Table_column> Setting_rows::columns() {
     // The key stands before each row, too: the column is for who copies it.
     return {{"key", "Key", 22, Align::start, false, false},
-            {"caption", "Meaning", 20, Align::start, true, false},
-            {"unit", "Unit", 10, Align::start, true, false},
-            {"range", "Range", 20, Align::start, true, false},
+            {"caption", "Meaning", 16, Align::start, true, false},
+            {"unit", "Unit", 8, Align::start, true, false},
+            {"range", "Range", 18, Align::start, true, false},
             {"changed_by", "Changed by", 18, Align::start, false, false}};
 }
 

@@ -37,6 +37,7 @@ public:
     std::function<void(const Map_point*)> on_point;
     std::function<void(double right, double up)> on_drag;
     std::function<void(double factor, const Map_point&)> on_zoom;
+    std::function<bool(const Key&)> on_key;
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -74,6 +75,15 @@ protected:
             QToolTip::showText(event->globalPosition().toPoint(), to_qt(map_->description()), this);
     }
     void mousePressEvent(QMouseEvent* event) override { from_ = event->position(); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!on_key(to_key(*event)))
+            QWidget::keyPressEvent(event);
+    }
+    // Of a polygon its attributes are told, not how the map is used.
+    bool event(QEvent* event) override {
+        return (event->type() == QEvent::ToolTip && map_ != nullptr && map_->hovered() >= 0) ||
+               QWidget::event(event);
+    }
     void leaveEvent(QEvent*) override { on_point(nullptr); }
     void wheelEvent(QWheelEvent* event) override {
         if (map_ != nullptr)
@@ -141,6 +151,11 @@ public:
         widget().on_drag = [this](double right, double up) { act([&] { this->control().move(right, up); }); };
         widget().on_zoom = [this](double factor, const Map_point& fixed) {
             act([&] { this->control().zoom(factor, fixed); });
+        };
+        widget().on_key = [this](const Key& key) {
+            bool is_used = false;
+            act([&] { is_used = this->control().key(key); });
+            return is_used;
         };
     }
 

@@ -1,6 +1,7 @@
 #include "desktop_qt/dark_style.h"
 #include "desktop_qt/picture_painter.h"
 #include "desktop_qt/views_support.h"
+#include "toolkit/map_view.h"
 #include "toolkit/splitter.h"
 #include "toolkit/table.h"
 
@@ -194,6 +195,10 @@ TEST_F(Accessibility, everything_is_reached_and_used_by_the_keyboard) {
     list.set_lines({"a.tvn", "b.tvn"});
     auto& memo = form_.add<TMemo>("memo");
     auto& save = form_.add<TButton>("save", "&Save");
+    auto& map = form_.add<TMapView>("map");
+    Polygon_map fields;
+    fields.polygons.resize(2);
+    map.set_map(std::make_shared<Polygon_map>(fields));
     show(form_);
     std::vector<const TControl*> reached = {form_.focused_control()};
     const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
@@ -214,6 +219,9 @@ TEST_F(Accessibility, everything_is_reached_and_used_by_the_keyboard) {
     press(Qt::Key_Down);
     press(Qt::Key_Space);
     EXPECT_EQ(list.checked_count(), 1);
+    map.focus();
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(map.hovered(), 1);
 }
 
 } // namespace

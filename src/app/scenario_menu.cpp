@@ -160,7 +160,11 @@ void Scenario_menu::give_name(Operation operation, const char* instruction, cons
     asks.new_scenario_name_edit.bind_to(&name, nullptr);
     if (asks.show_modal() != Modal_result::ok || name.empty())
         return;
-    const Operation_outcome outcome = operation(workspace(), TESK::File_name(scenario.c_str()), name);
+    Operation_outcome outcome;
+    {
+        const Busy_pointer busy; // all scenarios may name this one
+        outcome = operation(workspace(), TESK::File_name(scenario.c_str()), name);
+    }
     form.scenarios.files_changed();
     show_failures(outcome, failure_title);
 }

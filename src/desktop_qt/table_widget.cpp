@@ -272,7 +272,7 @@ void Table_widget::set_delegate(Cell_delegate* delegate) {
 }
 
 void Table_widget::show_row_headers() {
-    constexpr int most_characters = 28;
+    constexpr int most_characters = 34;
     QHeaderView& header = *verticalHeader();
     header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header.setTextElideMode(Qt::ElideRight);

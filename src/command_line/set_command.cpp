@@ -2,6 +2,7 @@
 #include "command_line/outcome_report.h"
 #include "command_line/record_targets.h"
 #include "command_line/report.h"
+#include "operations/project_check.h"
 #include "operations/settings_change.h"
 
 #include <memory>
@@ -30,18 +31,21 @@ Wanted_setting parse(const std::string& text) {
 
 using State = Settings_result::State;
 
-// What became of a setting whose file had this result.
-const char* word_for(State file, const Setting_change& change) {
+// What became of a setting whose file had this result, or would become of it.
+const char* word_for(State file, const Setting_change& change, bool only_tries) {
     if (!change.done)
         return "refused";
     if (!change.changed)
         return "unchanged";
-    return file == State::refused ? "left" : file == State::not_written ? "failed" : "done";
+    return file == State::refused       ? "left"
+           : file == State::not_written ? "failed"
+           : only_tries                 ? "would be done"
+                                        : "done";
 }
 
 // Says what was done to each setting, and at the end which files failed.
 void tell(Session& session, const Record_targets& targets, const std::vector<Wanted_setting>& wanted,
-          const std::vector<Settings_result>& results) {
+          const std::vector<Settings_result>& results, bool only_tries) {
     Report report(
         session,
         {{"scenario", !targets.is_one_file}, {"setting"}, {"old"}, {"new"}, {"outcome"}, {"reason"}});
@@ -62,7 +66,8 @@ void tell(Session& session, const Record_targets& targets, const std::vector<Wan
             const bool is_unwritten = result.state == State::not_written && change.changed;
             const std::string reason = is_unwritten ? result.reason : change.reason;
             report.add({name, screen_text(wanted[k].key), screen_text(before), screen_text(wanted[k].value),
-                        word_for(result.state, change), reason.empty() ? Json() : Json(screen_text(reason))});
+                        word_for(result.state, change, only_tries),
+                        reason.empty() ? Json() : Json(screen_text(reason))});
         }
     }
     report.finish();
@@ -76,6 +81,7 @@ void set(Session& session, Options& options) {
     for (const std::string& text : options.assignments)
         wanted.push_back(parse(text));
     const Record_targets targets = find_targets(session, options.target, options.choice);
+    Project_check check;
     std::vector<Settings_result> results;
     std::vector<Settings_change> changes;
     std::vector<std::string> files;
@@ -84,7 +90,7 @@ void set(Session& session, Options& options) {
     for (const auto& target : targets.targets) {
         if (!checking(results.size() + 1, targets.targets.size()))
             throw Command_failure(exit_found, "Stopped. Nothing was done.");
-        results.push_back(try_settings({target.file, wanted}));
+        results.push_back(try_settings({target.file, wanted}, &check));
         if (results.back().state != State::changed)
             continue;
         changes.push_back({target.file, wanted});
@@ -97,7 +103,7 @@ void set(Session& session, Options& options) {
             backups = backups_for(*targets.project, files, options.no_backup);
         std::vector<Settings_result> done;
         const Operation_outcome outcome = change_settings(changes, backups ? &*backups : nullptr,
-                                                          shown_progress(session, "setting"), &done);
+                                                          shown_progress(session, "setting"), &done, &check);
         must_be_begun(outcome);
         for (std::size_t i = 0; i < places.size(); ++i)
             if (i < done.size())
@@ -107,7 +113,7 @@ void set(Session& session, Options& options) {
         say_stopped(session, outcome, changes.size());
     }
     session.console.end_progress();
-    tell(session, targets, wanted, results);
+    tell(session, targets, wanted, results, options.only_tries);
 }
 
 } // namespace

@@ -2,9 +2,11 @@
 
 #include "foundation/code_page_1252.h"
 #include "operations/operation_outcome.h"
+#include "operations/setting_values.h"
 #include "platform/files.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
+#include "records/vv_text.h"
 #include "trees/suite_directory.h"
 
 #include <algorithm>
@@ -184,11 +186,31 @@ bool Project_check::is_default(const TESK::VV_section& section, const TESK::VV_b
     return found != defaults.end() && found->second == entry.get_value(text);
 }
 
-bool Project_check::is_there(const std::string& name) {
-    const auto [place, is_new] = files_.try_emplace(name, false);
-    if (is_new)
-        place->second = TESK::Smart_file_name(name.c_str()).exists();
+const std::string& Project_check::reason_not_usable(const TESK::File_name& file) {
+    const auto [place, is_new] = files_.try_emplace(file);
+    if (!is_new)
+        return place->second;
+    if (!TESK::Smart_file_name(file.c_str()).exists())
+        place->second = "The file " + file +
+                        (platform::is_out_of_reach(file) ? " lies in a folder that you may not enter."
+                                                         : " is not there.");
+    else if (platform::is_folder(file))
+        place->second = "A file is meant, and " + file + " is a folder.";
     return place->second;
+}
+
+void Project_check::read(const std::string& text, TESK::Data_record& record) {
+    misread_.clear();
+    record.set_value_listener(
+        [this](const TESK::VV_section& section, TESK::VV_base_entry& entry, const TESK::Ustring& value) {
+            std::string reason = reason_misread(Setting(nullptr, section, entry, false), value);
+            if (reason.empty())
+                misread_.erase(&entry);
+            else
+                misread_[&entry] = std::move(reason);
+        });
+    TESK::VV_text(text, true).get(record);
+    record.set_value_listener(nullptr);
 }
 
 void Project_check::judge_entries(TESK::Data_record& record, const Values& defaults,
@@ -205,11 +227,11 @@ void Project_check::judge_entries(TESK::Data_record& record, const Values& defau
             Finding_weight weight = Finding_weight::error;
             if (entry.type_code() == TESK::Entry_type::file_name) {
                 const TESK::File_name& file = static_cast<const TESK::VV_filename_entry&>(entry).value;
-                if (!file.empty() && !file.starts_with('<') && !is_there(file) &&
-                    !is_default(section, entry, defaults) && judged.insert(&file).second)
-                    message = "The file " + file +
-                              (platform::is_out_of_reach(file) ? " lies in a folder that you may not enter."
-                                                               : " is not there.");
+                if (!file.empty() && !file.starts_with('<') && !is_default(section, entry, defaults) &&
+                    judged.insert(&file).second)
+                    message = reason_not_usable(file);
+            } else if (const auto misread = misread_.find(&entry); misread != misread_.end()) {
+                message = misread->second;
             } else if (entry.guard != nullptr) {
                 const Validation_status verdict = entry.guard->judge();
                 message = doubt(entry, verdict);
@@ -224,15 +246,14 @@ void Project_check::judge_entries(TESK::Data_record& record, const Values& defau
     }
 }
 
-std::vector<Finding> Project_check::check_project(const TESK::File_name& file) {
+std::vector<Finding> Project_check::check_project_text(const std::string& text) {
     Tilverra_project_editor_parameters project("");
-    if (!TESK::VV_file(file.c_str(), true).get(project))
-        return {unreadable(file)};
+    read(text, project);
     std::vector<Finding> findings;
     judge_entries(project, project_values_, findings);
     judge_unknown_sections(project, findings);
     const TESK::File_name& coverage = project.GIS_parameters.coverage_PAT_filename;
-    if (project.project_type == Tilverra_project_type::gis && !is_there(coverage) &&
+    if (project.project_type == Tilverra_project_type::gis && !reason_not_usable(coverage).empty() &&
         std::none_of(findings.begin(), findings.end(),
                      [](const Finding& finding) { return finding.key == "coverage_PAT_filename"; }))
         findings.push_back(
@@ -240,17 +261,41 @@ std::vector<Finding> Project_check::check_project(const TESK::File_name& file) {
     return findings;
 }
 
-std::vector<Finding> Project_check::check_scenario(const TESK::File_name& file) {
+std::vector<Finding> Project_check::check_scenario_text(const std::string& text) {
     const auto scenario = std::make_unique<Tilverra_scenario>();
-    if (!TESK::VV_file(file.c_str(), true).get(*scenario))
-        return {unreadable(file)};
+    read(text, *scenario);
     std::vector<Finding> findings;
-    if (std::string interruption = told_interruption(file); !interruption.empty())
-        findings.push_back({Finding_weight::error, "", "", std::move(interruption)});
     judge_required(*scenario, findings);
     judge_entries(*scenario, scenario_values_, findings);
     judge_dates(*scenario, findings);
     judge_events(*scenario, findings);
     judge_unknown_sections(*scenario, findings);
+    return findings;
+}
+
+std::vector<Finding> Project_check::check_text(const TESK::File_name& file, const std::string& text) {
+    const std::unique_ptr<TESK::Data_record> record = make_record_for(file);
+    if (dynamic_cast<const Tilverra_project_editor_parameters*>(record.get()) != nullptr)
+        return check_project_text(text);
+    if (dynamic_cast<const Tilverra_scenario*>(record.get()) != nullptr)
+        return check_scenario_text(text);
+    read(text, *record);
+    std::vector<Finding> findings;
+    judge_entries(*record, {}, findings);
+    return findings;
+}
+
+std::vector<Finding> Project_check::check_project(const TESK::File_name& file) {
+    const platform::Read_result content = platform::read_file(file, TESK::VV_file::largest_file);
+    return content.ok() ? check_project_text(content.contents) : std::vector<Finding>{unreadable(file)};
+}
+
+std::vector<Finding> Project_check::check_scenario(const TESK::File_name& file) {
+    const platform::Read_result content = platform::read_file(file, TESK::VV_file::largest_file);
+    if (!content.ok())
+        return {unreadable(file)};
+    std::vector<Finding> findings = check_scenario_text(content.contents);
+    if (std::string interruption = told_interruption(file); !interruption.empty())
+        findings.insert(findings.begin(), {Finding_weight::error, "", "", std::move(interruption)});
     return findings;
 }

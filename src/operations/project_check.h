@@ -26,9 +26,9 @@ struct Finding {
 int count_unread_events(const Tilverra_scenario& scenario);
 
 // Judges the records of one project by what they declare: files that are named and missing, or required and
-// not chosen; values outside their ranges; dates that end before they begin; events in the old spelling,
-// which no reader of the suite sees; sections and keys that no program knows. A value that every new record
-// has is not judged: nobody chose it.
+// not chosen; values that their type cannot take, or outside their ranges; dates that end before they begin;
+// events in the old spelling, which no reader of the suite sees; sections and keys that no program knows. A
+// value that every new record has is not judged: nobody chose it.
 //
 // Relative names count from the project's folder, which must be the current directory. Nothing is written.
 // One object judges thousands of scenarios: whether a file is there is asked once.
@@ -39,6 +39,8 @@ public:
     // The project's own record.
     std::vector<Finding> check_project(const TESK::File_name& file);
     std::vector<Finding> check_scenario(const TESK::File_name& file);
+    // What the file would be found to have with that text; of a file of another kind, its values alone.
+    std::vector<Finding> check_text(const TESK::File_name& file, const std::string& text);
 
 private:
     // The values of a new record by section and key.
@@ -47,10 +49,17 @@ private:
     static void add_values(const TESK::VV_section& section, Values& values);
     static bool is_default(const TESK::VV_section& section, const TESK::VV_base_entry& entry,
                            const Values& defaults);
-    bool is_there(const std::string& name);
+    std::vector<Finding> check_project_text(const std::string& text);
+    std::vector<Finding> check_scenario_text(const std::string& text);
+    // Why the file that a record names serves nobody; nothing when it is there.
+    const std::string& reason_not_usable(const TESK::File_name& file);
+    // Fills the record and keeps its structure, and what of the values is not read as it is meant.
+    void read(const std::string& text, TESK::Data_record& record);
     void judge_entries(TESK::Data_record& record, const Values& defaults, std::vector<Finding>& findings);
 
-    std::unordered_map<std::string, bool> files_;
+    std::unordered_map<std::string, std::string> files_; // why they are not usable
+    std::unordered_map<const TESK::VV_base_entry*, std::string>
+        misread_; // of the record read last, with the reason
     Values scenario_values_;
     Values project_values_;
 };

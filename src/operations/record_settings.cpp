@@ -227,7 +227,7 @@ void Record_settings::list_settings() {
                 is_version ||
                 (key.ends_with(count_mark) && record_->enumerated_sections.find_exact(
                                                   key.substr(0, key.size() - count_mark.size())) != nullptr);
-            settings_.emplace_back(*this, section, entry, is_fixed);
+            settings_.emplace_back(this, section, entry, is_fixed);
         }
     }
 }

@@ -29,9 +29,9 @@ class Record_settings;
 // changes a value.
 class Setting {
 public:
-    Setting(const Record_settings& owner, const TESK::VV_section& section, TESK::VV_base_entry& entry,
+    Setting(const Record_settings* owner, const TESK::VV_section& section, TESK::VV_base_entry& entry,
             bool fixed)
-        : owner_(&owner), section_(&section), entry_(&entry), fixed_(fixed) {}
+        : owner_(owner), section_(&section), entry_(&entry), fixed_(fixed) {}
 
     const std::string& section() const { return section_->label; }
     const std::string& key() const { return entry_->key; }

@@ -1,6 +1,7 @@
 #include "operations/setting_values.h"
 
 #include "foundation/code_page_1252.h"
+#include "foundation/labeled_enum.h"
 #include "foundation/numbers.h"
 #include "platform/host_names.h"
 #include "records/typed_entries.h"
@@ -19,7 +20,7 @@ namespace {
 
 // The number that the whole text is; nothing when it is none.
 template <class Number, class... Form>
-std::optional<Number> whole_number(const std::string& text, Form... form) {
+std::optional<Number> whole_number(std::string_view text, Form... form) {
     Number number{};
     const char* const end = text.data() + text.size();
     const auto [behind, error] = std::from_chars(text.data(), end, number, form...);
@@ -45,27 +46,54 @@ Integer_range integer_range(Entry_type type) {
     }
 }
 
-std::string integer_text(const Setting& setting, const std::string& value, std::string& text) {
+bool is_integer_of(const Setting& setting, std::string_view value) {
     const Integer_range range = integer_range(setting.entry().type_code());
     const auto number = whole_number<std::int64_t>(value, setting.radix());
-    if (number && *number >= range.low && *number <= range.high) {
-        text = value;
-        return {};
-    }
+    return number && *number >= range.low && *number <= range.high;
+}
+
+bool is_finite_number(std::string_view value) {
+    const auto number = whole_number<float>(value, std::chars_format::general);
+    return number && std::isfinite(*number);
+}
+
+constexpr const char* flag_words[] = {"true", "false", "on", "off", "1", "0"};
+
+// The word for a flag that the text is in any case; null when it is none.
+const char* flag_word(std::string_view text) {
+    const auto found = std::find_if(std::begin(flag_words), std::end(flag_words),
+                                    [&](const char* word) { return TESK::equal_ignoring_case(text, word); });
+    return found == std::end(flag_words) ? nullptr : *found;
+}
+
+std::string expected_integer(const Setting& setting) {
+    const Integer_range range = integer_range(setting.entry().type_code());
     std::string low;
     std::string high;
     TESK::append_integer(low, range.low, setting.radix());
     TESK::append_integer(high, range.high, setting.radix());
     const std::string base = setting.radix() == 10 ? "" : " in base " + std::to_string(setting.radix());
-    return "The value must be a whole number" + base + " from " + low + " to " + high + ".";
+    return "a whole number" + base + " from " + low + " to " + high;
 }
 
-std::string number_text(const std::string& value, std::string& text) {
-    const auto number = whole_number<float>(value, std::chars_format::general);
-    if (!number || !std::isfinite(*number))
-        return "The value must be a number such as 12 or 0.25.";
-    text = value;
-    return {};
+std::string expected_choice(const Setting& setting) {
+    std::string labels;
+    for (const auto& [label, description] : setting.choices())
+        labels += (labels.empty() ? "" : ", ") + label;
+    return "one of: " + labels;
+}
+
+// What a value of the setting must be, as people write it; nothing where any text will do.
+std::string expected(const Setting& setting) {
+    switch (setting.kind()) {
+    case Setting_kind::integer: return expected_integer(setting);
+    case Setting_kind::number: return "a number such as 12 or 0.25";
+    case Setting_kind::date: return "a date such as 1996-05-02 or 1996123, or 0 for none";
+    case Setting_kind::flag: return "true or false";
+    case Setting_kind::choice: return expected_choice(setting);
+    case Setting_kind::unit: return "a unit such as kg/ha";
+    default: return {};
+    }
 }
 
 // The number of the date that the text is; nothing when it is none.
@@ -91,41 +119,19 @@ std::optional<std::int32_t> date_number(const std::string& text) {
     return date.get_day_of_month() == *day ? std::optional(date.date_num) : std::nullopt;
 }
 
-std::string date_text(const std::string& value, std::string& text) {
-    const auto number = date_number(value);
-    if (!number)
-        return "The value must be a date such as 1996-05-02 or 1996123, or 0 for none.";
-    text = std::to_string(*number);
-    return {};
-}
-
-std::string flag_text(const std::string& value, std::string& text) {
-    for (const char* word : {"true", "on", "1", "false", "off", "0"}) {
-        if (TESK::equal_ignoring_case(value, word)) {
-            text = word;
-            return {};
-        }
-    }
-    return "The value must be true or false.";
-}
-
-std::string choice_text(const Setting& setting, const std::string& value, std::string& text) {
+// Whether the text is one of the labels, whose spelling it gets; an exact one before any other.
+bool is_choice(const Setting& setting, std::string& text) {
     const auto choices = setting.choices();
-    std::string labels;
-    for (const bool exact : {true, false}) {
-        for (const auto& [label, description] : choices) {
-            if (exact ? label == value : TESK::equal_ignoring_case(label, value)) {
+    for (const bool exact : {true, false})
+        for (const auto& [label, description] : choices)
+            if (exact ? label == text : TESK::equal_ignoring_case(label, text)) {
                 text = label;
-                return {};
+                return true;
             }
-            if (exact)
-                labels += (labels.empty() ? "" : ", ") + label;
-        }
-    }
-    return "The value must be one of: " + labels + ".";
+    return false;
 }
 
-std::string unit_text(const Setting& setting, const std::string& value, std::string& text) {
+bool is_unit(const Setting& setting, const std::string& value) {
     TESK::VV_base_entry& entry = setting.entry();
     std::string old;
     std::string read;
@@ -133,16 +139,64 @@ std::string unit_text(const Setting& setting, const std::string& value, std::str
     entry.set_value(value.c_str());
     entry.get_value(read);
     entry.set_value(old.c_str());
-    if (read != value)
-        return "The value must be a unit such as kg/ha.";
+    return read == value;
+}
+
+// The text that a setting of a kind with rules takes for the value, into `text`. False when it takes none.
+bool is_taken(const Setting& setting, const std::string& value, std::string& text) {
     text = value;
-    return {};
+    switch (setting.kind()) {
+    case Setting_kind::integer: return is_integer_of(setting, value);
+    case Setting_kind::number: return is_finite_number(value);
+    case Setting_kind::date: {
+        const auto number = date_number(value);
+        text = std::to_string(number.value_or(0));
+        return number.has_value();
+    }
+    case Setting_kind::flag: {
+        const char* const word = flag_word(value);
+        text = word == nullptr ? "" : word;
+        return word != nullptr;
+    }
+    case Setting_kind::choice: return is_choice(setting, text);
+    case Setting_kind::unit: return is_unit(setting, value);
+    default: return true;
+    }
 }
 
 std::string line_text(const std::string& value) {
     return value.find_first_of(std::string("\r\n\0", 3)) == std::string::npos
                ? std::string()
                : "The value must be one line of text.";
+}
+
+// Whether a program that reads the text from a file gets what it says. Behind a number may stand a blank and
+// a note.
+bool is_read_as_meant(const Setting& setting, std::string_view text) {
+    std::string_view word = text.substr(std::min(text.find_first_not_of(" \t+"), text.size()));
+    word = word.substr(0, word.find_first_of(" \t"));
+    switch (setting.kind()) {
+    case Setting_kind::integer: {
+        const std::size_t point = word.find('.'); // nothing is lost with "350.000"
+        const bool is_whole = point == 0 || word.find_first_not_of('0', point + 1) != std::string_view::npos;
+        return is_integer_of(setting,
+                             is_whole || point == std::string_view::npos ? word : word.substr(0, point));
+    }
+    case Setting_kind::number: return is_finite_number(word);
+    case Setting_kind::date:
+        return word.empty() || (whole_number<std::int32_t>(word) && date_number(std::string(word)));
+    case Setting_kind::flag: return flag_word(word) != nullptr || whole_number<std::int32_t>(word);
+    case Setting_kind::choice: {
+        const Labeled_enum& labels = static_cast<TESK::VV_enum_entry&>(setting.entry()).value;
+        std::string label(text);
+        return labels.label_at(0) == nullptr || labels.is_label(label.c_str()) || is_choice(setting, label);
+    }
+    case Setting_kind::unit: {
+        const std::uint32_t code = static_cast<TESK::VV_units_entry&>(setting.entry()).value.code;
+        return text.empty() || ((code & 0xFFFFU) != 0xFFFFU && code >> 16 != 0xFFFFU);
+    }
+    default: return true;
+    }
 }
 
 // The value of an entry, which gets it back. The text of a number that is not a round one tells less than the
@@ -206,22 +260,29 @@ std::string date_in_words(std::int32_t number) {
 }
 
 std::string text_for_value(const Setting& setting, const std::string& value, std::string& text) {
-    switch (setting.kind()) {
-    case Setting_kind::integer: return integer_text(setting, value, text);
-    case Setting_kind::number: return number_text(value, text);
-    case Setting_kind::date: return date_text(value, text);
-    case Setting_kind::flag: return flag_text(value, text);
-    case Setting_kind::choice: return choice_text(setting, value, text);
-    case Setting_kind::unit: return unit_text(setting, value, text);
-    default: break;
-    }
+    if (!is_taken(setting, value, text))
+        return "The value must be " + expected(setting) + ".";
+    if (!expected(setting).empty())
+        return {};
     if (std::string reason = line_text(value); !reason.empty())
         return reason;
     if (setting.is_known() && value.size() > setting.longest_value())
         return "The value must have no more than " + std::to_string(setting.longest_value()) + " characters.";
-    const bool is_host_path = setting.kind() == Setting_kind::file && value.starts_with('/');
-    text = is_host_path ? platform::name_from_host_path(value) : value;
+    if (setting.kind() == Setting_kind::file && value.starts_with('/'))
+        text = platform::name_from_host_path(value);
     return {};
+}
+
+std::string reason_misread(const Setting& setting, std::string_view text) {
+    if (is_read_as_meant(setting, text))
+        return {};
+    constexpr std::size_t longest_shown = 60;
+    const std::string shown(text.substr(0, longest_shown));
+    const std::string read = setting.value();
+    return "The value \"" + shown + (text.size() > longest_shown ? "..." : "") + "\" must be " +
+           (setting.kind() == Setting_kind::date ? "the number of a date such as 1996123, or 0 for none"
+                                                 : expected(setting)) +
+           (read == text ? "." : ", and is read as " + (read.empty() ? "none" : read) + ".");
 }
 
 Value_trial try_value(const Setting& setting, const std::string& value) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 // The shortest decimal text that reads back as the number, without an exponent.
 std::string shortest_number(float number);
@@ -19,6 +20,10 @@ std::optional<std::int32_t> date_number_of(const std::string& words);
 // The text that the setting's entry takes for the value, into `text`. Gives why there is none, in a plain
 // English sentence; nothing when all is well.
 std::string text_for_value(const Setting& setting, const std::string& value, std::string& text);
+
+// Why a program that reads the text from a file gets something else than stands there, in a plain English
+// sentence; nothing when it does not. The setting has been read from it.
+std::string reason_misread(const Setting& setting, std::string_view text);
 
 // What would become of a value in a setting, by its type and its ranges.
 struct Value_trial {

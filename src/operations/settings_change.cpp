@@ -1,12 +1,46 @@
 #include "operations/settings_change.h"
 
+#include "operations/project_check.h"
+
+#include <algorithm>
+
 namespace {
 
+// What would make a run fail.
+std::vector<Finding> errors_in(Project_check& check, const Record_settings& settings) {
+    std::vector<Finding> findings = check.check_text(settings.file(), settings.text());
+    std::erase_if(findings, [](const Finding& one) { return one.weight != Finding_weight::error; });
+    return findings;
+}
+
+// Says of the settings, beside them or else beside the last one, what is found only since they were set.
+void tell_new_errors(Settings_result& result, const std::vector<Wanted_setting>& wanted,
+                     const std::vector<Finding>& before, const std::vector<Finding>& now) {
+    for (const Finding& one : now) {
+        const auto is_same = [&](const Finding& other) {
+            return other.section == one.section && other.key == one.key && other.message == one.message;
+        };
+        if (std::any_of(before.begin(), before.end(), is_same))
+            continue;
+        const std::string name = one.section + '.' + one.key;
+        const auto place = std::find_if(wanted.begin(), wanted.end(), [&](const Wanted_setting& setting) {
+            return (setting.section ? *setting.section + '.' : "") + setting.key == name;
+        });
+        const std::size_t at =
+            place == wanted.end() ? wanted.size() - 1 : static_cast<std::size_t>(place - wanted.begin());
+        std::string& reason = result.settings[at].change.reason;
+        reason += (reason.empty() ? "" : " ") + one.message;
+    }
+}
+
 // Sets all that is wanted of the record in memory, and goes on after a refusal, to tell of all.
-Settings_result set_all(Record_settings& settings, const std::vector<Wanted_setting>& wanted) {
+Settings_result set_all(Record_settings& settings, const std::vector<Wanted_setting>& wanted,
+                        Project_check* check) {
     using State = Settings_result::State;
     if (!settings.failure().empty())
         return {State::unreadable, settings.failure()};
+    const std::vector<Finding> found_before =
+        check == nullptr ? std::vector<Finding>() : errors_in(*check, settings);
     Settings_result result;
     for (const Wanted_setting& one : wanted) {
         const Setting* const setting =
@@ -22,12 +56,14 @@ Settings_result set_all(Record_settings& settings, const std::vector<Wanted_sett
     }
     if (result.state == State::unchanged && settings.is_changed())
         result.state = State::changed;
+    if (check != nullptr && result.state == State::changed)
+        tell_new_errors(result, wanted, found_before, errors_in(*check, settings));
     return result;
 }
 
-Settings_result change_file(const Settings_change& change) {
+Settings_result change_file(const Settings_change& change, Project_check* check) {
     Record_settings settings(TESK::File_name(change.file.c_str()));
-    Settings_result result = set_all(settings, change.settings);
+    Settings_result result = set_all(settings, change.settings, check);
     if (result.state != Settings_result::State::changed)
         return result;
     if (const platform::Write_result written = settings.save(); !written.ok()) {
@@ -39,13 +75,14 @@ Settings_result change_file(const Settings_change& change) {
 
 } // namespace
 
-Settings_result try_settings(const Settings_change& change) {
+Settings_result try_settings(const Settings_change& change, Project_check* check) {
     Record_settings settings(TESK::File_name(change.file.c_str()));
-    return set_all(settings, change.settings);
+    return set_all(settings, change.settings, check);
 }
 
 Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups* backups,
-                                  const Operation_progress& progress, std::vector<Settings_result>* results) {
+                                  const Operation_progress& progress, std::vector<Settings_result>* results,
+                                  Project_check* check) {
     Operation_outcome outcome;
     if (backups != nullptr) {
         std::vector<std::string> files;
@@ -62,7 +99,7 @@ Operation_outcome change_settings(const std::vector<Settings_change>& changes, C
         outcome.stopped = !goes_on(progress, i, changes.size());
         if (outcome.stopped)
             return outcome;
-        Settings_result result = change_file(changes[i]);
+        Settings_result result = change_file(changes[i], check);
         if (result.reason.empty())
             ++outcome.done;
         else

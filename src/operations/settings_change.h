@@ -40,8 +40,10 @@ struct Settings_result {
     std::vector<One> settings{};
 };
 
-// What would become of it. Nothing is written.
-Settings_result try_settings(const Settings_change& change);
+// What would become of it. Nothing is written. With a check, null for none, the reason of a setting that can
+// be had also tells what it would make a run fail for.
+class Project_check;
+Settings_result try_settings(const Settings_change& change, Project_check* check = nullptr);
 
 // Puts the files aside under the name "settings", unless `backups` is null, and changes in each what is
 // wanted, and nothing else. A file gets all that is wanted of it, or stays as it is and is named in the
@@ -49,4 +51,5 @@ Settings_result try_settings(const Settings_change& change);
 // does not care, gets one for each change that was dealt with before the operation was stopped, in order.
 Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups* backups,
                                   const Operation_progress& progress,
-                                  std::vector<Settings_result>* results = nullptr);
+                                  std::vector<Settings_result>* results = nullptr,
+                                  Project_check* check = nullptr);

@@ -23,9 +23,12 @@ void Common_parameters_data_record::postread() {
         const TESK::VV_base_entry* old_entry = set_current_section(row.old_section)->find_entry(row.old_key);
         if (old_entry == nullptr)
             continue;
-        TESK::VV_base_entry* new_entry = set_current_section(row.new_section)->find_entry(row.new_key);
-        if (new_entry != nullptr)
-            new_entry->set_value(old_entry->get_value(text).c_str());
+        const TESK::VV_section* const section = set_current_section(row.new_section);
+        TESK::VV_base_entry* new_entry = section->find_entry(row.new_key);
+        if (new_entry == nullptr)
+            continue;
+        new_entry->set_value(old_entry->get_value(text).c_str());
+        tell_value(*section, *new_entry, TESK::Ustring(text));
     }
 }
 

@@ -9,6 +9,7 @@
 #include "records/vv_section.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -139,6 +140,16 @@ public:
     // itself has not: for who shows or judges values, which reading and writing do not.
     virtual void attach_guards() {}
 
+    // Is called in reading for each value that an entry gets, with the text that stands in the file, behind
+    // the entry's having it: of a key that stands there twice the later one counts. Null, as it is at first,
+    // for nobody.
+    using Value_listener = std::function<void(const VV_section&, VV_base_entry&, const Ustring&)>;
+    void set_value_listener(Value_listener listener) { value_listener_ = std::move(listener); }
+    void tell_value(const VV_section& section, VV_base_entry& entry, const Ustring& text) const {
+        if (value_listener_)
+            value_listener_(section, entry, text);
+    }
+
     // The sections, in order.
     Items_of<VV_section> all_sections() const { return Items_of<VV_section>(sections); }
     // What they are in a file, and behind them what reading has left unread.
@@ -191,6 +202,7 @@ private:
     bool preserve_unexpected_ = false;
     std::string loaded_from_;
     std::string unread_;
+    Value_listener value_listener_;
     // While the record is declared anew: the sections that were read and are not declared again yet.
     Alias_association_list* declaring_anew_ = nullptr;
 };

@@ -13,7 +13,8 @@ namespace {
 // behind the last one is tried first.
 class Section_reader {
 public:
-    explicit Section_reader(bool unexpected_only) : unexpected_only_(unexpected_only) {}
+    Section_reader(const Data_record& record, bool unexpected_only)
+        : record_(record), unexpected_only_(unexpected_only) {}
 
     void begin(VV_section& section) {
         section_ = &section;
@@ -27,6 +28,7 @@ public:
         } else if (!unexpected_only_) {
             text_.assign(value);
             entry->set_value(text_);
+            record_.tell_value(*section_, *entry, text_);
         }
         entry->encountered = true;
     }
@@ -40,6 +42,7 @@ private:
         return entry;
     }
 
+    const Data_record& record_;
     bool unexpected_only_;
     VV_section* section_ = nullptr;
     const Unidirectional_list::Node* next_ = nullptr;
@@ -81,7 +84,7 @@ void keep_series_count(Data_record& record, std::string_view key, std::string_vi
 
 bool read_record_lines(Line_reader& lines, Data_record& record, bool unexpected_only, bool one_section) {
     constexpr int most_empty_lines = 20;
-    Section_reader section(unexpected_only);
+    Section_reader section(record, unexpected_only);
     section.begin(*record.get_current_section());
     bool seen_header = false;
     bool read_anything = false;

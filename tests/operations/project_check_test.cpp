@@ -50,8 +50,25 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
         {"[weather]\ntemperature_avg=50\ntemperature_phase=0\n[incorporated_residue]\nN_conc=0.04 x\n",
          "W incorporated_residue.N_conc The value 0.0400 kgN/kgDM should range from 0.0050 - 0.0300.\n"
          "E weather.temperature_avg The value 50.00 \260C must be less than 45.00.\n"},
-        {"[salt]\n3=60\nECe_to_TDS=high\n", "W salt.ECe_to_TDS The value is not written as a number.\nE "
-                                            "salt.3 The value 60.000 dS/m must be less than 50.000.\n"},
+        {"[salt]\n3=60\nECe_to_TDS=high\n",
+         "E salt.ECe_to_TDS The value \"high\" must be a number such as 12 or "
+         "0.25, and is read as 0.\nE salt.3 The value 60.000 dS/m must be less than 50.000.\n"},
+        // What the type cannot take; the later of two lines counts, and behind a number may stand a note.
+        {"[simulation]\nstarting_date=1996-05-02\nending_date=hello\nending_date=1996123 (2 May 1996)\n"
+         "[submodels]\nsalinity=yes\n[cropping_system]\ncropping_mode=Rotation \n[salt]\n1=1e-3\n"
+         "[scenario]\nevent:count=7.5\n",
+         "E scenario.event:count The value \"7.5\" must be a whole number from -32768 to 32767, and is read "
+         "as "
+         "7.\n"
+         "E cropping_system.cropping_mode The value \"Rotation \" must be one of: none, single, rotation, "
+         "established, and is read as none.\n"
+         "E simulation.starting_date The value \"1996-05-02\" must be the number of a date such as 1996123, "
+         "or "
+         "0 for none, and is read as 1996.\n"
+         "E submodels.salinity The value \"yes\" must be true or false, and is read as false.\n"
+         "W scenario.event:count 7 events are counted and 0 are there: the others are events with nothing "
+         "chosen.\n"},
+        {"water_table=C:\\\n", "E parameter_filenames.water_table A file is meant, and C:\\ is a folder.\n"},
         {"[simulation]\nstarting_date=2001001\nending_date=2000366\n",
          "E simulation.ending_date The simulation ends before it begins.\n"},
         {"[scenario]\nevent:count=1\n[event:1]\nbegin_synchronization=actual_date\nbegin_date=1996200\n"

@@ -32,7 +32,11 @@ Run_engine_choice::Run_engine_choice(TControl& parent)
     slurm_checkbox.set_hint(is_there ? "Submit the runs as one job, which goes on when the editor is closed."
                                      : "Slurm is not on this machine: there is no program sbatch.");
     slurm_panel.set_visible(false);
-    slurm_checkbox.on_click = [this] { slurm_panel.set_visible(slurm_checkbox.checked()); };
+    slurm_checkbox.on_click = [this] {
+        slurm_panel.set_visible(slurm_checkbox.checked());
+        if (on_change)
+            on_change();
+    };
 }
 
 void Run_engine_choice::give_to(Run_set& set) const {

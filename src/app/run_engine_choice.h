@@ -6,12 +6,16 @@
 #include "runs/run_set.h"
 #include "toolkit/edit.h"
 
+#include <functional>
+
 class Run_engine_choice {
 public:
     explicit Run_engine_choice(TControl& parent);
 
     // Has the set run by what is chosen. What is asked of Slurm is remembered for the next time.
     void give_to(Run_set& set) const;
+
+    std::function<void()> on_change; // null for nobody
 
     TCheckBox& slurm_checkbox;
     TPanel& slurm_panel; // on view while the box is checked

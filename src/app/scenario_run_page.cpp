@@ -86,10 +86,21 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
     senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
     run_beside_button.on_click = [this] { run_beside_button_onclick(); };
     write_run_list_button.on_click = [this] { write_run_list_button_onclick(); };
+    engine.on_change = [this] { engine_changed(); };
+    engine_changed();
     runs_at_once_edit.set_text(std::to_string(Run_set().number_at_once()));
     view_output_button.on_click = [this] { view_output_button_onclick(); };
     view_tables_button.on_click = [this] { view_tables_button_onclick(); };
     run_statistical_analysis_checkbox.on_click = [this] { run_statistical_analysis_checkbox_onclick(); };
+}
+
+void Scenario_run_page::engine_changed() {
+    const bool is_here = !engine.slurm_checkbox.checked();
+    stop_at_failure_checkbox.set_enabled(is_here);
+    stop_at_failure_checkbox.set_hint(
+        is_here ? "Start nothing more once a run has failed. A list of command lines cannot heed it."
+                : "A job of Slurm runs all that it was given: only runs on this machine can be stopped at a "
+                  "failure.");
 }
 
 void Scenario_run_page::bind() {
@@ -208,7 +219,7 @@ void Scenario_run_page::run_beside(std::vector<std::string> scenarios) {
     if (!set)
         return;
     set->at_once = number_in(runs_at_once_edit);
-    set->stops_at_first_failure = stop_at_failure_checkbox.checked();
+    set->stops_at_first_failure = stop_at_failure_checkbox.enabled() && stop_at_failure_checkbox.checked();
     engine.give_to(*set);
     if (form.runs.run_beside(*set))
         form.project_pagecontrol.set_active_page(form.runs.runs_tabsheet);

@@ -57,6 +57,7 @@ public:
     TLabel& run_end_note; // how the last run beside the editor ended
 
 private:
+    void engine_changed();
     bool common_format() const { return format_groupbox.item_index() == 1; }
     std::vector<std::string> chosen_scenarios() const;
     std::optional<Run_set> make_set(std::vector<std::string> scenarios);

@@ -42,6 +42,8 @@ void Project_page::update_bound_controls() {
 
 bool Project_page::prepare_backups(const std::vector<std::string>& files,
                                    std::optional<Change_backups>& backups) const {
+    if (!form.runs.may_change(files))
+        return false;
     if (files.empty())
         return true;
     if (Change_backups::need(files).fits()) {

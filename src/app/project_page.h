@@ -47,7 +47,8 @@ protected:
     void update_bound_controls();
 
     // Prepares to put the files (full names) aside that an operation will replace or take away. Where that is
-    // more than the project keeps, asks whether to go on without; false when the user does not.
+    // more than the project keeps, asks whether to go on without; false when the user does not, and where the
+    // files are of scenarios that are being run.
     bool prepare_backups(const std::vector<std::string>& files, std::optional<Change_backups>& backups) const;
 
     // Shows tables (.dbf, full names): one at once, of several the one that the user chooses. The status line

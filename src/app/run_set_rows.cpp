@@ -66,6 +66,10 @@ bool Known_run_set::refresh() {
     return has_news || was_at_work != is_at_work_;
 }
 
+bool Known_run_set::is_readable() {
+    return journal() != nullptr && journal_->failure().empty();
+}
+
 const Run_set* Known_run_set::set() {
     read();
     return set_ ? &*set_ : nullptr;
@@ -111,15 +115,10 @@ Table_cell Run_set_rows::cell(int row, int column) const {
     case scenarios_column: return {.text = set.set() ? std::to_string(set.set()->scenarios.size()) : ""};
     default: break;
     }
-    if (set.journal() == nullptr)
+    if (!set.is_readable())
         return {.text = worded("This is no run set that can be read.")};
     const Run_progress progress = set.progress();
-    const Run_state state = progress.running > 0                                    ? Run_state::running
-                            : progress.failed > 0                                   ? Run_state::failed
-                            : progress.stopped > 0                                  ? Run_state::stopped
-                            : progress.total > 0 && progress.done == progress.total ? Run_state::done
-                                                                                    : Run_state::waiting;
-    return {.text = worded_lines(describe(progress), ", "), .picture = picture_of(state)};
+    return {.text = worded_lines(describe(progress), ", "), .picture = picture_of(state_of(progress))};
 }
 
 std::vector<Table_column> Run_rows::columns() {
@@ -132,7 +131,7 @@ std::vector<Table_column> Run_rows::columns() {
 
 void Run_rows::show(Known_run_set* set) {
     set_ = set;
-    order_.resize(set && set->set() ? set->set()->scenarios.size() : 0);
+    order_.resize(set && set->is_readable() ? set->set()->scenarios.size() : 0);
     std::iota(order_.begin(), order_.end(), std::size_t(0));
     places_ = order_;
 }
@@ -157,7 +156,7 @@ Table_cell Run_rows::cell(int row, int column) const {
         return {.text = record.has_ended() && record.started != 0 ? duration_text(record.seconds) : ""};
     default:
         return {.text = worded(record.is_done() ? "exit code 0"
-                                                : describe_end(record, set_->journal()->reason(run)))};
+                                                : describe_run(*set_->journal(), run, set_->may_change()))};
     }
 }
 

@@ -21,6 +21,8 @@ public:
     // Null for a folder that holds no set.
     const Run_set* set();
     Run_journal* journal();
+    // Whether there is one, and its journal could be read when it was last looked at.
+    bool is_readable();
     // Whether anybody has it run who can be asked to stop, as of the last refresh().
     bool is_at_work();
     // Whether it was handed out as a list of command lines: who has taken that is out of sight.

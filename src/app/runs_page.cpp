@@ -263,7 +263,9 @@ void Runs_page::look_at(Known_run_set& set, int row, bool is_second_over) {
         set.refresh();
         ended(set);
     }
-    if (&set == chosen() && set.journal() != nullptr) {
+    if (&set == chosen() && set.is_readable()) {
+        if (run_rows_.count() == 0)
+            set_chosen(); // its journal could not be read until now
         for (int shown = 0; is_second_over && shown < run_rows_.count(); ++shown)
             if (set.journal()->runs()[run_rows_.run_of(shown)].outcome == Run_record::Outcome::running)
                 runs_table.row_changed(shown);
@@ -289,6 +291,16 @@ void Runs_page::ended(Known_run_set& set) {
                                              : progress.is_over() ? "The runs have ended:"
                                                                   : "The runs have been stopped:") +
                                       ' ' + worded_lines(describe(progress), ", "));
+}
+
+bool Runs_page::may_change(const std::vector<std::string>& scenarios) {
+    const std::string busy = states_ && !scenarios.empty() ? busy_among(*states_, scenarios) : std::string();
+    if (!busy.empty())
+        form.parameter_file_form().notice(
+            worded("Scenarios of these are being run: %1. Stop the runs first, or wait for their end.",
+                   screen_text(busy)),
+            Mark::exclamation);
+    return busy.empty();
 }
 
 bool Runs_page::may_close() {
@@ -319,7 +331,7 @@ bool Runs_page::may_close() {
 
 void Runs_page::show_progress() {
     Known_run_set* const set = chosen();
-    const bool is_readable = set != nullptr && set->journal() != nullptr;
+    const bool is_readable = set != nullptr && set->is_readable();
     const Run_progress progress = is_readable ? set->progress() : Run_progress();
     const bool is_at_work = is_readable && set->is_at_work();
     run_set_progress_label.set_text(is_readable ? worded_lines(describe(progress), ", ") : "");

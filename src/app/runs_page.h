@@ -23,6 +23,9 @@ public:
     // Has the set run beside the editor and shows it. The project has been saved. False, and a notice says
     // why, when that could not be.
     bool run_beside(Run_set set);
+    // Whether no set at work runs any of the scenarios (full names), or has still to run it: else they are
+    // not to be changed, and a notice names them.
+    bool may_change(const std::vector<std::string>& scenarios);
     // Asks what is to become of the sets that this program has run. False when the user stays.
     bool may_close();
 

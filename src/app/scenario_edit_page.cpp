@@ -169,6 +169,14 @@ void Scenario_edit_page::ask_and_delete(const std::vector<std::string>& files) {
     const TVN_filename& active = record().active_scenario;
     const std::string active_file =
         !active.starts_with('<') && workspace().active_scenario_exists() ? std::string(active) : "";
+    std::vector<std::string> scenarios{active_file};
+    if (!files.empty()) {
+        scenarios = files;
+        for (std::string& file : scenarios)
+            file.insert(0, workspace().scenarios_directory(lists.current_folder(), false) + '\\');
+    }
+    if (!form.runs.may_change(scenarios))
+        return;
     Deletion_plan plan;
     if (has_folder) {
         const Busy_pointer busy;

@@ -22,10 +22,10 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds slice{8}; // of learning, between which the user is served
 
 constexpr const char* state_choices[] = {"All states", "Never run", "Waiting",     "Running", "Done",
-                                         "Failed",     "Stopped",   "Out of date", "Ticked"};
+                                         "Failed",     "Stopped",   "Out of date", "Unknown", "Ticked"};
 constexpr int all_states = 0;
 constexpr int first_state = 1; // in the order of Scenario_state
-constexpr int ticked_choice = 8;
+constexpr int ticked_choice = 9;
 
 std::vector<Table_column> table_columns() {
     return {{"name", "Name", 24},

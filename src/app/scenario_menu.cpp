@@ -115,7 +115,8 @@ void Scenario_menu::show_files() {
 }
 
 void Scenario_menu::rename() {
-    give_name(rename_scenario, "Enter the new name of the scenario.", "Scenario not renamed");
+    if (form.runs.may_change({file()}))
+        give_name(rename_scenario, "Enter the new name of the scenario.", "Scenario not renamed");
 }
 
 void Scenario_menu::duplicate() {

@@ -11,6 +11,8 @@ constexpr Picture badly{Shape::octagon, red, Mark::cross, false, ""};
 constexpr Picture halted{Shape::square, grey, Mark::dash, false, ""};
 constexpr Picture needs_a_look{Shape::diamond, orange, Mark::exclamation, false, ""};
 
+constexpr Picture not_known{Shape::ring, orange, Mark::question, false, ""};
+
 Picture meaning(Picture picture, const char* word) {
     picture.meaning = word;
     return picture;
@@ -41,6 +43,7 @@ Picture picture_of(Scenario_state state) {
     case Scenario_state::failed: return meaning(badly, word);
     case Scenario_state::stopped: return meaning(halted, word);
     case Scenario_state::out_of_date: return meaning(needs_a_look, word);
+    case Scenario_state::unknown: return meaning(not_known, word);
     }
     return {};
 }

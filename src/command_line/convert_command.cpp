@@ -1,6 +1,7 @@
 #include "command_line/commands.h"
 #include "command_line/opened_project.h"
 #include "command_line/outcome_report.h"
+#include "command_line/scenario_choice.h"
 #include "operations/record_conversion.h"
 
 #include <memory>
@@ -12,6 +13,12 @@ void convert(Session& session, const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         const TESK::File_name file = session.file_of_argument(argument);
         enter_folder_of_names(file);
+        try {
+            must_be_idle(file);
+        } catch (const Command_failure& failure) {
+            report.add(argument, "failed", failure.what(), failure.code);
+            continue;
+        }
         const Conversion conversion = convert_record(file);
         switch (conversion.outcome) {
         case Conversion_outcome::converted:

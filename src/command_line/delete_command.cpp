@@ -30,6 +30,7 @@ void remove(Session& session, Options& options) {
         for (std::string& file : files_of_scenario(folder, scenario))
             all.push_back(std::move(file));
     }
+    must_be_idle(project.states(), files);
     Operation_outcome outcome;
     if (!options.only_shows) {
         std::optional<Change_backups> backups;

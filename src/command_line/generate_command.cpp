@@ -103,6 +103,7 @@ void write_table(Session& session, Opened_project& project, const Options& optio
     std::vector<std::string> replaced;
     for (const std::string& name : told.check.existing)
         replaced.push_back(project.scenario_file(name, Scenario_folder::generated));
+    must_be_idle(project.states(), replaced);
     need_folder(project.folder_of(Scenario_folder::generated));
     std::optional<Change_backups> backups = backups_for(project, replaced, options.no_backup);
     told.outcome = table.write(backups ? &*backups : nullptr, shown_progress(session, "generating"));
@@ -157,6 +158,7 @@ void generate(Session& session, const Options& options) {
         tell(session, options, told);
         return;
     }
+    must_be_idle(project.states(), plan.replaced);
     need_folder(project.folder_of(Scenario_folder::generated));
     std::optional<Change_backups> backups = backups_for(project, plan.replaced, options.no_backup);
     std::ostream nowhere(nullptr);

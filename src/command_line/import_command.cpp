@@ -24,8 +24,10 @@ void import(Session& session, const Options& options) {
         backups.emplace(project.directory());
     std::vector<std::string> kept;
     const auto ask = [&](const std::string& scenario) {
-        if (options.replaces)
+        if (options.replaces) {
+            must_be_idle(project.states(), {project.scenario_file(scenario, Scenario_folder::created)});
             return Import_answer::replace;
+        }
         kept.push_back(scenario);
         return Import_answer::keep;
     };

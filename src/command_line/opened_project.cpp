@@ -4,6 +4,7 @@
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
+#include "platform/host_names.h"
 #include "platform/moving.h"
 #include "platform/process.h"
 #include "records/vv_file.h"
@@ -39,6 +40,21 @@ void find_suite(const Session& session) {
         suite_directory = new TVS::Suite_Directory(program);
 }
 
+namespace {
+
+// Why nothing can be found by the argument, as far as the drives are to blame; "" when they are not.
+std::string drive_trouble(const TESK::File_name& file, const std::string& argument) {
+    const std::string folder = platform::drives_folder();
+    const std::string drives = folder.empty() ? "" : " in the folder of drives " + folder + " (TVS_DRIVES)";
+    if (const std::string drive = platform::missing_drive(file); !drive.empty())
+        return "There is no drive " + drive + drives + ", on which '" + argument + "' is to lie.";
+    if (!platform::is_suite_name(argument) && platform::name_of_argument(argument).empty())
+        return "'" + argument + "' lies on none of the drives" + drives + '.';
+    return {};
+}
+
+} // namespace
+
 TESK::File_name find_project_file(const Session& session, const std::string& argument) {
     TESK::File_name file = session.file_of_argument(argument);
     if (platform::is_folder(file)) {
@@ -49,9 +65,13 @@ TESK::File_name find_project_file(const Session& session, const std::string& arg
     } else if (!platform::is_file(file)) {
         file = project_file_of(file);
     }
-    if (!platform::is_file(file))
+    if (!platform::is_file(file)) {
+        if (const std::string trouble = drive_trouble(session.file_of_argument(argument), argument);
+            !trouble.empty())
+            throw Command_failure(exit_unreachable, trouble);
         throw Command_failure(exit_unreachable,
                               "There is no project '" + argument + "'. Name its file (*.tvp) or its folder.");
+    }
     // Any text would be read as a project, and lose what is none by the next save.
     if (!file.has_ext("tvp") && !file.has_ext("TVS_project"))
         throw Command_failure(exit_unreachable,
@@ -60,8 +80,10 @@ TESK::File_name find_project_file(const Session& session, const std::string& arg
 }
 
 void need_folder(const TESK::Smart_directory_name& folder) {
-    if (!platform::make_folders(folder))
-        throw Command_failure(exit_unreachable, "The folder cannot be made: " + screen_text(folder));
+    platform::Write_result made;
+    if (!platform::make_folders(folder, &made))
+        throw Command_failure(exit_unreachable, "The folder " + screen_text(folder) +
+                                                    " cannot be made: " + screen_text(made.reason));
     TESK::File_name inside;
     folder.append_to("x", inside);
     if (const platform::Write_result result = platform::permission_to_remove(inside); !result.ok())
@@ -109,6 +131,10 @@ Scenario_states& Opened_project::states() {
     if (!states_) {
         states_.emplace(directory(), directory().Runs);
         states_->refresh();
+        for (const std::string& failure : states_->failures()) {
+            session_.console.say(screen_text(failure));
+            session_.note(exit_unreachable);
+        }
     }
     return *states_;
 }

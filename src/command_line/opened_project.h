@@ -30,8 +30,12 @@ public:
     Tilverra_project_directory& directory() { return *workspace_->project_directory; }
     Tilverra_project_editor_parameters& record() { return record_; }
 
-    // The states of its scenarios, as of the first call.
+    // The states of its scenarios, as of the first call, which says and notes what of the runs cannot be
+    // read.
     Scenario_states& states();
+
+    // Says a sentence (in UTF-8) to the user.
+    void say(const std::string& sentence) { session_.console.say(sentence); }
 
     std::string project_file() const override { return file_; }
     // Writes the record when a command has changed it. Fails with exit_unreachable.

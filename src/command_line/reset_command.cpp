@@ -51,6 +51,7 @@ void reset(Session& session, Options& options) {
         if (const TESK::File_name file = project.scenario_file(target, options.choice.folder());
             file != source)
             files.push_back(file);
+    must_be_idle(project.states(), files);
     std::optional<Change_backups> backups = backups_for(project, files, options.no_backup);
     const Operation_outcome outcome =
         reset_scenarios(source, files, ticked_boxes(options.boxes), backups ? &*backups : nullptr,

@@ -134,7 +134,7 @@ void report_runs(Session& session, const Run_set& set, const Run_journal* journa
     const bool has_owner = journal != nullptr && is_owned(*journal);
     for (std::size_t run = 0; journal != nullptr && run < set.scenarios.size(); ++run) {
         const Run_record& record = journal->runs()[run];
-        const std::string reason = describe_end(record, journal->reason(run));
+        const std::string reason = describe_run(*journal, run, has_owner);
         if (!report.add({name_of(set.scenarios[run]), word_for(state_of(record, has_owner)),
                          reason.empty() ? Json() : Json(screen_text(reason)), seconds_of(record),
                          record.started == 0 ? Json() : Json(text_of_moment(record.started))}))

@@ -15,9 +15,20 @@ void add_set(CLI::App& command, std::string& set) {
         ->type_name("NAME");
 }
 
-namespace {
+std::string Found_set::failure() const {
+    return journal ? journal->failure() : unreadable_run_set(folder);
+}
 
-// The set in the folder; without a journal when it cannot be read.
+std::vector<std::string> folders_of_sets(Opened_project& project) {
+    platform::Write_result failure;
+    std::vector<std::string> folders = list_run_sets(project.directory().Runs, &failure);
+    if (!failure.ok())
+        throw Command_failure(exit_unreachable, "The folder of the runs " +
+                                                    screen_text(project.directory().Runs) +
+                                                    " cannot be read: " + failure.reason);
+    return folders;
+}
+
 Found_set read_set(const std::string& folder) {
     Found_set found{folder, {}, nullptr};
     if (std::optional<Run_set> set = read_run_set(folder)) {
@@ -28,18 +39,13 @@ Found_set read_set(const std::string& folder) {
     return found;
 }
 
-} // namespace
-
 void must_be_own(const Found_set& found) {
     if (const std::string reason = reason_not_to_touch(found.folder, found.set); !reason.empty())
         throw Command_failure(exit_found, screen_text(reason));
 }
 
 Found_set find_set(Opened_project& project, const std::string& name, Newest which) {
-    platform::Write_result failure;
-    std::vector<std::string> folders = list_run_sets(project.directory().Runs, &failure);
-    if (!failure.ok())
-        throw Command_failure(exit_unreachable, "The folder of the runs cannot be read: " + failure.reason);
+    std::vector<std::string> folders = folders_of_sets(project);
     if (!name.empty())
         std::erase_if(folders, [&](const std::string& folder) {
             return Found_set{folder, {}, nullptr}.name() != name;
@@ -55,10 +61,9 @@ Found_set find_set(Opened_project& project, const std::string& name, Newest whic
                 return found;
     Found_set found = read_set(folders.front());
     // An older one is not what was meant.
-    if (!found.journal)
-        throw Command_failure(exit_unreachable, "The set of runs '" + found.name() +
-                                                    "' cannot be read: " + screen_text(found.folder) +
-                                                    "\\set.txt is damaged, or no file that you may "
-                                                    "read. Say another one by --set, or delete that folder.");
+    if (const std::string failure = found.failure(); !failure.empty())
+        throw Command_failure(exit_unreachable,
+                              screen_text(failure) +
+                                  " Say another one by --set, or delete it with delete-runs.");
     return found;
 }

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 struct Found_set {
     std::string folder;
@@ -15,7 +16,15 @@ struct Found_set {
 
     // By which it can be found again.
     std::string name() const;
+    // Why it, or its journal, cannot be read; "" when they can.
+    std::string failure() const;
 };
+
+// The folders of the project's sets, the newest first. Fails with exit_unreachable.
+std::vector<std::string> folders_of_sets(Opened_project& project);
+
+// The set in the folder; without a journal when it cannot be read.
+Found_set read_set(const std::string& folder);
 
 // Adds the option that names a set.
 void add_set(CLI::App& command, std::string& set);

@@ -3,6 +3,7 @@
 #include "foundation/code_page_1252.h"
 #include "operations/record_settings.h"
 #include "operations/scenario_overview.h"
+#include "platform/current_directory.h"
 #include "platform/host_names.h"
 #include "platform/listing.h"
 #include "runs/scenario_states.h"
@@ -78,8 +79,8 @@ std::string word_in_shell(Scenario_state state) {
 }
 
 constexpr Scenario_state all_states[] = {
-    Scenario_state::never_run, Scenario_state::waiting, Scenario_state::running,    Scenario_state::done,
-    Scenario_state::failed,    Scenario_state::stopped, Scenario_state::out_of_date};
+    Scenario_state::never_run, Scenario_state::waiting, Scenario_state::running,     Scenario_state::done,
+    Scenario_state::failed,    Scenario_state::stopped, Scenario_state::out_of_date, Scenario_state::unknown};
 
 // "stale" is what a run would change.
 std::vector<Scenario_state> states_of(const std::vector<std::string>& words) {
@@ -168,6 +169,19 @@ void resolve_files(const Session& session, Scenario_choice& choice) {
             pattern = screen_text(session.file_of_argument(pattern));
 }
 
+void must_be_idle(Scenario_states& states, const std::vector<std::string>& scenarios) {
+    if (const std::string busy = busy_among(states, scenarios); !busy.empty())
+        throw Command_failure(exit_found, "Scenarios of these are being run: " + screen_text(busy) +
+                                              ". Stop the runs (tvs_project stop), or wait for their end. "
+                                              "Nothing was done.");
+}
+
+void must_be_idle(const TESK::File_name& file) {
+    const std::string folder = platform::current_directory();
+    Scenario_states states(folder, folder + "\\Runs");
+    must_be_idle(states, {file});
+}
+
 std::string choose_one(Opened_project& project, const Scenario_choice& choice) {
     const std::vector<std::string> chosen = choose_scenarios(project, choice, true);
     if (chosen.size() != 1)
@@ -186,6 +200,9 @@ std::vector<std::string> choose_scenarios(Opened_project& project, const Scenari
     std::vector<std::string> scenarios = list_scenarios(project.folder_of(choice.folder()), &failure);
     if (!failure.empty())
         throw Command_failure(exit_unreachable, failure);
+    if (scenarios.empty() && choice.all)
+        project.say(choice.generated ? "The project has no generated scenarios."
+                                     : "The project has no scenarios.");
     if (!choice.patterns.empty())
         scenarios = matching(scenarios, choice, project);
     if (!choice.states.empty()) {

@@ -35,5 +35,12 @@ std::vector<std::string> choose_scenarios(Opened_project& project, const Scenari
 // The one scenario that the first pattern of the choice names.
 std::string choose_one(Opened_project& project, const Scenario_choice& choice);
 
+// Fails with exit_found, and names them, where a set at work runs any of the scenarios (full names), or has
+// still to run it: none of them is to be changed then.
+void must_be_idle(Scenario_states& states, const std::vector<std::string>& scenarios);
+
+// The same for a record file of its own, whose folder of names is the current one.
+void must_be_idle(const TESK::File_name& file);
+
 // Makes the files of the choice full names. To be done before the project is opened.
 void resolve_files(const Session& session, Scenario_choice& choice);

@@ -98,6 +98,10 @@ void set(Session& session, Options& options) {
         places.push_back(results.size() - 1);
     }
     if (!options.only_tries && !changes.empty()) {
+        if (targets.project == nullptr)
+            must_be_idle(targets.targets.front().file);
+        else
+            must_be_idle(targets.project->states(), files);
         std::optional<Change_backups> backups;
         if (targets.project != nullptr)
             backups = backups_for(*targets.project, files, options.no_backup);

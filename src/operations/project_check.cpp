@@ -4,6 +4,7 @@
 #include "operations/operation_outcome.h"
 #include "operations/setting_values.h"
 #include "platform/files.h"
+#include "platform/host_names.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
 #include "records/vv_text.h"
@@ -190,10 +191,12 @@ const std::string& Project_check::reason_not_usable(const TESK::File_name& file)
     const auto [place, is_new] = files_.try_emplace(file);
     if (!is_new)
         return place->second;
+    const std::string drive = platform::missing_drive(file);
     if (!TESK::Smart_file_name(file.c_str()).exists())
         place->second = "The file " + file +
-                        (platform::is_out_of_reach(file) ? " lies in a folder that you may not enter."
-                                                         : " is not there.");
+                        (!drive.empty()                    ? " is not there: there is no drive " + drive + "."
+                         : platform::is_out_of_reach(file) ? " lies in a folder that you may not enter."
+                                                           : " is not there.");
     else if (platform::is_folder(file))
         place->second = "A file is meant, and " + file + " is a folder.";
     return place->second;

@@ -4,6 +4,7 @@
 #include "platform/host_names.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
@@ -36,6 +37,7 @@ void add_folder(const Host_handle& folder, int depth, Folder_mark& mark) {
         mark.bytes += static_cast<std::uint64_t>(status.st_size);
         mark.newest = std::max(mark.newest, time_in(status));
     }
+    mark.is_whole = mark.is_whole && entries.error() == 0;
 }
 
 } // namespace
@@ -51,8 +53,12 @@ std::optional<Change_time> change_time(std::string_view name) {
 Folder_mark folder_mark(std::string_view name) {
     Folder_mark mark;
     const std::string path = host_path(name);
-    if (!path.empty())
-        add_folder(Host_handle(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)), 0, mark);
+    if (path.empty())
+        return mark;
+    const Host_handle folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const bool is_absent = !folder.is_open() && (errno == ENOENT || errno == ENOTDIR);
+    if (!is_absent)
+        add_folder(folder, 0, mark);
     return mark;
 }
 

@@ -22,9 +22,10 @@ struct Folder_mark {
     std::size_t files = 0;
     std::uint64_t bytes = 0;
     Change_time newest = 0;
+    bool is_whole = true; // whether all of the folder could be read
     auto operator<=>(const Folder_mark&) const = default;
 };
-// Of a folder that is not there, or cannot be read, no files.
+// Of a folder that is not there no files.
 Folder_mark folder_mark(std::string_view name);
 
 } // namespace platform

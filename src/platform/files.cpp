@@ -205,9 +205,13 @@ bool make_folder(std::string_view name) {
     return true;
 }
 
-bool make_folders(std::string_view name) {
+bool make_folders(std::string_view name, Write_result* failure) {
     const std::string path = host_path(name);
-    return !path.empty() && make_host_levels(path) == 0;
+    const Write_result result =
+        path.empty() ? write_failure(Write_error::bad_name) : write_result_from_errno(make_host_levels(path));
+    if (failure != nullptr)
+        *failure = result;
+    return result.ok();
 }
 
 bool remove_folder(std::string_view name) {

@@ -94,8 +94,9 @@ Delete_outcome delete_file(std::string_view name);
 
 // Makes one folder. False when that cannot be, or when the name is there already.
 bool make_folder(std::string_view name);
-// Makes the folder and every level above it that is missing. Whether the folder is there afterwards.
-bool make_folders(std::string_view name);
+// Makes the folder and every level above it that is missing. Whether the folder is there afterwards;
+// `failure`, which may be null, says why not.
+bool make_folders(std::string_view name, Write_result* failure = nullptr);
 // Removes an empty folder: one that this program shows as empty, leftovers of interrupted saves included.
 bool remove_folder(std::string_view name);
 

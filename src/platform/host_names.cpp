@@ -6,6 +6,7 @@
 #include "platform/user_folders.h"
 
 #include <algorithm>
+#include <cctype>
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
@@ -264,6 +265,12 @@ std::string name_from_host_path(std::string_view path) {
         folder = join_host_path(folder, entry);
     }
     return components.empty() ? result + '\\' : result;
+}
+
+std::string missing_drive(std::string_view name) {
+    const bool has_drive =
+        name.size() > 1 && name[1] == ':' && std::isalpha(static_cast<unsigned char>(name[0])) != 0;
+    return has_drive && drive_root(name[0]) == nullptr ? std::string(name.substr(0, 2)) : "";
 }
 
 std::string drives_folder() {

@@ -51,6 +51,9 @@ std::string name_of_argument(const std::string& argument);
 // either, except that the drive need not exist.
 std::string full_name(std::string_view name);
 
+// The drive that the name begins with, such as "C:", where there is none of that letter; else "".
+std::string missing_drive(std::string_view name);
+
 // The host folder that holds the drives as links, absolute; "" when the two default drives are in use.
 std::string drives_folder();
 

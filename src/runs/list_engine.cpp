@@ -5,11 +5,12 @@
 
 std::string List_engine::start() {
     Journal_writer writer(folder_);
-    if (!claim_set(folder_, set_.scenarios.size(), writer))
-        return writer.state().ok() ? "Another program has this set run." : writer.state().reason;
+    std::string reason = reason_not_claimed(folder_, set_.scenarios.size(), writer);
+    if (!reason.empty())
+        return reason;
     Run_journal journal(folder_, set_.scenarios.size());
     journal.update();
-    std::string reason = write_worker_files(folder_, set_);
+    reason = write_worker_files(folder_, set_);
     const std::vector<std::size_t> left = journal.left();
     if (reason.empty())
         reason = write_run_list(folder_, left);

@@ -48,8 +48,8 @@ Local_engine::~Local_engine() {
 std::string Local_engine::start() {
     if (!journal_.state().ok())
         return journal_.state().reason;
-    if (!claim_set(folder_, set_.scenarios.size(), journal_))
-        return journal_.state().ok() ? "Another program has this set run." : journal_.state().reason;
+    if (std::string reason = reason_not_claimed(folder_, set_.scenarios.size(), journal_); !reason.empty())
+        return reason;
     is_owner_ = true;
     Run_journal journal(folder_, set_.scenarios.size());
     journal.update();

@@ -60,6 +60,11 @@ std::optional<Run_set> read_run_set(const std::string& folder) {
     return file.ok() ? run_set_from_text(file.contents) : std::nullopt;
 }
 
+std::string unreadable_run_set(const std::string& folder) {
+    return "The set of runs '" + folder.substr(folder.rfind('\\') + 1) + "' cannot be read: " + folder +
+           set_file + " is damaged, or no file that you may read.";
+}
+
 std::vector<std::string> list_run_sets(const std::string& runs_folder, platform::Write_result* failure) {
     std::vector<std::string> folders;
     const platform::Folder_listing listing = platform::list_folder(runs_folder);
@@ -67,7 +72,8 @@ std::vector<std::string> list_run_sets(const std::string& runs_folder, platform:
         *failure = listing.result;
     for (const platform::Folder_entry& entry : listing) {
         const std::string folder = runs_folder + '\\' + entry.name;
-        if ((entry.attributes & platform::attribute_directory) != 0 && platform::is_file(folder + set_file))
+        if ((entry.attributes & platform::attribute_directory) != 0 &&
+            (platform::is_file(folder + set_file) || platform::is_out_of_reach(folder + set_file)))
             folders.push_back(folder);
     }
     // Of one second, the tenth comes behind the second.
@@ -92,7 +98,9 @@ std::string reason_not_to_touch(const std::string& folder, const Run_set& set) {
 bool delete_run_set(const std::string& folder, bool permanently) {
     Run_journal journal(folder, 0);
     journal.update();
-    if (is_owned(journal) && !(journal.job() && journal.job()->is_list()))
+    const bool may_be_at_work =
+        !journal.failure().empty() || (is_owned(journal) && !(journal.job() && journal.job()->is_list()));
+    if (may_be_at_work)
         return false;
     return TESK::Smart_directory_name(folder.c_str()).recycle(permanently);
 }

@@ -21,9 +21,11 @@ Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set);
 
 // What was asked of the set in the folder; nothing when there is none, or it was never completely made.
 std::optional<Run_set> read_run_set(const std::string& folder);
+// What is to be said of a folder in which that finds none; a plain English sentence.
+std::string unreadable_run_set(const std::string& folder);
 
-// The folders of all sets, the newest first. Where the folder is there and cannot be read, `failure`, which
-// may be null, says why.
+// The folders of all sets, the newest first, those too of which this user may not read what was asked. Where
+// the folder is there and cannot be read, `failure`, which may be null, says why.
 std::vector<std::string> list_run_sets(const std::string& runs_folder,
                                        platform::Write_result* failure = nullptr);
 
@@ -32,7 +34,7 @@ std::vector<std::string> list_run_sets(const std::string& runs_folder,
 std::string reason_not_to_touch(const std::string& folder, const Run_set& set);
 
 // Deletes the set with all that is known of it, into the trash unless `permanently`; the outputs of its
-// scenarios stay. False when anything of it is left, and when it is being run.
+// scenarios stay. False when anything of it is left, and when it is being run, or its journal cannot tell.
 bool delete_run_set(const std::string& folder, bool permanently);
 
 // The file with what a run has printed; there is none for one that printed nothing.

@@ -1,6 +1,7 @@
 #include "runs/run_journal.h"
 
 #include "platform/file_stream.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <array>
@@ -111,12 +112,44 @@ bool Run_journal::update() {
         has_news = read_on() || has_news;
         is_abandoned_ = owner_ == owner;
     }
-    return has_news;
+    return look_after_workers() || has_news;
+}
+
+// Finds the runs whose process has gone. True when there are new ones.
+bool Run_journal::look_after_workers() {
+    std::vector<std::size_t> gone;
+    for (const auto& [run, worker] : workers_)
+        if (!runs_[run].is_abandoned && platform::presence_of(worker) == platform::Process_presence::gone)
+            gone.push_back(run);
+    if (gone.empty())
+        return false;
+    read_on(); // it may have written its last line after it was read
+    for (const std::size_t run : gone)
+        if (runs_[run].outcome == Outcome::running) {
+            runs_[run].is_abandoned = true;
+            changed_.push_back(run);
+        }
+    return true;
+}
+
+std::string Run_journal::elsewhere(std::size_t run) const {
+    const auto worker = workers_.find(run);
+    return worker != workers_.end() &&
+                   platform::presence_of(worker->second) == platform::Process_presence::elsewhere
+               ? worker->second.host
+               : "";
 }
 
 bool Run_journal::read_on() {
-    platform::File_stream file(folder_ + journal_file, false);
-    const std::int64_t size = file.good() ? file.size() : 0;
+    const std::string name = folder_ + journal_file;
+    platform::File_stream file(name, false);
+    failure_.clear();
+    const bool is_absent = !file.good() && !platform::exists(name) && !platform::is_out_of_reach(name);
+    const std::int64_t size = file.good() ? file.size() : is_absent ? 0 : -1;
+    if (size < 0) {
+        failure_ = "The journal " + name + " cannot be read.";
+        return false;
+    }
     if (size < place_)
         forget_all();
     if (size <= place_)
@@ -147,6 +180,7 @@ void Run_journal::take(std::string_view bytes) {
 void Run_journal::forget_all() {
     std::fill(runs_.begin(), runs_.end(), Run_record());
     reasons_.clear();
+    workers_.clear();
     owner_.reset();
     job_.reset();
     owned_since_ = 0;
@@ -184,6 +218,9 @@ void Run_journal::take_line(std::string_view line) {
         runs_[run].outcome = Outcome::running;
         runs_[run].started = time;
         changed_.push_back(run);
+        workers_.erase(run);
+        if (const auto worker = platform::identity_from_text(words.rest()))
+            workers_.emplace(run, *worker);
     } else if (kind == "end") {
         take_end(run, time, words);
     }
@@ -211,7 +248,9 @@ void Run_journal::take_end(std::size_t run, Moment time, Words& words) {
     record.ended = time;
     if (record.started == 0)
         record.started = time - static_cast<Moment>(record.seconds * 1000);
+    record.is_abandoned = false;
     runs_[run] = record;
+    workers_.erase(run);
     changed_.push_back(run);
     ++ended_since_;
 }
@@ -315,7 +354,7 @@ bool Journal_writer::flush() {
 }
 
 bool is_owned(const Run_journal& journal) {
-    const auto has_ended = [](const Run_record& run) { return run.has_ended(); };
+    const auto has_ended = [](const Run_record& run) { return run.has_ended() || run.is_abandoned; };
     // Nobody says that a list is over.
     const bool has_job =
         journal.job() &&
@@ -323,9 +362,21 @@ bool is_owned(const Run_journal& journal) {
     return has_job || (journal.owner() && !journal.is_abandoned());
 }
 
+std::string reason_not_claimed(const std::string& folder, std::size_t runs, Journal_writer& writer) {
+    if (claim_set(folder, runs, writer))
+        return "";
+    if (!writer.state().ok())
+        return writer.state().reason;
+    Run_journal journal(folder, runs);
+    journal.update();
+    return journal.failure().empty() ? "Another program has this set run." : journal.failure();
+}
+
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer) {
     Run_journal journal(folder, runs);
     journal.update();
+    if (!journal.failure().empty())
+        return false;
     const bool is_list = journal.job() && journal.job()->is_list();
     if (is_owned(journal) && !is_list)
         return false;

@@ -9,7 +9,8 @@
 //                                                in the file LIST of the folder
 //     cancel TIME NUMBER .                       somebody has the scheduler end that job
 //     closed TIME NUMBER .                       that job is over
-//     start TIME RUN .
+//     start TIME RUN [HOST BOOT PROCESS STARTED] .
+//                                                with who runs it where no owner does: a line of a list
 //     end TIME RUN exit CODE SECONDS output .    how it ended: "exit", "signal", "unstarted" (with the
 //     launch's
 //                                                result), "stopped", "slow", "lost" (with the scheduler's
@@ -56,7 +57,8 @@ struct Run_record {
     };
     Outcome outcome = Outcome::waiting;
     bool left_output = false;
-    int code = 0; // exit code, signal, or result of the launch (platform/process.h)
+    bool is_abandoned = false; // running by its journal, and the process that ran it has gone
+    int code = 0;              // exit code, signal, or result of the launch (platform/process.h)
     Moment started = 0;
     Moment ended = 0;
     double seconds = 0;
@@ -91,6 +93,9 @@ public:
 
     // Reads what has been added. True when anything was; changed() tells which runs.
     bool update();
+    // Why the journal that is there could not be read at the last update(), a plain English sentence; "" when
+    // it could. What was read before is still told.
+    const std::string& failure() const { return failure_; }
     // Takes bytes of a journal, as update() does with those of the file: what follows on those taken before.
     void take(std::string_view bytes);
 
@@ -102,6 +107,9 @@ public:
     const std::vector<std::size_t>& changed() const { return changed_; }
     // The scheduler's reason why it lost a run; "" when it gave none.
     std::string reason(std::size_t run) const;
+
+    // The machine that a run of a list is on and that cannot be asked from here; "" for any other run.
+    std::string elsewhere(std::size_t run) const;
 
     // The process that has the set run; nothing when none does, or the last one has left.
     const std::optional<platform::Process_identity>& owner() const { return owner_; }
@@ -117,6 +125,7 @@ public:
 private:
     class Words;
     bool read_on();
+    bool look_after_workers();
     void take_line(std::string_view line);
     void take_end(std::size_t run, Moment time, Words& words);
     void take_owner(Moment time, std::string_view identity);
@@ -125,9 +134,11 @@ private:
     void forget_all();
 
     std::string folder_;
+    std::string failure_;
     std::vector<Run_record> runs_;
     std::vector<std::size_t> changed_;
     std::unordered_map<std::size_t, std::string> reasons_;
+    std::unordered_map<std::size_t, platform::Process_identity> workers_; // of runs that have not ended
     std::optional<platform::Process_identity> owner_;
     std::optional<Scheduler_job> job_;
     bool is_abandoned_ = false;
@@ -167,9 +178,11 @@ private:
 };
 
 // Makes this process the owner of the set. False when another one has it, also one of a machine that cannot
-// be asked (what that has left can be repeated in a set of its own), or the journal cannot be written. Of
-// several that try at once, one succeeds.
+// be asked (what that has left can be repeated in a set of its own), or the journal cannot be read or
+// written. Of several that try at once, one succeeds.
 bool claim_set(const std::string& folder, std::size_t runs, Journal_writer& writer);
+// The same: "" when it is the owner, else why not, in a plain English sentence.
+std::string reason_not_claimed(const std::string& folder, std::size_t runs, Journal_writer& writer);
 
 // Whether a process of this machine or another one, or a job, had the set run at the last update(), as far as
 // can be told: one elsewhere counts.

@@ -11,7 +11,7 @@ namespace {
 
 using Outcome = Run_record::Outcome;
 
-constexpr const char* run_state_words[] = {"waiting", "running", "done", "failed", "stopped", "crashed"};
+constexpr const char* run_state_words[] = {"waiting", "running", "done", "failed", "stopped", "stopped"};
 
 // "10,000"
 std::string with_commas(std::size_t number) {
@@ -54,7 +54,7 @@ Run_state state_of(const Run_record& record, bool is_owned) {
     if (record.outcome == Outcome::waiting)
         return Run_state::waiting;
     if (record.outcome == Outcome::running)
-        return is_owned ? Run_state::running : Run_state::crashed;
+        return is_owned && !record.is_abandoned ? Run_state::running : Run_state::crashed;
     if (record.outcome == Outcome::stopped)
         return Run_state::stopped;
     return record.is_done() ? Run_state::done : Run_state::failed;
@@ -62,6 +62,18 @@ Run_state state_of(const Run_record& record, bool is_owned) {
 
 const char* word_for(Run_state state) {
     return run_state_words[static_cast<std::size_t>(state)];
+}
+
+std::string describe_run(const Run_journal& journal, std::size_t run, bool is_owned) {
+    const Run_record& record = journal.runs()[run];
+    switch (state_of(record, is_owned)) {
+    case Run_state::crashed: return "its process has gone";
+    case Run_state::running: {
+        const std::string host = journal.elsewhere(run);
+        return host.empty() ? "" : "on " + host + ", which cannot be asked from here";
+    }
+    default: return describe_end(record, journal.reason(run));
+    }
 }
 
 std::string describe_end(const Run_record& record, const std::string& lost_reason) {
@@ -105,6 +117,14 @@ Run_progress progress_of(const Run_journal& journal, bool is_owned, Moment now) 
         progress.seconds_left = elapsed / static_cast<double>(journal.ended_since()) * rest;
     }
     return progress;
+}
+
+Run_state state_of(const Run_progress& progress) {
+    return progress.running > 0                                    ? Run_state::running
+           : progress.failed > 0                                   ? Run_state::failed
+           : progress.stopped > 0                                  ? Run_state::stopped
+           : progress.total > 0 && progress.done == progress.total ? Run_state::done
+                                                                   : Run_state::waiting;
 }
 
 std::string describe(const Run_progress& progress) {

@@ -14,7 +14,7 @@ enum class Run_state : std::uint8_t {
     done,
     failed,
     stopped, // with the set; the rest of a set that was stopped is still waiting
-    crashed  // was running when the set's owner was lost
+    crashed  // was running when the process that ran it, or had it run, was lost: stopped, for users
 };
 // `is_owned`: whether anybody has the set run (is_owned() of the journal, asked once for all runs).
 Run_state state_of(const Run_record& record, bool is_owned);
@@ -24,6 +24,9 @@ const char* word_for(Run_state state);
 // Why a run failed, or how it ended, for users: "exit code 3", "no output". "" for a run that is done or has
 // not ended. `lost_reason`: the scheduler's.
 std::string describe_end(const Run_record& record, const std::string& lost_reason = "");
+
+// The same for a run of a set, and of one that has not ended what is to be known of its process.
+std::string describe_run(const Run_journal& journal, std::size_t run, bool is_owned);
 
 struct Run_progress {
     std::size_t total = 0;
@@ -42,6 +45,9 @@ struct Run_progress {
 
 // `now`: the present moment.
 Run_progress progress_of(const Run_journal& journal, bool is_owned, Moment now);
+
+// The state of a set as a whole: what deserves the first look in it.
+Run_state state_of(const Run_progress& progress);
 
 // "812 of 10,000 done, 3 failed, about 14 min left"; what is none is left out.
 std::string describe(const Run_progress& progress);

@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr const char* state_words[] = {"never run", "waiting", "running",    "done",
-                                       "failed",    "stopped", "out of date"};
+constexpr const char* state_words[] = {"never run", "waiting", "running",     "done",
+                                       "failed",    "stopped", "out of date", "unknown"};
 
 constexpr std::string_view parameter_extensions[] = {"sil", "loc", "xeb",           "rot",
                                                      "mgt", "rcl", "wtb",           "crp",
@@ -69,6 +69,7 @@ std::vector<std::string> parameter_files_in(std::string_view record_text) {
 struct Scenario_states::Set {
     std::string folder;
     Run_journal journal;
+    bool is_readable = true; // whether it is known what was asked
     bool is_owned = false;
     bool is_at_work = false; // a list that was handed out may never be
 };
@@ -80,12 +81,35 @@ Scenario_states::~Scenario_states() = default;
 
 void Scenario_states::refresh() {
     times_.clear();
-    std::vector<std::string> folders = list_run_sets(runs_folder_);
-    std::reverse(folders.begin(), folders.end());
+    failures_.clear();
+    platform::Write_result failure;
+    std::vector<std::string> folders = list_run_sets(runs_folder_, &failure);
+    is_folder_readable_ = failure.ok();
+    if (is_folder_readable_) {
+        std::reverse(folders.begin(), folders.end());
+        read_sets(folders);
+    } else {
+        failures_.push_back("The folder of the runs " + runs_folder_ + " cannot be read: " + failure.reason);
+    }
+    for (const auto& set : sets_) {
+        set->journal.update();
+        set->is_owned = is_owned(set->journal);
+        set->is_at_work = set->is_owned && !(set->journal.job() && set->journal.job()->is_list());
+        if (!is_folder_readable_)
+            continue;
+        if (!set->is_readable)
+            failures_.push_back(unreadable_run_set(set->folder));
+        else if (!set->journal.failure().empty())
+            failures_.push_back(set->journal.failure());
+    }
+}
+
+void Scenario_states::read_sets(const std::vector<std::string>& folders) {
     std::size_t known = 0;
-    while (known < sets_.size() && known < folders.size() && sets_[known]->folder == folders[known])
+    while (known < sets_.size() && known < folders.size() && sets_[known]->folder == folders[known] &&
+           (sets_[known]->is_readable || !read_run_set(folders[known])))
         ++known;
-    // Sets are added at the end; where one has been deleted, all are read anew.
+    // Sets are added at the end; where one has been deleted, or can be read at last, all are read anew.
     if (known < sets_.size()) {
         sets_.clear();
         runs_.clear();
@@ -93,11 +117,6 @@ void Scenario_states::refresh() {
     }
     for (; known < folders.size(); ++known)
         add_set(folders[known]);
-    for (const auto& set : sets_) {
-        set->journal.update();
-        set->is_owned = is_owned(set->journal);
-        set->is_at_work = set->is_owned && !(set->journal.job() && set->journal.job()->is_list());
-    }
 }
 
 void Scenario_states::add_set(const std::string& folder) {
@@ -113,7 +132,22 @@ void Scenario_states::add_set(const std::string& folder) {
             name.replace(0, folder_then.size(), folder_now);
         runs_[name].push_back({sets_.size(), run});
     }
-    sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count)}));
+    sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count), asked.has_value()}));
+}
+
+const std::string* Scenario_states::doubt_since(std::size_t set) const {
+    if (failures_.empty())
+        return nullptr;
+    if (!is_folder_readable_)
+        return &failures_.front();
+    std::size_t last = failures_.size();
+    for (std::size_t newer = sets_.size(); newer > set; --newer) {
+        const Set& one = *sets_[newer - 1];
+        if (!one.is_readable)
+            return &failures_[last - 1];
+        last -= one.journal.failure().empty() ? 0 : 1;
+    }
+    return nullptr;
 }
 
 std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& scenarios) const {
@@ -133,7 +167,8 @@ std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& sc
 Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
     Scenario_status status;
     take_last_run(scenario_file, status);
-    if (status.state == Scenario_state::waiting || status.state == Scenario_state::running)
+    if (status.state == Scenario_state::waiting || status.state == Scenario_state::running ||
+        status.state == Scenario_state::unknown)
         return status;
     const bool is_judged_by_files =
         status.state == Scenario_state::never_run || status.state == Scenario_state::done ||
@@ -148,11 +183,16 @@ Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
 
 // By the journals alone: the set that is being run, else the one that began the scenario last.
 void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_status& status) const {
+    static const std::vector<Place> none;
     const auto found = runs_.find(folded(scenario_file));
-    if (found == runs_.end())
-        return;
-    for (const Place& place : found->second) {
+    std::size_t told_by = 0; // the place behind that of the set
+    for (const Place& place : found == runs_.end() ? none : found->second) {
         const Set& set = *sets_[place.set];
+        if (!set.journal.failure().empty()) {
+            status = {Scenario_state::unknown, set.journal.failure(), set.folder, place.run, {}};
+            told_by = place.set + 1;
+            continue;
+        }
         const Run_record& record = set.journal.runs()[place.run];
         const Run_state state = state_of(record, set.is_owned);
         const bool is_at_work = set.is_at_work && record.is_left() && state != Run_state::stopped;
@@ -161,6 +201,7 @@ void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_s
         status.record = record;
         status.set_folder = set.folder;
         status.run = place.run;
+        told_by = place.set + 1;
         switch (state) {
         case Run_state::waiting: status.state = Scenario_state::waiting; break;
         case Run_state::running: status.state = Scenario_state::running; break;
@@ -169,10 +210,14 @@ void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_s
         case Run_state::stopped:
         case Run_state::crashed: status.state = Scenario_state::stopped; break;
         }
-        status.reason =
-            status.state == Scenario_state::failed ? describe_end(record, set.journal.reason(place.run)) : "";
+        const bool is_plain = state == Run_state::done || state == Run_state::stopped;
+        status.reason = is_plain ? "" : describe_run(set.journal, place.run, set.is_owned);
         if (is_at_work)
             return;
+    }
+    if (const std::string* doubt = doubt_since(told_by); doubt != nullptr) {
+        status.state = Scenario_state::unknown;
+        status.reason = *doubt;
     }
 }
 
@@ -182,6 +227,12 @@ void Scenario_states::judge_by_files(const std::string& scenario_file, Scenario_
     const std::string output_folder = output_folder_of(TESK::File_name(scenario_file.c_str()));
     const auto output_folder_time = platform::change_time(output_folder);
     const auto record_time = platform::change_time(scenario_file);
+    const auto doubt = [&] {
+        status.state = Scenario_state::unknown;
+        status.reason = "The folder " + output_folder + " cannot be read.";
+    };
+    if (!output_folder_time && platform::is_out_of_reach(output_folder))
+        doubt();
     if (!output_folder_time || !record_time)
         return;
     const std::vector<std::string>& files = files_named_by(scenario_file, *record_time);
@@ -198,6 +249,8 @@ void Scenario_states::judge_by_files(const std::string& scenario_file, Scenario_
                           moment_of(*output_folder_time) < status.record.ended + clock_slack;
     const platform::Folder_mark output =
         is_clear ? platform::Folder_mark() : platform::folder_mark(output_folder);
+    if (!is_clear && !output.is_whole)
+        return doubt();
     if (!is_clear && output.files == 0)
         return;
     status.state = Scenario_state::done;
@@ -229,4 +282,14 @@ platform::Change_time Scenario_states::time_of(const std::string& parameter_file
     if (is_new)
         place->second = platform::change_time(parameter_file).value_or(0);
     return place->second;
+}
+
+std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios) {
+    constexpr std::size_t most_named = 10;
+    states.refresh();
+    const std::vector<std::string> busy = states.take_busy(scenarios);
+    std::string names;
+    for (std::size_t one = 0; one < busy.size() && one < most_named; ++one)
+        names += (one > 0 ? ", " : "") + TESK::File_name(busy[one].c_str()).get_name(false);
+    return names + (busy.size() > most_named ? ", ..." : "");
 }

@@ -19,15 +19,16 @@ enum class Scenario_state : std::uint8_t {
     running,
     done,
     failed,
-    stopped,    // with its set, or its set crashed
-    out_of_date // its record, or a parameter file that this names, is newer than the output
+    stopped,     // with its set, or its set crashed
+    out_of_date, // its record, or a parameter file that this names, is newer than the output
+    unknown      // what would tell it cannot be read
 };
 // For users: "out of date".
 const char* word_for(Scenario_state state);
 
 struct Scenario_status {
     Scenario_state state = Scenario_state::never_run;
-    std::string reason;     // why it failed, or is out of date; "" otherwise
+    std::string reason;     // why it failed, is out of date, stopped or not known; else ""
     std::string set_folder; // of the last set that had it; "" for none
     std::size_t run = 0;    // its number there
     Run_record record;      // what that set's journal tells
@@ -43,6 +44,10 @@ public:
     // Reads what is new in the journals, and looks at files anew from then on. To be called before states are
     // asked for; costs next to nothing when nothing has changed.
     void refresh();
+
+    // What refresh() could not read, a plain English sentence each: the folder of the sets, or a set of runs.
+    // Scenarios of which nothing newer is known are in an unknown state then.
+    const std::vector<std::string>& failures() const { return failures_; }
 
     // The state of the scenario with that file (full name). Asks the host for the times of its record and of
     // its output, and of each parameter file once for all scenarios.
@@ -64,6 +69,9 @@ private:
     };
 
     void add_set(const std::string& folder);
+    void read_sets(const std::vector<std::string>& folders);
+    // What could not be read and is newer than the set of that place; null for nothing.
+    const std::string* doubt_since(std::size_t set) const;
     void take_last_run(const std::string& scenario_file, Scenario_status& status) const;
     void judge_by_files(const std::string& scenario_file, Scenario_status& status);
     const std::vector<std::string>& files_named_by(const std::string& scenario_file,
@@ -72,11 +80,17 @@ private:
 
     std::string project_folder_;
     std::string runs_folder_;
+    std::vector<std::string> failures_;
+    bool is_folder_readable_ = true;
     std::vector<std::unique_ptr<Set>> sets_;                   // the oldest first
     std::unordered_map<std::string, std::vector<Place>> runs_; // by the scenario's file in lower case
     std::unordered_map<std::string, Named_files> named_;
     std::unordered_map<std::string, platform::Change_time> times_; // of parameter files, since refresh()
 };
+
+// The names of those of the scenarios (full names) that a set at work runs, or has still to run, and that are
+// therefore not to be changed or deleted: "base, clay soil", of many the first. "" when there is none.
+std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios);
 
 // The parameter files that a scenario's record names, by the extensions that such files have, as they stand
 // in the text of the record.

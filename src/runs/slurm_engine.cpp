@@ -39,11 +39,12 @@ std::string Slurm_engine::start() {
     if (!writer_.state().ok())
         return writer_.state().reason;
     if (!journal_.job()) {
-        if (!claim_set(folder_, set_.scenarios.size(), writer_))
-            return writer_.state().ok() ? "Another program has this set run." : writer_.state().reason;
+        std::string reason = reason_not_claimed(folder_, set_.scenarios.size(), writer_);
+        if (!reason.empty())
+            return reason;
         journal_.update();
         const std::vector<std::size_t> left = journal_.left();
-        const std::string reason = left.empty() ? "" : submit(left);
+        reason = left.empty() ? "" : submit(left);
         writer_.leave(reason.empty() ? "submitted" : "refused");
         journal_.update();
         if (!reason.empty())

@@ -33,6 +33,8 @@ note() {
         tries=$((tries + 1))
     done
 } 2>/dev/null
+# Who has the runs done, for whoever asks whether it is still there.
+worker="$(uname -n) $(cat /proc/sys/kernel/random/boot_id) $$ $(sed 's/.*) //' /proc/$$/stat | cut -d ' ' -f 20)"
 time_now() {
     date -u +%Y-%m-%dT%H:%M:%S.%3NZ
 }
@@ -54,7 +56,11 @@ do_run() {
     mkdir -p "$folder/printed"
     before=$(files_of "$output")
     began=$(date +%s%3N)
-    note "start $(time_now) $1"
+    if [ "$mode" = task ]; then
+        note "start $(time_now) $1"
+    else
+        note "start $(time_now) $1 $worker"
+    fi
     # The exit code comes by descriptor 3 around what takes the text.
     code=$( {
         { (command_of "$line") </dev/null 2>&1 3>&-; echo $? >&3; } |

@@ -48,7 +48,7 @@ TEST_F(Scenario_list_test, shows_what_is_known_of_scenarios_as_people_count_filt
     filter("PEAS 2");
     EXPECT_EQ(rows(), "plot 2.tvn;");
     filter("");
-    EXPECT_TRUE(table().state_combo.select(8)); // ticked
+    EXPECT_TRUE(table().state_combo.select(9)); // ticked
     EXPECT_EQ(rows(), "plot 10.tvn;plot 2.tvn;base.tvn;");
 }
 

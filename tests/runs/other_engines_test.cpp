@@ -41,6 +41,18 @@ TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_other_runners_a
     // What is done is not on the list the next time.
     ASSERT_EQ(make_engine(folder)->start(), "");
     EXPECT_EQ(platform::read_file(run_list_file(folder)).contents, "");
+
+    // Whoever runs a line and is killed says nothing more: that it is gone is found out.
+    set.scenarios = project.set_of({"wait 2"}).scenarios;
+    set.longest = 0s;
+    const std::string killed = project.make(set);
+    ASSERT_EQ(make_engine(killed)->start(), "");
+    const Environment_guard one("LIST", platform::host_path(run_list_file(killed)));
+    std::system(
+        "cd /; eval \"$(cat \"$LIST\") &\"; until grep -q start \"${LIST%/*}/journal.txt\"; do sleep 0.01; "
+        "done; kill -9 $!; wait $!");
+    EXPECT_EQ(ends_of(killed, 1), "stopped its process has gone\n");
+    kill(project.await_number("wait 2.pid"), SIGKILL);
 }
 
 // The scheduler's commands are scripts here: what they answer is what a test can have no real one answer.

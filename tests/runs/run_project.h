@@ -98,9 +98,9 @@ inline std::string ends_of(const std::string& folder, std::size_t runs) {
     const Run_journal journal = journal_of(folder, runs);
     std::string text;
     for (std::size_t run = 0; run < runs; ++run) {
-        const Run_record& record = journal.runs()[run];
-        text += std::string(word_for(state_of(record, is_owned(journal)))) + ' ' +
-                describe_end(record, journal.reason(run)) + '\n';
+        const bool has_owner = is_owned(journal);
+        text += std::string(word_for(state_of(journal.runs()[run], has_owner))) + ' ' +
+                describe_run(journal, run, has_owner) + '\n';
     }
     return text;
 }

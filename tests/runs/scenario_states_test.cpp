@@ -1,3 +1,4 @@
+#include "platform/files.h"
 #include "runs/list_engine.h"
 #include "runs/local_engine.h"
 #include "runs/run_project.h"
@@ -75,6 +76,25 @@ TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
     Scenario_states moved("C:\\moved", project.runs_folder);
     moved.refresh();
     EXPECT_EQ(moved.status_of("C:\\moved\\Scenarios\\silent.tvn").state, Scenario_state::failed);
+}
+
+TEST_F(Scenario_states_test, what_cannot_be_read_leaves_unknown_what_no_newer_set_tells) {
+    run(project.set_of({"good"}));
+    // A journal that is none.
+    const std::string folder = project.make(project.set_of({"fail"}));
+    platform::make_folders(folder + "\\journal.txt");
+    EXPECT_EQ(state_of("fail"), "unknown");
+    EXPECT_EQ(state_of("good"), "done");
+    EXPECT_EQ(Local_engine(folder, project.set_of({"fail"})).start(), "There is a folder of this name.");
+    EXPECT_FALSE(delete_run_set(folder, true));
+    // A set of which nobody knows what was asked.
+    project.drives.write("p/Runs/2999-01-01 00-00-00/set.txt", "run set 1\n");
+    EXPECT_EQ(state_of("good"), "unknown");
+    EXPECT_EQ(states.failures().size(), 2U);
+    std::filesystem::rename(project.drives.host("p/Runs"), project.drives.host("p/old"));
+    project.drives.write("p/Runs");
+    EXPECT_EQ(state_of("never"), "unknown");
+    EXPECT_EQ(states.failures().size(), 1U);
 }
 
 TEST_F(Scenario_states_test, choose_what_is_to_be_repeated) {

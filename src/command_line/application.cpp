@@ -3,12 +3,25 @@
 #include "command_line/commands.h"
 #include "command_line/report.h"
 
+#include <memory>
+
 namespace {
 
 constexpr const char* about = "Works on the projects of the suite and their scenarios, without a window.";
 constexpr const char* more =
     "'tvs_project COMMAND --help' tells more of a command, with examples.\n"
     "Exit codes: 0 done, 1 something was found or failed, 2 wrong call, 3 a file cannot be read or written.";
+
+// Shows the words that an option takes without the mark of a type that it lacks.
+class Help_formatter : public CLI::Formatter {
+public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        std::string text = CLI::Formatter::make_option_opts(option);
+        if (const std::size_t mark = text.find(" :{"); mark != std::string::npos)
+            text.erase(mark + 1, 1);
+        return text;
+    }
+};
 
 void add_commands(CLI::App& app, Session& session) {
     add_info_command(app, session);
@@ -18,6 +31,8 @@ void add_commands(CLI::App& app, Session& session) {
     add_status_command(app, session);
     add_stop_command(app, session);
     add_continue_command(app, session);
+    add_log_command(app, session);
+    add_delete_runs_command(app, session);
     add_generate_command(app, session);
     add_reset_command(app, session);
     add_compare_command(app, session);
@@ -70,6 +85,7 @@ int run_command_line(const std::vector<std::string>& arguments, Table_reader& ta
     app.set_version_flag("--version", "tvs_project " PROGRAM_VERSION);
     app.require_subcommand(1);
     app.footer(more);
+    app.formatter(std::make_shared<Help_formatter>());
     add_commands(app, session);
     const int code = run(arguments, app, session);
     session.console.end_progress();

@@ -8,6 +8,8 @@ void add_list_command(CLI::App& app, Session& session);
 void add_check_command(CLI::App& app, Session& session);
 void add_run_command(CLI::App& app, Session& session);
 void add_status_command(CLI::App& app, Session& session);
+void add_log_command(CLI::App& app, Session& session);
+void add_delete_runs_command(CLI::App& app, Session& session);
 void add_stop_command(CLI::App& app, Session& session);
 void add_continue_command(CLI::App& app, Session& session);
 void add_generate_command(CLI::App& app, Session& session);

@@ -82,6 +82,17 @@ void Console::say(const std::string& sentence) {
     std::cerr << "tvs_project: " + sentence + '\n' << std::flush;
 }
 
+bool Console::can_ask() const {
+    return isatty(STDIN_FILENO) != 0 && err_is_terminal_;
+}
+
+bool Console::ask(const std::string& question) {
+    std::cerr << question + " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
 void Console::show_progress(const std::string& what, std::size_t done, std::size_t total) {
     show_progress(what + ' ' + std::to_string(done) + (total > 0 ? " of " + std::to_string(total) : ""));
 }

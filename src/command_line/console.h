@@ -43,6 +43,11 @@ public:
     // Says a sentence (in UTF-8) on standard error, behind the program's name.
     void say(const std::string& sentence);
 
+    // Whether there is anybody to be asked: a terminal to read an answer from.
+    bool can_ask() const;
+    // Asks a question there that has a yes or a no. False for anything but a yes.
+    bool ask(const std::string& question);
+
     // Shows how far a long operation is, where standard error is a terminal, a few times a second.
     void show_progress(const std::string& what, std::size_t done, std::size_t total);
     void show_progress(const std::string& line);

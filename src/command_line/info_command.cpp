@@ -7,11 +7,13 @@
 
 namespace {
 
-// With a word when it is not there.
-std::string named_file(const Project_summary::Named_file& file) {
-    return screen_text(file.name) + (file.is_out_of_reach ? " (cannot be reached)"
-                                     : file.is_missing    ? " (missing)"
-                                                          : "");
+// With a word for people when it is not there, which programs find in `lacking`.
+void add_file(Session& session, Json& info, const char* key, const Project_summary::Named_file& file,
+              Json& lacking) {
+    const std::string word = file.is_out_of_reach ? "cannot be reached" : file.is_missing ? "missing" : "";
+    info[key] = screen_text(file.name) + (session.as_json || word.empty() ? "" : " (" + word + ')');
+    if (!word.empty())
+        lacking[key] = word;
 }
 
 void show_info(Session& session, const std::string& argument) {
@@ -22,9 +24,12 @@ void show_info(Session& session, const std::string& argument) {
     info["folder"] = screen_text(summary.folder);
     info["type"] = screen_text(summary.type);
     info["description"] = screen_text(summary.description);
-    info["model"] = named_file(summary.model);
-    info["template"] = named_file(summary.template_scenario);
-    info["active"] = named_file(summary.active_scenario);
+    Json lacking = Json::object();
+    add_file(session, info, "model", summary.model, lacking);
+    add_file(session, info, "template", summary.template_scenario, lacking);
+    add_file(session, info, "active", summary.active_scenario, lacking);
+    if (session.as_json)
+        info["lacking"] = lacking;
     info["scenarios"] = summary.scenarios;
     info["generated"] = summary.generated;
     info["comparisons"] = summary.comparisons;

@@ -50,6 +50,7 @@ void make(Session& session, const Options& options) {
     std::string from;
     if (!options.from.empty())
         from = project.scenario_file(choose_one(project, source), Scenario_folder::created);
+    need_folder(project.folder_of(Scenario_folder::created));
     Outcome_report report(session);
     for (const std::string& typed : options.names) {
         std::string name = new_scenario_name(record_text(typed));

@@ -6,8 +6,8 @@
 #include <map>
 #include <memory>
 
-Outcome_report::Outcome_report(Session& session)
-    : session_(session), report_(session, {{"scenario"}, {"outcome"}, {"reason"}}) {}
+Outcome_report::Outcome_report(Session& session, const char* what)
+    : session_(session), report_(session, {{what}, {"outcome"}, {"reason"}}) {}
 
 void Outcome_report::add(const std::string& name, const std::string& outcome, const std::string& reason,
                          int code) {

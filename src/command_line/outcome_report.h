@@ -14,7 +14,8 @@
 
 class Outcome_report {
 public:
-    explicit Outcome_report(Session& session);
+    // `what` has an outcome: the key of the first column.
+    explicit Outcome_report(Session& session, const char* what = "scenario");
 
     // `name` and reason in UTF-8. An outcome with a code is a failure.
     void add(const std::string& name, const std::string& outcome, const std::string& reason = "",

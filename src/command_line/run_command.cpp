@@ -91,8 +91,16 @@ void add_run_command(CLI::App& app, Session& session) {
     auto options = std::make_shared<Run_options>();
     add_project(*command, options->project);
     add_choice(*command, options->choice);
-    command->add_flag("--stale", options->only_stale, "Only those that are out of date or were never run");
-    command->add_flag("--failed", options->only_failed, "Only those whose last run failed");
+    CLI::Option* state = command->get_option("--state");
+    command
+        ->add_flag("--stale", options->only_stale,
+                   "Only those that are out of date or were never run: the same as --state stale")
+        ->excludes(state);
+    command
+        ->add_flag("--failed", options->only_failed,
+                   "Only those whose last run failed: the same as --state failed; with --stale, those of "
+                   "either kind")
+        ->excludes(state);
     command->add_option("--jobs", options->jobs, "How many at a time; without it one for each core")
         ->check(CLI::Range(1, 10000))
         ->type_name("N");

@@ -9,6 +9,7 @@ struct Options {
     std::string project;
     std::string change;
     bool only_lists = false;
+    bool is_sure = false;
 };
 
 constexpr const char* of_the_trash = "What was deleted into the trash is brought back from there.";
@@ -29,6 +30,22 @@ bool is_there(const Change_backups& backups, const std::string& name) {
     });
 }
 
+// Says what will be undone, and what will not, before it is done. False when the user, who is asked where
+// there is one, does not want that.
+bool is_wanted(Session& session, const Change_backups& backups, const Options& options) {
+    for (const Change_backups::Change& change : all_changes(backups)) {
+        if (!options.change.empty() && change.set != record_text(options.change))
+            continue;
+        session.console.say(
+            "The change that is undone: " + screen_text(change.operation) + ", " + change.time +
+            ", files: " + std::to_string(change.entries) +
+            ". What was deleted into the trash later lies there, and what was newly made stays.");
+        return options.is_sure || !options.change.empty() || !session.console.can_ask() ||
+               session.console.ask("Undo it?");
+    }
+    return true; // there is none, which is told then
+}
+
 void undo(Session& session, const Options& options) {
     Opened_project project(session, options.project);
     Change_backups backups(project.directory());
@@ -39,6 +56,8 @@ void undo(Session& session, const Options& options) {
         report.finish();
         return;
     }
+    if (!is_wanted(session, backups, options))
+        throw Command_failure(exit_found, "Nothing was undone.");
     const Operation_progress progress = shown_progress(session, "bringing back");
     const std::string newest = backups.newest().value_or(Change_backups::Change()).set;
     const Operation_outcome outcome = options.change.empty()
@@ -75,6 +94,7 @@ void add_undo_command(CLI::App& app, Session& session) {
     add_project(*command, options->project);
     command->add_option("--change", options->change, "A change by the name that the list gives it")
         ->type_name("NAME");
+    command->add_flag("--yes", options->is_sure, "Do not ask, also on a terminal");
     command->add_flag("--list", options->only_lists, "List the changes that can be undone");
     command->callback([&session, options] { undo(session, *options); });
 }

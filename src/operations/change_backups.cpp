@@ -163,8 +163,12 @@ std::string Change_backups::make_set(const std::string& operation) {
         return failure; // a number that is taken would put the changes out of order
     unsigned number = sets.empty() ? 0 : number_of(sets.back());
     const std::string time = time_text(TESK::local_now());
-    if (!platform::make_folders(folder_of("")))
-        return "The folder cannot be made: " + folder_of("");
+    const std::string folder = place("backups");
+    platform::Write_result made;
+    if (platform::make_folders(folder, &made))
+        made = platform::permission_to_remove(folder_of("x"));
+    if (!made.ok())
+        return "The folder " + folder + " cannot be made or written: " + made.reason;
     constexpr int most_tries = 100;
     for (int tries = 0; tries < most_tries; ++tries) {
         std::string digits = std::to_string(++number);
@@ -173,7 +177,7 @@ std::string Change_backups::make_set(const std::string& operation) {
         if (platform::make_folder(folder_of(current_)))
             return {};
     }
-    return "The folder cannot be made: " + folder_of(current_);
+    return "The folder cannot be made: " + folder_of(current_) + ".";
 }
 
 std::string Change_backups::copy_entries(const Set& set, const Operation_progress& progress,

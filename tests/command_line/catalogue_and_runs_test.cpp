@@ -39,7 +39,8 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
         {"echo changed >Irrigation_study/Scenarios/spring*.tvn; tvs_project import Irrigation_study "
          "--replace Irrigation_study/Import/*.sim; tvs_project undo Irrigation_study; cat "
          "Irrigation_study/Scenarios/spring*.tvn",
-         "spring barley 1985\tdone\t\nchange\tundo of import\nbrought_back\t1\nfailed\t0\nchanged\n"},
+         "spring barley 1985\tdone\t\nchange\tundo of import\nbrought_back\t1\nfailed\t0\nchanged\n", 0,
+         "The change that is undone: import, "},
         {"tvs_project delete Irrigation_study", "", 2, "or --all"},
         {"tvs_project delete Irrigation_study 'x*' 'none*'", "", 1, "Nothing was done."},
         {"tvs_project delete Irrigation_study 'base*' --dry-run",
@@ -51,11 +52,14 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
         {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; tvs_project "
          "delete Irrigation_study x --permanently; ls Irrigation_study/Scenarios | grep -c x; tvs_project "
          "undo Irrigation_study >/dev/null; cat Irrigation_study/Scenarios/x/out",
-         "x\tdone\t\n0\n1\n"},
+         "x\tdone\t\n0\n1\n", 0, "What was deleted into the trash later lies there"},
         {"tvs_project set Irrigation_study salt.1=1 --all >/dev/null; tvs_project undo Irrigation_study "
          "--list | cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": "
          ".undo of settings' -e '\"brought_back\": 8'",
-         "settings\t8\n2\n"},
+         "settings\t8\n2\n", 0, "undone: settings"},
+        // Who can be asked is asked.
+        {"echo n | script -qec 'tvs_project undo Irrigation_study' /dev/null | grep -o 'Nothing was undone'",
+         "Nothing was undone\n"},
         {"tvs_project undo Irrigation_study --change none", "", 1, "There is no such change: none"},
     });
     EXPECT_EQ(project_file("Irrigation_study/Scenarios/base.tvn"), base);
@@ -137,6 +141,10 @@ TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_c
         {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; tvs_project "
          "list Irrigation_study --state running,waiting | cut -f 1,2",
          "base\trunning\nrainfed\twaiting\n"},
+        {"tvs_project rename Irrigation_study rainfed x", "", 1, "being run: rainfed"},
+        {"tvs_project set Irrigation_study/Scenarios/base.tvn salt.1=1", "", 1, "being run: base"},
+        {"tvs_project delete-runs Irrigation_study --all | cut -f 2,3",
+         "failed\tIt is being run. Stop it first.\n", 0, "1 of 1 failed"},
         // Only root can be another user.
         {"chmod -R a+rX ../../../..; [ $UID = 0 ] || { echo belong to another user >&2; exit 1; }; setpriv "
          "--reuid=65534 --regid=65534 --clear-groups tvs_project stop Irrigation_study",
@@ -149,6 +157,16 @@ TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_c
         {"cp -R Irrigation_study/Runs/2* Irrigation_study/Runs/9; echo >Irrigation_study/Runs/9/set.txt; "
          "tvs_project continue Irrigation_study",
          "", 3, "The set of runs '9' cannot be read"},
+        {"tvs_project list Irrigation_study --state unknown | wc -l; tvs_project status Irrigation_study "
+         "--sets | cut -f 1,2 | "
+         "sed 's/^2.*\t/2\t/'",
+         "5\n9\tunreadable\n2\tdone\n", 0, "set.txt is damaged"},
+        {"tvs_project log Irrigation_study base", "", 3, "The set of runs '9'"},
+        {"tvs_project delete-runs Irrigation_study 9; (cd Irrigation_study/Runs/2*; mkdir printed; echo it "
+         "is wrong "
+         ">printed/0.txt); tvs_project log Irrigation_study base; tvs_project list Irrigation_study --state "
+         "done | wc -l",
+         "9\tdone\t\nit is wrong\n2\n"},
     });
 }
 

@@ -201,14 +201,16 @@ TEST_F(Command_line_test, what_changes_or_judges_scenarios_reports_it_to_program
 // By a user who may read everything and write nothing.
 TEST_F(Command_line_test, what_cannot_be_written_is_named_with_the_reason_and_stays_as_it_is) {
     const std::string writes[][2] = {
-        {"new Irrigation_study a", "1 of 1 failed: a"},
-        {"copy Irrigation_study base b", "1 of 1 failed: b"},
+        {"new Irrigation_study a", "Scenarios cannot be written: You have no permission"},
+        {"copy Irrigation_study base b", "Scenarios cannot be written: You have no permission"},
         {"delete Irrigation_study base", "1 of 1 failed: base"},
-        {"delete Irrigation_study base --permanently", "folder cannot be made: "},
-        {"import Irrigation_study Irrigation_study/Import/*.sim", "folder cannot be made: "},
-        {"set Irrigation_study CO2.enable=1 --all", "folder cannot be made: "},
+        {"delete Irrigation_study base --permanently", "cannot be made or written: You have no permission"},
+        {"import Irrigation_study Irrigation_study/Import/*.sim",
+         "cannot be made or written: You have no permission"},
+        {"set Irrigation_study CO2.enable=1 --all", "cannot be made or written: You have no permission"},
         {"set Irrigation_study.tvp project.description=x", "1 of 1 failed"},
-        {"reset Irrigation_study --from rainfed --boxes CO2 --all", "folder cannot be made: "},
+        {"reset Irrigation_study --from rainfed --boxes CO2 --all",
+         "cannot be made or written: You have no permission"},
         {"generate Irrigation_study", "\\Generated_scenarios"},
         {"compare Irrigation_study base rainfed", "\\scenario_comparison"},
         {"convert Irrigation_study/Import/*.sim", "1 of 1 failed"},
@@ -260,7 +262,7 @@ TEST_F(Command_line_test, completions_and_manual_come_from_what_the_commands_say
          "$'\\''\\025'\\''\"tvs_project ${typed%:*}\"$'\\''\\t'\\''; zpty -r z out \"*${typed#*:}*\" && echo "
          "${typed#*:}; done'",
          "ate\nrofile\nrated\n"},
-        {"tvs_project manual | grep -c '^## '", "20\n"},
+        {"tvs_project manual | grep -c '^## '", "22\n"},
         {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'",
          "- `--boxes {submodels,CO2,output,soil_profile,residue,organic_matter,manure,soil_N}`: What to "
          "copy, with commas between\n## diff A B \\[C]\n    tvs_project diff Scenarios/base.tvn "

@@ -39,7 +39,7 @@ bool is_wanted(Session& session, const Change_backups& backups, const Options& o
         session.console.say(
             "The change that is undone: " + screen_text(change.operation) + ", " + change.time +
             ", files: " + std::to_string(change.entries) +
-            ". What was deleted into the trash later lies there, and what was newly made stays.");
+            ". What has since been deleted into the trash lies there, and what has since been made stays.");
         return options.is_sure || !options.change.empty() || !session.console.can_ask() ||
                session.console.ask("Undo it?");
     }

@@ -207,10 +207,10 @@ void Project_check::read(const std::string& text, TESK::Data_record& record) {
     record.set_value_listener(
         [this](const TESK::VV_section& section, TESK::VV_base_entry& entry, const TESK::Ustring& value) {
             std::string reason = reason_misread(Setting(nullptr, section, entry, false), value);
-            if (reason.empty())
-                misread_.erase(&entry);
-            else
+            if (!reason.empty())
                 misread_[&entry] = std::move(reason);
+            else if (!misread_.empty())
+                misread_.erase(&entry);
         });
     TESK::VV_text(text, true).get(record);
     record.set_value_listener(nullptr);

@@ -52,7 +52,7 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
         {"mkdir -p Irrigation_study/Scenarios/x; echo 1 >Irrigation_study/Scenarios/x/out; tvs_project "
          "delete Irrigation_study x --permanently; ls Irrigation_study/Scenarios | grep -c x; tvs_project "
          "undo Irrigation_study >/dev/null; cat Irrigation_study/Scenarios/x/out",
-         "x\tdone\t\n0\n1\n", 0, "What was deleted into the trash later lies there"},
+         "x\tdone\t\n0\n1\n", 0, "What has since been deleted into the trash lies there"},
         {"tvs_project set Irrigation_study salt.1=1 --all >/dev/null; tvs_project undo Irrigation_study "
          "--list | cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": "
          ".undo of settings' -e '\"brought_back\": 8'",

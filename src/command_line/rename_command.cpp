@@ -22,6 +22,7 @@ void rename(Session& session, Options& options) {
     if (screen_text(new_name) != options.name)
         throw Command_failure(exit_found, "The name has a character that records cannot hold.");
     must_be_idle(project.states(), {file});
+    need_folder(project.folder_of(options.source.folder()));
     const Operation_outcome outcome = rename_scenario(
         project.workspace(), file, new_name.ends_with(".tvn") ? scenario_name(new_name) : new_name);
     must_be_begun(outcome);

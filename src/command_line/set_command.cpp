@@ -74,6 +74,14 @@ void tell(Session& session, const Record_targets& targets, const std::vector<Wan
     say_failed(session, failed, results.size());
 }
 
+// What was tried becomes what was done, which does not tell the doubts once more.
+void take_result(Settings_result& tried, Settings_result done) {
+    for (std::size_t i = 0; i < std::min(tried.settings.size(), done.settings.size()); ++i)
+        if (std::string& reason = done.settings[i].change.reason; reason.empty())
+            reason = tried.settings[i].change.reason;
+    tried = std::move(done);
+}
+
 // All of the assignments to a file are done, or none. Only the files that will change are put aside, so that
 // the change to scenarios of a project can be undone.
 void set(Session& session, Options& options) {
@@ -107,11 +115,11 @@ void set(Session& session, Options& options) {
             backups = backups_for(*targets.project, files, options.no_backup);
         std::vector<Settings_result> done;
         const Operation_outcome outcome = change_settings(changes, backups ? &*backups : nullptr,
-                                                          shown_progress(session, "setting"), &done, &check);
+                                                          shown_progress(session, "setting"), &done);
         must_be_begun(outcome);
         for (std::size_t i = 0; i < places.size(); ++i)
             if (i < done.size())
-                results[places[i]] = std::move(done[i]);
+                take_result(results[places[i]], std::move(done[i]));
             else
                 results[places[i]].state = State::refused; // left alone
         say_stopped(session, outcome, changes.size());

@@ -6,9 +6,9 @@
 
 namespace {
 
-// What would make a run fail.
-std::vector<Finding> errors_in(Project_check& check, const Record_settings& settings) {
-    std::vector<Finding> findings = check.check_text(settings.file(), settings.text());
+// What would make a run fail in a file with that text.
+std::vector<Finding> errors_in(Project_check& check, const TESK::File_name& file, const std::string& text) {
+    std::vector<Finding> findings = check.check_text(file, text);
     std::erase_if(findings, [](const Finding& one) { return one.weight != Finding_weight::error; });
     return findings;
 }
@@ -34,13 +34,10 @@ void tell_new_errors(Settings_result& result, const std::vector<Wanted_setting>&
 }
 
 // Sets all that is wanted of the record in memory, and goes on after a refusal, to tell of all.
-Settings_result set_all(Record_settings& settings, const std::vector<Wanted_setting>& wanted,
-                        Project_check* check) {
+Settings_result set_all(Record_settings& settings, const std::vector<Wanted_setting>& wanted) {
     using State = Settings_result::State;
     if (!settings.failure().empty())
         return {State::unreadable, settings.failure()};
-    const std::vector<Finding> found_before =
-        check == nullptr ? std::vector<Finding>() : errors_in(*check, settings);
     Settings_result result;
     for (const Wanted_setting& one : wanted) {
         const Setting* const setting =
@@ -56,14 +53,12 @@ Settings_result set_all(Record_settings& settings, const std::vector<Wanted_sett
     }
     if (result.state == State::unchanged && settings.is_changed())
         result.state = State::changed;
-    if (check != nullptr && result.state == State::changed)
-        tell_new_errors(result, wanted, found_before, errors_in(*check, settings));
     return result;
 }
 
-Settings_result change_file(const Settings_change& change, Project_check* check) {
+Settings_result change_file(const Settings_change& change) {
     Record_settings settings(TESK::File_name(change.file.c_str()));
-    Settings_result result = set_all(settings, change.settings, check);
+    Settings_result result = set_all(settings, change.settings);
     if (result.state != Settings_result::State::changed)
         return result;
     if (const platform::Write_result written = settings.save(); !written.ok()) {
@@ -77,12 +72,18 @@ Settings_result change_file(const Settings_change& change, Project_check* check)
 
 Settings_result try_settings(const Settings_change& change, Project_check* check) {
     Record_settings settings(TESK::File_name(change.file.c_str()));
-    return set_all(settings, change.settings, check);
+    const std::string text = settings.text();
+    Settings_result result = set_all(settings, change.settings);
+    if (check == nullptr || result.state != Settings_result::State::changed)
+        return result;
+    const std::vector<Finding> now = errors_in(*check, settings.file(), settings.text());
+    if (!now.empty())
+        tell_new_errors(result, change.settings, errors_in(*check, settings.file(), text), now);
+    return result;
 }
 
 Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups* backups,
-                                  const Operation_progress& progress, std::vector<Settings_result>* results,
-                                  Project_check* check) {
+                                  const Operation_progress& progress, std::vector<Settings_result>* results) {
     Operation_outcome outcome;
     if (backups != nullptr) {
         std::vector<std::string> files;
@@ -99,7 +100,7 @@ Operation_outcome change_settings(const std::vector<Settings_change>& changes, C
         outcome.stopped = !goes_on(progress, i, changes.size());
         if (outcome.stopped)
             return outcome;
-        Settings_result result = change_file(changes[i], check);
+        Settings_result result = change_file(changes[i]);
         if (result.reason.empty())
             ++outcome.done;
         else

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+class Project_check;
+
 // What a setting of a record is to become; the value as a person writes it, in code page 1252.
 struct Wanted_setting {
     std::optional<std::string> section; // nothing where `key` is the whole name, "section.key"
@@ -42,7 +44,6 @@ struct Settings_result {
 
 // What would become of it. Nothing is written. With a check, null for none, the reason of a setting that can
 // be had also tells what it would make a run fail for.
-class Project_check;
 Settings_result try_settings(const Settings_change& change, Project_check* check = nullptr);
 
 // Puts the files aside under the name "settings", unless `backups` is null, and changes in each what is
@@ -51,5 +52,4 @@ Settings_result try_settings(const Settings_change& change, Project_check* check
 // does not care, gets one for each change that was dealt with before the operation was stopped, in order.
 Operation_outcome change_settings(const std::vector<Settings_change>& changes, Change_backups* backups,
                                   const Operation_progress& progress,
-                                  std::vector<Settings_result>* results = nullptr,
-                                  Project_check* check = nullptr);
+                                  std::vector<Settings_result>* results = nullptr);

@@ -338,12 +338,17 @@ void Runs_page::show_progress() {
     run_set_progressbar.set_maximum(static_cast<int>(progress.total));
     run_set_progressbar.set_position(static_cast<int>(progress.ended()));
     run_set_progressbar.set_visible(is_at_work);
-    runs_stop_button.set_enabled(is_at_work);
-    runs_continue_button.set_enabled(is_readable && !is_at_work && !progress.is_over());
-    runs_failed_again_button.set_enabled(is_readable && !is_at_work && progress.failed > 0);
-    runs_out_of_date_again_button.set_enabled(is_readable && !is_at_work);
-    runs_all_again_button.set_enabled(is_readable && !is_at_work);
-    runs_delete_set_button.set_enabled(set != nullptr && !is_at_work);
+    const auto enable = [this](TButton& button, bool is_enabled) {
+        if (!is_enabled && button.focused())
+            runs_table.focus(); // rather than whatever comes next
+        button.set_enabled(is_enabled);
+    };
+    enable(runs_stop_button, is_at_work);
+    enable(runs_continue_button, is_readable && !is_at_work && !progress.is_over());
+    enable(runs_failed_again_button, is_readable && !is_at_work && progress.failed > 0);
+    enable(runs_out_of_date_again_button, is_readable && !is_at_work);
+    enable(runs_all_again_button, is_readable && !is_at_work);
+    enable(runs_delete_set_button, set != nullptr && !is_at_work);
     const bool has_run = runs_table.cursor_row() >= 0;
     runs_view_output_button.set_enabled(has_run);
     runs_view_tables_button.set_enabled(has_run);

@@ -43,6 +43,7 @@ enum class Write_step {
     copy_aside,   // these three when it is written in place
     write_in_place,
     write_back,
+    open, // of a file that is there, to read it
     read, // of a file that is read whole or copied
     make_folder,
     list // of a folder; one that fails does so once it has given so many entries as a write gives bytes

@@ -1,6 +1,6 @@
 #include "platform/host_handle.h"
 
-#include "platform/file_writer.h"
+#include "platform/file_steps.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -10,7 +10,11 @@
 namespace platform {
 
 Host_handle open_to_read(const std::string& path) {
-    return Host_handle(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    int descriptor = -1;
+    errno = outcome_of(Write_step::open, [&] {
+        return descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    });
+    return Host_handle(descriptor);
 }
 
 Folder_stream::Folder_stream(const std::string& path)

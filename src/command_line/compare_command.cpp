@@ -9,7 +9,7 @@
 
 namespace {
 
-struct Options {
+struct Compare_options {
     std::string project;
     std::string first;
     Scenario_choice others;
@@ -23,7 +23,7 @@ std::string why_not_started() {
            ". Say where the suite is installed, by --suite or TVS_SUITE.";
 }
 
-void compare(Session& session, Options& options) {
+void compare(Session& session, Compare_options& options) {
     resolve_files(session, options.others);
     Scenario_choice first;
     first.patterns = {options.first};
@@ -68,7 +68,7 @@ void add_compare_command(CLI::App& app, Session& session) {
     CLI::App* command =
         add_command(app, session, "compare", "Compare the outputs of a scenario with those of others",
                     "  tvs_project compare study.tvp base rainfed 'plot*'\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Compare_options>();
     add_project(*command, options->project);
     command->add_option("SCENARIO", options->first, "The scenario to compare with")
         ->required()

@@ -7,13 +7,13 @@
 
 namespace {
 
-struct Options {
+struct Continue_options {
     std::string project;
     std::string set;
     bool in_background = false;
 };
 
-void go_on(Session& session, const Options& options) {
+void go_on(Session& session, const Continue_options& options) {
     Opened_project project(session, options.project);
     const Found_set found = find_set(project, options.set);
     must_be_own(found);
@@ -39,7 +39,7 @@ void add_continue_command(CLI::App& app, Session& session) {
     CLI::App* command = add_command(app, session, "continue",
                                     "Go on with a set of runs that was stopped, or whose process is gone",
                                     "  tvs_project continue study.tvp\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Continue_options>();
     add_project(*command, options->project);
     add_set(*command, options->set);
     command->add_flag("--background", options->in_background, "Leave the runs to a process of their own");

@@ -7,7 +7,7 @@
 
 namespace {
 
-struct Options {
+struct Delete_options {
     std::string project;
     Scenario_choice choice;
     bool permanently = false;
@@ -15,7 +15,7 @@ struct Options {
     bool only_shows = false;
 };
 
-void remove(Session& session, Options& options) {
+void remove(Session& session, Delete_options& options) {
     resolve_files(session, options.choice);
     Opened_project project(session, options.project);
     const std::vector<std::string> scenarios = choose_scenarios(project, options.choice, true);
@@ -59,7 +59,7 @@ void add_delete_command(CLI::App& app, Session& session) {
         "  tvs_project delete study.tvp 'plot 7'\n"
         "  tvs_project delete study.tvp --all --generated --dry-run\n"
         "  tvs_project delete study.tvp 'test*' --permanently\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Delete_options>();
     add_project(*command, options->project);
     add_choice(*command, options->choice);
     command->add_flag("--permanently", options->permanently,

@@ -8,7 +8,7 @@
 
 namespace {
 
-struct Options {
+struct Delete_runs_options {
     std::string project;
     std::vector<std::string> sets; // names or wildcards
     bool all = false;
@@ -18,7 +18,7 @@ struct Options {
 
 // The folders of the sets that were asked for, the oldest last. A pattern that none matches fails before
 // anything is done.
-std::vector<std::string> chosen_sets(Opened_project& project, const Options& options) {
+std::vector<std::string> chosen_sets(Opened_project& project, const Delete_runs_options& options) {
     if (options.all == !options.sets.empty())
         throw Command_failure(exit_misused, "Say which sets of runs: their names, wildcards, or --all alone. "
                                             "'tvs_project status --sets' lists them.");
@@ -37,7 +37,7 @@ std::vector<std::string> chosen_sets(Opened_project& project, const Options& opt
     return folders;
 }
 
-void remove(Session& session, const Options& options) {
+void remove(Session& session, const Delete_runs_options& options) {
     Opened_project project(session, options.project);
     Outcome_report report(session, "set");
     std::size_t number = 0;
@@ -77,7 +77,7 @@ void add_delete_runs_command(CLI::App& app, Session& session) {
         "  tvs_project delete-runs study.tvp '2026-03-01 12-00-00'\n"
         "  tvs_project delete-runs study.tvp '2026-02-*' --permanently\n"
         "  tvs_project delete-runs study.tvp --all --dry-run\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Delete_runs_options>();
     add_project(*command, options->project);
     command->add_option("SET", options->sets, "Sets: their names, or wildcards such as '2026-02-*' in quotes")
         ->type_name("");

@@ -8,7 +8,7 @@
 
 namespace {
 
-struct Options {
+struct Diff_options {
     std::string first;
     std::string second;
     std::string common;
@@ -35,7 +35,7 @@ Json text_or_null(const std::optional<std::string>& value) {
     return value ? Json(screen_text(*value)) : Json();
 }
 
-void diff(Session& session, const Options& options) {
+void diff(Session& session, const Diff_options& options) {
     Settings_grid records;
     read(session, options.first, records);
     read(session, options.second, records);
@@ -65,7 +65,7 @@ void add_diff_command(CLI::App& app, Session& session) {
         app, session, "diff", "Show the settings in which two records differ; exit code 1 when there are any",
         "  tvs_project diff Scenarios/base.tvn Scenarios/rainfed.tvn\n"
         "  tvs_project diff 'plot 1.tvn' 'plot 2.tvn' template.tvn\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Diff_options>();
     command->add_option("A", options->first, "A record file")->required()->type_name("");
     command->add_option("B", options->second, "Another one")->required()->type_name("");
     command->add_option("C", options->common, "What both were made from: shows who changed what")

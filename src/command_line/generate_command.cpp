@@ -19,7 +19,7 @@ void tell_failures(Session& session, const Operation_outcome& outcome) {
     session.note(exit_unreachable);
 }
 
-struct Options {
+struct Generate_options {
     std::string project;
     bool only_counts = false;
     bool no_backup = false;
@@ -61,7 +61,7 @@ struct Told {
 };
 
 // Programs get the same keys whatever came of it.
-void tell(Session& session, const Options& options, const Told& told) {
+void tell(Session& session, const Generate_options& options, const Told& told) {
     if (!session.as_json) {
         Json shown{{options.only_counts ? "count" : "generated",
                     options.only_counts ? told.count : told.outcome.done},
@@ -98,8 +98,8 @@ void show_check(Session& session, const Table_check& check) {
 }
 
 // Writes the scenarios of the table, and notes what came of it.
-void write_table(Session& session, Opened_project& project, const Options& options, Scenario_table& table,
-                 Told& told) {
+void write_table(Session& session, Opened_project& project, const Generate_options& options,
+                 Scenario_table& table, Told& told) {
     std::vector<std::string> replaced;
     for (const std::string& name : told.check.existing)
         replaced.push_back(project.scenario_file(name, Scenario_folder::generated));
@@ -114,7 +114,7 @@ void write_table(Session& session, Opened_project& project, const Options& optio
     told.replaced = count_replaced(replaced, told.outcome);
 }
 
-void generate_from_table(Session& session, const Options& options) {
+void generate_from_table(Session& session, const Generate_options& options) {
     const TESK::File_name file = session.file_of_argument(options.table);
     Opened_project project(session, options.project);
     const platform::Read_result text = platform::read_file(file);
@@ -141,7 +141,7 @@ void generate_from_table(Session& session, const Options& options) {
         tell(session, options, told);
 }
 
-void generate(Session& session, const Options& options) {
+void generate(Session& session, const Generate_options& options) {
     Opened_project project(session, options.project);
     if (project.workspace().is_template_project())
         throw Command_failure(exit_misused, "A project of templates has no combinations.");
@@ -184,7 +184,7 @@ void add_generate_command(CLI::App& app, Session& session) {
         "  tvs_project generate study.tvp --count\n"
         "  tvs_project generate study.tvp\n"
         "  tvs_project generate study.tvp --table design.csv\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Generate_options>();
     add_project(*command, options->project);
     command->add_flag("--count", options->only_counts,
                       "Only tell how many there would be, and how many are replaced");

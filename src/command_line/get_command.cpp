@@ -9,7 +9,7 @@
 
 namespace {
 
-struct Options {
+struct Get_options {
     std::string target;
     std::vector<std::string> keys;
     Scenario_choice choice;
@@ -77,7 +77,7 @@ bool tell_missing(Session& session, Report& report, const std::string& name, con
     return has_all;
 }
 
-void get(Session& session, Options& options) {
+void get(Session& session, Get_options& options) {
     std::vector<std::string> keys;
     for (const std::string& key : options.keys)
         keys.push_back(record_text(key));
@@ -140,7 +140,7 @@ void add_get_command(CLI::App& app, Session& session) {
                                     "  tvs_project get Scenarios/base.tvn simulation.starting_date\n"
                                     "  tvs_project get study.tvp 'submodels.*' --scenarios 'plot*'\n"
                                     "  tvs_project get study.tvp --all parameter_filenames.soil --json\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Get_options>();
     command->add_option("FILE", options->target, "A record file, or the project of the scenarios")
         ->required()
         ->type_name("");

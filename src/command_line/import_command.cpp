@@ -7,14 +7,14 @@
 
 namespace {
 
-struct Options {
+struct Import_options {
     std::string project;
     std::vector<std::string> files;
     bool replaces = false;
     bool no_backup = false;
 };
 
-void import(Session& session, const Options& options) {
+void import(Session& session, const Import_options& options) {
     std::vector<std::string> files;
     for (const std::string& file : options.files)
         files.push_back(session.file_of_argument(file));
@@ -52,7 +52,7 @@ void add_import_command(CLI::App& app, Session& session) {
     CLI::App* command = add_command(
         app, session, "import", "Turn simulation control files of version 3 into scenarios of the project",
         "  tvs_project import study.tvp Import/*.sim\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Import_options>();
     add_project(*command, options->project);
     command->add_option("FILE", options->files, "The files (*.sim)")->required()->type_name("");
     command->add_flag("--replace", options->replaces, "Replace scenarios of the same name");

@@ -11,7 +11,7 @@
 
 namespace {
 
-struct Options {
+struct Log_options {
     std::string project;
     std::string scenario;
     std::string set;
@@ -47,7 +47,7 @@ void show(Session& session, const Found_set& found, std::size_t run) {
 }
 
 // Of the set that is named, else of the newest in which the run has begun.
-void show_log(Session& session, const Options& options) {
+void show_log(Session& session, const Log_options& options) {
     Opened_project project(session, options.project);
     const std::string name = record_text(options.scenario);
     std::vector<std::string> folders;
@@ -78,7 +78,7 @@ void add_log_command(CLI::App& app, Session& session) {
         add_command(app, session, "log", "Print what the model printed in a scenario's last run",
                     "  tvs_project log study.tvp 'plot 7'\n"
                     "  tvs_project log study.tvp 'plot 7' --set '2026-03-01 12-00-00'\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Log_options>();
     add_project(*command, options->project);
     command->add_option("SCENARIO", options->scenario, "The scenario")->required()->type_name("");
     command->add_option("--set", options->set, "The set of runs; without it the newest that has run it")

@@ -10,7 +10,7 @@
 
 namespace {
 
-struct Options {
+struct New_options {
     std::string project;
     std::string from; // empty for the defaults of every scenario
     std::vector<std::string> names;
@@ -41,7 +41,7 @@ std::string refuse_name(const std::string& typed, const std::string& name) {
                                       : "The name has a character that records cannot hold.";
 }
 
-void make(Session& session, const Options& options) {
+void make(Session& session, const New_options& options) {
     Scenario_choice source;
     source.patterns = {options.from};
     resolve_files(session, source);
@@ -87,7 +87,7 @@ void add_new_command(CLI::App& app, Session& session) {
         add_command(app, session, "new", "Make scenarios with the values that every new one has",
                     "  tvs_project new study.tvp 'plot 7'\n"
                     "  tvs_project new study.tvp 'plot 8' --activate\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<New_options>();
     add_project(*command, options->project);
     command->add_option("NAME", options->names, "The scenarios' names")->required()->type_name("");
     command->add_flag("--activate", options->activates, "Make it the project's active scenario");
@@ -97,7 +97,7 @@ void add_new_command(CLI::App& app, Session& session) {
 void add_copy_command(CLI::App& app, Session& session) {
     CLI::App* command = add_command(app, session, "copy", "Make scenarios that are copies of another one",
                                     "  tvs_project copy study.tvp base 'base, late sowing'\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<New_options>();
     add_project(*command, options->project);
     command->add_option("SCENARIO", options->from, "The scenario to copy")->required()->type_name("");
     command->add_option("NAME", options->names, "The copies' names")->required()->type_name("");

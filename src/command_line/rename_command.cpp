@@ -7,13 +7,13 @@
 
 namespace {
 
-struct Options {
+struct Rename_options {
     std::string project;
     std::string name;
     Scenario_choice source; // one, of either list
 };
 
-void rename(Session& session, Options& options) {
+void rename(Session& session, Rename_options& options) {
     resolve_files(session, options.source);
     Opened_project project(session, options.project);
     const std::string old_name = choose_one(project, options.source);
@@ -40,7 +40,7 @@ void add_rename_command(CLI::App& app, Session& session) {
     CLI::App* command =
         add_command(app, session, "rename", "Give a scenario another name, wherever the project has it",
                     "  tvs_project rename study.tvp base 'base, early sowing'\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Rename_options>();
     options->source.patterns.resize(1);
     add_project(*command, options->project);
     command->add_option("SCENARIO", options->source.patterns.front(), "The scenario")

@@ -7,7 +7,7 @@
 
 namespace {
 
-struct Options {
+struct Reset_options {
     std::string project;
     std::string from;
     std::vector<std::string> boxes;
@@ -37,7 +37,7 @@ Ticked_reset_boxes ticked_boxes(const std::vector<std::string>& names) {
     return ticked;
 }
 
-void reset(Session& session, Options& options) {
+void reset(Session& session, Reset_options& options) {
     resolve_files(session, options.choice);
     Scenario_choice source_choice;
     source_choice.patterns = {options.from};
@@ -71,7 +71,7 @@ void add_reset_command(CLI::App& app, Session& session) {
         add_command(app, session, "reset", "Copy groups of settings from one scenario to others",
                     "  tvs_project reset study.tvp --from base --boxes soil_profile,soil_N --all\n"
                     "  tvs_project reset study.tvp --from base --boxes CO2 'plot*' --generated\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Reset_options>();
     add_project(*command, options->project);
     command->add_option("--from", options->from, "The scenario to copy from")->required()->type_name("NAME");
     command->add_option("--boxes", options->boxes, "What to copy, with commas between")

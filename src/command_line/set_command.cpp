@@ -9,7 +9,7 @@
 
 namespace {
 
-struct Options {
+struct Set_options {
     std::string target;
     std::vector<std::string> assignments;
     bool only_tries = false;
@@ -84,7 +84,7 @@ void take_result(Settings_result& tried, Settings_result done) {
 
 // All of the assignments to a file are done, or none. Only the files that will change are put aside, so that
 // the change to scenarios of a project can be undone.
-void set(Session& session, Options& options) {
+void set(Session& session, Set_options& options) {
     std::vector<Wanted_setting> wanted;
     for (const std::string& text : options.assignments)
         wanted.push_back(parse(text));
@@ -136,7 +136,7 @@ void add_set_command(CLI::App& app, Session& session) {
         "  tvs_project set Scenarios/base.tvn simulation.ending_date=2001-12-31\n"
         "  tvs_project set study.tvp submodels.salinity=true salt.1=0.4 --scenarios 'plot*'\n"
         "  tvs_project set study.tvp CO2.enable=true --all --dry-run\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Set_options>();
     command->add_option("FILE", options->target, "A record file, or the project of the scenarios")
         ->required()
         ->type_name("");

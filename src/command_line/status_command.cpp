@@ -8,7 +8,7 @@
 
 namespace {
 
-struct Options {
+struct Status_options {
     std::string project;
     std::string set;
     bool shows_runs = false;
@@ -35,7 +35,7 @@ void list_sets(Session& session, Opened_project& project) {
     report.finish();
 }
 
-void show_status(Session& session, const Options& options) {
+void show_status(Session& session, const Status_options& options) {
     Opened_project project(session, options.project);
     if (options.shows_sets) {
         list_sets(session, project);
@@ -66,7 +66,7 @@ void add_status_command(CLI::App& app, Session& session) {
                                     "  tvs_project status study.tvp\n"
                                     "  tvs_project status study.tvp --runs --json\n"
                                     "  tvs_project status study.tvp --sets\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Status_options>();
     add_project(*command, options->project);
     add_set(*command, options->set);
     CLI::Option* runs = command->add_flag("--runs", options->shows_runs, "List its runs");

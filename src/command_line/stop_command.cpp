@@ -10,7 +10,7 @@
 
 namespace {
 
-struct Options {
+struct Stop_options {
     std::string project;
     std::string set;
 };
@@ -28,7 +28,7 @@ bool has_stopped(Run_journal& journal) {
     return false;
 }
 
-void stop(Session& session, const Options& options) {
+void stop(Session& session, const Stop_options& options) {
     Opened_project project(session, options.project);
     const Found_set found = find_set(project, options.set, Newest::at_work);
     must_be_own(found);
@@ -53,7 +53,7 @@ void add_stop_command(CLI::App& app, Session& session) {
     CLI::App* command =
         add_command(app, session, "stop", "Stop a set of runs, wherever on this machine it was started",
                     "  tvs_project stop study.tvp\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Stop_options>();
     add_project(*command, options->project);
     add_set(*command, options->set);
     command->callback([&session, options] { stop(session, *options); });

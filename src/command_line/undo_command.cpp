@@ -5,7 +5,7 @@
 
 namespace {
 
-struct Options {
+struct Undo_options {
     std::string project;
     std::string change;
     bool only_lists = false;
@@ -32,7 +32,7 @@ bool is_there(const Change_backups& backups, const std::string& name) {
 
 // Says what will be undone, and what will not, before it is done. False when the user, who is asked where
 // there is one, does not want that.
-bool is_wanted(Session& session, const Change_backups& backups, const Options& options) {
+bool is_wanted(Session& session, const Change_backups& backups, const Undo_options& options) {
     for (const Change_backups::Change& change : all_changes(backups)) {
         if (!options.change.empty() && change.set != record_text(options.change))
             continue;
@@ -46,7 +46,7 @@ bool is_wanted(Session& session, const Change_backups& backups, const Options& o
     return true; // there is none, which is told then
 }
 
-void undo(Session& session, const Options& options) {
+void undo(Session& session, const Undo_options& options) {
     Opened_project project(session, options.project);
     Change_backups backups(project.directory());
     if (options.only_lists) {
@@ -90,7 +90,7 @@ void add_undo_command(CLI::App& app, Session& session) {
         std::string("Undo the last change to scenarios, which can itself be undone. ") + of_the_trash,
         "  tvs_project undo study.tvp --list\n"
         "  tvs_project undo study.tvp\n");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Undo_options>();
     add_project(*command, options->project);
     command->add_option("--change", options->change, "A change by the name that the list gives it")
         ->type_name("NAME");

@@ -51,14 +51,14 @@ void Line_progress::set_position(std::size_t position) {
 }
 
 bool Line_progress::goes_on() {
-    if (is_stopped_ || is_asking_ || paint_pending())
+    if (is_asking_ || paint_pending() || is_stopped_)
         return !is_stopped_;
     is_asking_ = true;
     is_stopped_ = closing_ == Closing::stops ||
                   message_box("Stop after the scenario that runs now? The others keep their check marks.",
                               "Stop the runs", Button_set::yes_no) == Modal_result::yes;
     is_asking_ = false;
-    if (!is_stopped_)
-        current_desktop->stay_open();
+    if (closing_ == Closing::asks)
+        current_desktop->stay_open(); // the marks would go with the window
     return !is_stopped_;
 }

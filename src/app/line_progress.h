@@ -1,6 +1,6 @@
 // Shows on a page how far an operation on many scenarios has come, as long as it lives: a
 // bar, and what is worked on. What changed is painted, also while a program is waited for, and a user who
-// closes the window meanwhile stops the operation.
+// closes the window meanwhile stops the operation; a user who was asked keeps the window.
 #pragma once
 
 #include "platform/process.h"

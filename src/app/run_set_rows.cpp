@@ -103,7 +103,7 @@ std::string Known_run_set::time() {
 }
 
 std::vector<Table_column> Run_set_rows::columns() {
-    return {{"asked", "Last begun", 22, Align::start, true, false},
+    return {{"asked", "Last begun", 24, Align::start, true, false},
             {"scenarios", "Scenarios", 10, Align::end, true, false},
             {"progress", "How far", 44, Align::start, true, false}};
 }
@@ -116,7 +116,9 @@ Table_cell Run_set_rows::cell(int row, int column) const {
     default: break;
     }
     if (!set.is_readable())
-        return {.text = worded("This is no run set that can be read.")};
+        return {.text =
+                    worded("This is no run set that can be read.") +
+                    (set.journal() == nullptr ? "" : ' ' + worded(screen_text(set.journal()->failure())))};
     const Run_progress progress = set.progress();
     return {.text = worded_lines(describe(progress), ", "), .picture = picture_of(state_of(progress))};
 }

@@ -17,7 +17,8 @@ namespace {
 constexpr std::size_t most_on_view = 256 << 10; // of a log: its end
 constexpr int lines_of_sets = 5;
 constexpr int lines_of_log = 5;
-constexpr int share_of_sets = 250; // of 1000, of the room for both tables
+constexpr int looks_at_new_sets = 10; // one a second
+constexpr int share_of_sets = 250;    // of 1000, of the room for both tables
 
 TTable& add_table(TControl& parent, const char* name, std::vector<Table_column> columns, const char* empty,
                   int height) {
@@ -120,8 +121,12 @@ void Runs_page::wire() {
     runs_delete_set_button.on_click = [this] { delete_chosen(); };
     timer_.on_timer = [this] { look(true); };
     follower_.on_change = [this] {
+        follow();
         list_sets();
+        looks_left_ = looks_at_new_sets;
         look(false);
+        if (on_run_changed)
+            on_run_changed();
     };
 }
 
@@ -148,7 +153,12 @@ void Runs_page::Update() {
     list_sets();
     look_after_jobs();
     look(false);
-    follower_.follow({runs_folder_}, {});
+    follow();
+}
+
+// The folder may be missing until there is a set.
+void Runs_page::follow() {
+    follower_.follow({runs_folder_}, {runs_folder_});
 }
 
 // A job of a scheduler that has lost its watcher, as after a crash of the editor, gets another one: only so
@@ -198,6 +208,11 @@ void Runs_page::set_chosen() {
 bool Runs_page::run_beside(Run_set set) {
     Update();
     states_->refresh();
+    if (const std::string names = form.scenarios.run.run_ends().take_running(set.scenarios); !names.empty()) {
+        tell_busy(names);
+        if (set.scenarios.empty())
+            return false;
+    }
     if (const std::size_t busy = states_->take_busy(set.scenarios).size(); busy > 0) {
         form.parameter_file_form().notice(
             worded("Another set of runs has scenarios of these run: %1.", std::to_string(busy)));
@@ -247,7 +262,8 @@ void Runs_page::look(bool is_second_over) {
         any_at_work = any_at_work || set.engine || set.is_at_work() ||
                       (set.is_handed_out() && !set.progress().is_over());
     }
-    timer_.set_enabled(any_at_work);
+    looks_left_ -= is_second_over && looks_left_ > 0 ? 1 : 0;
+    timer_.set_enabled(any_at_work || looks_left_ > 0);
     show_progress();
 }
 
@@ -294,13 +310,24 @@ void Runs_page::ended(Known_run_set& set) {
 }
 
 bool Runs_page::may_change(const std::vector<std::string>& scenarios) {
-    const std::string busy = states_ && !scenarios.empty() ? busy_among(*states_, scenarios) : std::string();
+    const std::string busy = busy_names(scenarios);
     if (!busy.empty())
-        form.parameter_file_form().notice(
-            worded("Scenarios of these are being run: %1. Stop the runs first, or wait for their end.",
-                   screen_text(busy)),
-            Mark::exclamation);
+        tell_busy(busy);
     return busy.empty();
+}
+
+std::string Runs_page::busy_names(std::vector<std::string> scenarios) {
+    std::string names = form.scenarios.run.run_ends().take_running(scenarios);
+    const std::string in_sets =
+        states_ && !scenarios.empty() ? busy_among(*states_, scenarios) : std::string();
+    return names + (names.empty() || in_sets.empty() ? "" : ", ") + in_sets;
+}
+
+void Runs_page::tell_busy(const std::string& names) {
+    form.parameter_file_form().notice(
+        worded("Scenarios of these are being run: %1. Stop the runs first, or wait for their end.",
+               screen_text(names)),
+        Mark::exclamation);
 }
 
 bool Runs_page::may_close() {
@@ -348,7 +375,8 @@ void Runs_page::show_progress() {
     enable(runs_failed_again_button, is_readable && !is_at_work && progress.failed > 0);
     enable(runs_out_of_date_again_button, is_readable && !is_at_work);
     enable(runs_all_again_button, is_readable && !is_at_work);
-    enable(runs_delete_set_button, set != nullptr && !is_at_work);
+    enable(runs_delete_set_button,
+           set != nullptr && !is_at_work && (is_readable || set->journal() == nullptr));
     const bool has_run = runs_table.cursor_row() >= 0;
     runs_view_output_button.set_enabled(has_run);
     runs_view_tables_button.set_enabled(has_run);

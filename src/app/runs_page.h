@@ -23,9 +23,13 @@ public:
     // Has the set run beside the editor and shows it. The project has been saved. False, and a notice says
     // why, when that could not be.
     bool run_beside(Run_set set);
-    // Whether no set at work runs any of the scenarios (full names), or has still to run it: else they are
-    // not to be changed, and a notice names them.
+    // Whether nothing runs any of the scenarios (full names), and no set at work has still to run it: else
+    // they are not to be changed, and a notice names them.
     bool may_change(const std::vector<std::string>& scenarios);
+    // The names of those that may_change() refuses, in code page 1252; "" for none. tell_busy() has the
+    // notice.
+    std::string busy_names(std::vector<std::string> scenarios);
+    void tell_busy(const std::string& names);
     // Asks what is to become of the sets that this program has run. False when the user stays.
     bool may_close();
 
@@ -57,6 +61,7 @@ private:
     void wire();
     Known_run_set* chosen() const;
     std::string chosen_scenario() const;
+    void follow();
     void list_sets();
     void look_after_jobs();
     void set_chosen();
@@ -77,5 +82,6 @@ private:
     std::unique_ptr<Scenario_states> states_;
     std::string runs_folder_;
     File_follower follower_; // of sets that others make or delete
+    int looks_left_ = 0;     // at sets that others have made and may not have begun
     TTimer timer_{1000};     // for durations and for sets that others have run; only while there are any
 };

@@ -24,15 +24,21 @@ Import_answer ask_to_replace(const std::string& scenario) {
     }
 }
 
-// Of several files, the first answer can be that for all.
-Import_question question_for(std::size_t files) {
-    return [can_be_all = files > 1](const std::string& scenario) mutable {
+// Of several files, the first answer can be that for all. One that `is_busy` tells of is kept without a
+// question.
+Import_question question_for(std::size_t files, std::function<bool(const std::string& scenario)> is_busy) {
+    return [can_be_all = files > 1, for_all = std::optional<Import_answer>(),
+            is_busy = std::move(is_busy)](const std::string& scenario) mutable {
+        if (is_busy(scenario))
+            return Import_answer::keep;
+        if (for_all)
+            return *for_all;
         const Import_answer answer = ask_to_replace(scenario);
-        if (answer == Import_answer::stop || !std::exchange(can_be_all, false) ||
+        if (answer != Import_answer::stop && std::exchange(can_be_all, false) &&
             message_box("Do the same with all others that exist already?", "Scenario already exists",
-                        Button_set::yes_no) != Modal_result::yes)
-            return answer;
-        return answer == Import_answer::replace ? Import_answer::replace_all : Import_answer::keep_all;
+                        Button_set::yes_no) == Modal_result::yes)
+            for_all = answer;
+        return answer;
     };
 }
 
@@ -136,12 +142,19 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     std::optional<Change_backups> backups;
     if (workspace().need_project_directory())
         backups.emplace(*workspace().project_directory);
+    std::string left_out; // being run
+    const auto is_busy = [&](const std::string& scenario) {
+        const std::string name = form.runs.busy_names(
+            {workspace().scenarios_directory(Scenario_folder::created, false) + '\\' + scenario});
+        left_out += (left_out.empty() || name.empty() ? "" : ", ") + name;
+        return !name.empty();
+    };
     Operation_outcome outcome;
     {
         const Busy_pointer busy;
         Line_progress progress(form.scenarios, files.size());
         outcome = import_version_3_scenarios(
-            workspace(), files, question_for(files.size()), pointer_to(backups),
+            workspace(), files, question_for(files.size(), is_busy), pointer_to(backups),
             [&](std::size_t done, std::size_t total) {
                 progress.show(done + 1, total, TESK::File_name(files[done].c_str()).get_name(true));
                 progress.set_position(done);
@@ -150,6 +163,8 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     }
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
+    if (!left_out.empty())
+        form.runs.tell_busy(left_out);
     show_failures(outcome, "Files not imported");
     if (outcome.stopped)
         message_box(

@@ -234,6 +234,7 @@ void Scenario_lists::relist_scenarios_button_onclick() {
     relist(created_scenarios_filelistbox, workspace().project_directory->get_scenarios_directory(true));
     relist(generated_scenarios_filelistbox,
            workspace().project_directory->get_generated_scenarios_directory(true));
+    states_changed();
     form.scenarios.list_changed();
 }
 

@@ -121,26 +121,45 @@ void Scenario_run_page::show_hide_run_button() {
     senerios_run_button.set_enabled(can_run);
 }
 
-// The end of a run that is not waited for is noticed. False when the user gave up the save before it.
-bool Scenario_run_page::run_one(const std::string& scenario_file, bool wait) {
-    if (wait)
-        return run_scenario(workspace(), scenario_file, common_format(), true);
+std::string Scenario_run_page::full_name(const std::string& scenario_file) const {
     TESK::File_name file(scenario_file.c_str());
     workspace().enter_project_folder();
     file.qualify();
+    return file;
+}
+
+// Two runs of a scenario would write into the same outputs.
+bool Scenario_run_page::may_run(const std::string& scenario_file) {
+    if (form.runs.may_change({full_name(scenario_file)}))
+        return true;
+    form.parameter_file_form().programs.command_history_memo.append_line(
+        worded("The program was not started. %1", form.parameter_file_form().status_line.text()));
+    return false;
+}
+
+// The end of the run is waited for, and `failure` told, when that is not null; else it is noticed. False when
+// the user gave up the save before it.
+bool Scenario_run_page::run_one(const std::string& scenario_file, std::string* failure) {
     bool goes_on = true;
-    run_ends_.watch(file.get_name(false), TESK::without_extension(file),
-                    [&] { goes_on = run_scenario(workspace(), scenario_file, common_format(), false); });
+    const auto run = [&] {
+        goes_on = run_scenario(workspace(), scenario_file, common_format(), failure != nullptr);
+    };
+    if (failure != nullptr)
+        *failure = Run_ends::wait_for(full_name(scenario_file), run);
+    else
+        run_ends_.watch(full_name(scenario_file), run);
     return goes_on;
 }
 
 void Scenario_run_page::run_active() {
-    run_one(record().active_scenario, false);
+    if (may_run(record().active_scenario))
+        run_one(record().active_scenario, nullptr);
 }
 
 // Runs the checked lines; the mark of each goes once its run has been started or has ended. False when the
-// user gave up a save, or stopped the batch: the marks that are left then stand.
-bool Scenario_run_page::run_checked(bool batch, Line_progress& progress) {
+// user gave up a save, or stopped the batch: the marks that are left then stand. `batch`: null for a run that
+// is not waited for.
+bool Scenario_run_page::run_checked(Line_progress& progress, Batch* batch) {
     Scenario_lists& lists = form.scenarios.lists;
     TFileCheckListBox& list = lists.current();
     const auto total = static_cast<std::size_t>(list.checked_count());
@@ -149,15 +168,41 @@ bool Scenario_run_page::run_checked(bool batch, Line_progress& progress) {
         if (list.checked(i)) {
             list.set_item_index(i);
             progress.show(++number, total, record_text(list.line(i).text));
-            if (!run_one(lists.scenario_of_line(i), batch))
-                return false;
-            list.set_checked(i, false);
+            const std::string scenario = lists.scenario_of_line(i);
+            std::string failure;
+            if (!may_run(scenario)) {
+                failure = worded("Not started: %1; see Commands", list.line(i).text);
+            } else {
+                if (!run_one(scenario, batch == nullptr ? nullptr : &failure))
+                    return false;
+                list.set_checked(i, false);
+            }
+            if (batch != nullptr) {
+                ++(failure.empty() ? batch->progress.done : batch->progress.failed);
+                if (!failure.empty())
+                    batch->failures.push_back(failure);
+            }
         }
         progress.step();
         if (!progress.goes_on())
-            return false;
+            return batch != nullptr && number == total;
     }
     return true;
+}
+
+void Scenario_run_page::tell_batch(const Batch& batch, bool is_stopped) {
+    constexpr std::size_t most_told = 5;
+    if (batch.progress.ended() == 0)
+        return;
+    std::string text = worded(is_stopped ? "The runs have been stopped:" : "The runs have ended:") + ' ' +
+                       worded_lines(describe(batch.progress), ", ") + '.';
+    for (std::size_t i = 0; i < batch.failures.size() && i < most_told; ++i)
+        text += ' ' + batch.failures[i];
+    if (batch.failures.size() > most_told)
+        text += " ...";
+    const Mark mark = batch.failures.empty() && !is_stopped ? Mark::tick : Mark::cross;
+    run_ends_.tell(text, mark);
+    form.parameter_file_form().notice(text);
 }
 
 void Scenario_run_page::senerios_run_button_onclick() {
@@ -175,12 +220,18 @@ void Scenario_run_page::senerios_run_button_onclick() {
         if (current_desktop != nullptr)
             current_desktop->minimise();
     }
+    Batch told;
+    bool goes_on = false;
     {
         Line_progress progress(form.scenarios, static_cast<std::size_t>(list.count()),
                                batch ? Line_progress::Closing::asks : Line_progress::Closing::stops);
-        if (workspace().need_project_directory() && run_checked(batch, progress) && checked == 0)
+        told.progress.total = static_cast<std::size_t>(checked);
+        if (workspace().need_project_directory())
+            goes_on = run_checked(progress, batch ? &told : nullptr);
+        if (goes_on && checked == 0)
             run_active();
     }
+    tell_batch(told, !goes_on);
     form.scenarios.show_active_scenario();
     form.scenarios.lists.states_changed();
     if (batch && current_desktop != nullptr)

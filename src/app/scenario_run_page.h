@@ -7,6 +7,7 @@
 #include "app/run_engine_choice.h"
 #include "editing/auto_choices.h"
 #include "operations/scenario_runs.h"
+#include "runs/run_progress.h"
 
 #include <optional>
 #include <string>
@@ -39,6 +40,8 @@ public:
     View_outcome show_output(const std::string& scenario_file);
     // Runs the active scenario, as the record names it, without waiting.
     void run_active();
+    // The scenarios that run_active() and the button of the page run at present.
+    const Run_ends& run_ends() const { return run_ends_; }
 
     TTabSheet& scenario_run_tabsheet;
     TButton& senerios_run_button;
@@ -57,12 +60,21 @@ public:
     TLabel& run_end_note; // how the last run beside the editor ended
 
 private:
+    // What became of the runs that were waited for one after the other.
+    struct Batch {
+        Run_progress progress;
+        std::vector<std::string> failures;
+    };
+
     void engine_changed();
     bool common_format() const { return format_groupbox.item_index() == 1; }
     std::vector<std::string> chosen_scenarios() const;
     std::optional<Run_set> make_set(std::vector<std::string> scenarios);
-    bool run_one(const std::string& scenario_file, bool wait);
-    bool run_checked(bool batch, Line_progress& progress);
+    std::string full_name(const std::string& scenario_file) const;
+    bool may_run(const std::string& scenario_file);
+    bool run_one(const std::string& scenario_file, std::string* failure);
+    bool run_checked(Line_progress& progress, Batch* batch);
+    void tell_batch(const Batch& batch, bool is_stopped);
 
     Run_ends run_ends_;
 };

@@ -245,9 +245,13 @@ int Process_launcher::execute(const std::string& command_line, int /*show_state*
 std::optional<int> Process_launcher::create_and_wait(const std::string& command_line, int /*show_state*/) {
     const Plan plan = plan_for(command_line);
     int exit_code = 0;
-    if (plan.result != result_started ||
-        start_and_wait(plan.start, exit_code, done_while_waiting()) != result_started)
+    if (plan.result != result_started)
         return std::nullopt;
+    End_watch* const watch = std::exchange(awaiting_watch(), nullptr);
+    if (start_and_wait(plan.start, exit_code, done_while_waiting()) != result_started)
+        return std::nullopt;
+    if (watch != nullptr)
+        watch->waited_for_ = exit_code;
     return exit_code;
 }
 
@@ -274,6 +278,8 @@ End_watch::~End_watch() {
 }
 
 std::optional<int> End_watch::take_end() {
+    if (waited_for_)
+        return std::exchange(waited_for_, std::nullopt);
     int code = 0;
     if (descriptor_ < 0 || read(descriptor_, &code, sizeof code) != sizeof code)
         return std::nullopt;

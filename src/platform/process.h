@@ -85,9 +85,9 @@ private:
     std::function<void()> previous_;
 };
 
-// Notices the end of the program that execute() starts next, the first one after this was made. The program
-// goes on by itself all the same, and outlives this process; something of it may wait for its end, and tells
-// of it. Made one behind the other, not within one another.
+// Notices the end of the program that execute() or create_and_wait() starts next, the first one after this
+// was made. One of execute() goes on by itself all the same, and outlives this process; something of it may
+// wait for its end, and tells of it. Made one behind the other, not within one another.
 class End_watch {
 public:
     End_watch();
@@ -95,7 +95,8 @@ public:
     End_watch(const End_watch&) = delete;
     End_watch& operator=(const End_watch&) = delete;
 
-    // Readable once the program has ended; negative as long as none has been started.
+    // Readable once the program has ended; negative as long as none has been started, and for one that was
+    // waited for.
     int descriptor() const { return descriptor_; }
     // Its exit code (128 and the signal's number when a signal ended it) when it has ended since this was
     // last asked. Does not wait.
@@ -104,6 +105,7 @@ public:
 private:
     friend class Process_launcher;
     int descriptor_ = -1;
+    std::optional<int> waited_for_; // the exit code
 };
 
 // Tells by which command this program was started (argument 0 of its command line), and gives the full name

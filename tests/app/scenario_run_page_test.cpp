@@ -50,6 +50,10 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
         std::filesystem::permissions(drives.host(model_file), std::filesystem::perms::owner_all);
         EXPECT_TRUE(press_run());
         EXPECT_EQ(note.text(), "base is running.");
+        EXPECT_TRUE(press_run());
+        EXPECT_FALSE(form.runs.may_change({"C:\\projects\\study\\Scenarios\\Base.tvn"}));
+        EXPECT_EQ(form.parameter_file_form().status_line.text(),
+                  "Scenarios of these are being run: base. Stop the runs first, or wait for their end.");
         for (int i = 0; i < 1000 && note.text() == "base is running."; ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
             desktop.advance(500);
@@ -57,6 +61,12 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
         EXPECT_EQ(note.text(), told);
     }
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn;new.tvn;wet.tvn;");
+    created().check(0);
+    created().check(1);
+    expect_batch(Modal_result::ok);
+    EXPECT_TRUE(press_run());
+    EXPECT_EQ(note.text(), "The runs have ended: 0 of 2 done, 2 failed. base has failed. Exit code: 3 dry "
+                           "has failed. Exit code: 3");
 }
 
 TEST_F(Runs, one_checked_scenario_runs_beside_the_editor_and_more_run_one_after_the_other) {
@@ -113,6 +123,7 @@ TEST_F(Runs, a_model_that_is_missing_stops_no_batch_but_a_save_given_up_and_a_cl
         EXPECT_TRUE(press_run());
     };
     close_and_answer(Modal_result::yes);
+    EXPECT_FALSE(desktop.closing) << "the marks would go with the window";
     EXPECT_EQ(started(), run_of("base.tvn"));
     EXPECT_EQ(lines(created()), "base.tvn;dry.tvn*;wet.tvn*;");
     std::string shown;

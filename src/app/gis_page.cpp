@@ -116,6 +116,9 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
       GIS_scenarios_checklistbox(
           (GIS_run_tabsheet.add<TLabel>("label_GIS_scenarios", "Scenarios").set_names_next(true),
            fill(GIS_run_tabsheet.add<TFileCheckListBox>("GIS_scenarios_checklistbox")))),
+      GIS_scenarios_note(add_note(GIS_run_tabsheet, "GIS_scenarios_note",
+                                  "The scenarios that a run over the map leaves in its output directory are "
+                                  "listed here.")),
       GIS_view_holding_capacity_button(add_button(GIS_analysis_tabsheet, "GIS_view_holding_capacity_button",
                                                   "View water holding capacity")),
       GIS_perform_prob_distribution(add_button(GIS_analysis_tabsheet, "GIS_perform_prob_distribution",
@@ -290,6 +293,7 @@ void GIS_page::show_hide_outputs() {
     if (project != nullptr &&
         (workspace().is_GIS() || form.project_pagecontrol.active_page() == &GIS_tabsheet))
         show_folder(GIS_scenarios_checklistbox, project->get_GIS_directory(false));
+    GIS_scenarios_note.set_visible(GIS_scenarios_checklistbox.count() == 0);
 }
 
 void GIS_page::show_selected_tables(const TShellListView& list) {

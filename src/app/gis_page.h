@@ -81,6 +81,7 @@ public:
     TAutoStringEdit& edit_GIS_output_directory;
     TAutoInt16EditBar& GIS_omit_years_edit;
     TFileCheckListBox& GIS_scenarios_checklistbox;
+    TLabel& GIS_scenarios_note;
 
     // Analysis and output
     TButton& GIS_view_holding_capacity_button;

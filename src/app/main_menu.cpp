@@ -16,14 +16,6 @@ namespace {
 constexpr const char* no_folder = "The project has no folder yet: save it first.";
 constexpr const char* no_such_page = "This project has no such page.";
 
-// Whether the control and all that holds it is there and enabled, in front or not.
-bool is_offered(const TControl& control) {
-    for (const TControl* at = &control; at != nullptr && at->kind() != Control_kind::form; at = at->parent())
-        if (!at->visible() || !at->enabled())
-            return false;
-    return true;
-}
-
 Menu_item line() {
     Menu_item item;
     item.text = "-";

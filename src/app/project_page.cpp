@@ -106,6 +106,13 @@ void show_folder(TFileListBox& list, const std::string& folder) {
         list.set_folder(name);
 }
 
+bool is_offered(const TControl& control) {
+    for (const TControl* at = &control; at != nullptr && at->kind() != Control_kind::form; at = at->parent())
+        if (!at->visible() || !at->enabled())
+            return false;
+    return true;
+}
+
 void show_verdict(TLabel& note, bool is_good) {
     note.set_colour(is_good ? note_green : note_red);
     note.set_mark(is_good ? Mark::tick : Mark::cross);

@@ -78,6 +78,9 @@ void show_failures(const Operation_outcome& outcome, const std::string& title);
 // Points the list at a folder; one that it shows already is not read again.
 void show_folder(TFileListBox& list, const std::string& folder);
 
+// Whether the control and all that holds it is there and enabled, in front or not.
+bool is_offered(const TControl& control);
+
 // What a note says of the scenario that is to serve as template: by its colour, and by a sign.
 void show_verdict(TLabel& note, bool is_good);
 

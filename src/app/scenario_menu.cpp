@@ -55,7 +55,9 @@ std::vector<Menu_item> Scenario_menu::items() {
         item.on_click = [this, &entry] { (this->*entry.act)(); };
         item.on_update = [this, &entry](Menu_item& shown) {
             const bool has_line = has_project() && form.scenarios.lists.current().item_index() >= 0;
-            shown.hint = !has_line                   ? "Choose a scenario in the list first."
+            shown.hint = !is_offered(form.scenarios.lists.current())
+                             ? "The list of scenarios is not there: see View, Simulation scenarios."
+                         : !has_line                 ? "Choose a scenario in the list first."
                          : entry.obstacle == nullptr ? ""
                                                      : (this->*entry.obstacle)();
             shown.enabled = shown.hint.empty();

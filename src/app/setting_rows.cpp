@@ -126,7 +126,8 @@ Table_cell Setting_rows::value_cell(const Place& place) const {
     const std::optional<Validation_status> verdict =
         value == Settings_grid::no_value ? std::nullopt : verdict_on(row, text);
     Table_cell cell{.text = screen_text(text), .strong = differs(place)};
-    cell.is_path = row.rule != nullptr && row.rule->kind() == Setting_kind::file;
+    // A word such as "<Optional (Currently not selected)>" would say the opposite when cut like a path.
+    cell.is_path = row.rule != nullptr && row.rule->kind() == Setting_kind::file && !text.starts_with('<');
     const bool is_wanted = plan_.is_wanted(place.record, place.row);
     if (is_wanted)
         cell.colour = focus_colour;

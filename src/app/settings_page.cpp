@@ -216,6 +216,8 @@ void Settings_page::show_state() {
                        std::to_string(rows_.total());
     if (changed > 0)
         text += "; " + worded("files with changes that are not applied: %1", std::to_string(changed));
+    else
+        text += "; " + worded("nothing has been changed yet");
     if (const std::string remark = rows_.remark(row, column); !remark.empty())
         text += ". " + remark;
     settings_count_label.set_text(text);

@@ -92,6 +92,17 @@ void Dark_style::drawControl(ControlElement element, const QStyleOption* option,
     }
 }
 
+// The handle of a scroll bar stands out from its groove.
+void Dark_style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    const auto* const given = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || given == nullptr)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    QStyleOptionSlider lighter(*given);
+    lighter.palette.setColor(QPalette::Button, line_colour);
+    QProxyStyle::drawComplexControl(control, &lighter, painter, widget);
+}
+
 QPalette dark_palette() {
     QPalette palette(QColor(45, 45, 48), QColor(45, 45, 48));
     palette.setColor(QPalette::Base, QColor(30, 30, 30));

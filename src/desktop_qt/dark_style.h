@@ -18,6 +18,8 @@ public:
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
 
 private:
     void draw_group_frame(const QStyleOption* option, QPainter* painter, const QGroupBox* group) const;

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int path_role = Qt::UserRole;
+constexpr int folder_role = Qt::UserRole;
 
 class Tree_view : public View_of<TShellTreeView, QTreeWidget> {
 public:
@@ -20,7 +20,7 @@ public:
         connect(&widget(), &QTreeWidget::itemSelectionChanged, this, [this] {
             const QList<QTreeWidgetItem*> selected = widget().selectedItems();
             if (!selected.isEmpty()) {
-                const std::string path = from_qt(selected.first()->data(0, path_role).toString());
+                const std::string path = from_qt(selected.first()->data(0, folder_role).toString());
                 act([&] { this->control().select(path); });
             }
         });
@@ -43,7 +43,7 @@ private:
         for (const Folder_entry& folder : control().folders_of(path)) {
             auto& item = *new QTreeWidgetItem(&parent, {to_qt(folder.name)});
             item.setIcon(0, icon);
-            item.setData(0, path_role, to_qt(folder.path));
+            item.setData(0, folder_role, to_qt(folder.path));
             item.setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
         }
     }
@@ -52,7 +52,7 @@ private:
         if (!observed() || item.childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator)
             return;
         item.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
-        add_folders(item, from_qt(item.data(0, path_role).toString()));
+        add_folders(item, from_qt(item.data(0, folder_role).toString()));
     }
 };
 

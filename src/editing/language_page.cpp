@@ -30,6 +30,7 @@ Language_page::Language_page(TTabSheet& sheet, TESK::User_settings& settings)
       edit_translation_other(sheet.add<TEdit>("edit_translation_other")), settings_(settings) {
     edit_translation_other.set_hint("Normally enter the two character ISO 639-1 language code (or the code "
                                     "used in the translation files)");
+    edit_translation_other.set_prompt("Code of another language");
     add_note(sheet, "label_translation_note",
              "You may need to restart the program if the text is not currently the default native language.");
     radiogroup_translation_target_language.set_item_index(0);

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int steps = 200; // of the bar
-constexpr Bounds usual_bounds{0, 0, 480, 120};
+constexpr Bounds window_bounds{0, 0, 480, 120};
 
 } // namespace
 
@@ -20,7 +20,7 @@ Loading_window::Loading_window(const std::string& file_name)
       }()) {
     add<TLabel>("loading_note_label", "Close this window to leave the file as it is.");
     loading_progressbar.set_maximum(steps);
-    set_bounds(usual_bounds);
+    set_bounds(window_bounds);
     show();
 }
 

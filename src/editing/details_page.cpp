@@ -39,6 +39,8 @@ Details_page::Details_page(Edited_file& file, TTabSheet& sheet)
                      "associated with an editor for the other button.")),
       text_(file, &TESK::Common_parameters_directory::get_details_filename, details_edit_memo) {
     details_edit_memo.set_fixed_pitch(true);
+    add_note(tabsheet_external_editor, "external_editor_note",
+             "The details open in the program that your desktop has for pages or for texts.");
     keep_narrow(button_edit_details_HTML);
     keep_narrow(button_edit_details_text);
     wire();

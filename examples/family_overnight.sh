@@ -19,4 +19,4 @@ if ! tvs_project run "$project" --generated --all --jobs "$jobs" >/dev/null; the
 fi
 
 tvs_project list "$project" --generated | cut -f 1-3
-[ "$(tvs_project list "$project" --generated --state failed,stale --json)" = "[]" ]
+[ "$(tvs_project list "$project" --generated --state stale,failed,stopped,waiting,running,unknown --json)" = "[]" ]

@@ -279,10 +279,15 @@ void Main_menu::show_properties() {
 void Main_menu::undo_last_change() {
     if (!has_project() || !workspace().need_project_directory())
         return;
-    const Operation_outcome outcome =
-        Change_backups(*workspace().project_directory).undo_last([](std::size_t, std::size_t) {
-            return paint_pending();
-        });
+    bool is_busy = false;
+    const Operation_outcome outcome = Change_backups(*workspace().project_directory)
+                                          .undo_last([](std::size_t, std::size_t) { return paint_pending(); },
+                                                     [&](const std::vector<std::string>& files) {
+                                                         is_busy = !form.runs.may_change(files);
+                                                         return is_busy ? "busy" : "";
+                                                     });
+    if (is_busy)
+        return; // which has been told
     form.scenarios.lists.relist_scenarios_button_onclick();
     form.settings.Update();
     show_failures(outcome, "Not undone");

@@ -10,25 +10,44 @@ namespace {
 
 // Takes out the scenarios that are being run, and those of which no command line can hold the name: they
 // fail, and the others are run.
-std::vector<std::string> take_unusable(Session& session, const Scenario_states& states,
-                                       std::vector<std::string>& scenarios) {
-    std::vector<std::string> unusable = states.take_busy(scenarios);
+std::vector<Unusable> take_unusable(Session& session, const Scenario_states& states,
+                                    std::vector<std::string>& scenarios) {
+    std::vector<Unusable> unusable;
     std::erase_if(scenarios, [&](const std::string& file) {
-        const bool is_usable = platform::refusal_of_name(file).empty();
-        if (!is_usable)
-            unusable.push_back(file);
-        return !is_usable;
+        std::string doubt;
+        std::vector<std::string> one{file};
+        const bool is_busy = !states.take_busy(one, &doubt).empty();
+        const std::string reason =
+            !doubt.empty() ? "Whether another set of runs has it run cannot be told: " + screen_text(doubt)
+            : is_busy      ? "Another set of runs has it run."
+                           : platform::refusal_of_name(file);
+        if (!reason.empty())
+            unusable.push_back({file, reason});
+        return !reason.empty();
     });
-    for (const std::string& file : unusable) {
+    for (const auto& [file, reason] : unusable) {
         session.console.say("Not run: " + screen_text(TESK::File_name(file.c_str()).get_name(true)) + ". " +
-                            reason_not_to_run(file));
+                            reason);
         session.note(exit_found);
     }
     return unusable;
 }
 
+// Says, and adds, of which scenarios nobody knows whether they are out of date.
+void tell_unknown(Session& session, Opened_project& project, Scenario_choice choice,
+                  std::vector<Unusable>& unusable) {
+    choice.states = {"unknown"};
+    for (const std::string& scenario : choose_scenarios(project, choice, false)) {
+        const std::string file = project.scenario_file(scenario, choice.folder());
+        unusable.push_back({file, "Whether it is out of date cannot be told: " +
+                                      screen_text(project.states().status_of(file).reason)});
+        session.console.say("Not run: " + screen_text(scenario) + ". " + unusable.back().reason);
+        session.note(exit_unreachable);
+    }
+}
+
 // Says so, and tells it to programs in the shape that any other number of runs has.
-void tell_nothing(Session& session, const Run_options& options, const std::vector<std::string>& unusable) {
+void tell_nothing(Session& session, const Run_options& options, const std::vector<Unusable>& unusable) {
     session.console.say("There is nothing to run.");
     if (options.only_shows || (options.engine == "list" && !options.in_background))
         report_commands(session, {}, unusable);
@@ -42,6 +61,13 @@ void run(Session& session, Run_options& options) {
     if (options.stops_at_failure && options.engine != "local")
         throw Command_failure(exit_misused,
                               "--stop-on-failure is for runs on this machine (--engine local).");
+    const Slurm_request& slurm = options.slurm;
+    if (!(slurm.partition + slurm.time + slurm.memory + slurm.options).empty() && options.engine != "slurm")
+        throw Command_failure(exit_misused,
+                              "--partition, --time, --memory and --sbatch are for the scheduler "
+                              "(--engine slurm).");
+    if (options.jobs > 0 && options.engine == "list")
+        throw Command_failure(exit_misused, "--jobs is for runs that are started here, not for a list.");
     resolve_files(session, options.choice);
     if (options.only_failed)
         options.choice.states.emplace_back("failed");
@@ -53,7 +79,9 @@ void run(Session& session, Run_options& options) {
     const bool needs_names = options.choice.states.empty() && options.choice.conditions.empty();
     for (const std::string& scenario : choose_scenarios(project, options.choice, needs_names))
         scenarios.push_back(project.scenario_file(scenario, options.choice.folder()));
-    const std::vector<std::string> unusable = take_unusable(session, project.states(), scenarios);
+    std::vector<Unusable> unusable = take_unusable(session, project.states(), scenarios);
+    if (options.only_stale)
+        tell_unknown(session, project, options.choice, unusable);
     if (scenarios.empty()) {
         tell_nothing(session, options, unusable);
         return;

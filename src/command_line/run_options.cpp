@@ -72,11 +72,6 @@ std::vector<Shown_command> read_list(const std::string& file, const Run_set& set
 
 } // namespace
 
-std::string reason_not_to_run(const std::string& file) {
-    std::string reason = platform::refusal_of_name(file);
-    return reason.empty() ? "Another set of runs has it run." : reason;
-}
-
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios) {
     Run_set set = run_set_of(project.record(), project.directory(), project.project_file(),
                              options.common_format, std::move(scenarios));
@@ -93,7 +88,7 @@ Run_set make_set(Opened_project& project, const Run_options& options, std::vecto
 }
 
 void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
-               const std::vector<std::string>& unusable) {
+               const std::vector<Unusable>& unusable) {
     if (const platform::Write_result journal = Journal_writer(folder).state(); !journal.ok())
         throw Command_failure(exit_unreachable, "The folder of the runs " + screen_text(folder) +
                                                     " cannot be written: " + screen_text(journal.reason));
@@ -127,10 +122,10 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
 }
 
 void report_runs(Session& session, const Run_set& set, const Run_journal* journal,
-                 const std::vector<std::string>& unusable) {
+                 const std::vector<Unusable>& unusable) {
     Report report(session, {{"scenario"}, {"state"}, {"reason"}, {"seconds"}, {"started", false}});
-    for (const std::string& file : unusable)
-        report.add({name_of(file), word_for(Run_state::failed), reason_not_to_run(file), Json(), Json()});
+    for (const auto& [file, reason] : unusable)
+        report.add({name_of(file), word_for(Run_state::failed), reason, Json(), Json()});
     const bool has_owner = journal != nullptr && is_owned(*journal);
     for (std::size_t run = 0; journal != nullptr && run < set.scenarios.size(); ++run) {
         const Run_record& record = journal->runs()[run];
@@ -144,27 +139,27 @@ void report_runs(Session& session, const Run_set& set, const Run_journal* journa
 }
 
 void report_commands(Session& session, const std::vector<Shown_command>& commands,
-                     const std::vector<std::string>& unusable) {
+                     const std::vector<Unusable>& unusable) {
     if (!session.as_json) {
         for (const Shown_command& one : commands)
             session.console.out() << one.command << '\n';
         return;
     }
     Report report(session, {{"scenario"}, {"command"}, {"reason"}});
-    for (const std::string& file : unusable)
-        report.add({name_of(file), Json(), reason_not_to_run(file)});
+    for (const auto& [file, reason] : unusable)
+        report.add({name_of(file), Json(), reason});
     for (const Shown_command& one : commands)
         report.add({name_of(one.scenario), one.command, Json()});
     report.finish();
 }
 
 void report_background(Session& session, const std::string& set, std::size_t runs,
-                       const std::vector<std::string>& unusable) {
+                       const std::vector<Unusable>& unusable) {
     Json told{{"set", set.empty() ? Json() : Json(set)}, {"runs", runs}};
     if (session.as_json) {
         told["failed"] = Json::array();
-        for (const std::string& file : unusable)
-            told["failed"].push_back({{"scenario", name_of(file)}, {"reason", reason_not_to_run(file)}});
+        for (const auto& [file, reason] : unusable)
+            told["failed"].push_back({{"scenario", name_of(file)}, {"reason", reason}});
     }
     print_object(session, told);
 }

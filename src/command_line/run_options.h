@@ -22,9 +22,12 @@ struct Run_options {
     Slurm_request slurm;
 };
 
-// Why the scenario (full name) is left out of a set: no program can be handed its name, or else it is being
-// run.
-std::string reason_not_to_run(const std::string& file);
+// A scenario (full name) that is left out of a set, and why, in UTF-8: no program can be handed its name, or
+// it is being run.
+struct Unusable {
+    std::string file;
+    std::string reason;
+};
 
 // The set of scenarios of the project, by their full names.
 Run_set make_set(Opened_project& project, const Run_options& options, std::vector<std::string> scenarios);
@@ -33,11 +36,11 @@ Run_set make_set(Opened_project& project, const Run_options& options, std::vecto
 // then reports what became of each run, behind the scenarios (full names) that were left out. In
 // the background it is left to a process of its own.
 void have_done(Session& session, const std::string& folder, const Run_set& set, bool in_background,
-               const std::vector<std::string>& unusable = {});
+               const std::vector<Unusable>& unusable = {});
 
 // Reports the runs of a set. Without a journal, which may be null, there is none.
 void report_runs(Session& session, const Run_set& set, const Run_journal* journal,
-                 const std::vector<std::string>& unusable = {});
+                 const std::vector<Unusable>& unusable = {});
 
 // Prints command lines; in JSON rows with the scenarios (full names) that they are for, and those that
 // were left out.
@@ -46,9 +49,9 @@ struct Shown_command {
     std::string command; // in UTF-8
 };
 void report_commands(Session& session, const std::vector<Shown_command>& commands,
-                     const std::vector<std::string>& unusable);
+                     const std::vector<Unusable>& unusable);
 
 // Tells programs of a set that was left to a process of its own, by its name, empty where there is none, and
 // of how many runs; people see the same without what failed.
 void report_background(Session& session, const std::string& set, std::size_t runs,
-                       const std::vector<std::string>& unusable);
+                       const std::vector<Unusable>& unusable);

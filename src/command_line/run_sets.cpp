@@ -63,7 +63,9 @@ Found_set find_set(Opened_project& project, const std::string& name, Newest whic
     // An older one is not what was meant.
     if (const std::string failure = found.failure(); !failure.empty())
         throw Command_failure(exit_unreachable,
-                              screen_text(failure) +
-                                  " Say another one by --set, or delete it with delete-runs.");
+                              screen_text(failure) + " Say another one by --set, or " +
+                                  (found.journal ? "see to it that it can be read: as long as it cannot, the "
+                                                   "set may be at work, and delete-runs leaves it."
+                                                 : "delete it with delete-runs."));
     return found;
 }

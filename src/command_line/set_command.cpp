@@ -4,6 +4,8 @@
 #include "command_line/report.h"
 #include "operations/project_check.h"
 #include "operations/settings_change.h"
+#include "platform/current_directory.h"
+#include "platform/files.h"
 
 #include <memory>
 
@@ -82,6 +84,15 @@ void take_result(Settings_result& tried, Settings_result done) {
     tried = std::move(done);
 }
 
+// For a file that is a scenario of a project whose folder is the current one.
+std::optional<Change_backups> backups_of_scenario(const std::string& file) {
+    const TESK::Directory_name folder(platform::current_directory().c_str());
+    std::optional<Change_backups> backups;
+    if (platform::is_file(folder + ".tvp") && Change_backups(folder).can_hold(file))
+        backups.emplace(folder);
+    return backups;
+}
+
 // All of the assignments to a file are done, or none. Only the files that will change are put aside, so that
 // the change to scenarios of a project can be undone.
 void set(Session& session, Set_options& options) {
@@ -113,6 +124,8 @@ void set(Session& session, Set_options& options) {
         std::optional<Change_backups> backups;
         if (targets.project != nullptr)
             backups = backups_for(*targets.project, files, options.no_backup);
+        else if (!options.no_backup)
+            backups = backups_of_scenario(files.front());
         std::vector<Settings_result> done;
         const Operation_outcome outcome = change_settings(changes, backups ? &*backups : nullptr,
                                                           shown_progress(session, "setting"), &done);
@@ -137,7 +150,10 @@ void add_set_command(CLI::App& app, Session& session) {
         "  tvs_project set study.tvp submodels.salinity=true salt.1=0.4 --scenarios 'plot*'\n"
         "  tvs_project set study.tvp CO2.enable=true --all --dry-run\n");
     auto options = std::make_shared<Set_options>();
-    command->add_option("FILE", options->target, "A record file, or the project of the scenarios")
+    command
+        ->add_option(
+            "FILE", options->target,
+            "A record file, or the project of the scenarios; only a change to scenarios can be undone")
         ->required()
         ->type_name("");
     command->add_option("SETTING=VALUE", options->assignments, "What to set, such as submodels.salinity=true")

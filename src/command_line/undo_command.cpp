@@ -1,5 +1,6 @@
 #include "command_line/commands.h"
 #include "command_line/outcome_report.h"
+#include "command_line/scenario_choice.h"
 
 #include <memory>
 
@@ -60,9 +61,13 @@ void undo(Session& session, const Undo_options& options) {
         throw Command_failure(exit_found, "Nothing was undone.");
     const Operation_progress progress = shown_progress(session, "bringing back");
     const std::string newest = backups.newest().value_or(Change_backups::Change()).set;
+    const auto refusal = [&](const std::vector<std::string>& files) {
+        must_be_idle(project.states(), files);
+        return std::string();
+    };
     const Operation_outcome outcome = options.change.empty()
-                                          ? backups.undo_last(progress)
-                                          : backups.undo(record_text(options.change), progress);
+                                          ? backups.undo_last(progress, refusal)
+                                          : backups.undo(record_text(options.change), progress, refusal);
     session.console.end_progress();
     if (!outcome.refused.empty() && !is_there(backups, options.change))
         throw Command_failure(exit_found, screen_text(outcome.refused) + ' ' + of_the_trash);

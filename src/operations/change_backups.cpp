@@ -301,11 +301,11 @@ void Change_backups::remove(const std::string& set) const {
 
 // ---- undo
 
-Operation_outcome Change_backups::undo_last(const Operation_progress& progress) {
+Operation_outcome Change_backups::undo_last(const Operation_progress& progress, const Refusal& refusal) {
     std::string failure;
     const std::vector<Change> changes = list(&failure);
     for (const Change& change : failure.empty() ? changes : std::vector<Change>()) {
-        Operation_outcome outcome = undo(change.set, progress);
+        Operation_outcome outcome = undo(change.set, progress, refusal);
         if (!outcome.refused.empty() || outcome.stopped || outcome.done > 0 || !outcome.not_done.empty())
             return outcome;
         remove(change.set);
@@ -315,7 +315,8 @@ Operation_outcome Change_backups::undo_last(const Operation_progress& progress) 
     return outcome;
 }
 
-Operation_outcome Change_backups::undo(const std::string& name, const Operation_progress& progress) {
+Operation_outcome Change_backups::undo(const std::string& name, const Operation_progress& progress,
+                                       const Refusal& refusal) {
     Operation_outcome outcome;
     Set old;
     if (name.find_first_of("\\/:") != std::string::npos || !read_changes(name, old)) {
@@ -324,6 +325,11 @@ Operation_outcome Change_backups::undo(const std::string& name, const Operation_
     }
     const Set now = plan_undo(name, old, outcome);
     if (now.entries.empty())
+        return outcome;
+    std::vector<std::string> files;
+    for (const Entry& entry : now.entries)
+        files.push_back(place(entry.name));
+    if (refusal && !(outcome.refused = refusal(files)).empty())
         return outcome;
     // What is moved needs no room: it lies in the project already.
     const Operation_outcome begun = begin(now, {});

@@ -15,6 +15,7 @@
 #include "platform/write_result.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -70,10 +71,13 @@ public:
 
     // Brings back what was there before the change: files that it replaced, moved away or deleted come back,
     // those that it made go. What is there now becomes a set of its own, so that this can be undone too. What
-    // the project holds already is left alone. Refused when there is no such set.
-    Operation_outcome undo(const std::string& set, const Operation_progress& progress);
+    // the project holds already is left alone. Refused when there is no such set, and for the reason that
+    // `refusal`, which may be empty, gives of the files that would be replaced or go (full names).
+    using Refusal = std::function<std::string(const std::vector<std::string>& files)>;
+    Operation_outcome undo(const std::string& set, const Operation_progress& progress,
+                           const Refusal& refusal = {});
     // The same with the newest change that left anything to undo.
-    Operation_outcome undo_last(const Operation_progress& progress);
+    Operation_outcome undo_last(const Operation_progress& progress, const Refusal& refusal = {});
 
 private:
     enum class Kind : std::uint8_t { copied, moved, made };

@@ -135,7 +135,7 @@ void Scenario_states::add_set(const std::string& folder) {
     sets_.push_back(std::make_unique<Set>(Set{folder, Run_journal(folder, count), asked.has_value()}));
 }
 
-const std::string* Scenario_states::doubt_since(std::size_t set) const {
+const std::string* Scenario_states::doubt_since(std::size_t set, bool only_at_work) const {
     if (failures_.empty())
         return nullptr;
     if (!is_folder_readable_)
@@ -143,20 +143,27 @@ const std::string* Scenario_states::doubt_since(std::size_t set) const {
     std::size_t last = failures_.size();
     for (std::size_t newer = sets_.size(); newer > set; --newer) {
         const Set& one = *sets_[newer - 1];
-        if (!one.is_readable)
+        const bool is_known = one.journal.failure().empty();
+        if (!one.is_readable && (!only_at_work || !is_known || one.is_at_work))
             return &failures_[last - 1];
-        last -= one.journal.failure().empty() ? 0 : 1;
+        last -= one.is_readable && is_known ? 0 : 1;
     }
     return nullptr;
 }
 
-std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& scenarios) const {
+std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& scenarios,
+                                                    std::string* doubt) const {
     std::vector<std::string> busy;
+    if (doubt != nullptr)
+        doubt->clear();
     std::erase_if(scenarios, [&](const std::string& scenario) {
         Scenario_status status;
-        take_last_run(scenario, status);
+        take_last_run(scenario, status, true);
+        const bool is_unknown = status.state == Scenario_state::unknown;
         const bool is_busy =
-            status.state == Scenario_state::waiting || status.state == Scenario_state::running;
+            is_unknown || status.state == Scenario_state::waiting || status.state == Scenario_state::running;
+        if (is_unknown && doubt != nullptr)
+            *doubt = status.reason;
         if (is_busy)
             busy.push_back(scenario);
         return is_busy;
@@ -182,7 +189,8 @@ Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
 }
 
 // By the journals alone: the set that is being run, else the one that began the scenario last.
-void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_status& status) const {
+void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_status& status,
+                                    bool only_at_work) const {
     static const std::vector<Place> none;
     const auto found = runs_.find(folded(scenario_file));
     std::size_t told_by = 0; // the place behind that of the set
@@ -215,7 +223,7 @@ void Scenario_states::take_last_run(const std::string& scenario_file, Scenario_s
         if (is_at_work)
             return;
     }
-    if (const std::string* doubt = doubt_since(told_by); doubt != nullptr) {
+    if (const std::string* doubt = doubt_since(told_by, only_at_work); doubt != nullptr) {
         status.state = Scenario_state::unknown;
         status.reason = *doubt;
     }
@@ -287,9 +295,11 @@ platform::Change_time Scenario_states::time_of(const std::string& parameter_file
 std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios) {
     constexpr std::size_t most_named = 10;
     states.refresh();
-    const std::vector<std::string> busy = states.take_busy(scenarios);
+    std::string doubt;
+    const std::vector<std::string> busy = states.take_busy(scenarios, &doubt);
     std::string names;
     for (std::size_t one = 0; one < busy.size() && one < most_named; ++one)
         names += (one > 0 ? ", " : "") + TESK::File_name(busy[one].c_str()).get_name(false);
-    return names + (busy.size() > most_named ? ", ..." : "");
+    names += busy.size() > most_named ? ", ..." : "";
+    return doubt.empty() ? names : names + " (cannot be told: " + doubt + ")";
 }

@@ -53,8 +53,10 @@ public:
     // its output, and of each parameter file once for all scenarios.
     Scenario_status status_of(const std::string& scenario_file);
 
-    // Takes out of the files those that a set at work runs, or has still to run, and returns them.
-    std::vector<std::string> take_busy(std::vector<std::string>& scenarios) const;
+    // Takes out of the files those that a set at work runs, or has still to run, and those of which that
+    // cannot be told, and returns them. `doubt`, which may be null, is told why it cannot of any; else "".
+    std::vector<std::string> take_busy(std::vector<std::string>& scenarios,
+                                       std::string* doubt = nullptr) const;
 
 private:
     struct Set;
@@ -70,9 +72,11 @@ private:
 
     void add_set(const std::string& folder);
     void read_sets(const std::vector<std::string>& folders);
-    // What could not be read and is newer than the set of that place; null for nothing.
-    const std::string* doubt_since(std::size_t set) const;
-    void take_last_run(const std::string& scenario_file, Scenario_status& status) const;
+    // What could not be read and is newer than the set of that place, or alone what of that may be at work;
+    // null for nothing.
+    const std::string* doubt_since(std::size_t set, bool only_at_work) const;
+    void take_last_run(const std::string& scenario_file, Scenario_status& status,
+                       bool only_at_work = false) const;
     void judge_by_files(const std::string& scenario_file, Scenario_status& status);
     const std::vector<std::string>& files_named_by(const std::string& scenario_file,
                                                    platform::Change_time record_time);
@@ -89,7 +93,8 @@ private:
 };
 
 // The names of those of the scenarios (full names) that a set at work runs, or has still to run, and that are
-// therefore not to be changed or deleted: "base, clay soil", of many the first. "" when there is none.
+// therefore not to be changed or deleted: "base, clay soil", of many the first, and why that cannot be told
+// of any of them, so that it may be. "" when there is none.
 std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios);
 
 // The parameter files that a scenario's record names, by the extensions that such files have, as they stand

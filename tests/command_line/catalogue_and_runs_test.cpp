@@ -57,6 +57,9 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
          "--list | cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": "
          ".undo of settings' -e '\"brought_back\": 8'",
          "settings\t8\n2\n", 0, "undone: settings"},
+        {"tvs_project set Irrigation_study/Scenarios/base.tvn salt.1=2 >/dev/null; tvs_project undo "
+         "Irrigation_study --json | grep -c -e undo.of.settings -e 'back\": 1'",
+         "2\n", 0, "undone: settings"},
         // Who can be asked is asked.
         {"echo n | script -qec 'tvs_project undo Irrigation_study' /dev/null | grep -o 'Nothing was undone'",
          "Nothing was undone\n"},

@@ -85,6 +85,7 @@ TEST_F(Scenario_states_test, what_cannot_be_read_leaves_unknown_what_no_newer_se
     platform::make_folders(folder + "\\journal.txt");
     EXPECT_EQ(state_of("fail"), "unknown");
     EXPECT_EQ(state_of("good"), "done");
+    EXPECT_TRUE(busy_among(states, project.set_of({"good", "fail"}).scenarios).starts_with("fail (cannot"));
     EXPECT_EQ(Local_engine(folder, project.set_of({"fail"})).start(), "There is a folder of this name.");
     EXPECT_FALSE(delete_run_set(folder, true));
     // A set of which nobody knows what was asked.

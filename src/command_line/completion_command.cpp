@@ -35,7 +35,9 @@ std::string bash_completion(const CLI::App& app) {
         std::string options;
         std::string values;
         for (const CLI::Option* option : options_of(*command)) {
-            options += (options.empty() ? "" : " ") + long_name(*option);
+            if (!options.empty())
+                options += ' ';
+            options += long_name(*option);
             if (const std::string words = values_of(*option); !words.empty())
                 values +=
                     "        [ \"$previous\" != " + long_name(*option) + " ] || options='" + words + "'\n";

@@ -95,12 +95,13 @@ void Dark_style::drawControl(ControlElement element, const QStyleOption* option,
 // The handle of a scroll bar stands out from its groove.
 void Dark_style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
-    const auto* const given = qstyleoption_cast<const QStyleOptionSlider*>(option);
-    if (control != CC_ScrollBar || given == nullptr)
-        return QProxyStyle::drawComplexControl(control, option, painter, widget);
-    QStyleOptionSlider lighter(*given);
-    lighter.palette.setColor(QPalette::Button, line_colour);
-    QProxyStyle::drawComplexControl(control, &lighter, painter, widget);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    constexpr int edge = 2;
+    if (const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+        control == CC_ScrollBar && bar != nullptr)
+        painter->fillRect(
+            subControlRect(control, bar, SC_ScrollBarSlider, widget).adjusted(edge, edge, -edge, -edge),
+            line_colour);
 }
 
 QPalette dark_palette() {

@@ -30,14 +30,15 @@ std::optional<std::size_t> run_in(const Run_set& set, const std::string& name) {
 
 void show(Session& session, const Found_set& found, std::size_t run) {
     const std::string printed = platform::read_file(printed_file(found.folder, run)).contents;
+    const bool has_owner = is_owned(*found.journal);
+    const std::string reason = describe_run(*found.journal, run, has_owner);
     if (!session.as_json) {
         session.console.out() << printed;
         if (printed.empty())
-            session.console.say("The model has printed nothing.");
+            session.console.say("The model has printed nothing" +
+                                (reason.empty() ? "" : " (" + screen_text(reason) + ')') + '.');
         return;
     }
-    const bool has_owner = is_owned(*found.journal);
-    const std::string reason = describe_run(*found.journal, run, has_owner);
     const TESK::File_name file(found.set.scenarios[run].c_str());
     print_object(session, {{"set", found.name()},
                            {"scenario", screen_text(file.get_name(false))},

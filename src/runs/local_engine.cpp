@@ -1,6 +1,7 @@
 #include "runs/local_engine.h"
 
 #include "names/file_name.h"
+#include "platform/files.h"
 #include "runs/run_folders.h"
 #include "trees/scenario_directory.h"
 
@@ -96,8 +97,14 @@ void Local_engine::start_next() {
 
 // False when the host cannot take any more at present.
 bool Local_engine::start_run(std::size_t run) {
+    const std::string& record = set_.scenarios[run];
+    if (!platform::exists(record) && !platform::is_out_of_reach(record)) {
+        ++next_;
+        note_not_started(run, Run_record::no_record);
+        return true;
+    }
     Running& running = running_[run];
-    running.output_folder = output_folder_of(TESK::File_name(set_.scenarios[run].c_str()));
+    running.output_folder = output_folder_of(TESK::File_name(record.c_str()));
     running.output_before = platform::folder_mark(running.output_folder);
     running.printed = std::make_unique<Printed_text>(printed_file(folder_, run));
     running.began = Clock::now();
@@ -109,16 +116,22 @@ bool Local_engine::start_run(std::size_t run) {
         return false;
     }
     ++next_;
-    journal_.start(run);
-    if (result != platform::result_started) {
-        Run_record record;
-        record.outcome = Run_record::Outcome::not_started;
-        record.code = result;
-        journal_.end(run, record);
+    if (result == platform::result_started) {
+        journal_.start(run);
+    } else {
+        note_not_started(run, result);
         running_.erase(run);
-        has_failure_ = true;
     }
     return true;
+}
+
+void Local_engine::note_not_started(std::size_t run, int result) {
+    Run_record record;
+    record.outcome = Run_record::Outcome::not_started;
+    record.code = result;
+    journal_.start(run);
+    journal_.end(run, record);
+    has_failure_ = true;
 }
 
 void Local_engine::printed(std::size_t run, std::string_view bytes) {

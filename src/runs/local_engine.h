@@ -44,6 +44,7 @@ private:
     void ended(std::size_t run, const platform::Program_end& end) override;
     void start_next();
     bool start_run(std::size_t run);
+    void note_not_started(std::size_t run, int result);
     bool may_start() const;
     void finish();
 

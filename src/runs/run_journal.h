@@ -13,9 +13,9 @@
 //                                                with who runs it where no owner does: a line of a list
 //     end TIME RUN exit CODE SECONDS output .    how it ended: "exit", "signal", "unstarted" (with the
 //     launch's
-//                                                result), "stopped", "slow", "lost" (with the scheduler's
-//                                                reason in place of the code); then whether it left output:
-//                                                "output" or "nothing"
+//                                                result, or no_record), "stopped", "slow", "lost" (with the
+//                                                scheduler's reason in place of the code); then whether it
+//                                                left output: "output" or "nothing"
 //     left TIME REASON HOST BOOT PROCESS STARTED .
 //                                                that owner has gone: "done", "stopped", "failure" (the set
 //                                                was to stop at the first), "submitted" (to the scheduler),
@@ -50,11 +50,14 @@ struct Run_record {
         running, // started, no end
         exited,
         signalled,
-        not_started, // the program could not be
+        not_started, // the program could not be, or there was no record for it
         stopped,     // because the user had the set stopped: it is to be run again
         too_slow,    // ended because its time had run out
         lost         // by the scheduler
     };
+    // The code of a run that was not started since the scenario's record was gone.
+    static constexpr int no_record = -1;
+
     Outcome outcome = Outcome::waiting;
     bool left_output = false;
     bool is_abandoned = false; // running by its journal, and the process that ran it has gone

@@ -38,6 +38,7 @@ std::string about(double seconds) {
 
 std::string reason_not_started(int result) {
     switch (result) {
+    case Run_record::no_record: return "not started: its record was not there";
     case platform::result_file_not_found:
     case platform::result_path_not_found: return "the model is not there";
     case platform::result_access_denied: return "the model may not be started";

@@ -22,6 +22,9 @@ constexpr std::string_view parameter_extensions[] = {"sil", "loc", "xeb",       
 
 // By how much the clocks of this machine, of the one that ran a scenario and of the disk's may differ.
 constexpr Moment clock_slack = 5000;
+// A file that was changed so soon after a run had begun by another clock may have been so before: disks keep
+// full seconds, some of them.
+constexpr Moment start_slack = 1000;
 constexpr platform::Change_time nanoseconds_of_one = 1'000'000;
 
 std::string folded(std::string_view text) {
@@ -262,10 +265,16 @@ void Scenario_states::judge_by_files(const std::string& scenario_file, Scenario_
     if (!is_clear && output.files == 0)
         return;
     status.state = Scenario_state::done;
-    if (!is_clear && newest > output.newest) {
-        status.state = Scenario_state::out_of_date;
+    if (is_clear)
+        return;
+    const bool is_of_last_run =
+        status.record.is_done() && moment_of(output.newest) <= status.record.ended + clock_slack;
+    if (newest > output.newest)
         status.reason = newest_file + " is newer than the output";
-    }
+    else if (is_of_last_run && moment_of(newest) > status.record.started + start_slack)
+        status.reason = newest_file + " was changed after the run had begun";
+    if (!status.reason.empty())
+        status.state = Scenario_state::out_of_date;
 }
 
 const std::vector<std::string>& Scenario_states::files_named_by(const std::string& scenario_file,

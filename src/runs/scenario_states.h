@@ -20,7 +20,8 @@ enum class Scenario_state : std::uint8_t {
     done,
     failed,
     stopped,     // with its set, or its set crashed
-    out_of_date, // its record, or a parameter file that this names, is newer than the output
+    out_of_date, // its record, or a parameter file that this names, is newer than the output, or than the
+                 // beginning of the run that left it
     unknown      // what would tell it cannot be read
 };
 // For users: "out of date".

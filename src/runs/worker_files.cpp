@@ -6,6 +6,7 @@
 #include "platform/host_names.h"
 #include "platform/shell_text.h"
 #include "runs/printed_text.h"
+#include "runs/run_journal.h"
 #include "trees/scenario_directory.h"
 
 namespace {
@@ -15,8 +16,8 @@ constexpr const char* script = R"sh(
 # Has runs of a run set done, one after the other, and notes them in the set's journal:
 #   worker.sh FOLDER run RUN...                  the runs of these numbers
 #   worker.sh FOLDER task LIST PER_TASK          as a task of a job array: its share of the runs in the file LIST
-# FOLDER is the set's. Line n + 1 of commands.txt there is the command of run n, of outputs.txt the folder of its
-# output.
+# FOLDER is the set's. Line n + 1 of commands.txt there is the command of run n, of records.txt the scenario's
+# record, of outputs.txt the folder of its output.
 
 folder=$1
 mode=$2
@@ -42,6 +43,10 @@ time_now() {
 files_of() {
     find "$1" -type f -printf '%T@ %p\n' 2>/dev/null | sort
 }
+# The line of a file in the set's folder that is a run's.
+line_of() {
+    sed -n "$(($2 + 1)){p;q;}" "$folder/$1"
+}
 command_of() {
     if [ $longest_seconds -gt 0 ]; then
         exec timeout -k 5 $longest_seconds sh -c "$1"
@@ -50,8 +55,9 @@ command_of() {
 }
 
 do_run() {
-    line=$(sed -n "$(($1 + 1)){p;q;}" "$folder/commands.txt")
-    output=$(sed -n "$(($1 + 1)){p;q;}" "$folder/outputs.txt")
+    line=$(line_of commands.txt "$1")
+    record=$(line_of records.txt "$1")
+    output=$(line_of outputs.txt "$1")
     printed=$folder/printed/$1.txt
     mkdir -p "$folder/printed"
     before=$(files_of "$output")
@@ -60,6 +66,12 @@ do_run() {
         note "start $(time_now) $1"
     else
         note "start $(time_now) $1 $worker"
+    fi
+    if [ -n "$record" ] && ! [ -e "$record" ]; then
+        note "end $(time_now) $1 unstarted $no_record 0.000 nothing"
+        echo "Not started: $record is not there." >&2
+        code=1
+        return
     fi
     # The exit code comes by descriptor 3 around what takes the text.
     code=$( {
@@ -99,7 +111,8 @@ done
 
 std::string script_text(const Run_set& set) {
     return "#!/bin/sh\nlongest_print=" + std::to_string(Printed_text::longest_beginning) +
-           "\nlongest_seconds=" + std::to_string(set.longest.count()) + script;
+           "\nlongest_seconds=" + std::to_string(set.longest.count()) +
+           "\nno_record=" + std::to_string(Run_record::no_record) + script;
 }
 
 std::string write(const std::string& file, const std::string& text) {
@@ -125,15 +138,19 @@ std::string write_worker_files(const std::string& folder, const Run_set& set) {
     const platform::Directory_guard current;
     platform::change_directory(set.folder);
     std::string commands;
+    std::string records;
     std::string outputs;
     for (std::size_t run = 0; run < set.scenarios.size(); ++run) {
         const std::string command = platform::shell_command(set.command_line(run), set.folder);
         if (command.empty())
             return "The model cannot be started: " + set.model;
         commands += command + '\n';
+        records += platform::host_path(set.scenarios[run]) + '\n';
         outputs += platform::host_path(output_folder_of(TESK::File_name(set.scenarios[run].c_str()))) + '\n';
     }
     std::string reason = write(commands_file(folder), commands);
+    if (reason.empty())
+        reason = write(folder + "\\records.txt", records);
     if (reason.empty())
         reason = write(folder + "\\outputs.txt", outputs);
     if (reason.empty())

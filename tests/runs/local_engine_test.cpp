@@ -34,12 +34,14 @@ TEST_F(Local_engine_test, tells_how_each_run_ended_and_keeps_what_it_printed) {
     EXPECT_TRUE(printed.ends_with("line 39999\n"));
 }
 
-TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started) {
+TEST_F(Local_engine_test, tells_of_a_model_that_cannot_be_started_or_has_no_record) {
     Run_set set = project.set_of({"good", "other"});
     set.model = "C:\\none.exe";
+    std::filesystem::remove(project.drives.host("p/Scenarios/other.tvn"));
     const std::string folder = project.make(set);
     have_done(Local_engine(folder, set));
-    EXPECT_EQ(ends_of(folder, 2), "failed the model is not there\nfailed the model is not there\n");
+    EXPECT_EQ(ends_of(folder, 2),
+              "failed the model is not there\nfailed not started: its record was not there\n");
 
     // Nor does that stand in the way of a stop while another run is at work.
     set = project.set_of({"wait", "good", "other", "more"}, 1);

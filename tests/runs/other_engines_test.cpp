@@ -19,22 +19,25 @@ protected:
 };
 
 TEST_F(Other_engines_test, a_list_of_command_lines_can_be_run_by_other_runners_and_is_noted) {
-    Run_set set = project.set_of({"good", "fail", "killed", "silent", "loud", "it's & $HOME", "wait"});
+    Run_set set =
+        project.set_of({"good", "fail", "killed", "silent", "loud", "it's & $HOME", "wait", "gone"});
     set.engine = Engine_kind::list;
     set.longest = 1s;
     const std::string folder = project.make(set);
     const auto engine = make_engine(folder);
     ASSERT_EQ(engine->start(), "");
     EXPECT_FALSE(engine->poll());
-    EXPECT_TRUE(is_owned(journal_of(folder, 7)));
+    EXPECT_TRUE(is_owned(journal_of(folder, 8)));
+    std::filesystem::remove(project.drives.host("p/Scenarios/gone.tvn"));
     const Environment_guard list("LIST", platform::host_path(run_list_file(folder)));
     const Environment_guard parallel_home("PARALLEL_HOME", project.drives.host("parallel"));
     // Whoever runs them sees that some have failed.
     ASSERT_NE(std::system("cd /; command -v parallel >/dev/null || exec sh <\"$LIST\"\n"
                           "exec parallel --will-cite -j 2 <\"$LIST\""),
               0);
-    EXPECT_EQ(ends_of(folder, 7), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
-                                  "done \ndone \nfailed longer than the time allowed\n");
+    EXPECT_EQ(ends_of(folder, 8), "done \nfailed exit code 3\nfailed signal 9 (Killed)\nfailed no output\n"
+                                  "done \ndone \nfailed longer than the time allowed\n"
+                                  "failed not started: its record was not there\n");
     EXPECT_EQ(platform::read_file(printed_file(folder, 1)).contents, "it is wrong\n");
     EXPECT_EQ(platform::read_file(printed_file(folder, 4)).contents.size(), Printed_text::longest_beginning);
     EXPECT_FALSE(platform::exists(printed_file(folder, 0)));

@@ -1,4 +1,5 @@
 #include "platform/files.h"
+#include "platform/host_names.h"
 #include "runs/list_engine.h"
 #include "runs/local_engine.h"
 #include "runs/run_project.h"
@@ -50,6 +51,16 @@ TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
         EXPECT_EQ(state_of("good"), "out of date") << file;
         age(file, -100);
         EXPECT_EQ(state_of("good"), "done") << file;
+    }
+    // Changed while the run was at work: its output is newer, and of what was there before.
+    const Moment now = moment_now();
+    const std::string journal = platform::host_path(project.make(project.set_of({"late"})) + "\\journal.txt");
+    std::ofstream(journal) << "start " << text_of_moment(now - 60'000) << " 0 .\nend " << text_of_moment(now)
+                           << " 0 exit 0 60.000 output .\n";
+    project.drives.write("p/Scenarios/late/Output/season.xeb");
+    for (const auto& [seconds, state] : {std::pair(-55, "out of date"), {-60, "done"}, {-65, "done"}}) {
+        age("p/Scenarios/late.tvn", seconds);
+        EXPECT_EQ(state_of("late"), state) << seconds;
     }
     // Started by other means, and cleaned by hand.
     age("p/Scenarios/good.tvn", 50);

@@ -191,11 +191,13 @@ bool Settings_page::show_columns() {
         else if (is_outside)
             caption += " (" + worded("outside the project") + ')';
         columns.push_back({is_common ? "" : file, caption, scenario_width, Align::start, true, false,
-                           rows_.only_shown(i), true});
+                           rows_.only_shown(i), true, true});
     }
     for (Table_column& column : columns)
-        if (const auto old = before.find(column.name); old != before.end())
+        if (const auto old = before.find(column.name); old != before.end()) {
             column.width = old->second.width;
+            column.sized_by_user = old->second.sized_by_user;
+        }
     if (columns == settings_table.columns())
         return false;
     settings_table.set_columns(std::move(columns));

@@ -331,6 +331,8 @@ void Table_widget::resizeEvent(QResizeEvent* event) {
     const QRect row = visualRect(currentIndex());
     const bool was_on_view = row.isValid() && row.top() >= 0 && row.top() < event->oldSize().height();
     QTableView::resizeEvent(event);
+    if (on_resize && event->size().width() != event->oldSize().width())
+        on_resize();
     if (was_on_view && row.bottom() >= viewport()->height())
         scrollTo(model()->index(currentIndex().row(), columnAt(0)));
 }

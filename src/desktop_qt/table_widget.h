@@ -74,6 +74,7 @@ public:
     std::function<bool(const Key& key)> on_command; // answers whether the key is used up
     std::function<void(const QModelIndex& index)> on_menu;
     std::function<void()> on_header_menu;
+    std::function<void()> on_resize; // the room for the rows has become another
 
     void set_delegate(Cell_delegate* delegate);
     void show_row_headers();

@@ -2,9 +2,8 @@
 #include "desktop_qt/table_widget.h"
 #include "desktop_qt/views.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QHeaderView>
-
-#include <set>
 
 namespace {
 
@@ -85,20 +84,34 @@ private:
         connect(header, &QHeaderView::sectionClicked, this,
                 [this](int column) { act([&] { control().click_header(column); }); });
         connect(header, &QHeaderView::sectionResized, this, [this](int column, int before, int now) {
-            if (before == 0 || now == 0 || is_filling(column))
-                return;
-            if (!showing())
-                sized_by_user_.insert(column);
-            act([&] { control().resize_column(column, to_characters(column, now)); });
+            if (before != 0 && now != 0 && !is_sharing_room_ && !is_filling(column))
+                act([&] { control().resize_column(column, to_characters(column, now)); });
         });
+        header->viewport()->installEventFilter(this);
+        widget().on_resize = [this] { share_room(); };
         header->setSectionsMovable(control().selects() == TTable::Selects::rows);
         connect(header, &QHeaderView::sectionMoved, this,
                 [this](int column, int, int place) { act([&] { control().move_column(column, place); }); });
     }
 
+    // A column that was dragged leaves other room to the rest as soon as it is let go.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != widget().horizontalHeader()->viewport())
+            return View::eventFilter(watched, event);
+        if (event->type() == QEvent::MouseButtonRelease)
+            QMetaObject::invokeMethod(
+                this, [this] { share_room(); }, Qt::QueuedConnection);
+        return false;
+    }
+
+    const Table_column& column_of(int column) const {
+        return control().columns()[static_cast<std::size_t>(column)];
+    }
     // Whether the column is as wide as it is because it fills the rest of the table.
     bool is_filling(int column) const {
         const QHeaderView& header = *widget().horizontalHeader();
+        if (!header.stretchLastSection())
+            return false;
         return header.visualIndex(column) == header.count() - 1 ||
                (header.sectionsHidden() && next_shown(column) < 0);
     }
@@ -129,18 +142,51 @@ private:
     void show_columns() {
         QHeaderView& header = *widget().horizontalHeader();
         int place = 0;
+        const auto& columns = control().columns();
+        header.setStretchLastSection(std::none_of(
+            columns.begin(), columns.end(), [](const Table_column& column) { return column.shares_room; }));
         for (const int column : control().column_order())
             header.moveSection(header.visualIndex(column), place++);
         for (int column = 0; column < control().column_count(); ++column) {
-            const Table_column& shown = control().columns()[static_cast<std::size_t>(column)];
-            header.setSectionHidden(column, !shown.visible);
-            // What a caption takes depends on the language.
-            const int caption = sized_by_user_.contains(column) ? 0 : header.sectionSizeHint(column);
-            if (shown.visible && !acting() && !is_filling(column))
-                header.resizeSection(column, std::max(to_pixels(column, shown.width), caption));
+            header.setSectionHidden(column, !column_of(column).visible);
+            if (column_of(column).visible && !acting() && !is_filling(column) && !shares_room(column))
+                header.resizeSection(column, own_width(column));
         }
+        if (!acting())
+            share_room();
         show_order();
         emit model_->headerDataChanged(Qt::Horizontal, 0, std::max(control().column_count() - 1, 0));
+    }
+
+    // What a caption takes depends on the language.
+    int own_width(int column) const {
+        const int width = to_pixels(column, column_of(column).width);
+        return column_of(column).sized_by_user
+                   ? width
+                   : std::max(width, widget().horizontalHeader()->sectionSizeHint(column));
+    }
+    bool shares_room(int column) const {
+        return column_of(column).shares_room && column_of(column).visible && !column_of(column).sized_by_user;
+    }
+    void share_room() {
+        if (!observed() || widget().horizontalHeader()->stretchLastSection())
+            return;
+        QHeaderView& header = *widget().horizontalHeader();
+        int room = widget().viewport()->width();
+        std::vector<std::pair<int, int>> sharing; // columns, and what each is wide without its part
+        for (int column = 0; column < control().column_count(); ++column) {
+            if (shares_room(column))
+                sharing.emplace_back(column, own_width(column));
+            room -= shares_room(column) ? sharing.back().second : header.sectionSize(column);
+        }
+        is_sharing_room_ = true;
+        auto left = static_cast<int>(sharing.size());
+        for (const auto& [column, width] : sharing) {
+            const int part = std::max(room, 0) / left--;
+            header.resizeSection(column, width + part);
+            room -= part;
+        }
+        is_sharing_room_ = false;
     }
 
     static std::vector<Row_range> rows_of(const QItemSelection& selection) {
@@ -194,7 +240,7 @@ private:
     }
 
     Table_model* model_;
-    std::set<int> sized_by_user_; // columns
+    bool is_sharing_room_ = false;
 };
 
 } // namespace

@@ -335,6 +335,7 @@ bool TTable::resize_column(int column, int width) {
     if (!in_reach() || !has_column(column))
         return false;
     const int before = columns_[static_cast<std::size_t>(column)].width;
+    columns_[static_cast<std::size_t>(column)].sized_by_user = true;
     set_column_width(column, width);
     if (columns_[static_cast<std::size_t>(column)].width != before && on_columns)
         on_columns();

@@ -15,6 +15,10 @@ struct Table_column {
     bool sortable = true;
     std::string hint{};
     bool caption_is_data = false; // a name of something, never translated
+    // Gets a part of the room that is left, as long as the user has not given it a width. Without such a
+    // column the last one gets all of it.
+    bool shares_room = false;
+    bool sized_by_user = false;
 
     bool operator==(const Table_column&) const = default;
 };

@@ -177,6 +177,27 @@ TEST_F(Table_views, columns_are_sorted_resized_and_hidden_by_the_header) {
         << "the cursor stays on view";
 }
 
+TEST_F(Table_views, columns_that_share_the_room_leave_it_to_one_another_unless_they_were_dragged) {
+    auto& table = form_.add<TTable>("table");
+    fill(table);
+    std::vector<Table_column> columns = Sample_rows::columns();
+    columns[2].shares_room = columns[3].shares_room = true;
+    table.set_columns(columns);
+    const QHeaderView& header = *widget<QTableView>(table).horizontalHeader();
+    const auto widths = [&] { return std::pair(header.sectionSize(2), header.sectionSize(3)); };
+    const auto [third, fourth] = widths();
+    EXPECT_EQ(header.length(), header.viewport()->width());
+    widget(form_).resize(900, 400);
+    QCoreApplication::processEvents();
+    const int more = header.sectionSize(2) - third;
+    EXPECT_TRUE(more > 0 && widths() == std::pair(third + more, fourth + more));
+    table.resize_column(3, 5);
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, {1, 1});
+    QCoreApplication::processEvents();
+    EXPECT_LT(header.sectionSize(3), 100);
+    EXPECT_EQ(header.length(), header.viewport()->width());
+}
+
 TEST_F(Table_views, what_cannot_be_seen_is_told) {
     auto& label = form_.add<TLabel>("label", "&Scenarios");
     label.set_names_next(true);

@@ -1,5 +1,7 @@
 #include "desktop_qt/dark_style.h"
 
+#include "desktop_qt/picture_painter.h"
+
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGroupBox>
@@ -102,6 +104,16 @@ void Dark_style::drawComplexControl(ComplexControl control, const QStyleOptionCo
         painter->fillRect(
             subControlRect(control, bar, SC_ScrollBarSlider, widget).adjusted(edge, edge, -edge, -edge),
             line_colour);
+}
+
+QPalette with_readable_disabled_text(QPalette palette) {
+    constexpr double wanted = 3.2; // gradients of buttons take some
+    for (const auto text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        for (const auto ground : {QPalette::Window, QPalette::Button, QPalette::Base})
+            palette.setColor(QPalette::Disabled, text,
+                             standing_out(palette.color(QPalette::Disabled, text),
+                                          palette.color(QPalette::Disabled, ground), wanted));
+    return palette;
 }
 
 QPalette dark_palette() {

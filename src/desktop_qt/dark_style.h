@@ -25,5 +25,9 @@ private:
     void draw_group_frame(const QStyleOption* option, QPainter* painter, const QGroupBox* group) const;
 };
 
+// The colours with text that is disabled to be read (a contrast of 3 at least), which desktops often paint
+// fainter.
+QPalette with_readable_disabled_text(QPalette palette);
+
 // The colours of a dark theme, for pictures: a desktop brings its own.
 QPalette dark_palette();

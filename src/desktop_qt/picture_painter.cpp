@@ -69,18 +69,6 @@ void paint_mark(QPainter& painter, const Picture& picture, const QRectF& box, QF
     painter.drawText(field, Qt::AlignCenter, to_qt(mark_text(picture.mark)));
 }
 
-// The colour, or as much of black or white in it as it takes to be told from the background.
-QColor standing_out(const QColor& colour, const QColor& background, double wanted) {
-    const bool is_dark = contrast(background, Qt::white) > contrast(background, Qt::black);
-    const double far = is_dark ? 1 : 0;
-    QColor mixed = colour;
-    for (double share = 0.1; contrast(mixed, background) < wanted && share < 1; share += 0.1)
-        mixed = QColor::fromRgbF(colour.redF() * (1 - share) + far * share,
-                                 colour.greenF() * (1 - share) + far * share,
-                                 colour.blueF() * (1 - share) + far * share);
-    return mixed;
-}
-
 } // namespace
 
 double contrast(const QColor& one, const QColor& other) {
@@ -93,6 +81,17 @@ double contrast(const QColor& one, const QColor& other) {
     };
     const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor standing_out(const QColor& colour, const QColor& background, double wanted) {
+    const bool is_dark = contrast(background, Qt::white) > contrast(background, Qt::black);
+    const double far = is_dark ? 1 : 0;
+    QColor mixed = colour;
+    for (double share = 0.1; contrast(mixed, background) < wanted && share < 1; share += 0.1)
+        mixed = QColor::fromRgbF(colour.redF() * (1 - share) + far * share,
+                                 colour.greenF() * (1 - share) + far * share,
+                                 colour.blueF() * (1 - share) + far * share);
+    return mixed;
 }
 
 Picture_colours::Picture_colours(const Picture& picture, const QColor& background)

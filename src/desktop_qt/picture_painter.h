@@ -11,6 +11,8 @@ class QRectF;
 
 // How well two colours can be told apart: 1 for the same, 21 for black and white.
 double contrast(const QColor& one, const QColor& other);
+// The colour, or as much of black or white in it as it takes to be told from the background.
+QColor standing_out(const QColor& colour, const QColor& background, double wanted);
 
 // The colours in which a picture is drawn on a background: in a light and in a dark theme its edge can be
 // told from the background (a contrast of 3 at least) and its sign be read (4.5).

@@ -59,6 +59,7 @@ Qt_desktop::Qt_desktop(Host_functions host) : host_(std::move(host)) {
     QApplication::setWindowIcon(window_icon());
     QGuiApplication::setDesktopFileName("project_editor"); // where windows get their icon from that
     Dark_style::use_where_needed();
+    QApplication::setPalette(with_readable_disabled_text(QApplication::palette()));
 }
 
 // Windows whose form is gone are deleted when Qt comes round to it; this is the last time. Forms may live on,

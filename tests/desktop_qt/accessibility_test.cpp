@@ -5,6 +5,8 @@
 #include "toolkit/splitter.h"
 #include "toolkit/table.h"
 
+#include <QtWidgets/QStyleFactory>
+
 namespace {
 
 constexpr QRgb backgrounds[] = {0xffffffff, 0xffefefef, 0xff2d2d30, 0xff1e1e1e};
@@ -41,6 +43,22 @@ TEST(Contrast, of_lights_gems_and_signs_is_good_in_light_and_dark_themes) {
             EXPECT_GE(strongest_contrast(picture, background), 3);
             const QColor panel = to_qt(picture.colour);
             EXPECT_GE(contrast(readable_on(panel), panel), 4.5);
+        }
+    }
+}
+
+TEST(Contrast, of_disabled_text_is_low_but_readable) {
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create("fusion"));
+    for (const QPalette& theme : {fusion->standardPalette(), dark_palette()}) {
+        const QPalette palette = with_readable_disabled_text(theme);
+        for (const auto& [text, ground] :
+             {std::pair(QPalette::WindowText, QPalette::Window), std::pair(QPalette::Text, QPalette::Base),
+              std::pair(QPalette::ButtonText, QPalette::Button)}) {
+            const auto of = [&, text = text, ground = ground](QPalette::ColorGroup group) {
+                return contrast(palette.color(group, text), palette.color(group, ground));
+            };
+            EXPECT_GE(of(QPalette::Disabled), 3);
+            EXPECT_LT(of(QPalette::Disabled), of(QPalette::Active) / 2);
         }
     }
 }

@@ -69,7 +69,8 @@ Modal_result Qt_desktop::message_box(const Message& message) {
     QMessageBox box(parent);
     box.setIcon(icon_of(message.buttons));
     box.setTextFormat(Qt::PlainText);
-    box.setText(to_qt(message.text));
+    // No line ends between a drive and its folders.
+    box.setText(to_qt(message.text).replace(":\\", QString(":%1\\").arg(QChar(0x2060))));
     box.setWindowTitle(!message.title.empty() ? to_qt(message.title)
                        : parent               ? parent->windowTitle()
                                               : QString());

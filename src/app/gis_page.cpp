@@ -133,8 +133,8 @@ GIS_page::GIS_page(TTilverra_project_form& project_form)
           add_button(GIS_output_tabsheet, "GIS_show_tables_button", "Show table",
                      "Show each table that is selected in the lists in a window of its own. Enter or a "
                      "double click shows the table under the cursor.")),
-      explore_GIS_button(add_button(GIS_tabsheet, "explore_GIS_button", "Explore",
-                                    "Show the folder of the page in front in the suite's explorer.")),
+      explore_GIS_button(add_button(GIS_tabsheet, "explore_GIS_button", "Explore GIS folder",
+                                    "Show the folder of the runs over the map in the suite's explorer.")),
       PAT_attributes(std::make_unique<TESK::Text_list>()) {
     Place wide = MUID_found_note.place();
     wide.span = 2;

@@ -85,6 +85,8 @@ void Main_menu::bind() {
     // Their keys are the list's: elsewhere in the form they would do what nobody looks at.
     for (Menu_item& item : scenario)
         item.shortcut.clear();
+    // Of all scenarios at once: it stands in Edit.
+    std::erase_if(scenario, [](const Menu_item& item) { return item.text == Scenario_menu::tick_all; });
     bar->set_items({menu("&File", file_items()), menu("&Edit", edit_items()),
                     menu("&Scenario", std::move(scenario)), menu("&Run", run_items()),
                     menu("&View", view_items()), menu("&Help", help.items())});
@@ -151,8 +153,8 @@ std::vector<Menu_item> Main_menu::edit_items() {
     };
     return {undo, line(),
             entry(
-                "&Select all shown", [this] { form.scenarios.lists.current_table().tick_all_shown(); },
-                "Ctrl+Shift+A", no_list),
+                Scenario_menu::tick_all, [this] { form.scenarios.lists.current_table().tick_all_shown(); },
+                "Ctrl+T", no_list),
             entry(
                 "&Find",
                 [=, this] {
@@ -196,26 +198,27 @@ std::vector<Menu_item> Main_menu::view_items() {
         return has_project() && (may_turn_back || is_offered(form.GIS.GIS_tabsheet)) ? "" : no_such_page;
     };
     const Tparameter_file_form& host = form.parameter_file_form();
+    // In the order of the tabs.
     return {entry(
                 "&Simulation scenarios", [this] { show_scenarios(); }, "Ctrl+1", no_scenarios),
             page_entry("&Runs", "Ctrl+2", form.runs.runs_tabsheet),
             page_entry("S&ettings", "Ctrl+3", form.settings.settings_tabsheet),
-            page_entry("Scenario &comparisons", "Ctrl+4", form.comparisons.tabsheet_scenario_comparison),
-            page_entry("&Options", "Ctrl+5", form.options.options_tabsheet),
+            page_entry("&Options", "Ctrl+4", form.options.options_tabsheet),
             entry(
                 "Optimi&zation models", [this] { form.options.show_optimization_model_buttonClick(); },
-                "Ctrl+6", no_optimization),
+                "Ctrl+5", no_optimization),
             entry(
-                "&GIS", [this] { show_GIS(); }, "Ctrl+7", no_GIS),
-            page_entry("Ma&p", "Ctrl+8", form.map.map_tabsheet,
+                "&GIS", [this] { show_GIS(); }, "Ctrl+6", no_GIS),
+            page_entry("Ma&p", "Ctrl+7", form.map.map_tabsheet,
                        "There is no map: choose the attribute table of one on GIS, Maps."),
-            page_entry("S&tatistical tallies", "Ctrl+9", form.tallies.tabsheet_statistical_tally,
+            page_entry("S&tatistical tallies", "Ctrl+8", form.tallies.tabsheet_statistical_tally,
                        "Tick Perform statistical analysis on the page Run, and the page appears."),
+            page_entry("Scenario &comparisons", "Ctrl+9", form.comparisons.tabsheet_scenario_comparison),
             line(),
             page_entry("&Details", "Alt+1", host.details.tabsheet_details, no_folder),
             page_entry("&Notes", "Alt+2", host.notes.tabsheet_notes, no_folder),
-            page_entry("St&atus", "Alt+3", host.notes.tabsheet_status, no_folder),
-            page_entry("Co&mmands", "Alt+4", *host.programs.command_history_memo.parent()),
+            page_entry("Co&mmands", "Alt+3", *host.programs.command_history_memo.parent()),
+            page_entry("St&atus", "Alt+4", host.notes.tabsheet_status, no_folder),
             page_entry("Trans&lation", "Alt+5", host.language.tabsheet_translation,
                        "There are no translation files in the program's folder.")};
 }

@@ -68,9 +68,9 @@ Optimization_page::Optimization_page(TTilverra_project_form& project_form)
       }()),
       opt_C_seq_view_results(add_button(*carbon_seq_scenario_count_output.parent(), "opt_C_seq_view_results",
                                         "View results", "Show what the last run of the optimization found.")),
-      explore_optimization_button(
-          add_button(*carbon_seq_scenario_count_output.parent(), "explore_optimization_button", "Explore",
-                     "Show the folder of the page in front in the suite's explorer.")),
+      explore_optimization_button(add_button(
+          *carbon_seq_scenario_count_output.parent(), "explore_optimization_button",
+          "Explore optimization folder", "Show the folder of the page in front in the suite's explorer.")),
       optimization_run_button(
           add_button(tabsheet_optimization, "optimization_run_button", "Run optimization")) {
     Place narrow = carbon_seq_scenario_count_output.place();

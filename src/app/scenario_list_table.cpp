@@ -35,6 +35,10 @@ std::vector<Table_column> table_columns() {
             {"run", "Last run", 17}};
 }
 
+std::string last_run_of(const Scenario_status& status) {
+    return local_time_text(status.output_time != 0 ? status.output_time : status.record.ended);
+}
+
 std::string with_thousands(int number) {
     std::string text = std::to_string(number);
     for (int place = static_cast<int>(text.size()) - 3; place > 0; place -= 3)
@@ -152,7 +156,7 @@ Table_cell Scenario_list_table::cell(int row, int column) const {
         return {.text = worded(word_for(fact->status.state)), .picture = picture_of(fact->status.state)};
     case description_column: return {.text = screen_text(fact->overview.description)};
     case changed_column: return {.text = fact->overview.changed ? time_text(*fact->overview.changed) : ""};
-    default: return {.text = local_time_text(fact->status.record.ended)};
+    default: return {.text = last_run_of(fact->status)};
     }
 }
 
@@ -160,6 +164,10 @@ std::string Scenario_list_table::hint(int row, int column) const {
     const Scenario_fact* const fact = fact_of(line_of(row));
     if (fact == nullptr || column == name_column)
         return {};
+    if (column == run_column)
+        return fact->status.output_time == 0
+                   ? ""
+                   : worded("The time of its output: no set of runs tells of this run.");
     return column == state_column ? worded(screen_text(fact->status.reason))
                                   : screen_text(fact->overview.description);
 }
@@ -193,7 +201,7 @@ std::string Scenario_list_table::sort_key(int line) const {
     case state_column: return std::string(1, static_cast<char>('a' + static_cast<int>(fact->status.state)));
     case description_column: return fact->overview.description;
     case changed_column: return fact->overview.changed ? time_text(*fact->overview.changed) : "";
-    default: return local_time_text(fact->status.record.ended);
+    default: return last_run_of(fact->status);
     }
 }
 

@@ -42,7 +42,7 @@ std::vector<Menu_item> Scenario_menu::items() {
          &Scenario_menu::why_not_compared},
         {"&Settings", "Alt+Enter", &Scenario_menu::show_settings},
         {dividing_line, "", nullptr},
-        {"&Tick all shown", "Ctrl+T", &Scenario_menu::tick_all_shown},
+        {tick_all, "Ctrl+T", &Scenario_menu::tick_all_shown},
         {"&Delete this scenario", "Ctrl+Del", &Scenario_menu::delete_scenario},
     };
     std::vector<Menu_item> items;

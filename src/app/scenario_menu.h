@@ -12,6 +12,8 @@ class Scenario_menu : public Project_page {
 public:
     explicit Scenario_menu(TTilverra_project_form& project_form) : Project_page(project_form) {}
 
+    static constexpr const char* tick_all = "&Tick all shown";
+
     // The items, for the list in front; disabled where there is no line to act on. Their keys are those that
     // the lists take.
     std::vector<Menu_item> items();

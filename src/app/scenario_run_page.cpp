@@ -17,7 +17,7 @@ TEdit& add_number(TControl& row, const char* name, const char* caption, const ch
     row.add<TLabel>(std::string(name) + "_label", caption).set_names_next(true);
     TEdit& edit = row.add<TEdit>(name);
     Place narrow = edit.place();
-    narrow.width = 6;
+    narrow.width = 12; // of the prompt, in all languages
     edit.set_place(narrow);
     edit.set_hint(hint);
     edit.input_filter = [](const std::string& text) {
@@ -86,6 +86,7 @@ Scenario_run_page::Scenario_run_page(TTilverra_project_form& project_form, TPage
     senerios_run_button.on_click = [this] { senerios_run_button_onclick(); };
     run_beside_button.on_click = [this] { run_beside_button_onclick(); };
     write_run_list_button.on_click = [this] { write_run_list_button_onclick(); };
+    longest_run_edit.set_prompt("no limit");
     engine.on_change = [this] { engine_changed(); };
     engine_changed();
     runs_at_once_edit.set_text(std::to_string(Run_set().number_at_once()));

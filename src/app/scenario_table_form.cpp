@@ -92,8 +92,7 @@ Tscenario_table_form::Tscenario_table_form(Table_reader& reader, const TESK::Fil
       }()),
       paste_table_button(add_button(*choose_table_button.parent(), "paste_table_button", "&Paste",
                                     "Take the cells that were copied in a spreadsheet.")),
-      check_again_button(add_button(*choose_table_button.parent(), "check_again_button", "Check &again",
-                                    "Read the file once more, after it was mended.")),
+      check_again_button(add_button(*choose_table_button.parent(), "check_again_button", "Check &again", "")),
       table_source_label(fill(choose_table_button.parent()->add<TLabel>("table_source_label"))),
       table_verdict_label(add<TLabel>("table_verdict_label", "", true)),
       findings_table(fill(add<TTable>("findings_table"))),
@@ -171,7 +170,7 @@ void Tscenario_table_form::paste() {
     }
     file_.clear();
     text_ = std::move(text);
-    table_source_label.set_text(worded("pasted from the clipboard"));
+    table_source_label.set_text(worded("pasted from the clipboard; to check it again, paste it again"));
     check();
 }
 
@@ -190,6 +189,10 @@ void Tscenario_table_form::show_check() {
                             : check->may_write() ? "Nothing is wrong with the table."
                                                  : "");
     check_again_button.set_enabled(check != nullptr && !file_.empty());
+    check_again_button.set_hint(check_again_button.enabled() ? "Read the file once more, after it was mended."
+                                : check == nullptr
+                                    ? "No table has been chosen yet."
+                                    : "What was pasted cannot be read again: copy and paste it anew.");
     write_scenarios_button.set_enabled(check != nullptr && check->may_write());
     write_scenarios_button.set_default(write_scenarios_button.enabled());
     std::string verdict;

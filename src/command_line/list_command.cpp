@@ -20,10 +20,11 @@ Json time_text(const std::optional<platform::Packed_time>& time) {
 }
 
 // In local time, like the other column.
-Json last_run_text(const Run_record& record) {
-    if (record.started == 0)
+Json last_run_text(const Scenario_status& status) {
+    const Moment moment = status.output_time != 0 ? status.output_time : status.record.started;
+    if (moment == 0)
         return nullptr;
-    const std::time_t seconds = record.started / 1000;
+    const std::time_t seconds = moment / 1000;
     std::tm local{};
     localtime_r(&seconds, &local);
     char text[32];
@@ -50,7 +51,7 @@ void list(Session& session, const std::string& argument, Scenario_choice& choice
         if (!report.add({screen_text(scenario_name(scenario)),
                          overview.is_readable ? word_for(status.state) : "unreadable",
                          screen_text(overview.description), time_text(overview.changed),
-                         last_run_text(status.record), reason}))
+                         last_run_text(status), reason}))
             break;
     }
     report.finish();

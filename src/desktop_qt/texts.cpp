@@ -260,8 +260,10 @@ protected:
     void show_state() override {
         line_.set_cuts_middle(control().cuts_middle());
         if (const QString prompt = to_qt(static_cast<TEdit&>(control()).prompt()); !prompt.isEmpty()) {
+            // It names what no label names.
+            if (line_.accessibleName() == line_.placeholderText())
+                line_.setAccessibleName(prompt);
             line_.setPlaceholderText(prompt);
-            line_.setAccessibleName(prompt);
         }
         Line_view::show_state();
     }

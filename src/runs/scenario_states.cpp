@@ -267,6 +267,8 @@ void Scenario_states::judge_by_files(const std::string& scenario_file, Scenario_
     status.state = Scenario_state::done;
     if (is_clear)
         return;
+    if (moment_of(output.newest) > status.record.ended + clock_slack)
+        status.output_time = moment_of(output.newest);
     const bool is_of_last_run =
         status.record.is_done() && moment_of(output.newest) <= status.record.ended + clock_slack;
     if (newest > output.newest)

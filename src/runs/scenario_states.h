@@ -33,6 +33,7 @@ struct Scenario_status {
     std::string set_folder; // of the last set that had it; "" for none
     std::size_t run = 0;    // its number there
     Run_record record;      // what that set's journal tells
+    Moment output_time = 0; // of the newest file of an output that no journal tells of; else 0
 };
 
 class Scenario_states {

@@ -26,7 +26,7 @@ TEST_F(Project_test, the_menu_saves_finds_resets_undoes_and_leads_back_to_the_sc
     write_scenario("base", "[H2O]\n1=0.7\n");
     const std::string before = scenario("dry");
     form.scenarios.reset.reset_checkboxes[3]->set_checked(true);
-    EXPECT_TRUE(bar.choose("Edit|Select all shown"));
+    EXPECT_TRUE(bar.choose("Edit|Tick all shown"));
     EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
     EXPECT_NE(scenario("dry"), before);
     EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
@@ -133,7 +133,7 @@ TEST_F(Project_test, help_opens_the_guide_and_explains_the_page_in_front) {
     const platform::Shell_guard guard(shell);
     EXPECT_TRUE(parameter_form.offer_key({Key_code::f1}));
     EXPECT_EQ(shell.opened, "C:\\Suite\\docs\\user-guide.md");
-    EXPECT_TRUE(parameter_form.offer_key({Key_code::character, "4", false, true}));
+    EXPECT_TRUE(parameter_form.offer_key({Key_code::character, "9", false, true}));
     EXPECT_EQ(form.project_pagecontrol.active_page(), &form.comparisons.tabsheet_scenario_comparison);
 }
 

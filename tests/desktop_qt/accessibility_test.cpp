@@ -104,6 +104,7 @@ TEST_F(Accessibility, every_control_has_a_name_and_its_hint) {
     auto& label = row.add<TLabel>("label", "&Depth");
     label.set_names_next(true);
     auto& edit = row.add<TEdit>("edit");
+    edit.set_prompt("no limit");
     auto& light = row.add<TImage>("light", status_light(4));
     light.set_hint("Red=Invalid value");
     auto& clear = row.add<TButton>("clear", "X");

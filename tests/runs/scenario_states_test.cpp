@@ -66,6 +66,8 @@ TEST_F(Scenario_states_test, follow_from_journals_and_the_times_of_files) {
     age("p/Scenarios/good.tvn", 50);
     age("p/Scenarios/good/Output/season.xeb", 100);
     EXPECT_EQ(state_of("good"), "done");
+    const Scenario_status by_hand = states.status_of(set.scenarios[0]);
+    EXPECT_GT(by_hand.output_time, by_hand.record.ended + 50'000);
     project.drives.write("p/Scenarios/fail/Output/season.xeb");
     age("p/Scenarios/fail/Output/season.xeb", 100);
     EXPECT_EQ(state_of("fail"), "done");

@@ -39,14 +39,14 @@ void Run_ends::tell(const std::string& text, Mark mark) {
     note_.set_visible(true);
 }
 
-std::string Run_ends::take_running(std::vector<std::string>& files) const {
-    std::string names;
+std::vector<std::string> Run_ends::take_running(std::vector<std::string>& files) const {
+    std::vector<std::string> names;
     for (const Run& run : runs_) {
         const auto is_of_run = [&run](const std::string& file) {
             return TESK::equal_ignoring_case(file, run.file) || TESK::equal_ignoring_case(file, run.folder);
         };
         if (std::erase_if(files, is_of_run) > 0)
-            names += (names.empty() ? "" : ", ") + run.name;
+            names.push_back(run.name);
     }
     return names;
 }

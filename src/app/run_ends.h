@@ -27,8 +27,8 @@ public:
     static std::string wait_for(const std::string& file, const std::function<void()>& run);
     void tell(const std::string& text, Mark mark);
     // Takes out of the files (full names) those of scenarios that are run beside the editor, and the folders
-    // of their outputs. Returns the names of these scenarios, in code page 1252: "base, clay soil".
-    std::string take_running(std::vector<std::string>& files) const;
+    // of their outputs. Returns the names of these scenarios, in code page 1252.
+    std::vector<std::string> take_running(std::vector<std::string>& files) const;
 
     std::function<void()> on_end; // a run has ended
 

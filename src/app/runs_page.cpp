@@ -208,17 +208,16 @@ void Runs_page::set_chosen() {
 bool Runs_page::run_beside(Run_set set) {
     Update();
     states_->refresh();
-    if (const std::string names = form.scenarios.run.run_ends().take_running(set.scenarios); !names.empty()) {
-        tell_busy(names);
-        if (set.scenarios.empty())
-            return false;
-    }
-    if (const std::size_t busy = states_->take_busy(set.scenarios).size(); busy > 0) {
-        form.parameter_file_form().notice(
-            worded("Another set of runs has scenarios of these run: %1.", std::to_string(busy)));
-        if (set.scenarios.empty())
-            return false;
-    }
+    tell_busy(
+        {.running = form.scenarios.run.run_ends().take_running(set.scenarios), .unknown = {}, .doubt = {}});
+    const Busy_scenarios busy = states_->take_busy(set.scenarios);
+    if (!busy.unknown.empty())
+        tell_busy({.running = {}, .unknown = busy.unknown, .doubt = busy.doubt});
+    else if (!busy.running.empty())
+        form.parameter_file_form().notice(worded("Another set of runs has scenarios of these run: %1.",
+                                                 std::to_string(busy.running.size())));
+    if (set.scenarios.empty())
+        return false;
     const Made_run_set made = make_run_set(runs_folder_, set);
     if (!made.result.ok()) {
         form.parameter_file_form().notice(worded("The folder of the runs cannot be written.") + ' ' +
@@ -310,24 +309,32 @@ void Runs_page::ended(Known_run_set& set) {
 }
 
 bool Runs_page::may_change(const std::vector<std::string>& scenarios) {
-    const std::string busy = busy_names(scenarios);
-    if (!busy.empty())
-        tell_busy(busy);
-    return busy.empty();
+    const Busy_scenarios refused = busy(scenarios);
+    tell_busy(refused);
+    return refused.empty();
 }
 
-std::string Runs_page::busy_names(std::vector<std::string> scenarios) {
-    std::string names = form.scenarios.run.run_ends().take_running(scenarios);
-    const std::string in_sets =
-        states_ && !scenarios.empty() ? busy_among(*states_, scenarios) : std::string();
-    return names + (names.empty() || in_sets.empty() ? "" : ", ") + in_sets;
+Busy_scenarios Runs_page::busy(std::vector<std::string> scenarios) {
+    Busy_scenarios found;
+    found.running = form.scenarios.run.run_ends().take_running(scenarios);
+    if (states_ && !scenarios.empty())
+        found.add(busy_among(*states_, scenarios));
+    return found;
 }
 
-void Runs_page::tell_busy(const std::string& names) {
-    form.parameter_file_form().notice(
-        worded("Scenarios of these are being run: %1. Stop the runs first, or wait for their end.",
-               screen_text(names)),
-        Mark::exclamation);
+void Runs_page::tell_busy(const Busy_scenarios& busy) {
+    std::string text;
+    if (!busy.running.empty())
+        text = worded("Scenarios of these are being run: %1. Stop the runs first, or wait for their end.",
+                      screen_text(enumerated(busy.running)));
+    if (!busy.unknown.empty())
+        text += (text.empty() ? "" : " ") +
+                worded("Whether these scenarios are being run cannot be told: %1.",
+                       screen_text(enumerated(busy.unknown))) +
+                ' ' + worded(screen_text(busy.doubt)) + ' ' +
+                worded("See to it that it can be read or, where a set of runs is damaged, delete that.");
+    if (!text.empty())
+        form.parameter_file_form().notice(text, Mark::exclamation);
 }
 
 bool Runs_page::may_close() {

@@ -23,13 +23,12 @@ public:
     // Has the set run beside the editor and shows it. The project has been saved. False, and a notice says
     // why, when that could not be.
     bool run_beside(Run_set set);
-    // Whether nothing runs any of the scenarios (full names), and no set at work has still to run it: else
-    // they are not to be changed, and a notice names them.
+    // Whether nothing runs any of the scenarios (full names), and no set at work has still to run it, as far
+    // as can be told: else they are not to be changed, and a notice names them.
     bool may_change(const std::vector<std::string>& scenarios);
-    // The names of those that may_change() refuses, in code page 1252; "" for none. tell_busy() has the
-    // notice.
-    std::string busy_names(std::vector<std::string> scenarios);
-    void tell_busy(const std::string& names);
+    // Those that may_change() refuses. tell_busy() has the notice.
+    Busy_scenarios busy(std::vector<std::string> scenarios);
+    void tell_busy(const Busy_scenarios& busy);
     // Asks what is to become of the sets that this program has run. False when the user stays.
     bool may_close();
 

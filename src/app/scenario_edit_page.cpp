@@ -142,12 +142,12 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     std::optional<Change_backups> backups;
     if (workspace().need_project_directory())
         backups.emplace(*workspace().project_directory);
-    std::string left_out; // being run
+    Busy_scenarios left_out;
     const auto is_busy = [&](const std::string& scenario) {
-        const std::string name = form.runs.busy_names(
+        const Busy_scenarios busy = form.runs.busy(
             {workspace().scenarios_directory(Scenario_folder::created, false) + '\\' + scenario});
-        left_out += (left_out.empty() || name.empty() ? "" : ", ") + name;
-        return !name.empty();
+        left_out.add(busy);
+        return !busy.empty();
     };
     Operation_outcome outcome;
     {
@@ -163,8 +163,7 @@ void Scenario_edit_page::scenario_open_SIM_onclick() {
     }
     form.scenarios.lists.current().Update();
     form.scenarios.list_changed();
-    if (!left_out.empty())
-        form.runs.tell_busy(left_out);
+    form.runs.tell_busy(left_out);
     show_failures(outcome, "Files not imported");
     if (outcome.stopped)
         message_box(

@@ -14,13 +14,13 @@ std::vector<Unusable> take_unusable(Session& session, const Scenario_states& sta
                                     std::vector<std::string>& scenarios) {
     std::vector<Unusable> unusable;
     std::erase_if(scenarios, [&](const std::string& file) {
-        std::string doubt;
         std::vector<std::string> one{file};
-        const bool is_busy = !states.take_busy(one, &doubt).empty();
+        const Busy_scenarios busy = states.take_busy(one);
         const std::string reason =
-            !doubt.empty() ? "Whether another set of runs has it run cannot be told: " + screen_text(doubt)
-            : is_busy      ? "Another set of runs has it run."
-                           : platform::refusal_of_name(file);
+            !busy.doubt.empty()
+                ? "Whether another set of runs has it run cannot be told: " + screen_text(busy.doubt)
+            : !busy.empty() ? "Another set of runs has it run."
+                            : platform::refusal_of_name(file);
         if (!reason.empty())
             unusable.push_back({file, reason});
         return !reason.empty();
@@ -88,10 +88,8 @@ void run(Session& session, Run_options& options) {
     }
     const Run_set set = make_set(project, options, std::move(scenarios));
     if (options.only_shows) {
-        std::vector<Shown_command> commands;
-        for (std::size_t one = 0; one < set.scenarios.size(); ++one)
-            commands.push_back({set.scenarios[one], screen_text(set.command_line(one))});
-        report_commands(session, commands, unusable);
+        report_commands(session, commands_of(session, set, new_run_set_folder(project.directory().Runs)),
+                        unusable);
         return;
     }
     const Made_run_set made = make_run_set(project.directory().Runs, set);

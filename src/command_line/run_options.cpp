@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <numeric>
 #include <poll.h>
 #include <sstream>
 
@@ -60,9 +61,9 @@ std::string name_of(const std::string& scenario) {
 }
 
 // The command lines of a list, each of which ends with the number of its run.
-std::vector<Shown_command> read_list(const std::string& file, const Run_set& set) {
+std::vector<Shown_command> commands_in(const std::string& list, const Run_set& set) {
     std::vector<Shown_command> commands;
-    std::istringstream lines(platform::read_file(file).contents);
+    std::istringstream lines(list);
     for (std::string line; std::getline(lines, line);) {
         const std::size_t run = std::strtoul(line.c_str() + line.rfind(' ') + 1, nullptr, 10);
         commands.push_back({run < set.scenarios.size() ? set.scenarios[run] : std::string(), line});
@@ -105,7 +106,8 @@ void have_done(Session& session, const std::string& folder, const Run_set& set, 
         return;
     }
     if (set.engine == Engine_kind::list) {
-        report_commands(session, read_list(run_list_file(folder), set), unusable);
+        report_commands(session, commands_in(platform::read_file(run_list_file(folder)).contents, set),
+                        unusable);
         return;
     }
     watch(session, engine, journal);
@@ -151,6 +153,21 @@ void report_commands(Session& session, const std::vector<Shown_command>& command
     for (const Shown_command& one : commands)
         report.add({name_of(one.scenario), one.command, Json()});
     report.finish();
+}
+
+std::vector<Shown_command> commands_of(Session& session, const Run_set& set, const std::string& folder) {
+    std::vector<Shown_command> commands;
+    for (std::size_t run = 0; run < set.scenarios.size(); ++run)
+        commands.push_back({set.scenarios[run], screen_text(set.command_line(run))});
+    if (set.engine != Engine_kind::list)
+        return commands;
+    if (const std::string reason = why_not_listed(set); !reason.empty())
+        throw Command_failure(exit_found, screen_text(reason));
+    std::vector<std::size_t> runs(set.scenarios.size());
+    std::iota(runs.begin(), runs.end(), std::size_t(0));
+    session.console.say(
+        "Without --dry-run the folder that these lines name is made, by a name of that time.");
+    return commands_in(run_list_text(folder, runs), set);
 }
 
 void report_background(Session& session, const std::string& set, std::size_t runs,

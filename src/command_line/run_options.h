@@ -50,6 +50,9 @@ struct Shown_command {
 };
 void report_commands(Session& session, const std::vector<Shown_command>& commands,
                      const std::vector<Unusable>& unusable);
+// Those of a set that would lie in the folder: of a list the lines that this would hold. Fails with
+// exit_found when that could not be written.
+std::vector<Shown_command> commands_of(Session& session, const Run_set& set, const std::string& folder);
 
 // Tells programs of a set that was left to a process of its own, by its name, empty where there is none, and
 // of how many runs; people see the same without what failed.

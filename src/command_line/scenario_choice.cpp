@@ -170,10 +170,18 @@ void resolve_files(const Session& session, Scenario_choice& choice) {
 }
 
 void must_be_idle(Scenario_states& states, const std::vector<std::string>& scenarios) {
-    if (const std::string busy = busy_among(states, scenarios); !busy.empty())
-        throw Command_failure(exit_found, "Scenarios of these are being run: " + screen_text(busy) +
-                                              ". Stop the runs (tvs_project stop), or wait for their end. "
-                                              "Nothing was done.");
+    const Busy_scenarios busy = busy_among(states, scenarios);
+    if (!busy.running.empty())
+        throw Command_failure(exit_found,
+                              "Scenarios of these are being run: " + screen_text(enumerated(busy.running)) +
+                                  ". Stop the runs (tvs_project stop), or wait for their end. "
+                                  "Nothing was done.");
+    if (!busy.unknown.empty())
+        throw Command_failure(exit_unreachable,
+                              "Whether these scenarios are being run cannot be told: " +
+                                  screen_text(enumerated(busy.unknown)) + ". " + screen_text(busy.doubt) +
+                                  " See to it that it can be read or, where a set of runs is damaged, delete "
+                                  "that (tvs_project delete-runs). Nothing was done.");
 }
 
 void must_be_idle(const TESK::File_name& file) {

@@ -27,17 +27,24 @@ std::string name_for(Moment moment) {
 
 // Makes a folder that was not there; "" when that cannot be.
 std::string make_new_folder(const std::string& runs_folder) {
-    const std::string name = runs_folder + '\\' + name_for(moment_now());
-    std::string folder = name;
-    for (int number = 2; number < most_sets_a_second && !platform::make_folder(folder); ++number) {
+    std::string folder = new_run_set_folder(runs_folder);
+    while (!platform::make_folder(folder)) {
         if (!platform::exists(folder))
             return "";
-        folder = name + ' ' + std::to_string(number);
+        folder = new_run_set_folder(runs_folder);
     }
     return folder;
 }
 
 } // namespace
+
+std::string new_run_set_folder(const std::string& runs_folder) {
+    const std::string name = runs_folder + '\\' + name_for(moment_now());
+    std::string folder = name;
+    for (int number = 2; number < most_sets_a_second && platform::exists(folder); ++number)
+        folder = name + ' ' + std::to_string(number);
+    return folder;
+}
 
 Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set) {
     const std::string unusable = unusable_name(set);

@@ -19,6 +19,9 @@ struct Made_run_set {
 // Makes the folder of a new set, and the folder of all sets above it when that is missing. Nothing is run.
 Made_run_set make_run_set(const std::string& runs_folder, const Run_set& set);
 
+// The folder that a set would get if it were made now.
+std::string new_run_set_folder(const std::string& runs_folder);
+
 // What was asked of the set in the folder; nothing when there is none, or it was never completely made.
 std::optional<Run_set> read_run_set(const std::string& folder);
 // What is to be said of a folder in which that finds none; a plain English sentence.

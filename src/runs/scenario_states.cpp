@@ -154,24 +154,29 @@ const std::string* Scenario_states::doubt_since(std::size_t set, bool only_at_wo
     return nullptr;
 }
 
-std::vector<std::string> Scenario_states::take_busy(std::vector<std::string>& scenarios,
-                                                    std::string* doubt) const {
-    std::vector<std::string> busy;
-    if (doubt != nullptr)
-        doubt->clear();
+Busy_scenarios Scenario_states::take_busy(std::vector<std::string>& scenarios) const {
+    Busy_scenarios busy;
     std::erase_if(scenarios, [&](const std::string& scenario) {
         Scenario_status status;
         take_last_run(scenario, status, true);
         const bool is_unknown = status.state == Scenario_state::unknown;
-        const bool is_busy =
-            is_unknown || status.state == Scenario_state::waiting || status.state == Scenario_state::running;
-        if (is_unknown && doubt != nullptr)
-            *doubt = status.reason;
-        if (is_busy)
-            busy.push_back(scenario);
-        return is_busy;
+        const bool is_running =
+            status.state == Scenario_state::waiting || status.state == Scenario_state::running;
+        if (is_unknown)
+            busy.doubt = status.reason;
+        if (is_unknown || is_running)
+            (is_unknown ? busy.unknown : busy.running)
+                .push_back(TESK::File_name(scenario.c_str()).get_name(false));
+        return is_unknown || is_running;
     });
     return busy;
+}
+
+void Busy_scenarios::add(const Busy_scenarios& others) {
+    running.insert(running.end(), others.running.begin(), others.running.end());
+    unknown.insert(unknown.end(), others.unknown.begin(), others.unknown.end());
+    if (!others.doubt.empty())
+        doubt = others.doubt;
 }
 
 Scenario_status Scenario_states::status_of(const std::string& scenario_file) {
@@ -303,14 +308,15 @@ platform::Change_time Scenario_states::time_of(const std::string& parameter_file
     return place->second;
 }
 
-std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios) {
-    constexpr std::size_t most_named = 10;
+Busy_scenarios busy_among(Scenario_states& states, std::vector<std::string> scenarios) {
     states.refresh();
-    std::string doubt;
-    const std::vector<std::string> busy = states.take_busy(scenarios, &doubt);
-    std::string names;
-    for (std::size_t one = 0; one < busy.size() && one < most_named; ++one)
-        names += (one > 0 ? ", " : "") + TESK::File_name(busy[one].c_str()).get_name(false);
-    names += busy.size() > most_named ? ", ..." : "";
-    return doubt.empty() ? names : names + " (cannot be told: " + doubt + ")";
+    return states.take_busy(scenarios);
+}
+
+std::string enumerated(const std::vector<std::string>& names) {
+    constexpr std::size_t most_named = 10;
+    std::string text;
+    for (std::size_t one = 0; one < names.size() && one < most_named; ++one)
+        text += (one > 0 ? ", " : "") + names[one];
+    return names.size() > most_named ? text + ", ..." : text;
 }

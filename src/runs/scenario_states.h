@@ -36,6 +36,16 @@ struct Scenario_status {
     Moment output_time = 0; // of the newest file of an output that no journal tells of; else 0
 };
 
+// Scenarios, by name, that are not to be changed or deleted.
+struct Busy_scenarios {
+    std::vector<std::string> running; // a set at work runs them, or has still to run them
+    std::vector<std::string> unknown; // of which that cannot be told
+    std::string doubt;                // why not, a plain English sentence; "" when there are none
+
+    bool empty() const { return running.empty() && unknown.empty(); }
+    void add(const Busy_scenarios& others);
+};
+
 class Scenario_states {
 public:
     // Of the project whose folder is `project_folder` and whose run sets lie in `runs_folder` (full names).
@@ -55,10 +65,8 @@ public:
     // its output, and of each parameter file once for all scenarios.
     Scenario_status status_of(const std::string& scenario_file);
 
-    // Takes out of the files those that a set at work runs, or has still to run, and those of which that
-    // cannot be told, and returns them. `doubt`, which may be null, is told why it cannot of any; else "".
-    std::vector<std::string> take_busy(std::vector<std::string>& scenarios,
-                                       std::string* doubt = nullptr) const;
+    // Takes those that are busy out of the files.
+    Busy_scenarios take_busy(std::vector<std::string>& scenarios) const;
 
 private:
     struct Set;
@@ -94,10 +102,10 @@ private:
     std::unordered_map<std::string, platform::Change_time> times_; // of parameter files, since refresh()
 };
 
-// The names of those of the scenarios (full names) that a set at work runs, or has still to run, and that are
-// therefore not to be changed or deleted: "base, clay soil", of many the first, and why that cannot be told
-// of any of them, so that it may be. "" when there is none.
-std::string busy_among(Scenario_states& states, std::vector<std::string> scenarios);
+// Those of the scenarios (full names) that are busy, by what the journals tell now.
+Busy_scenarios busy_among(Scenario_states& states, std::vector<std::string> scenarios);
+// "base, clay soil", of many the first.
+std::string enumerated(const std::vector<std::string>& names);
 
 // The parameter files that a scenario's record names, by the extensions that such files have, as they stand
 // in the text of the record.

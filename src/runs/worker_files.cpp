@@ -133,7 +133,15 @@ std::string run_list_file(const std::string& folder) {
     return folder + "\\list.txt";
 }
 
+std::string why_not_listed(const Run_set& set) {
+    const bool can_be_started =
+        set.scenarios.empty() || !platform::shell_command(set.command_line(0), set.folder).empty();
+    return can_be_started ? "" : "The model cannot be started: " + set.model;
+}
+
 std::string write_worker_files(const std::string& folder, const Run_set& set) {
+    if (std::string reason = why_not_listed(set); !reason.empty())
+        return reason;
     // Relative names count from the project's folder.
     const platform::Directory_guard current;
     platform::change_directory(set.folder);
@@ -141,10 +149,7 @@ std::string write_worker_files(const std::string& folder, const Run_set& set) {
     std::string records;
     std::string outputs;
     for (std::size_t run = 0; run < set.scenarios.size(); ++run) {
-        const std::string command = platform::shell_command(set.command_line(run), set.folder);
-        if (command.empty())
-            return "The model cannot be started: " + set.model;
-        commands += command + '\n';
+        commands += platform::shell_command(set.command_line(run), set.folder) + '\n';
         records += platform::host_path(set.scenarios[run]) + '\n';
         outputs += platform::host_path(output_folder_of(TESK::File_name(set.scenarios[run].c_str()))) + '\n';
     }
@@ -158,11 +163,15 @@ std::string write_worker_files(const std::string& folder, const Run_set& set) {
     return reason;
 }
 
-std::string write_run_list(const std::string& folder, const std::vector<std::size_t>& runs) {
+std::string run_list_text(const std::string& folder, const std::vector<std::size_t>& runs) {
     const std::string command = "sh " + platform::shell_word(platform::host_path(worker_script(folder))) +
                                 ' ' + platform::shell_word(platform::host_path(folder)) + " run ";
     std::string text;
     for (const std::size_t run : runs)
         text += command + std::to_string(run) + '\n';
-    return write(run_list_file(folder), text);
+    return text;
+}
+
+std::string write_run_list(const std::string& folder, const std::vector<std::size_t>& runs) {
+    return write(run_list_file(folder), run_list_text(folder, runs));
 }

@@ -12,6 +12,12 @@
 // disk does not take them, or the model cannot be started here.
 std::string write_worker_files(const std::string& folder, const Run_set& set);
 
+// Why that cannot be: the model cannot be started here. "" when it can.
+std::string why_not_listed(const Run_set& set);
+
+// The lines of the list in the folder of a set, which may not be there yet.
+std::string run_list_text(const std::string& folder, const std::vector<std::size_t>& runs);
+
 // Writes the list, a command line for each of the runs: started by whatever runner, on whatever machine that
 // has the disk, each does its run and notes it. "" or why not. The commands of the model alone are in
 // commands.txt.

@@ -1,6 +1,9 @@
 #include "project_support.h"
 
+#include "platform/host_names.h"
 #include "platform/shell.h"
+#include "runs/run_folders.h"
+#include "runs/run_journal.h"
 #include "toolkit/mnemonics.h"
 
 namespace {
@@ -29,6 +32,26 @@ TEST_F(Project_test, the_menu_saves_finds_resets_undoes_and_leads_back_to_the_sc
     EXPECT_TRUE(bar.choose("Edit|Tick all shown"));
     EXPECT_TRUE(press(form.scenarios.reset.reset_scenario_button));
     EXPECT_NE(scenario("dry"), before);
+
+    // Nothing is undone that runs, or may.
+    Run_set set;
+    set.folder = "C:\\projects\\study";
+    set.scenarios = {"C:\\projects\\study\\Scenarios\\dry.tvn"};
+    const std::string folder = make_run_set("C:\\projects\\study\\Runs", set).folder;
+    Journal_writer writer(folder);
+    ASSERT_TRUE(claim_set(folder, 1, writer));
+    EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
+    EXPECT_EQ(parameter_form.status_line.text(),
+              "Scenarios of these are being run: dry. Stop the runs first, or wait for their end.");
+    const std::string journal = platform::host_path(folder + "\\journal.txt");
+    std::filesystem::remove(journal);
+    std::filesystem::create_directory(journal);
+    EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
+    EXPECT_EQ(parameter_form.status_line.text().find(
+                  "Whether these scenarios are being run cannot be told: dry. The journal C:"),
+              0U);
+    EXPECT_NE(scenario("dry"), before);
+    std::filesystem::remove(journal);
     EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
     EXPECT_EQ(scenario("dry"), before);
 

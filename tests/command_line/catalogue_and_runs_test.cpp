@@ -132,19 +132,24 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
          "compare plateau base 1 scenario outcome reason\n"
          "2\n",
          0, "1 of 2 failed: none"},
+        {"for dry in --dry-run ''; do tvs_project run Irrigation_study base --engine list $dry; done | sed "
+         "'s|Runs/[-0-9 ]*|R|g' | uniq | grep -c '^sh .*/R/worker.sh. .*/R. run 0$'",
+         "1\n", 0, "Without --dry-run"},
     });
 }
 
 TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_continued) {
     script_model("[ -e go ] || sleep 60");
     expect({
-        {"mkdir -p Irrigation_study/Scenarios/{rainfed,base}/Output"},
+        {"mkdir -p Irrigation_study/Scenarios/{rainfed,base}/Output; tvs_project set Irrigation_study "
+         "salt.2=1 --scenarios base >/dev/null"},
         {"tvs_project run Irrigation_study base rainfed --jobs 1 --background | cut -f 1,2 | tail -1",
          "runs\t2\n"},
         {"until tvs_project status Irrigation_study | grep -q 'running.1'; do sleep 0.1; done; tvs_project "
          "list Irrigation_study --state running,waiting | cut -f 1,2",
          "base\trunning\nrainfed\twaiting\n"},
         {"tvs_project rename Irrigation_study rainfed x", "", 1, "being run: rainfed"},
+        {"tvs_project undo Irrigation_study", "", 1, "being run: base"},
         {"tvs_project set Irrigation_study/Scenarios/base.tvn salt.1=1", "", 1, "being run: base"},
         {"tvs_project delete-runs Irrigation_study --all | cut -f 2,3",
          "failed\tIt is being run. Stop it first.\n", 0, "1 of 1 failed"},
@@ -196,6 +201,12 @@ TEST_F(Catalogue_and_runs_test, families_come_from_tables_and_the_example_does_a
          "else len(told) for key, told in json.load(sys.stdin).items() if key != \"folder\"))'; done; rm "
          "Irrigation_study/Generated_scenarios/b.tvn",
          "0 2 2 0 0 1 0\n1 1 2 0 0 1 1\n0 0 1 1 1 0 0\n"},
+        {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null"},
+        // Who presses Ctrl-C is told how far it came.
+        {"(echo name,salt.1; seq -f 'a%g,1' 20000) >t.csv; tvs_project generate Irrigation_study --table "
+         "t.csv >/dev/null & until [ -e Irrigation_study/Generated_scenarios/a1.tvn ]; do sleep 0.01; done; "
+         "kill -INT $!; wait $!",
+         "", 1, " of 20000 done."},
         {"tvs_project delete Irrigation_study --all --generated --permanently >/dev/null"},
         {"mkdir -p Irrigation_study/Generated_scenarios/0000{1..8}/Output"},
         {"bash '" EXAMPLES "/family_overnight.sh' Irrigation_study 2 | cut -f 1,2 | sed -n '1p;3p;8p'; "

@@ -226,7 +226,10 @@ TEST_F(Command_line_test, what_cannot_be_written_is_named_with_the_reason_and_st
     for (const auto& [command, told] : writes)
         calls.push_back({as + "tvs_project " + command + " >/dev/null", "", 3, told.c_str()});
     expect_unchanged(calls);
-    expect({{"chmod 0 Irrigation_study/Scenarios; " + as +
+    expect({{"touch Irrigation_study/Scenarios/base.tvn; chmod 0 Irrigation_study/Scenarios/base/Output; " +
+                 as + "tvs_project run Irrigation_study base --stale --dry-run",
+             "", 3, "Not run: base.tvn. Whether it is out of date cannot be told: The folder "},
+            {"chmod 0 Irrigation_study/Scenarios; " + as +
                  "tvs_project info Irrigation_study | grep -c '(cannot "
                  "be reached)'; chmod -R u+rwX ../../..",
              "2\n"}});

@@ -1,5 +1,6 @@
 #include "trees/user_settings.h"
 
+#include "platform/folder_lock.h"
 #include "support/temporary_drives.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,13 @@ TEST_F(User_settings_test, programs_that_save_at_the_same_time_keep_the_sections
             directory.load(settings, std::to_string(program) + '-' + std::to_string(i));
             EXPECT_EQ(settings.top, i) << program;
         }
+    // One that hangs is waited for a few seconds, and its file left alone.
+    const platform::Folder_lock hanging(directory);
+    User_settings settings;
+    settings.top = sections + 1;
+    directory.save(settings, "0-1");
+    directory.load(settings, "0-1");
+    EXPECT_EQ(settings.top, 1);
 }
 
 TEST_F(User_settings_test, a_disk_that_cannot_be_written_is_quiet) {

@@ -20,6 +20,19 @@ std::string text_to_save(Tilverra_project_editor_parameters& record) {
     return text.text();
 }
 
+void tell_interrupted_copy(Session& session, const platform::Undone_copy& undone) {
+    if (!undone.was_interrupted)
+        return;
+    session.console.say(
+        undone.not_put_back.empty()
+            ? "Copying into the project's folder was interrupted, and what had been replaced was put back."
+            : "Copying into the project's folder was interrupted. These files were replaced, and could not "
+              "be "
+              "put back:");
+    for (const std::string& file : undone.not_put_back)
+        session.console.say(screen_text(file));
+}
+
 const char* default_model(const Session& session) {
     find_suite(session);
     return suite_directory->get_tilverra_directory().get_model_exe().c_str();
@@ -107,6 +120,7 @@ Opened_project::Opened_project(Session& session, const std::string& argument)
     : session_(session), file_(find_project_file(session, argument)), record_(default_model(session)) {
     const TESK::Common_parameters_directory folder(file_, Directory_mode::project_folder, false);
     platform::change_directory(folder);
+    tell_interrupted_copy(session, platform::undo_interrupted_copy(folder));
     const platform::Read_result bytes = platform::read_file(file_, TESK::VV_file::largest_file);
     if (bytes.contents.find('\0') != std::string::npos)
         throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " holds no text.");

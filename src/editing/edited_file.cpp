@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr const char* not_put_back = "These files were replaced, and could not be put back:";
-
 // The folder that goes along with a file when that gets another name, without a separator at its end.
 TESK::Directory_name folder_that_follows(const std::string& file, Directory_mode mode) {
     TESK::Directory_name folder("");
@@ -245,6 +243,7 @@ void Edited_file::load() {
     if (!is_given_)
         return;
     offer_interrupted_save(*name_);
+    undo_interrupted_copy(folder_that_follows(*name_, parameters_->get_directory_mode()));
     const std::string before = text_of_record();
     // First: what changes while the record is read counts as changed.
     known_.take(*name_);

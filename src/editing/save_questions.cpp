@@ -1,6 +1,7 @@
 #include "editing/save_questions.h"
 
 #include "editing/bound_control.h"
+#include "platform/files.h"
 #include "platform/interrupted_save.h"
 #include "toolkit/dialogs.h"
 
@@ -59,6 +60,19 @@ bool may_replace_file(const std::string& file_name) {
 bool may_replace_files(const std::vector<std::string>& file_names) {
     return message_box("Replace the existing files with these names:\n" + some_of(file_names),
                        "Files already exist", Button_set::yes_no) == Modal_result::yes;
+}
+
+void undo_interrupted_copy(const std::string& folder) {
+    const platform::Undone_copy undone = platform::undo_interrupted_copy(folder);
+    if (!undone.was_interrupted)
+        return;
+    const std::string text =
+        undone.not_put_back.empty()
+            ? "Copying into this folder was interrupted, and what had been replaced was put back:\n" +
+                  screen_text(folder)
+            : "Copying into this folder was interrupted:\n" + screen_text(folder) + '\n' +
+                  std::string(not_put_back) + '\n' + some_of(undone.not_put_back);
+    message_box(text, "Interrupted save", Button_set::ok);
 }
 
 void offer_interrupted_save(const std::string& file_name) {

@@ -32,5 +32,11 @@ bool may_replace_files(const std::vector<std::string>& file_names);
 // is answered, the file can be loaded afterwards.
 void offer_interrupted_save(const std::string& file_name);
 
+// Where copying into the folder was interrupted before it was done, undoes it and tells the user.
+void undo_interrupted_copy(const std::string& folder);
+
+// What the user is told before the names of such files.
+inline constexpr const char* not_put_back = "These files were replaced, and could not be put back:";
+
 // The names in a few lines, with the number of those that are left out.
 std::string some_of(const std::vector<std::string>& names);

@@ -1,5 +1,7 @@
 // The copying of files and folders that files.h promises.
+#include "platform/copy_undo.h"
 #include "platform/entry_names.h"
+#include "platform/file_replacement.h"
 #include "platform/file_steps.h"
 #include "platform/files.h"
 #include "platform/host_handle.h"
@@ -10,6 +12,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -21,22 +24,6 @@ namespace {
 
 bool is_same(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
-Write_result copy_host_file(const std::string& from, const std::string& to) {
-    struct stat state {};
-    struct stat target {};
-    if (stat(from.c_str(), &state) != 0)
-        return write_result_from_errno(errno);
-    if (!S_ISREG(state.st_mode))
-        return write_failure(Write_error::not_a_file);
-    if (stat(to.c_str(), &target) == 0 && is_same(state, target))
-        return write_failure(Write_error::into_itself);
-    const Host_handle file = open_to_read(from);
-    if (!file.is_open() || fstat(file.get(), &state) != 0)
-        return write_result_from_errno(errno);
-    return replace_file(to, Content(file, state.st_size), (state.st_mode & 0777) | S_IWUSR,
-                        Durability::quick);
 }
 
 // Whether the path is the folder or would lie in it, by whatever links it gets there.
@@ -160,18 +147,49 @@ public:
     Tree_copy& operator=(const Tree_copy&) = delete;
     // What was moved into place goes again unless all of it came there.
     ~Tree_copy() {
-        if (result_.ok())
+        if (result_.ok()) {
+            if (undo_)
+                undo_->end();
             return;
-        for (const std::string& path : moved_)
-            remove_host_entry(AT_FDCWD, path.c_str());
-        for (const auto& [path, target] : exchanged_)
-            if (exchange(path, target) != 0)
-                result_.replaced.push_back(shown_name(target));
-        for (const Overwritten& old : overwritten_)
-            if (!put_back(old).ok())
-                result_.replaced.push_back(shown_name(old.target));
+        }
+        if (!moved_folder_.empty())
+            remove_host_entry(AT_FDCWD, moved_folder_.c_str());
+        if (undo_ && !undo_->take_back()) {
+            for (const std::string& path : undo_->not_put_back())
+                result_.replaced.push_back(shown_name(path));
+            aside_.forget(); // for the next try
+        }
     }
 
+    // Makes the copy below the host folder.
+    bool copy_aside(const std::string& from, const std::string& folder) {
+        int error = aside_.create(folder);
+        copy_ = join_host_path(aside_.path(), "new");
+        if (error == 0)
+            error = outcome_of(Write_step::make_folder, [&] { return mkdir(copy_.c_str(), S_IRWXU); });
+        return error == 0 ? copy_folder(from, copy_) : failed(error, from);
+    }
+
+    // Gives the copy its place where nothing is yet.
+    bool move_to(const std::string& target) {
+        if (!move_entry_to(copy_, target))
+            return false;
+        moved_folder_ = target;
+        return true;
+    }
+
+    // Moves what the copy holds into the folder in which it was made; `from` is where it was copied from.
+    bool move_into(const std::string& from, const std::string& target) {
+        undo_.emplace(aside_.path(), target);
+        if (!plan(copy_, from, target) || !done(undo_->begin(), target))
+            return false;
+        return std::all_of(moves_.begin(), moves_.end(), [&](const Move& move) {
+            return move.is_renamed ? move_entry_to(move.path, move.target)
+                                   : done(copy_host_file(move.path, move.target), move.target);
+        });
+    }
+
+private:
     bool copy_folder(const std::string& from, const std::string& to) {
         struct stat state {};
         const Host_entries entries = sorted_entries(from);
@@ -184,37 +202,6 @@ public:
         return true;
     }
 
-    // Moves what the folder of the copy holds into the target; `from` is where it was copied from.
-    bool move_into(const std::string& copy, const std::string& from, const std::string& target) {
-        const Host_entries entries = sorted_entries(copy);
-        if (entries.error != 0)
-            return failed(entries.error, copy);
-        for (const std::string& entry : entries.names) {
-            const std::string path = join_host_path(copy, entry);
-            std::string there;
-            if (const int error = find_target(from, target, entry, entries.names, there))
-                return failed(error, target);
-            const bool is_moved = !host_entry_exists(there) ? move_new(path, there)
-                                  : kind_of(path) == Copied_kind::folder
-                                      ? move_into(path, join_host_path(from, entry), there)
-                                      : replace(path, there);
-            if (!is_moved)
-                return false;
-        }
-        return true;
-    }
-
-    bool move_new(const std::string& path, const std::string& target) {
-        Folder_change change(host_folder_of(target));
-        if (const int error =
-                outcome_of(Write_step::rename, [&] { return std::rename(path.c_str(), target.c_str()); }))
-            return failed(error, target);
-        change.added(host_entry_of(target));
-        moved_.push_back(target);
-        return true;
-    }
-
-private:
     bool copy_entry(const std::string& from, const std::string& to) {
         const auto text = link_text(from);
         switch (kind_of(from)) {
@@ -229,47 +216,71 @@ private:
         }
     }
 
-    // The old entry changes places with the new one or, where that cannot be, is copied before, so that it
-    // can come back.
-    bool replace(const std::string& path, const std::string& target) {
-        struct stat old {};
-        const auto text = link_text(path);
-        const bool is_alone =
-            lstat(target.c_str(), &old) == 0 && (S_ISREG(old.st_mode) ? old.st_nlink == 1 : text.has_value());
-        if (is_alone && !text)
-            if (const int error = make_ready_for(path, old))
+    bool move_entry_to(const std::string& path, const std::string& target) {
+        Folder_change change(host_folder_of(target));
+        if (const int error =
+                outcome_of(Write_step::rename, [&] { return std::rename(path.c_str(), target.c_str()); }))
+            return failed(error, target);
+        change.added(host_entry_of(target));
+        return true;
+    }
+
+    bool plan(const std::string& copy, const std::string& from, const std::string& target) {
+        const Host_entries entries = sorted_entries(copy);
+        if (entries.error != 0)
+            return failed(entries.error, copy);
+        for (const std::string& entry : entries.names) {
+            const std::string path = join_host_path(copy, entry);
+            std::string there;
+            if (const int error = find_target(from, target, entry, entries.names, there))
                 return failed(error, target);
-        if (is_alone && exchange(path, target) == 0) {
-            exchanged_.emplace_back(path, target);
-            return true;
+            const bool is_planned = !host_entry_exists(there) ? plan_new(path, there)
+                                    : kind_of(path) == Copied_kind::folder
+                                        ? plan(path, join_host_path(from, entry), there)
+                                        : plan_over(path, there);
+            if (!is_planned)
+                return false;
         }
-        return overwrite(path, text, target);
+        return true;
     }
 
-    // A file is written to the end of a link; a link takes the place of what is there.
-    bool overwrite(const std::string& path, const std::optional<std::string>& text,
-                   const std::string& target) {
-        const Overwritten kept{path + '-' + unique_digits(), target, text.has_value()};
-        const auto old_text = text ? link_text(target) : std::nullopt;
-        const Write_result keeping =
-            old_text ? replace_by_link(kept.copy, *old_text) : copy_host_file(target, kept.copy);
-        if (keeping.error != Write_error::absent && !done(keeping, target))
-            return false;
-        overwritten_.push_back(kept);
-        return done(text ? replace_by_link(target, *text) : copy_host_file(path, target), target);
+    bool plan_new(const std::string& path, const std::string& target) {
+        moves_.push_back({path, target, true});
+        return note_new(path, target);
     }
 
-    struct Overwritten {
-        std::string copy; // absent for a link to nowhere
-        std::string target;
-        bool was_entry; // not what stands at the end of a link
-    };
-    static Write_result put_back(const Overwritten& old) {
-        if (const auto text = old.was_entry ? link_text(old.copy) : std::nullopt)
-            return replace_by_link(old.target, *text);
-        if (old.was_entry && link_text(old.target))
-            unlink(old.target.c_str());
-        return copy_host_file(old.copy, old.target);
+    bool note_new(const std::string& path, const std::string& target) {
+        struct stat made {};
+        if (lstat(path.c_str(), &made) != 0)
+            return failed(errno, target);
+        undo_->will_add(target, made);
+        if (!S_ISDIR(made.st_mode))
+            return true;
+        const Host_entries entries = sorted_entries(path);
+        if (entries.error != 0)
+            return failed(entries.error, target);
+        return std::all_of(entries.names.begin(), entries.names.end(), [&](const std::string& entry) {
+            return note_new(join_host_path(path, entry), join_host_path(target, entry));
+        });
+    }
+
+    // The new entry takes the place of the old one. But a file is written to the end of a link, to one with
+    // several hard links, and to one whose folder does not let it be replaced.
+    bool plan_over(const std::string& path, const std::string& target) {
+        struct stat old {};
+        struct stat made {};
+        if (lstat(target.c_str(), &old) != 0 || lstat(path.c_str(), &made) != 0)
+            return failed(errno, target);
+        const bool is_file = S_ISREG(made.st_mode);
+        const bool is_renamed =
+            !is_file || (S_ISREG(old.st_mode) && old.st_nlink == 1 && old.st_dev == made.st_dev &&
+                         faccessat(AT_FDCWD, host_folder_of(target).c_str(), W_OK | X_OK, AT_EACCESS) == 0);
+        moves_.push_back({path, target, is_renamed});
+        if (!is_renamed)
+            return done(undo_->will_write_to(target), target);
+        if (const int error = is_file ? make_ready_for(path, old) : 0)
+            return failed(error, target);
+        return done(undo_->will_replace(target, made), target);
     }
 
     // The file takes the place of an old one: with its permissions, and on the disk before.
@@ -282,13 +293,6 @@ private:
         return outcome_of(Write_step::flush, [&] { return fsync(file.get()); });
     }
 
-    static int exchange(const std::string& path, const std::string& target) {
-        Folder_change change(host_folder_of(target));
-        return outcome_of(Write_step::rename, [&] {
-            return renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE);
-        });
-    }
-
     bool failed(int error, const std::string& path) { return done(write_result_from_errno(error), path); }
     bool done(const Write_result& outcome, const std::string& path) {
         if (outcome.ok())
@@ -298,10 +302,18 @@ private:
         return false;
     }
 
+    struct Move {
+        std::string path; // in the copy
+        std::string target;
+        bool is_renamed; // otherwise written to the target
+    };
+
     Copy_result& result_;
-    std::vector<std::string> moved_;                             // the paths of what was not there before
-    std::vector<std::pair<std::string, std::string>> exchanged_; // where the old and the new entries are
-    std::vector<Overwritten> overwritten_;
+    Unfinished_folder aside_;
+    std::string copy_;         // the folder of the copy
+    std::string moved_folder_; // where the whole copy was moved to, "" when it was not
+    std::optional<Copy_undo> undo_;
+    std::vector<Move> moves_;
 };
 
 // The levels of folders above a target: those that were missing are gone again unless they are kept.
@@ -328,29 +340,19 @@ void copy_into_place(const std::string& from, const std::string& to,
     const bool is_there = is_folder_at(to);
     const std::string folder = is_there ? to : host_folder_of(to);
     Levels_above levels;
-    Unfinished_folder copy;
-    int error = levels.make(folder);
-    if (error == 0) {
-        clear_unfinished_saves(folder);
-        error = copy.create(folder);
-    }
-    if (error != 0) {
+    if (const int error = levels.make(folder)) {
         static_cast<Write_result&>(result) = write_result_from_errno(error);
         result.not_copied.push_back(shown_name(from));
         return;
     }
+    clear_unfinished_saves(folder);
     Tree_copy tree(result);
-    if (!tree.copy_folder(from, copy.path()))
-        return;
-    if (is_there ? !tree.move_into(copy.path(), from, to) : !tree.move_new(copy.path(), to))
+    if (!tree.copy_aside(from, folder) || !(is_there ? tree.move_into(from, to) : tree.move_to(to)))
         return;
     if (finish)
         static_cast<Write_result&>(result) = finish();
-    if (!result.ok())
-        return;
-    if (!is_there)
-        copy.forget();
-    levels.keep();
+    if (result.ok())
+        levels.keep();
 }
 
 // Why a folder cannot be copied there at all.
@@ -398,6 +400,16 @@ Copy_result copy_tree(std::string_view from, std::string_view to,
 
 std::vector<std::string> replaced_by_copy(std::string_view from, std::string_view to) {
     return checked(host_path(from), host_path(to)).replaced;
+}
+
+Undone_copy undo_interrupted_copy(std::string_view folder) {
+    Undone_copy undone;
+    for (const Copy_undo& undo : take_back_unfinished_copies(host_path(folder))) {
+        undone.was_interrupted = true;
+        for (const std::string& path : undo.not_put_back())
+            undone.not_put_back.push_back(shown_name(path));
+    }
+    return undone;
 }
 
 } // namespace platform

@@ -121,6 +121,22 @@ Write_result replace_file(const std::string& given_path, const Content& content,
     return replace_at(*path, content, new_mode, durability, true);
 }
 
+Write_result copy_host_file(const std::string& from, const std::string& to) {
+    struct stat state {};
+    struct stat target {};
+    if (stat(from.c_str(), &state) != 0)
+        return write_result_from_errno(errno);
+    if (!S_ISREG(state.st_mode))
+        return write_failure(Write_error::not_a_file);
+    if (stat(to.c_str(), &target) == 0 && target.st_dev == state.st_dev && target.st_ino == state.st_ino)
+        return write_failure(Write_error::into_itself);
+    const Host_handle file = open_to_read(from);
+    if (!file.is_open() || fstat(file.get(), &state) != 0)
+        return write_result_from_errno(errno);
+    return replace_file(to, Content(file, state.st_size), (state.st_mode & 0777) | S_IWUSR,
+                        Durability::quick);
+}
+
 Write_result replace_by_link(const std::string& path, const std::string& text) {
     struct stat old {};
     if (lstat(path.c_str(), &old) == 0 && S_ISREG(old.st_mode) && is_write_protected(AT_FDCWD, path.c_str()))

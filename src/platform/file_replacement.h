@@ -37,6 +37,9 @@ std::string path_to_write(std::string_view name);
 Write_result replace_file(const std::string& path, const Content& content, mode_t new_mode,
                           Durability durability);
 
+// Copies a host file to another as copy_file() does.
+Write_result copy_host_file(const std::string& from, const std::string& to);
+
 // Makes the entry at the host path a symbolic link with the text, in place of a file or link that is there.
 Write_result replace_by_link(const std::string& path, const std::string& text);
 

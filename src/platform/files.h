@@ -123,11 +123,22 @@ struct Copy_result : Write_result {
 
 // Copies a folder and all that is below it into the folder `to`, which is made where it is missing; files
 // that are there already are replaced, other entries stay. Symbolic links are copied as links. All of it or
-// nothing: the copy is made aside and moved into place when it is whole, and taken away when that fails. What
-// cannot be read or replaced is looked for before. A target inside the source is refused. `finish`, which may
-// be empty, is asked once all is in place: when its result is not ok, the copy has failed for that reason.
+// nothing: the copy is made aside and moved into place when it is whole, and taken away when that fails; when
+// the program is killed meanwhile, undo_interrupted_copy() does that. What cannot be read or replaced is
+// looked for before. A target inside the source is refused. `finish`, which may be empty, is asked once all
+// is in place: when its result is not ok, the copy has failed for that reason.
 Copy_result copy_tree(std::string_view from, std::string_view to,
                       const std::function<Write_result()>& finish = {});
+
+// What became of a copy into a folder that a killed program had begun.
+struct Undone_copy {
+    bool was_interrupted = false;
+    std::vector<std::string> not_put_back; // the entries that are not as before
+};
+// Where a program was killed while copy_tree() replaced files of the folder, puts back what it had replaced,
+// and takes away what it had added; what somebody has changed since stays. What fails can be tried again. The
+// next file written or copied into the folder itself has the same done.
+Undone_copy undo_interrupted_copy(std::string_view folder);
 
 // The names of the files and links in the folder `to` that copy_tree() would replace.
 std::vector<std::string> replaced_by_copy(std::string_view from, std::string_view to);

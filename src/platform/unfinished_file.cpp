@@ -33,10 +33,20 @@ bool is_old_link(int folder, const char* entry) {
            std::time(nullptr) - state.st_mtim.tv_sec > long_enough;
 }
 
-void clear_if_nobody_holds(int folder, const char* entry) {
-    const Host_handle handle(openat(folder, entry, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (handle.is_open() ? lock(handle) : is_old_link(folder, entry))
-        remove_host_entry(folder, entry);
+void clear_if_nobody_holds(const std::string& folder, const Host_handle& folder_handle,
+                           const std::string& entry, std::vector<Copy_undo>& copies) {
+    const Host_handle handle(
+        openat(folder_handle.get(), entry.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!(handle.is_open() ? lock(handle) : is_old_link(folder_handle.get(), entry.c_str())))
+        return;
+    Copy_undo undo(join_host_path(folder, entry), folder);
+    bool may_be_removed = true;
+    if (undo.read() != ENOENT) {
+        may_be_removed = undo.take_back();
+        copies.push_back(std::move(undo));
+    }
+    if (may_be_removed)
+        remove_host_entry(folder_handle.get(), entry.c_str());
 }
 
 // Whether the folder was looked at a moment ago; notes that it is now.
@@ -150,12 +160,17 @@ int Unfinished_folder::create(const std::string& folder) {
 }
 
 void clear_unfinished_saves(const std::string& folder) {
-    if (was_just_cleared(folder))
-        return;
+    if (!was_just_cleared(folder))
+        take_back_unfinished_copies(folder);
+}
+
+std::vector<Copy_undo> take_back_unfinished_copies(const std::string& folder) {
+    std::vector<Copy_undo> copies;
     const Host_handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (const std::string& entry : entries_of(handle).names)
         if (is_unfinished_save(entry))
-            clear_if_nobody_holds(handle.get(), entry.c_str());
+            clear_if_nobody_holds(folder, handle, entry, copies);
+    return copies;
 }
 
 } // namespace platform

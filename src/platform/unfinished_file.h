@@ -3,12 +3,14 @@
 // program left behind.
 #pragma once
 
+#include "platform/copy_undo.h"
 #include "platform/file_steps.h"
 #include "platform/host_handle.h"
 
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <vector>
 
 namespace platform {
 
@@ -51,7 +53,7 @@ public:
     // Makes it in the folder. Gives 0 or an error number.
     int create(const std::string& folder);
     const std::string& path() const { return path_; }
-    // After it was renamed, there is nothing to take away.
+    // Leaves it where it is.
     void forget() { path_.clear(); }
 
 private:
@@ -59,8 +61,11 @@ private:
     Host_handle handle_;
 };
 
-// Removes from the folder what killed programs left there: unfinished saves that nobody holds. Looks at most
-// every few seconds.
+// Removes from the folder what killed programs left there: unfinished saves that nobody holds. Copies into
+// the folder are taken back before; what cannot be put back is left for the next time. Looks at most every
+// few seconds.
 void clear_unfinished_saves(const std::string& folder);
+// The same at once. Gives the copies that were taken back, or should have been.
+std::vector<Copy_undo> take_back_unfinished_copies(const std::string& folder);
 
 } // namespace platform

@@ -220,6 +220,40 @@ TEST_F(Killed_saves, of_a_copied_folder) {
                });
 }
 
+// All of the one copy or all of the other; what one of them added goes again, and what a user has changed or
+// made since the kill stays.
+TEST_F(Killed_saves, of_a_folder_copied_over_another) {
+    for (int i = 0; i < 40; ++i)
+        for (const std::string folder : {"one", "two", "to"})
+            drives.write(folder + "/sub/" + std::to_string(i), folder == "two" ? "two" : "one");
+    for (int i = 0; i < 10; ++i)
+        drives.write("two/sub2/new " + std::to_string(i), "two");
+    const std::string edited = "to/sub/5";
+    std::size_t taken_back = 0;
+    kill_often([&](std::size_t round) { copy_tree(round % 2 == 0 ? "two" : "one", "to"); },
+               [&] {
+                   drives.write(edited, "edited");
+                   const Undone_copy undone = undo_interrupted_copy("to");
+                   EXPECT_TRUE(undone.not_put_back.empty());
+                   taken_back += undone.was_interrupted ? 1 : 0;
+                   EXPECT_EQ(drives.read(edited), "edited");
+                   fs::remove(drives.host(edited));
+                   std::map<std::string, int> found;
+                   for (const auto& entry : fs::recursive_directory_iterator(drives.host("to")))
+                       if (entry.is_regular_file())
+                           ++found[drives.read(entry.path().lexically_relative(drives.host()))];
+                   EXPECT_TRUE(found == (std::map<std::string, int>{{"one", 39}}) || found["two"] >= 10);
+                   EXPECT_TRUE(found["one"] == 0 || found["one"] == 39) << found["one"];
+                   EXPECT_TRUE(found["two"] == 0 || found["two"] == 10 || found["two"] == 49) << found["two"];
+                   drives.write(edited, found["one"] != 0 ? "one" : "two");
+                   for (int i = 0; i < 40; ++i)
+                       drives.write("to/sub/" + std::to_string(i), "one");
+                   fs::remove_all(drives.host("to/sub2"));
+               },
+               "to/sub/0");
+    std::cout << "taken back: " << taken_back << '\n';
+}
+
 TEST_F(Killed_saves, of_a_table) {
     const auto add_row = [](std::size_t round) {
         TESK::Binary_file_fstream file("C:\\table.dbf", false);

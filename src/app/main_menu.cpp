@@ -31,6 +31,14 @@ TFileDialog project_dialog(TFileDialog::Purpose purpose, const char* title) {
     return dialog;
 }
 
+// Whether files, by their names, are to be put back that somebody has changed since.
+bool is_undo_wanted(const std::vector<std::string>& changed) {
+    return message_box(worded("Files of this change have been changed since by others: %1. Put them back all "
+                              "the same? (This can be undone as well.)",
+                              screen_text(enumerated(changed))),
+                       "Changed since", Button_set::yes_no, Modal_result::no) == Modal_result::yes;
+}
+
 } // namespace
 
 Menu_item Main_menu::entry(const char* text, std::function<void()> act, const char* shortcut,
@@ -282,15 +290,16 @@ void Main_menu::show_properties() {
 void Main_menu::undo_last_change() {
     if (!has_project() || !workspace().need_project_directory())
         return;
-    bool is_busy = false;
-    const Operation_outcome outcome = Change_backups(*workspace().project_directory)
-                                          .undo_last([](std::size_t, std::size_t) { return paint_pending(); },
-                                                     [&](const std::vector<std::string>& files) {
-                                                         is_busy = !form.runs.may_change(files);
-                                                         return is_busy ? "busy" : "";
-                                                     });
-    if (is_busy)
-        return; // which has been told
+    bool is_wanted = true;
+    const auto refusal = [&](const std::vector<std::string>& files, const std::vector<std::string>& changed) {
+        is_wanted = form.runs.may_change(files) && (changed.empty() || is_undo_wanted(changed));
+        return is_wanted ? "" : "told";
+    };
+    const Operation_outcome outcome =
+        Change_backups(*workspace().project_directory)
+            .undo_last([](std::size_t, std::size_t) { return paint_pending(); }, refusal);
+    if (!is_wanted)
+        return;
     form.scenarios.lists.relist_scenarios_button_onclick();
     form.settings.Update();
     show_failures(outcome, "Not undone");

@@ -47,6 +47,19 @@ bool is_wanted(Session& session, const Change_backups& backups, const Undo_optio
     return true; // there is none, which is told then
 }
 
+// Names the files that others have changed since. Fails unless the user wants them to be put back.
+void must_be_wanted(Session& session, const std::vector<std::string>& changed, const Undo_options& options) {
+    for (const std::string& name : changed)
+        session.console.say("Changed since by others: " + screen_text(name));
+    if (changed.empty() || options.is_sure)
+        return;
+    if (!session.console.can_ask())
+        throw Command_failure(exit_found, "Nothing was undone. Say --yes to put back these files, too, as "
+                                          "they were before the change; that can be undone as well.");
+    if (!session.console.ask("Put them back all the same?"))
+        throw Command_failure(exit_found, "Nothing was undone.");
+}
+
 void undo(Session& session, const Undo_options& options) {
     Opened_project project(session, options.project);
     Change_backups backups(project.directory());
@@ -61,8 +74,9 @@ void undo(Session& session, const Undo_options& options) {
         throw Command_failure(exit_found, "Nothing was undone.");
     const Operation_progress progress = shown_progress(session, "bringing back");
     const std::string newest = backups.newest().value_or(Change_backups::Change()).set;
-    const auto refusal = [&](const std::vector<std::string>& files) {
+    const auto refusal = [&](const std::vector<std::string>& files, const std::vector<std::string>& changed) {
         must_be_idle(project.states(), files);
+        must_be_wanted(session, changed, options);
         return std::string();
     };
     const Operation_outcome outcome = options.change.empty()
@@ -99,7 +113,8 @@ void add_undo_command(CLI::App& app, Session& session) {
     add_project(*command, options->project);
     command->add_option("--change", options->change, "A change by the name that the list gives it")
         ->type_name("NAME");
-    command->add_flag("--yes", options->is_sure, "Do not ask, also on a terminal");
+    command->add_flag("--yes", options->is_sure,
+                      "Do not ask, also on a terminal, and put back what others have changed since");
     command->add_flag("--list", options->only_lists, "List the changes that can be undone");
     command->callback([&session, options] { undo(session, *options); });
 }

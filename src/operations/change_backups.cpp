@@ -1,6 +1,7 @@
 #include "operations/change_backups.h"
 
 #include "foundation/code_page_1252.h"
+#include "platform/change_times.h"
 #include "platform/file_writer.h"
 #include "platform/files.h"
 #include "platform/host_names.h"
@@ -17,6 +18,7 @@
 namespace {
 
 constexpr const char* changes_file = "\\changes.txt";
+constexpr const char* end_file = "\\end.txt"; // its time is that of the change's end, by the disk's clock
 constexpr std::size_t largest_changes_file = std::size_t{64} << 20;
 constexpr std::string_view kind_words[] = {"copied", "moved", "made"};
 constexpr std::size_t number_width = 4;
@@ -157,6 +159,7 @@ Operation_outcome Change_backups::begin(const Set& set, const Operation_progress
 }
 
 std::string Change_backups::make_set(const std::string& operation) {
+    mark_end();
     std::string failure;
     const std::vector<std::string> sets = set_names(failure);
     if (!failure.empty())
@@ -329,7 +332,7 @@ Operation_outcome Change_backups::undo(const std::string& name, const Operation_
     std::vector<std::string> files;
     for (const Entry& entry : now.entries)
         files.push_back(place(entry.name));
-    if (refusal && !(outcome.refused = refusal(files)).empty())
+    if (refusal && !(outcome.refused = refusal(files, changed_since(name, now))).empty())
         return outcome;
     // What is moved needs no room: it lies in the project already.
     const Operation_outcome begun = begin(now, {});
@@ -352,6 +355,22 @@ Operation_outcome Change_backups::undo(const std::string& name, const Operation_
         remove(name);  // nothing is left in it
     forget_old_sets(); // only now: the set that is brought back may be an old one
     return outcome;
+}
+
+void Change_backups::mark_end() const {
+    if (!current_.empty())
+        platform::write_file(folder_of(current_) + end_file, "", platform::Durability::quick);
+}
+
+std::vector<std::string> Change_backups::changed_since(const std::string& set, const Set& now) const {
+    std::vector<std::string> changed;
+    const auto end = platform::change_time(folder_of(set) + end_file);
+    for (const Entry& entry : end ? now.entries : std::vector<Entry>()) {
+        const std::string name = place(entry.name);
+        if (std::max(platform::change_time(name).value_or(0), platform::folder_mark(name).newest) > *end)
+            changed.push_back(entry.name);
+    }
+    return changed;
 }
 
 // What has to be put aside to undo a set: nothing for what is as it was.

@@ -19,6 +19,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class Change_backups {
@@ -28,6 +29,15 @@ public:
 
     // The project's folder must be there before anything is put aside.
     explicit Change_backups(const TESK::Directory_name& project_folder);
+    Change_backups(Change_backups&& other) noexcept
+        : project_(std::move(other.project_)), current_(std::exchange(other.current_, {})) {}
+    Change_backups& operator=(Change_backups&& other) noexcept {
+        project_.swap(other.project_);
+        current_.swap(other.current_);
+        return *this;
+    }
+    // The change that was begun last is over: what is written to its files from now on, others write.
+    ~Change_backups() { mark_end(); }
 
     // Whether it lies in the project, so that it can be put aside.
     bool can_hold(const std::string& name) const { return !relative_name(name).empty(); }
@@ -73,7 +83,10 @@ public:
     // those that it made go. What is there now becomes a set of its own, so that this can be undone too. What
     // the project holds already is left alone. Refused when there is no such set, and for the reason that
     // `refusal`, which may be empty, gives of the files that would be replaced or go (full names).
-    using Refusal = std::function<std::string(const std::vector<std::string>& files)>;
+    // `changed_since`: those of them that others have written after the change (names from the project's
+    // folder on); none where the program was killed during the change, so that nobody knows.
+    using Refusal = std::function<std::string(const std::vector<std::string>& files,
+                                              const std::vector<std::string>& changed_since)>;
     Operation_outcome undo(const std::string& set, const Operation_progress& progress,
                            const Refusal& refusal = {});
     // The same with the newest change that left anything to undo.
@@ -102,6 +115,8 @@ private:
     std::vector<std::string> set_names(std::string& failure) const;
     void forget_old_sets() const;
     void remove(const std::string& set) const;
+    void mark_end() const;
+    std::vector<std::string> changed_since(const std::string& set, const Set& now) const;
     Set plan_undo(const std::string& name, const Set& old, Operation_outcome& outcome) const;
     std::string bring_back(const std::string& old_name, const Entry& entry) const;
 

@@ -52,8 +52,18 @@ TEST_F(Project_test, the_menu_saves_finds_resets_undoes_and_leads_back_to_the_sc
               0U);
     EXPECT_NE(scenario("dry"), before);
     std::filesystem::remove(journal);
-    EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
-    EXPECT_EQ(scenario("dry"), before);
+    // What others have changed since is put back only when that is wanted.
+    std::filesystem::last_write_time(drives.host("projects/study/Scenarios/dry.tvn"),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+    for (const Modal_result answer : {Modal_result::no, Modal_result::yes}) {
+        desktop.expect_message(
+            "Changed since",
+            "Files of this change have been changed since by others: Scenarios\\dry.tvn. Put "
+            "them back all the same? (This can be undone as well.)",
+            answer);
+        EXPECT_TRUE(bar.choose("Edit|Undo the last change to scenarios"));
+        EXPECT_EQ(scenario("dry") == before, answer == Modal_result::yes);
+    }
 
     form.options.show_GIS_buttonClick();
     EXPECT_FALSE(form.scenarios.scenarios_tabsheet.visible());

@@ -57,7 +57,15 @@ TEST_F(Change_backups_test, an_undo_brings_everything_back_and_can_be_undone_aga
     EXPECT_EQ(contents(), "A B N - ");
     // What somebody has changed since is not lost either.
     put("b", "later");
-    EXPECT_EQ(backups.undo(backups.list()[1].set, {}).done, 3U);
+    std::filesystem::last_write_time(platform::host_path(name("b")),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+    std::vector<std::string> changed;
+    const auto take_changed = [&](const auto&, const std::vector<std::string>& names) {
+        changed = names;
+        return std::string();
+    };
+    EXPECT_EQ(backups.undo(backups.list()[1].set, {}, take_changed).done, 3U);
+    EXPECT_EQ(changed, std::vector<std::string>{"Scenarios\\b"});
     EXPECT_EQ(contents(), "a b - - ");
     EXPECT_EQ(backups.list()[0].operation, "undo of reset");
     EXPECT_EQ(backups.undo_last({}).done, 3U);

@@ -9,7 +9,8 @@ namespace {
 
 constexpr const char* about = "Works on the projects of the suite and their scenarios, without a window.";
 constexpr const char* more =
-    "'tvs_project COMMAND --help' tells more of a command, with examples.\n"
+    "'tvs_project COMMAND --help' tells more of a command, with examples. 'tvs_project completion bash' (or\n"
+    "zsh) prints the completions for that shell, 'tvs_project manual' the manual.\n"
     "Exit codes: 0 done, 1 something was found or failed, 2 wrong call, 3 a file cannot be read or written.";
 
 // Shows the words that an option takes without the mark of a type that it lacks.

@@ -31,6 +31,17 @@ std::string arguments_of(const CLI::App& command) {
     return text;
 }
 
+bool takes_scenarios(const CLI::App& command) {
+    const std::vector<const CLI::Option*> options = command.get_options();
+    return std::any_of(options.begin(), options.end(), [](const CLI::Option* option) {
+        return option->get_positional() && stands_for_scenarios(option->get_name(true));
+    });
+}
+
+bool stands_for_scenarios(const std::string& name) {
+    return name == "PATTERN" || name == "SCENARIO";
+}
+
 std::string long_name(const CLI::Option& option) {
     return option.get_lnames().empty() ? option.get_name() : "--" + option.get_lnames().front();
 }
@@ -44,6 +55,10 @@ std::string values_of(const CLI::Option& option) {
     std::string values = type.substr(begin + 1, end - begin - 1);
     std::replace(values.begin(), values.end(), ',', ' ');
     return values;
+}
+
+bool is_list(const CLI::Option& option) {
+    return option.get_delimiter() == ',';
 }
 
 std::string value_name(const CLI::Option& option) {

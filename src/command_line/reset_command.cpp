@@ -73,7 +73,9 @@ void add_reset_command(CLI::App& app, Session& session) {
                     "  tvs_project reset study.tvp --from base --boxes CO2 'plot*' --generated\n");
     auto options = std::make_shared<Reset_options>();
     add_project(*command, options->project);
-    command->add_option("--from", options->from, "The scenario to copy from")->required()->type_name("NAME");
+    command->add_option("--from", options->from, "The scenario to copy from")
+        ->required()
+        ->type_name("SCENARIO");
     command->add_option("--boxes", options->boxes, "What to copy, with commas between")
         ->required()
         ->delimiter(',')

@@ -39,6 +39,26 @@ Found_set read_set(const std::string& folder) {
     return found;
 }
 
+std::map<std::string, Moment> silent_machines(const Run_journal& journal) {
+    std::map<std::string, Moment> machines;
+    const auto note = [&machines](const std::string& machine, Moment sign) {
+        machines[machine] = std::max(machines[machine], sign);
+    };
+    const auto& owner = journal.owner();
+    const bool is_owner_silent =
+        owner && platform::presence_of(*owner) == platform::Process_presence::elsewhere;
+    if (is_owner_silent)
+        note(owner->host, journal.owned_since());
+    for (std::size_t run = 0; run < journal.runs().size(); ++run) {
+        const Run_record& record = journal.runs()[run];
+        if (const std::string machine = journal.elsewhere(run); !machine.empty())
+            note(machine, record.started);
+        if (is_owner_silent)
+            note(owner->host, std::max(record.started, record.ended));
+    }
+    return machines;
+}
+
 void must_be_own(const Found_set& found) {
     if (const std::string reason = reason_not_to_touch(found.folder, found.set); !reason.empty())
         throw Command_failure(exit_found, screen_text(reason));

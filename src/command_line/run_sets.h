@@ -5,6 +5,7 @@
 #include "runs/run_journal.h"
 #include "runs/run_set.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,6 +35,10 @@ enum class Newest { of_all, at_work };
 // The set of that name, or for an empty one the newest; on demand the newest that is at work, where any is.
 // Fails with exit_found where there is none, and with exit_unreachable where it cannot be read.
 Found_set find_set(Opened_project& project, const std::string& name, Newest which = Newest::of_all);
+
+// The machines that have runs of the set and cannot be asked from here, each with the moment of its last
+// sign.
+std::map<std::string, Moment> silent_machines(const Run_journal& journal);
 
 // Fails with exit_found for a set that came with a copied or moved project.
 void must_be_own(const Found_set& found);

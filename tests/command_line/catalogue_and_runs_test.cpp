@@ -57,9 +57,12 @@ TEST_F(Catalogue_and_runs_test, what_is_made_copied_imported_and_deleted_can_be_
          "--list | cut -f 2,4 | head -1; tvs_project undo Irrigation_study --json | grep -c -e '\"change\": "
          ".undo of settings' -e '\"brought_back\": 8'",
          "settings\t8\n2\n", 0, "undone: settings"},
-        {"tvs_project set Irrigation_study/Scenarios/base.tvn salt.1=2 >/dev/null; tvs_project undo "
-         "Irrigation_study --json | grep -c -e undo.of.settings -e 'back\": 1'",
-         "2\n", 0, "undone: settings"},
+        // What others have changed since is put back only when that is wanted.
+        {"tvs_project set Irrigation_study/Scenarios/base.tvn salt.1=2 >/dev/null; touch -d 1min "
+         "Irrigation_study/Scenarios/base.tvn; tvs_project undo Irrigation_study",
+         "", 1, "Changed since by others: Scenarios\\base.tvn\ntvs_project: Nothing was undone."},
+        {"tvs_project undo Irrigation_study --yes --json | grep -c -e undo.of.settings -e 'back\": 1'", "2\n",
+         0, "undone: settings"},
         // Who can be asked is asked.
         {"echo n | script -qec 'tvs_project undo Irrigation_study' /dev/null | grep -o 'Nothing was undone'",
          "Nothing was undone\n"},
@@ -135,6 +138,14 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
         {"for dry in --dry-run ''; do tvs_project run Irrigation_study base --engine list $dry; done | sed "
          "'s|Runs/[-0-9 ]*|R|g' | uniq | grep -c '^sh .*/R/worker.sh. .*/R. run 0$'",
          "1\n", 0, "Without --dry-run"},
+        // What another machine has begun holds its scenario until that is said to be gone.
+        {"cd \"$(ls -d Irrigation_study/Runs/* | tail -1)\"; echo 'start 2026-03-01T12:00:00.000Z 0 node7 1 "
+         "7 "
+         "9 .' >>journal.txt; cd - >/dev/null; tvs_project status Irrigation_study | sed -n 7,8p; "
+         "tvs_project "
+         "stop Irrigation_study --gone | tail -1; tvs_project rename Irrigation_study base x",
+         "stopped\t0\nrunning\t1\nruns\t0 of 1 done, 1 stopped\nbase\tdone\t\n", 0,
+         "node7 has runs of the set and cannot be asked from here. Its last sign: 2026-03-01T12"},
     });
 }
 

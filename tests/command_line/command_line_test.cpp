@@ -255,16 +255,19 @@ TEST_F(Command_line_test, completions_and_manual_come_from_what_the_commands_say
          "COMP_CWORD=4; _tvs_project; echo ${COMPREPLY[*]}",
          "submodels soil_profile soil_N\n"},
         {"eval \"$(tvs_project completion bash)\"; COMP_WORDS=(tvs_project ge); COMP_CWORD=1; _tvs_project; "
-         "echo ${COMPREPLY[*]}",
-         "generate get\n"},
+         "echo ${COMPREPLY[*]}; COMP_WORDS=(tvs_project reset study --boxes CO2,s); COMP_CWORD=4; "
+         "_tvs_project; echo ${COMPREPLY[*]}; COMP_WORDS=(tvs_project run Irrigation_study base 'clay\\ s'); "
+         "COMPREPLY=(); _tvs_project; echo \"${COMPREPLY[*]}\"",
+         "generate get\nCO2,submodels CO2,soil_profile CO2,soil_N\nclay soil\n"},
         // As they come behind what is typed in a shell: a command, a value, an option.
         {"mkdir fp; tvs_project completion zsh >fp/_tvs_project; timeout 60 zsh -fc 'zmodload zsh/zpty; zpty "
          "z "
          "zsh -fi; zpty -w z \"PS1=; fpath=($PWD/fp \\$fpath); autoload -Uz compinit; compinit -D -u\"; for "
-         "typed in gener:ate \"reset study --boxes soil_p:rofile\" \"list --gene:rated\"; do zpty -w -n z "
+         "typed in gener:ate \"reset study --boxes CO2,soil_p:rofile\" \"list --gene:rated\" \"list "
+         "Irrigation_study cl:ay\";  do zpty -w -n z "
          "$'\\''\\025'\\''\"tvs_project ${typed%:*}\"$'\\''\\t'\\''; zpty -r z out \"*${typed#*:}*\" && echo "
          "${typed#*:}; done'",
-         "ate\nrofile\nrated\n"},
+         "ate\nrofile\nrated\nay\n"},
         {"tvs_project manual | grep -c '^## '", "22\n"},
         {"tvs_project manual | grep -e '^## diff' -e '^    tvs_project diff' -e '^- `--boxes'",
          "- `--boxes {submodels,CO2,output,soil_profile,residue,organic_matter,manure,soil_N}`: What to "

@@ -1,6 +1,6 @@
 #include "platform/append_file.h"
 
-#include "platform/host_names.h"
+#include "platform/file_replacement.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -21,11 +21,9 @@ bool ends_in_line_end(const Host_handle& file) {
 } // namespace
 
 Append_file::Append_file(std::string_view name) {
-    const std::string path = host_path(name);
-    if (path.empty()) {
-        ready_ = write_failure(Write_error::bad_name);
+    const std::string path = path_to_write(name, ready_);
+    if (path.empty())
         return;
-    }
     constexpr mode_t usual_permissions = 0666;
     file_ = Host_handle(open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK,
                              usual_permissions));

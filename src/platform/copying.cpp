@@ -381,9 +381,10 @@ Copy_check checked(const std::string& from, const std::string& to) {
 } // namespace
 
 Write_result copy_file(std::string_view from, std::string_view to) {
-    const std::string target = path_to_write(to);
+    Write_result failure;
+    const std::string target = path_to_write(to, failure);
     if (target.empty())
-        return write_failure(Write_error::bad_name);
+        return failure;
     clear_unfinished_saves(host_folder_of(target));
     return copy_host_file(host_path(from), target);
 }
@@ -391,8 +392,13 @@ Write_result copy_file(std::string_view from, std::string_view to) {
 Copy_result copy_tree(std::string_view from, std::string_view to,
                       const std::function<Write_result()>& finish) {
     const std::string source = host_path(from);
-    const std::string target = host_path(to);
+    int listing_error = 0;
+    const std::string target = host_path(to, &listing_error);
     Copy_result result = checked(source, target).result;
+    if (result.ok() && listing_error != 0) {
+        static_cast<Write_result&>(result) = failed_lookup(listing_error);
+        result.not_copied.push_back(shown_name(target));
+    }
     if (result.ok())
         copy_into_place(source, target, finish, result);
     return result;

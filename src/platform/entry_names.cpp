@@ -247,14 +247,16 @@ std::string name_of_entry(const std::string& folder, const std::string& entry) {
     return name;
 }
 
-std::optional<std::string> find_entry(const std::string& folder, std::string_view name) {
+std::optional<std::string> find_entry(const std::string& folder, std::string_view name, int* error) {
+    if (error != nullptr)
+        *error = 0;
     std::string entry = TESK::utf8_from_code_page(name);
     if (host_entry_exists(join_host_path(folder, entry)))
         return entry;
     if (!is_ascii(name))
         if (auto own = find_own_bytes(folder, name))
             return own;
-    return find_entry_ignoring_case(folder, name);
+    return find_entry_ignoring_case(folder, name, error);
 }
 
 std::optional<std::string> find_entry_ignoring_case(const std::string& folder, std::string_view name,

@@ -44,8 +44,8 @@ bool is_listable(std::string_view entry);
 std::string name_of_entry(const std::string& folder, const std::string& entry);
 
 // The entry of the host folder that has the name exactly, or else the one that differs only in case; nothing
-// when there is neither.
-std::optional<std::string> find_entry(const std::string& folder, std::string_view name);
+// when there is neither. `error` as for find_entry_ignoring_case().
+std::optional<std::string> find_entry(const std::string& folder, std::string_view name, int* error = nullptr);
 
 // The entry that differs from the name only in case, of several the first in byte order. `error`, where it is
 // not null, becomes 0 or, when the folder could not be read to its end, the error number.

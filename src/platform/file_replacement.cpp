@@ -108,9 +108,19 @@ int Content::read(off_t begin, off_t end, std::string& buffer, std::string_view&
     return count == 0 ? EIO : 0; // somebody made the file shorter
 }
 
-std::string path_to_write(std::string_view name) {
+std::string path_to_write(std::string_view name, Write_result& failure) {
     const bool is_folder_name = !name.empty() && (name.back() == '\\' || name.back() == '/');
-    return is_folder_name ? "" : host_path(name);
+    int error = 0;
+    std::string path = is_folder_name ? "" : host_path(name, &error);
+    failure = path.empty() ? write_failure(Write_error::bad_name) : failed_lookup(error);
+    return failure.ok() ? path : "";
+}
+
+Write_result failed_lookup(int listing_error) {
+    Write_result result = write_result_from_errno(listing_error);
+    if (!result.ok())
+        result.reason = "The folder cannot be listed, and may hold this name in another spelling.";
+    return result;
 }
 
 Write_result replace_file(const std::string& given_path, const Content& content, mode_t new_mode,

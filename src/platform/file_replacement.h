@@ -28,9 +28,11 @@ private:
     off_t size_;
 };
 
-// The host path of a file to be written; "" when no file can have the name, which one that ends in a
-// separator cannot.
-std::string path_to_write(std::string_view name);
+// The host path of a file to be written; "" with the failure when no file can have the name, which one that
+// ends in a separator cannot, and when it cannot be told whether it stands there in another spelling.
+std::string path_to_write(std::string_view name, Write_result& failure);
+// The failure of what a name was looked up for, with the listing error of host_path().
+Write_result failed_lookup(int listing_error);
 
 // Makes the file at the host path hold the content; a new one gets the permissions in `new_mode`, less the
 // process's mask.

@@ -12,13 +12,14 @@
 namespace platform {
 
 File_stream::File_stream(std::string_view name, bool create) {
-    const std::string path = host_path(name);
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
     if (path.empty())
         return;
     struct stat state {};
     const bool is_there = stat(path.c_str(), &state) == 0;
     // Opening a device can already do something to it.
-    if (is_there ? !S_ISREG(state.st_mode) : !create)
+    if (is_there ? !S_ISREG(state.st_mode) : !create || listing_error != 0)
         return;
     constexpr int usual = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     // A file without write permission is not written, whoever the user is.

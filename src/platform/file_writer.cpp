@@ -16,9 +16,10 @@ File_faults* faults_in_force = nullptr;
 } // namespace
 
 Write_result write_file(std::string_view name, std::string_view contents, Durability durability) {
-    const std::string path = path_to_write(name);
+    Write_result failure;
+    const std::string path = path_to_write(name, failure);
     if (path.empty())
-        return write_failure(Write_error::bad_name);
+        return failure;
     clear_unfinished_saves(host_folder_of(path));
     return replace_file(path, Content(contents), 0666, durability);
 }

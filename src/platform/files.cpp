@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/entry_names.h"
+#include "platform/file_replacement.h"
 #include "platform/file_steps.h"
 #include "platform/host_handle.h"
 #include "platform/host_names.h"
@@ -132,10 +133,13 @@ bool set_folder_attributes(std::string_view name, std::uint8_t /*bits*/) {
 }
 
 Read_result read_file(std::string_view name, std::size_t limit) {
-    const std::string path = host_path(name);
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
     struct stat state {};
-    if (path.empty() || stat(path.c_str(), &state) != 0)
-        return {path.empty() || means_absent(errno) ? Read_outcome::absent : Read_outcome::unreadable, ""};
+    if (path.empty() || stat(path.c_str(), &state) != 0) {
+        const bool is_absent = listing_error == 0 && (path.empty() || means_absent(errno));
+        return {is_absent ? Read_outcome::absent : Read_outcome::unreadable, ""};
+    }
     // Opening a device can already do something to it.
     if (!S_ISREG(state.st_mode))
         return {Read_outcome::unreadable, ""};
@@ -170,10 +174,11 @@ std::optional<Packed_time> file_time(std::string_view name) {
 }
 
 Delete_outcome delete_file(std::string_view name) {
-    const std::string path = host_path(name);
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
     struct stat state {};
-    if (path.empty())
-        return Delete_outcome::absent;
+    if (path.empty() || listing_error != 0)
+        return path.empty() ? Delete_outcome::absent : Delete_outcome::failed;
     if (lstat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode) && (state.st_mode & 0222) == 0)
         return Delete_outcome::denied;
 
@@ -197,18 +202,21 @@ Delete_outcome delete_file(std::string_view name) {
 }
 
 bool make_folder(std::string_view name) {
-    const std::string path = host_path(name);
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
     Folder_change change(host_folder_of(path));
-    if (mkdir(path.c_str(), 0777) != 0)
+    if (listing_error != 0 || mkdir(path.c_str(), 0777) != 0)
         return false;
     change.added(host_entry_of(path));
     return true;
 }
 
 bool make_folders(std::string_view name, Write_result* failure) {
-    const std::string path = host_path(name);
-    const Write_result result =
-        path.empty() ? write_failure(Write_error::bad_name) : write_result_from_errno(make_host_levels(path));
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
+    Write_result result = path.empty() ? write_failure(Write_error::bad_name) : failed_lookup(listing_error);
+    if (result.ok())
+        result = write_result_from_errno(make_host_levels(path));
     if (failure != nullptr)
         *failure = result;
     return result.ok();
@@ -229,10 +237,11 @@ bool remove_folder(std::string_view name) {
 }
 
 bool remove_tree(std::string_view name) {
-    const std::string path = host_path(name);
+    int listing_error = 0;
+    const std::string path = host_path(name, &listing_error);
     if (path.empty())
         return true;
-    if (holds_drive_root(name))
+    if (listing_error != 0 || holds_drive_root(name))
         return false;
     const std::string folder_path = host_folder_of(path);
     const Host_handle folder(open(folder_path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));

@@ -147,10 +147,13 @@ bool has_drive(std::string_view name) {
 }
 
 // What exists in no spelling gets the host name of a new entry.
-std::string resolve_components(std::string path, const std::vector<std::string_view>& components) {
+std::string resolve_components(std::string path, const std::vector<std::string_view>& components,
+                               int& listing_error) {
     std::size_t next = 0;
     for (; next < components.size(); ++next) {
-        const auto entry = find_entry(path, components[next]);
+        int error = 0;
+        const auto entry = find_entry(path, components[next], &error);
+        listing_error = listing_error != 0 ? listing_error : error;
         if (!entry)
             break;
         path = join_host_path(path, *entry);
@@ -163,7 +166,7 @@ std::string resolve_components(std::string path, const std::vector<std::string_v
     return path;
 }
 
-std::string path_of_entry(std::string_view name) {
+std::string path_of_entry(std::string_view name, int& listing_error) {
     const std::string full = full_name(name);
     const std::string* root = full.empty() || full.size() > PATH_MAX ? nullptr : drive_root(full[0]);
     if (root == nullptr)
@@ -181,8 +184,8 @@ std::string path_of_entry(std::string_view name) {
     if (host_entry_exists(path))
         return path;
     if (host_entry_exists(folder))
-        return resolve_components(folder, {components.back()});
-    return resolve_components(*root, components);
+        return resolve_components(folder, {components.back()}, listing_error);
+    return resolve_components(*root, components, listing_error);
 }
 
 } // namespace
@@ -224,8 +227,11 @@ std::string full_name(std::string_view name) {
     return components.empty() ? result + '\\' : result;
 }
 
-std::string host_path(std::string_view name) {
-    std::string path = path_of_entry(name);
+std::string host_path(std::string_view name, int* listing_error) {
+    int error = 0;
+    std::string path = path_of_entry(name, error);
+    if (listing_error != nullptr)
+        *listing_error = error;
     if (!name.empty() && is_separator(name.back()))
         if (struct stat state{}; stat(path.c_str(), &state) == 0 && !S_ISDIR(state.st_mode))
             return "";

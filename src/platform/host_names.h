@@ -33,7 +33,11 @@ namespace platform {
 //
 // Gives "" for what no host file can be called: an empty name, a NUL byte, a drive that is not there, a colon
 // in a component that does not exist. Every operation of this folder answers as if such a file did not exist.
-std::string host_path(std::string_view name);
+//
+// `listing_error`, where it is not null, becomes 0 or the error number with which a folder could not be
+// listed to its end. Whatever the path then is, the name may stand there in another spelling: nobody may take
+// it for absent, nor make it.
+std::string host_path(std::string_view name, int* listing_error = nullptr);
 
 // The name of a host path, taken as it is given: symbolic links stay unresolved, but for one that ".." steps
 // out of. A relative path is taken from the current directory. The drive whose root is the longest head of

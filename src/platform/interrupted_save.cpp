@@ -124,11 +124,12 @@ std::optional<Interrupted_save> interrupted_save(std::string_view name) {
 }
 
 Write_result restore(std::string_view name, const Interrupted_save& save) {
-    const std::string path = path_to_write(name);
+    Write_result failure;
+    const std::string path = path_to_write(name, failure);
     const Aside aside = aside_of(save);
     const Host_handle copy = open_to_read(aside.copy());
     if (path.empty() || !copy.is_open())
-        return path.empty() ? write_failure(Write_error::bad_name) : write_result_from_errno(errno);
+        return path.empty() ? failure : write_result_from_errno(errno);
     Write_result result = replace_file(path, Content(copy, size_of(copy)), 0666, Durability::durable);
     if (result.ok())
         aside.remove();

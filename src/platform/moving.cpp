@@ -46,9 +46,10 @@ std::uint64_t bytes_of(int folder, const char* entry) {
 
 Write_result move_entry(std::string_view from, std::string_view to) {
     const std::string source = host_path(from);
-    const std::string target = path_to_write(to);
+    Write_result failure;
+    const std::string target = path_to_write(to, failure);
     if (source.empty() || target.empty())
-        return write_failure(source.empty() ? Write_error::absent : Write_error::bad_name);
+        return source.empty() ? write_failure(Write_error::absent) : failure;
     const std::string folder = host_folder_of(target);
     Folder_change left(host_folder_of(source));
     Folder_change entered(folder);

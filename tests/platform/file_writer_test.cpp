@@ -1,8 +1,12 @@
 #include "platform/file_writer.h"
 
+#include "platform/append_file.h"
+#include "platform/file_stream.h"
 #include "platform/files.h"
 #include "platform/interrupted_save.h"
 #include "platform/listing.h"
+#include "platform/moving.h"
+#include "support/failing_step.h"
 #include "support/temporary_drives.h"
 
 #include <cerrno>
@@ -35,6 +39,23 @@ protected:
 constexpr Durability all_durabilities[] = {Durability::durable, Durability::quick};
 
 } // namespace
+
+// As of a user who may write to a folder but not list it, or of a disk with a fault.
+TEST_F(file_writer, a_name_that_may_stand_there_in_another_spelling_is_neither_absent_nor_made) {
+    fs::create_directory(drives.host("sub"));
+    const Failing_step unlisted(Write_step::list, EACCES);
+    for (const char* name : {"FILE", "SUB\\file"}) {
+        EXPECT_EQ(write_file(name, "new", Durability::durable).error, Write_error::no_permission);
+        EXPECT_EQ(copy_file("file", name).error, Write_error::no_permission);
+        EXPECT_EQ(Append_file(name).ready().error, Write_error::no_permission);
+        EXPECT_FALSE(File_stream(name, true).good());
+        EXPECT_EQ(read_file(name).outcome, Read_outcome::unreadable);
+        EXPECT_EQ(delete_file(name), Delete_outcome::failed);
+        EXPECT_FALSE(remove_tree(name) || make_folder(name) || make_folders(name));
+    }
+    EXPECT_FALSE(copy_tree("sub", "SUB2").ok() || move_entry("file", "FILE2").ok());
+    EXPECT_EQ(count_entries(drives.host()), 2);
+}
 
 TEST_F(file_writer, replaces_the_contents_and_keeps_the_permissions) {
     const std::string contents("a\r\nb\n\0\xFF", 7);

@@ -107,11 +107,13 @@ void Scenario_edit_page::scenario_create_button_onclick() {
         show_message("To create a new scenario, first enter the new scenario name");
         return;
     }
+    if (!workspace().need_project_directory())
+        return;
     const Operation_outcome outcome =
         create_scenario(workspace(), new_name, checkbox_copy_active_scenario.checked());
+    show_failures(outcome, outcome.refused.empty() ? "Scenario not copied" : "Scenario not created");
     if (!outcome.refused.empty())
         return;
-    show_failures(outcome, "Scenario not copied");
     form.scenarios.lists.add_created_line(record().active_scenario.get_name(true));
     form.scenarios.list_changed();
     scenario_open_active_button_onclick();

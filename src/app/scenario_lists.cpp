@@ -61,7 +61,7 @@ void Scenario_lists::wire() {
                 return true;
             if (key.code != Key_code::del)
                 return false;
-            form.scenarios.edit.scenario_delete_button_onclick();
+            delete_by_key();
             return true;
         };
     }
@@ -76,6 +76,15 @@ void Scenario_lists::wire() {
     states_timer_.on_timer = [this] { refresh_states(); };
     for (Scenario_list_table* table : {&created, &generated})
         table->on_menu = [this] { menu.popup(); };
+}
+
+// As the button does; but of generated scenarios without a tick the one under the cursor goes, and not the
+// active scenario, which is never one of them.
+void Scenario_lists::delete_by_key() {
+    if (&current() != &generated_scenarios_filelistbox || current().checked_count() > 0)
+        form.scenarios.edit.scenario_delete_button_onclick();
+    else if (has_project() && current().item_index() >= 0)
+        form.scenarios.edit.ask_and_delete({record_text(current().item_text())});
 }
 
 Scenario_list_table& Scenario_lists::current_table() {

@@ -67,6 +67,7 @@ public:
 private:
     void refresh_states();
     void wire();
+    void delete_by_key();
     int line_of_active(const TFileCheckListBox& list) const;
     void point_at_active(TFileCheckListBox& list);
 

@@ -17,6 +17,15 @@ TEST_F(Hazards, a_new_scenario_lies_in_its_folder_under_its_whole_name_whatever_
         {" . ", ""},
     };
     open();
+    record->active_scenario = "";
+    for (const std::string& refused : {std::string("x."), std::string(210, 'x')}) {
+        retype(form.scenarios.edit.edit_new_scenario_name, refused);
+        desktop.expect_message("Scenario not created",
+                               refused == "x." ? "No scenario can have this name." : "The name is too long.",
+                               Modal_result::ok);
+        EXPECT_TRUE(press(form.scenarios.edit.scenario_create_button));
+        EXPECT_EQ(record->active_scenario, "");
+    }
     TEdit& name_edit = form.scenarios.edit.edit_new_scenario_name;
     for (const char* active : {"Scenarios\\base.tvn", "<Currently not selected>", "", "Scenarios\\base"}) {
         for (const auto& [typed, made] : cases) {

@@ -250,6 +250,15 @@ TEST_F(Catalogue, the_cursor_stands_on_the_active_scenario_always) {
     EXPECT_EQ(generated().item_index(), 0);
     EXPECT_EQ(record->active_scenario, "C:\\projects\\study\\Scenarios\\00001.tvn");
     EXPECT_EQ(under_cursor(), "");
+
+    // The key takes that line's file, and not the one of the same name that is active.
+    write_scenario("00001", "");
+    form.scenarios.lists.set_current_list();
+    expect_deletion(Modal_result::yes,
+                    "Scenarios: 1\nFiles of their outputs: 0\nSize of all: 0 B\n\n00001.tvn");
+    EXPECT_TRUE(generated().key(key(Key_code::del)));
+    EXPECT_TRUE(there("projects/study/Scenarios/00001.tvn"));
+    EXPECT_FALSE(there("projects/study/Generated_scenarios/00001.tvn"));
 }
 
 // Whoever writes them: the scenario editor, another editor, a colleague.

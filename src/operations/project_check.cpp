@@ -9,9 +9,12 @@
 #include "records/vv_file.h"
 #include "records/vv_text.h"
 #include "trees/suite_directory.h"
+#include "units/units_clad.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <set>
+#include <sstream>
 #include <string_view>
 
 using TESK::Validation_status;
@@ -147,6 +150,25 @@ void judge_unknown_sections(const Common_parameters_data_record& record, std::ve
     }
 }
 
+// Why a number is doubtful behind which the text has another unit than the record writes there: a save
+// changes the unit, and not the number. Empty when it is not.
+std::string reason_relabelled(const TESK::VV_base_entry& entry, const std::string& text) {
+    if (entry.annotation_1 == nullptr || entry.type_code() != TESK::Entry_type::float32)
+        return {};
+    char* behind = nullptr;
+    std::strtof(text.c_str(), &behind);
+    std::string found;
+    std::string unit;
+    std::istringstream(behind) >> found;
+    std::istringstream(entry.annotation_1) >> unit;
+    const std::uint16_t code = TESK::Units_clad::parse_unit(unit);
+    if (behind == text.c_str() || found.empty() || !TESK::is_letter(found.front()) ||
+        code == TESK::unit_not_recognized || code == TESK::Units_clad::parse_unit(found) ||
+        TESK::equal_ignoring_case(found, unit))
+        return {};
+    return "The number is read in " + unit + ", and \"" + found + "\" stands behind it.";
+}
+
 Finding unreadable(const TESK::File_name& file) {
     return {Finding_weight::error, "", "",
             platform::exists(file) ? "The file cannot be read." : "There is no such file."};
@@ -207,8 +229,11 @@ void Project_check::read(const std::string& text, TESK::Data_record& record) {
     record.set_value_listener(
         [this](const TESK::VV_section& section, TESK::VV_base_entry& entry, const TESK::Ustring& value) {
             std::string reason = reason_misread(Setting(nullptr, section, entry, false), value);
+            const auto weight = reason.empty() ? Finding_weight::warning : Finding_weight::error;
+            if (reason.empty())
+                reason = reason_relabelled(entry, value);
             if (!reason.empty())
-                misread_[&entry] = std::move(reason);
+                misread_[&entry] = {weight, "", "", std::move(reason)};
             else if (!misread_.empty())
                 misread_.erase(&entry);
         });
@@ -234,7 +259,8 @@ void Project_check::judge_entries(TESK::Data_record& record, const Values& defau
                     judged.insert(&file).second)
                     message = reason_not_usable(file);
             } else if (const auto misread = misread_.find(&entry); misread != misread_.end()) {
-                message = misread->second;
+                message = misread->second.message;
+                weight = misread->second.weight;
             } else if (entry.guard != nullptr) {
                 const Validation_status verdict = entry.guard->judge();
                 message = doubt(entry, verdict);

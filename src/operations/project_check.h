@@ -58,8 +58,8 @@ private:
     void judge_entries(TESK::Data_record& record, const Values& defaults, std::vector<Finding>& findings);
 
     std::unordered_map<std::string, std::string> files_; // why they are not usable
-    std::unordered_map<const TESK::VV_base_entry*, std::string>
-        misread_; // of the record read last, with the reason
+    // The entries of the record read last whose text is not read as it is meant; without section and key.
+    std::unordered_map<const TESK::VV_base_entry*, Finding> misread_;
     Values scenario_values_;
     Values project_values_;
 };

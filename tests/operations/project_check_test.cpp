@@ -45,6 +45,9 @@ TEST_F(Project_check_test, each_fault_of_a_scenario_is_found_and_nothing_else) {
          "E parameter_filenames.rotation The file no.rot is not there.\n"
          "E parameter_filenames.recalibration The file C:\\no\\x.rcl is not there.\n"},
         {"[cropping_system]\nrotation=A.ROT\n", ""}, // by any case, as everywhere
+        {"[field]\nsize=30 acre\n",
+         "W field.size The number is read in ha, and \"acre\" stands behind it.\n"},
+        {"[field]\nsize=30.0000000000  ha\n", ""},
         {"[cropping_system]\ncropping_mode=single\n",
          "E cropping_system.crop A file is required and none is chosen.\n"},
         {"[weather]\ntemperature_avg=50\ntemperature_phase=0\n[incorporated_residue]\nN_conc=0.04 x\n",

@@ -1,6 +1,7 @@
 #include "app/runs_page.h"
 
 #include "app/tilverra_project_form.h"
+#include "operations/operation_outcome.h"
 #include "operations/scenario_runs.h"
 #include "platform/files.h"
 #include "runs/run_folders.h"
@@ -216,6 +217,11 @@ bool Runs_page::run_beside(Run_set set) {
     else if (!busy.running.empty())
         form.parameter_file_form().notice(worded("Another set of runs has scenarios of these run: %1.",
                                                  std::to_string(busy.running.size())));
+    if (const std::vector<Not_done> damaged = take_interrupted(set.scenarios); !damaged.empty())
+        form.parameter_file_form().notice(
+            worded("The program was not started. %1",
+                   screen_text(damaged.front().file + ": " + damaged.front().reason)),
+            Mark::exclamation);
     if (set.scenarios.empty())
         return false;
     const Made_run_set made = make_run_set(runs_folder_, set);

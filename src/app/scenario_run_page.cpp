@@ -2,6 +2,7 @@
 
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
+#include "operations/operation_outcome.h"
 #include "platform/host_names.h"
 #include "runs/project_run_set.h"
 #include "toolkit/desktop.h"
@@ -131,8 +132,12 @@ std::string Scenario_run_page::full_name(const std::string& scenario_file) const
 
 // Two runs of a scenario would write into the same outputs.
 bool Scenario_run_page::may_run(const std::string& scenario_file) {
-    if (form.runs.may_change({full_name(scenario_file)}))
-        return true;
+    if (form.runs.may_change({full_name(scenario_file)})) {
+        const std::string interruption = told_interruption(full_name(scenario_file));
+        if (interruption.empty())
+            return true;
+        form.parameter_file_form().notice(screen_text(interruption), Mark::exclamation);
+    }
     form.parameter_file_form().programs.command_history_memo.append_line(
         worded("The program was not started. %1", form.parameter_file_form().status_line.text()));
     return false;

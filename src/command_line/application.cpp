@@ -2,6 +2,7 @@
 
 #include "command_line/commands.h"
 #include "command_line/report.h"
+#include "platform/interrupted_save.h"
 
 #include <memory>
 
@@ -88,6 +89,7 @@ int run_command_line(const std::vector<std::string>& arguments, Table_reader& ta
     app.footer(more);
     app.formatter(std::make_shared<Help_formatter>());
     add_commands(app, session);
+    const platform::Interruptions_view view; // of what lies there as the command begins
     const int code = run(arguments, app, session);
     session.console.end_progress();
     session.console.out().flush();

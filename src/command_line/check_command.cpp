@@ -39,7 +39,7 @@ private:
 
 void check(Session& session, const std::string& argument, Scenario_choice& choice) {
     resolve_files(session, choice);
-    Opened_project project(session, argument);
+    Opened_project project(session, argument, If_interrupted::told);
     const std::vector<std::string> scenarios = choose_scenarios(project, choice, false);
     Findings_report report(session);
     Project_check judge;

@@ -17,7 +17,7 @@ void add_file(Session& session, Json& info, const char* key, const Project_summa
 }
 
 void show_info(Session& session, const std::string& argument) {
-    Opened_project project(session, argument);
+    Opened_project project(session, argument, If_interrupted::told);
     const Project_summary summary = summarize_project(project.workspace());
     Json info;
     info["file"] = screen_text(summary.file);

@@ -1,6 +1,7 @@
 #include "command_line/commands.h"
 #include "command_line/report.h"
 #include "command_line/scenario_choice.h"
+#include "operations/operation_outcome.h"
 #include "operations/scenario_overview.h"
 
 #include <cstdio>
@@ -34,7 +35,7 @@ Json last_run_text(const Scenario_status& status) {
 
 void list(Session& session, const std::string& argument, Scenario_choice& choice) {
     resolve_files(session, choice);
-    Opened_project project(session, argument);
+    Opened_project project(session, argument, If_interrupted::told);
     Report report(session,
                   {{"name"}, {"state"}, {"description"}, {"changed"}, {"last_run"}, {"reason", false}});
     for (const std::string& scenario : choose_scenarios(project, choice, false)) {
@@ -46,6 +47,11 @@ void list(Session& session, const std::string& argument, Scenario_choice& choice
             const std::string sentence = "The scenario " + screen_text(scenario) + " cannot be read.";
             session.console.say(sentence);
             reason = sentence;
+            session.note(exit_unreachable);
+        }
+        if (const std::string interruption = told_interruption(file); !interruption.empty()) {
+            reason = screen_text(interruption);
+            session.console.say(screen_text(scenario) + ": " + screen_text(interruption));
             session.note(exit_unreachable);
         }
         if (!report.add({screen_text(scenario_name(scenario)),

@@ -49,7 +49,7 @@ void show(Session& session, const Found_set& found, std::size_t run) {
 
 // Of the set that is named, else of the newest in which the run has begun.
 void show_log(Session& session, const Log_options& options) {
-    Opened_project project(session, options.project);
+    Opened_project project(session, options.project, If_interrupted::told);
     const std::string name = record_text(options.scenario);
     std::vector<std::string> folders;
     if (options.set.empty())

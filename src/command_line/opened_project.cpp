@@ -1,6 +1,7 @@
 #include "command_line/opened_project.h"
 
 #include "foundation/code_page_1252.h"
+#include "operations/operation_outcome.h"
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
@@ -116,7 +117,7 @@ void enter_folder_of_names(const TESK::File_name& file) {
     platform::change_directory(folder);
 }
 
-Opened_project::Opened_project(Session& session, const std::string& argument)
+Opened_project::Opened_project(Session& session, const std::string& argument, If_interrupted if_interrupted)
     : session_(session), file_(find_project_file(session, argument)), record_(default_model(session)) {
     const TESK::Common_parameters_directory folder(file_, Directory_mode::project_folder, false);
     platform::change_directory(folder);
@@ -124,6 +125,12 @@ Opened_project::Opened_project(Session& session, const std::string& argument)
     const platform::Read_result bytes = platform::read_file(file_, TESK::VV_file::largest_file);
     if (bytes.contents.find('\0') != std::string::npos)
         throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " holds no text.");
+    if (const std::string reason = screen_text(told_interruption(file_)); !reason.empty()) {
+        if (if_interrupted == If_interrupted::refused)
+            throw Command_failure(exit_unreachable, screen_text(file_) + ": " + reason);
+        session.console.say(screen_text(file_) + ": " + reason);
+        session.note(exit_unreachable);
+    }
     if (!TESK::VV_file(file_.c_str()).get(record_))
         throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " cannot be read.");
     record_.set_preserve_unexpected(true);

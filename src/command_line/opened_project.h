@@ -15,10 +15,17 @@
 // Finds the installed suite, which the programs to be started belong to.
 void find_suite(const Session& session);
 
+// What a project whose last save was interrupted means to a command.
+enum class If_interrupted {
+    refused, // to one that works by what the record holds
+    told     // to one that only tells or stops
+};
+
 class Opened_project : public Program_host {
 public:
     // Opens the project of a file or a folder, as the user names it. Fails with exit_unreachable.
-    Opened_project(Session& session, const std::string& argument);
+    Opened_project(Session& session, const std::string& argument,
+                   If_interrupted if_interrupted = If_interrupted::refused);
 
     const TESK::File_name& file() const { return file_; }
     // The file of the scenario of that file name.
@@ -35,7 +42,12 @@ public:
     Scenario_states& states();
 
     // Says a sentence (in UTF-8) to the user.
-    void say(const std::string& sentence) { session_.console.say(sentence); }
+    void say(const std::string& sentence) const { session_.console.say(sentence); }
+    // Says why a scenario is left out, which is noted.
+    void tell_unreadable(const std::string& scenario, const std::string& reason) const {
+        say(screen_text(scenario) + ": " + screen_text(reason));
+        session_.note(exit_unreachable);
+    }
 
     std::string project_file() const override { return file_; }
     // Writes the record when a command has changed it. Fails with exit_unreachable.

@@ -1,5 +1,6 @@
 #include "command_line/commands.h"
 #include "command_line/run_options.h"
+#include "operations/operation_outcome.h"
 #include "platform/command_line.h"
 #include "runs/run_folders.h"
 
@@ -15,12 +16,14 @@ std::vector<Unusable> take_unusable(Session& session, const Scenario_states& sta
     std::vector<Unusable> unusable;
     std::erase_if(scenarios, [&](const std::string& file) {
         std::vector<std::string> one{file};
+        const std::string interruption = screen_text(told_interruption(file));
         const Busy_scenarios busy = states.take_busy(one);
         const std::string reason =
             !busy.doubt.empty()
                 ? "Whether another set of runs has it run cannot be told: " + screen_text(busy.doubt)
-            : !busy.empty() ? "Another set of runs has it run."
-                            : platform::refusal_of_name(file);
+            : !busy.empty()         ? "Another set of runs has it run."
+            : !interruption.empty() ? interruption
+                                    : platform::refusal_of_name(file);
         if (!reason.empty())
             unusable.push_back({file, reason});
         return !reason.empty();

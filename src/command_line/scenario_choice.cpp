@@ -64,6 +64,10 @@ void keep_where_all_hold(std::vector<std::string>& scenarios, const Scenario_cho
         return;
     std::erase_if(scenarios, [&](const std::string& scenario) {
         const Record_settings settings(project.scenario_file(scenario, choice.folder()));
+        if (!settings.failure().empty()) {
+            project.tell_unreadable(scenario, settings.failure());
+            return true;
+        }
         return std::count_if(conditions.begin(), conditions.end(),
                              [&](Condition& condition) { return !condition.holds(settings); }) > 0;
     });

@@ -36,7 +36,7 @@ void list_sets(Session& session, Opened_project& project) {
 }
 
 void show_status(Session& session, const Status_options& options) {
-    Opened_project project(session, options.project);
+    Opened_project project(session, options.project, If_interrupted::told);
     if (options.shows_sets) {
         list_sets(session, project);
         return;

@@ -55,7 +55,7 @@ void tell(Session& session, const Found_set& found) {
 }
 
 void stop(Session& session, const Stop_options& options) {
-    Opened_project project(session, options.project);
+    Opened_project project(session, options.project, If_interrupted::told);
     const Found_set found = find_set(project, options.set, Newest::at_work);
     must_be_own(found);
     if (options.is_gone) {

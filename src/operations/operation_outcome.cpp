@@ -36,3 +36,16 @@ std::string told_interruption(const std::string& file_name) {
                           "before has been kept: " +
                               interrupted->copy + ". Put that back, or delete it.";
 }
+
+std::vector<Not_done> take_interrupted(std::vector<std::string>& file_names) {
+    const platform::Interruptions_view view;
+    std::vector<Not_done> taken;
+    std::erase_if(file_names, [&](const std::string& file) {
+        std::string reason = told_interruption(file);
+        const bool is_interrupted = !reason.empty();
+        if (is_interrupted)
+            taken.push_back({file, std::move(reason)});
+        return is_interrupted;
+    });
+    return taken;
+}

@@ -39,6 +39,9 @@ std::string describe_failures(const Operation_outcome& outcome);
 // before lies aside. Empty for any other file, also one that is not there.
 std::string told_interruption(const std::string& file_name);
 
+// Takes those files out, and gives them with the reasons.
+std::vector<Not_done> take_interrupted(std::vector<std::string>& file_names);
+
 // Why what was listed of the folder is not all, in a sentence. Empty when it is, and where there is no
 // folder.
 std::string told_listing(const std::string& folder, const platform::Write_result& listed);

@@ -315,15 +315,20 @@ std::vector<Finding> Project_check::check_text(const TESK::File_name& file, cons
 }
 
 std::vector<Finding> Project_check::check_project(const TESK::File_name& file) {
-    const platform::Read_result content = platform::read_file(file, TESK::VV_file::largest_file);
-    return content.ok() ? check_project_text(content.contents) : std::vector<Finding>{unreadable(file)};
+    return check_file(file, &Project_check::check_project_text);
 }
 
 std::vector<Finding> Project_check::check_scenario(const TESK::File_name& file) {
+    return check_file(file, &Project_check::check_scenario_text);
+}
+
+std::vector<Finding>
+Project_check::check_file(const TESK::File_name& file,
+                          std::vector<Finding> (Project_check::*check)(const std::string&)) {
     const platform::Read_result content = platform::read_file(file, TESK::VV_file::largest_file);
     if (!content.ok())
         return {unreadable(file)};
-    std::vector<Finding> findings = check_scenario_text(content.contents);
+    std::vector<Finding> findings = (this->*check)(content.contents);
     if (std::string interruption = told_interruption(file); !interruption.empty())
         findings.insert(findings.begin(), {Finding_weight::error, "", "", std::move(interruption)});
     return findings;

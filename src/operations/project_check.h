@@ -51,6 +51,8 @@ private:
                            const Values& defaults);
     std::vector<Finding> check_project_text(const std::string& text);
     std::vector<Finding> check_scenario_text(const std::string& text);
+    std::vector<Finding> check_file(const TESK::File_name& file,
+                                    std::vector<Finding> (Project_check::*check)(const std::string& text));
     // Why the file that a record names serves nobody; nothing when it is there.
     const std::string& reason_not_usable(const TESK::File_name& file);
     // Fills the record and keeps its structure, and what of the values is not read as it is meant.

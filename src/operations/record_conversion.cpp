@@ -1,5 +1,6 @@
 #include "operations/record_conversion.h"
 
+#include "operations/operation_outcome.h"
 #include "operations/record_settings.h"
 #include "platform/files.h"
 #include "records/common_parameters.h"
@@ -71,6 +72,8 @@ Conversion convert_record(const TESK::File_name& file) {
     const platform::Read_result old = platform::read_file(file, TESK::VV_file::largest_file);
     if (!old.ok())
         return failure(platform::exists(file) ? "The file cannot be read." : "There is no such file.");
+    if (const std::string reason = told_interruption(file); !reason.empty())
+        return failure(reason);
     const std::unique_ptr<TESK::Data_record> made = make_record_for(file);
     auto* record = dynamic_cast<Common_parameters_data_record*>(made.get());
     if (record == nullptr)

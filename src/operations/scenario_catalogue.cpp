@@ -5,6 +5,7 @@
 #include "names/recycling.h"
 #include "platform/command_line.h"
 #include "platform/files.h"
+#include "platform/interrupted_save.h"
 #include "platform/moving.h"
 #include "records/vv_file.h"
 
@@ -38,6 +39,8 @@ std::unique_ptr<Tilverra_scenario> read_scenario(const std::string& file) {
 // Why the file is not imported; empty when it is. One without a key of a scenario is read as one of defaults:
 // a file cut short by a full disk must not replace anything.
 std::string refuse_source(const std::string& file, bool replaces) {
+    if (std::string reason = told_interruption(file); !reason.empty())
+        return reason;
     Tilverra_scenario scenario;
     if (!TESK::VV_file(file.c_str(), true).get(scenario))
         return "The file cannot be read.";
@@ -75,6 +78,10 @@ std::vector<Import> choose_imports(const TESK::Directory_name& folder, const std
         }
         if (!replaces) {
             imports.push_back(std::move(import));
+            continue;
+        }
+        if (const std::string interruption = told_interruption(import.target); !interruption.empty()) {
+            outcome.not_done.push_back({file, import.target + ": " + interruption});
             continue;
         }
         if (answer != Import_answer::replace_all && answer != Import_answer::keep_all)
@@ -157,6 +164,11 @@ Operation_outcome create_scenario(Project_workspace& workspace, const std::strin
         outcome.not_done.push_back({active, "The scenario to copy is no regular file."});
     if (platform::is_file(active) || !platform::is_file(template_file))
         return outcome;
+    outcome.refused = told_interruption(template_file);
+    if (!outcome.refused.empty()) {
+        active.set(template_file);
+        return outcome;
+    }
     const platform::Write_result copy = platform::copy_file(template_file, active);
     if (copy.ok())
         ++outcome.done;
@@ -174,6 +186,7 @@ Operation_outcome import_version_3_scenarios(Project_workspace& workspace,
         outcome.refused = no_project_folder;
         return outcome;
     }
+    const platform::Interruptions_view view;
     const TESK::Smart_directory_name& folder = workspace.scenarios_directory(Scenario_folder::created, true);
     const std::vector<Import> imports = choose_imports(folder, files, ask, progress, outcome);
     if (backups != nullptr && !imports.empty()) {

@@ -90,8 +90,10 @@ class Family {
 public:
     Family(const TESK::File_name& template_file, Database_directory& database)
         : template_file_(template_file) {
-        if (!TESK::VV_file(template_file.c_str()).get(scenario_)) {
-            failure_ = "The template scenario cannot be read: " + template_file;
+        failure_ = told_interruption(template_file);
+        if (!TESK::VV_file(template_file.c_str()).get(scenario_) || !failure_.empty()) {
+            failure_ = "The template scenario cannot be read: " + template_file +
+                       (failure_.empty() ? "" : ". " + failure_);
             return;
         }
         list_choices(database);
@@ -147,6 +149,8 @@ private:
             for (const TESK::File_name& file : files)
                 if (Tilverra_scenario overlay; !TESK::VV_file(file.c_str()).get(overlay))
                     failure_ = "The file cannot be read: " + file;
+                else if (const std::string reason = told_interruption(file); !reason.empty())
+                    failure_ = "The file cannot be read: " + file + ". " + reason;
     }
 
     std::string failure_;

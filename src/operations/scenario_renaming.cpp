@@ -7,6 +7,7 @@
 #include "operations/scenario_overview.h"
 #include "platform/files.h"
 #include "platform/host_names.h"
+#include "platform/interrupted_save.h"
 #include "platform/moving.h"
 #include "records/typed_entries.h"
 #include "records/vv_file.h"
@@ -82,6 +83,10 @@ void rename_in_record(const std::string& file, std::span<const Move> moves, Oper
     if (!text.ok() || !mentions(text.contents, moves))
         return;
     Record_settings settings{TESK::File_name(file.c_str())};
+    if (!settings.failure().empty()) {
+        outcome.not_done.push_back({file, settings.failure()});
+        return;
+    }
     std::vector<std::pair<std::string, std::string>> changes;
     for (const Setting& setting : settings.all())
         if (setting.is_in_file() && setting.kind() == Setting_kind::file)
@@ -154,6 +159,8 @@ std::string refuse(Project_workspace& workspace, const TESK::File_name& file, co
         return reason;
     if (!platform::is_file(file))
         return "There is no file " + file + '.';
+    if (std::string reason = told_interruption(file); !reason.empty())
+        return reason;
     const Names names(file, new_name);
     for (const std::string* taken : {&names.file.to, &names.folder.to})
         if (platform::exists(*taken))
@@ -184,6 +191,7 @@ Operation_outcome rename_scenario(Project_workspace& workspace, const TESK::File
         return outcome;
     }
     ++outcome.done;
+    const platform::Interruptions_view view;
     const Move moves[] = {names.file, names.folder};
     for (const Scenario_folder kind : {Scenario_folder::created, Scenario_folder::generated}) {
         const TESK::Directory_name& folder = workspace.scenarios_directory(kind, false);

@@ -2,6 +2,7 @@
 
 #include "model/tilverra_scenario.h"
 #include "platform/files.h"
+#include "platform/interrupted_save.h"
 #include "records/vv_file.h"
 
 #include <algorithm>
@@ -34,12 +35,14 @@ void move_sections(Tilverra_scenario& source, Tilverra_scenario& target, const T
     }
 }
 
-constexpr const char* source_unreadable = "The scenario to copy from cannot be read.";
-
-// A file that is not there counts as an empty one.
-bool read_source(const TESK::File_name& source_file, Tilverra_scenario& source) {
+// Why nothing is copied from the file; nothing when it was read. One that is not there counts as an empty
+// one.
+std::string read_source(const TESK::File_name& source_file, Tilverra_scenario& source) {
+    constexpr const char* unreadable = "The scenario to copy from cannot be read.";
+    if (const std::string reason = told_interruption(source_file); !reason.empty())
+        return unreadable + (' ' + reason);
     TESK::VV_file file(source_file.c_str(), true);
-    return file.get(source) || !file.exists();
+    return file.get(source) || !file.exists() ? "" : unreadable;
 }
 
 } // namespace
@@ -47,9 +50,8 @@ bool read_source(const TESK::File_name& source_file, Tilverra_scenario& source) 
 platform::Write_result reset_scenario(const TESK::File_name& source_file, const TESK::File_name& target_file,
                                       const Ticked_reset_boxes& ticked) {
     Tilverra_scenario source;
-    if (!read_source(source_file, source))
-        return {platform::Write_error::other, source_unreadable};
-
+    if (std::string reason = read_source(source_file, source); !reason.empty())
+        return {platform::Write_error::other, std::move(reason)};
     if (std::string reason = told_interruption(target_file); !reason.empty())
         return {platform::Write_error::other, std::move(reason)};
     Tilverra_scenario target;
@@ -67,10 +69,12 @@ Operation_outcome reset_scenarios(const TESK::File_name& source_file, std::vecto
                                   const Ticked_reset_boxes& ticked, Change_backups* backups,
                                   const Operation_progress& progress) {
     Operation_outcome outcome;
-    if (Tilverra_scenario source; !read_source(source_file, source)) {
-        outcome.refused = source_unreadable;
+    const platform::Interruptions_view view;
+    Tilverra_scenario source;
+    outcome.refused = read_source(source_file, source);
+    if (!outcome.refused.empty())
         return outcome;
-    }
+    outcome.not_done = take_interrupted(targets);
     // One that cannot be put aside must not keep the others from their reset.
     std::erase_if(targets, [&](const std::string& target) {
         const bool is_unreadable = platform::is_file(target) && !platform::file_time(target);

@@ -1,6 +1,7 @@
 #include "operations/settings_change.h"
 
 #include "operations/project_check.h"
+#include "platform/interrupted_save.h"
 
 #include <algorithm>
 
@@ -96,6 +97,7 @@ Operation_outcome change_settings(const std::vector<Settings_change>& changes, C
             return outcome;
         outcome.done = 0;
     }
+    const platform::Interruptions_view view;
     for (std::size_t i = 0; i < changes.size(); ++i) {
         outcome.stopped = !goes_on(progress, i, changes.size());
         if (outcome.stopped)

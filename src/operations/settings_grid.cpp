@@ -1,6 +1,7 @@
 #include "operations/settings_grid.h"
 
 #include "foundation/code_page_1252.h"
+#include "platform/interrupted_save.h"
 
 #include <algorithm>
 #include <sstream>
@@ -25,6 +26,7 @@ Operation_outcome Settings_grid::read(const std::vector<std::string>& files,
                                       const Operation_progress& progress) {
     clear();
     Operation_outcome outcome;
+    const platform::Interruptions_view view;
     for (std::size_t i = 0; i < files.size(); ++i) {
         outcome.stopped = !goes_on(progress, i, files.size());
         if (outcome.stopped)

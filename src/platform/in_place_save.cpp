@@ -21,11 +21,26 @@ namespace {
 // What is left of an entry's name in that of its copy, so that the digits and the ending find room.
 constexpr std::size_t longest_entry = 200;
 
+bool is_known_to_hold_nothing = false;
+
 std::string text_of(const Rescue_record& record) {
-    char numbers[64];
-    std::snprintf(numbers, sizeof numbers, "%lld %016" PRIx64 "\n", static_cast<long long>(record.size),
-                  record.checksum);
+    char numbers[128];
+    std::snprintf(numbers, sizeof numbers, "%lld %016" PRIx64 " %" PRIu64 " %" PRId64 " %" PRIu64 "\n",
+                  static_cast<long long>(record.size), record.checksum, record.mark.number, record.mark.born,
+                  record.links);
     return numbers + record.path;
+}
+
+// Takes the number at the beginning of the text and the character behind it. False, and nothing taken, when
+// that is another one.
+template <typename Number>
+bool take(std::string_view& text, Number& number, char behind, int base = 10) {
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number, base);
+    if (read.ec != std::errc() || read.ptr == end || *read.ptr != behind)
+        return false;
+    text.remove_prefix(static_cast<std::size_t>(read.ptr + 1 - text.data()));
+    return true;
 }
 
 // The copy of a file that is written in place: deleted at its end unless it is kept.
@@ -51,11 +66,12 @@ public:
         return flushes && fsync(copy_.get()) != 0 ? errno : 0;
     }
     // Writes down what the file is to hold from here on.
-    int announce(const std::string& path, const Content& content, bool flushes) const {
+    int announce(const std::string& path, const Host_handle& file, std::uint64_t links,
+                 const Content& content, bool flushes) const {
         const auto checksum = checksum_of(content);
         if (!checksum)
             return EIO;
-        const std::string text = text_of({content.size(), *checksum, path});
+        const std::string text = text_of({content.size(), *checksum, mark_of(file.get(), ""), links, path});
         const Host_handle record(
             open(record_path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
         if (!record.is_open())
@@ -100,16 +116,35 @@ std::string rescue_folder() {
     return join_host_path(user_data_folder(), "tilverra/rescue");
 }
 
+bool nothing_lies_aside() {
+    return is_known_to_hold_nothing;
+}
+
+void set_nothing_lies_aside(bool known) {
+    is_known_to_hold_nothing = known;
+}
+
+File_mark mark_of(int file, const char* path) {
+    struct statx state {};
+    constexpr unsigned wanted = STATX_INO | STATX_BTIME;
+    if (statx(file, path, *path == 0 ? AT_EMPTY_PATH : 0, wanted, &state) != 0 ||
+        (state.stx_mask & wanted) != wanted)
+        return {};
+    constexpr std::int64_t second = 1'000'000'000;
+    return {state.stx_ino, state.stx_btime.tv_sec * second + state.stx_btime.tv_nsec};
+}
+
 std::optional<Rescue_record> rescue_record_in(const std::string& text) {
     Rescue_record record;
-    const char* const end = text.data() + text.size();
-    const auto size = std::from_chars(text.data(), end, record.size);
-    if (size.ec != std::errc() || size.ptr == end || *size.ptr != ' ')
+    std::string_view rest = text;
+    if (!take(rest, record.size, ' '))
         return std::nullopt;
-    const auto checksum = std::from_chars(size.ptr + 1, end, record.checksum, 16);
-    if (checksum.ec != std::errc() || checksum.ptr == end || *checksum.ptr != '\n')
+    // Programs of before have written the checksum last.
+    if (!take(rest, record.checksum, '\n', 16) &&
+        !(take(rest, record.checksum, ' ', 16) && take(rest, record.mark.number, ' ') &&
+          take(rest, record.mark.born, ' ') && take(rest, record.links, '\n')))
         return std::nullopt;
-    record.path.assign(checksum.ptr + 1, end);
+    record.path = rest;
     return record;
 }
 
@@ -131,10 +166,11 @@ Write_result write_in_place(const std::string& path, const Content& content, boo
     struct stat old {};
     if (!file.is_open() || fstat(file.get(), &old) != 0)
         return write_result_from_errno(errno);
+    set_nothing_lies_aside(false);
     Rescue_copy rescue;
     if (const int error = rescue.make(path, file, old.st_size, flushes))
         return write_result_from_errno(error);
-    if (const int error = rescue.announce(path, content, flushes))
+    if (const int error = rescue.announce(path, file, old.st_nlink, content, flushes))
         return write_result_from_errno(error);
 
     // What the file grows by comes first: when the disk has no room for it, nothing is lost yet.
@@ -150,7 +186,9 @@ Write_result write_in_place(const std::string& path, const Content& content, boo
     if (error == 0 && flushes)
         error = outcome_of(Write_step::flush, [&] { return fsync(file.get()); });
     Write_result result = write_result_from_errno(error);
-    if (error != 0 && !rescue.write_back(file, only_longer))
+    if (error == 0)
+        forget_interrupted_saves(path);
+    else if (!rescue.write_back(file, only_longer))
         result.reason += " The old contents are kept in " + name_from_host_path(rescue.copy_path()) + ".";
     return result;
 }

@@ -16,6 +16,8 @@ namespace platform {
 
 namespace {
 
+int views = 0; // that live
+
 struct Aside {
     std::string head; // the path without the ending
     std::string record() const { return head + std::string(rescue_record_ending); }
@@ -59,23 +61,51 @@ bool is_whole(const Host_handle& file, const Rescue_record& record, const Host_h
            (size == size_of(copy) && checksum == checksum_of(Content(copy, size)));
 }
 
-// Whether it is a save of the file during which the program was killed. What lies aside without need is
+// A file that a save is looked for, on the host.
+struct Sought_file {
+    explicit Sought_file(const std::string& the_path)
+        : path(the_path), mark(mark_of(AT_FDCWD, path.c_str())) {}
+    std::string path; // without links
+    File_mark mark;
+};
+
+enum class Relation { other, replaced, same };
+
+// What the file has to do with the one that the record tells of, which may have another name by now.
+Relation relation_of(const Sought_file& file, const Rescue_record& record) {
+    if (record.mark.born == 0 || file.mark.born == 0)
+        return is_same_file(record.path, file.path) ? Relation::same : Relation::other;
+    if (record.mark == file.mark)
+        return Relation::same;
+    return record.path == file.path ? Relation::replaced : Relation::other;
+}
+
+// The record of a save that no program is at; nothing when there is none. What lies aside without need is
 // removed.
-bool damaged(const Aside& aside, const std::string& path) {
-    const Host_handle copy = open_to_read(aside.copy());
+std::optional<Rescue_record> record_of(const Aside& aside, const Host_handle& copy) {
     if (!copy.is_open() && errno == ENOENT)
         aside.remove();
     if (!copy.is_open() || flock(copy.get(), LOCK_EX | LOCK_NB) != 0)
-        return false;
+        return std::nullopt;
     const auto text = text_in(aside.record());
     if (!text)
-        return false;
-    const auto record = rescue_record_in(*text);
+        return std::nullopt;
+    auto record = rescue_record_in(*text);
     if (!record)
         aside.remove(); // the writing had not begun, or was over
-    if (!record || !is_same_file(record->path, path))
+    return record;
+}
+
+// Whether it is a save of the file during which the program was killed.
+bool damaged(const Aside& aside, const Sought_file& sought) {
+    const Host_handle copy = open_to_read(aside.copy());
+    const auto record = record_of(aside, copy);
+    const Relation relation = record ? relation_of(sought, *record) : Relation::other;
+    if (relation == Relation::replaced && record->links == 1)
+        aside.remove(); // what was damaged is gone
+    if (relation != Relation::same)
         return false;
-    const Host_handle file = open_to_read(path);
+    const Host_handle file = open_to_read(sought.path);
     if (!file.is_open() && errno == ENOENT)
         return false;
     if (!file.is_open() || !is_whole(file, *record, copy))
@@ -86,6 +116,8 @@ bool damaged(const Aside& aside, const std::string& path) {
 
 // The first of several saves holds what was there before the damage.
 std::vector<Aside> all_aside() {
+    if (nothing_lies_aside())
+        return {};
     std::vector<std::pair<timespec, Aside>> found;
     const std::string folder = rescue_folder();
     for (const std::string& entry : entries_of(open_to_read(folder)).names)
@@ -99,6 +131,7 @@ std::vector<Aside> all_aside() {
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
         return std::pair(a.first.tv_sec, a.first.tv_nsec) < std::pair(b.first.tv_sec, b.first.tv_nsec);
     });
+    set_nothing_lies_aside(views > 0 && found.empty());
     std::vector<Aside> all;
     for (auto& [time, aside] : found)
         all.push_back(std::move(aside));
@@ -111,14 +144,24 @@ Aside aside_of(const Interrupted_save& save) {
 
 } // namespace
 
+Interruptions_view::Interruptions_view() {
+    ++views;
+}
+
+Interruptions_view::~Interruptions_view() {
+    if (--views == 0)
+        set_nothing_lies_aside(false);
+}
+
 std::optional<Interrupted_save> interrupted_save(std::string_view name) {
     const std::vector<Aside> all = all_aside();
     // Only now: nearly always nothing lies aside, and the path costs more than to see that.
     const std::string path = all.empty() ? "" : real_path(host_path(name));
     if (path.empty())
         return std::nullopt;
+    const Sought_file file(path);
     for (const Aside& aside : all)
-        if (damaged(aside, path))
+        if (damaged(aside, file))
             return Interrupted_save{name_from_host_path(aside.copy()), host_entry_of(aside.head)};
     return std::nullopt;
 }
@@ -134,6 +177,16 @@ Write_result restore(std::string_view name, const Interrupted_save& save) {
     if (result.ok())
         aside.remove();
     return result;
+}
+
+void forget_interrupted_saves(const std::string& path) {
+    const Sought_file file(path);
+    for (const Aside& aside : all_aside()) {
+        const Host_handle copy = open_to_read(aside.copy());
+        const auto record = record_of(aside, copy);
+        if (record && relation_of(file, *record) == Relation::same)
+            aside.remove();
+    }
 }
 
 void discard(const Interrupted_save& save) {

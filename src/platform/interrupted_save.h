@@ -16,9 +16,20 @@ struct Interrupted_save {
 };
 
 // The save of the file that was interrupted, of several the first; nothing when there is none, when the file
-// holds all the same what it is to hold or held before, and while the save still goes on. Cheap when nothing
-// lies aside.
+// holds all the same what it is to hold or held before or has been replaced by another one, and while the
+// save still goes on. A file that got another name since is found too, where the file system tells when a
+// file was made. Cheap when nothing lies aside.
 std::optional<Interrupted_save> interrupted_save(std::string_view name);
+
+// Stands around work on many files: where nothing lies aside, that is looked for once, and not for each file.
+// Saves of other programs that are interrupted meanwhile may be missed.
+class Interruptions_view {
+public:
+    Interruptions_view();
+    Interruptions_view(const Interruptions_view&) = delete;
+    Interruptions_view& operator=(const Interruptions_view&) = delete;
+    ~Interruptions_view();
+};
 
 // Gives the file its old contents back. When the result is not ok they still lie aside.
 Write_result restore(std::string_view name, const Interrupted_save& save);

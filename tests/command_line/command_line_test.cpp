@@ -235,6 +235,32 @@ TEST_F(Command_line_test, what_cannot_be_written_is_named_with_the_reason_and_st
              "2\n"}});
 }
 
+TEST_F(Command_line_test, what_an_interrupted_save_has_cut_serves_nothing_until_that_is_settled) {
+    const auto cut = [&](const std::string& file) {
+        const std::string save = "$XDG_DATA_HOME/tilverra/rescue/" + file.substr(file.rfind('/') + 1);
+        run("mkdir -p $XDG_DATA_HOME/tilverra/rescue; cp " + file + " " + save +
+            ".copy; printf '9 0\n%s' $PWD/" + file + " >" + save + ".save; truncate -s 400 " + file);
+    };
+    cut("Irrigation_study/Scenarios/base.tvn");
+    run("cp Irrigation_study/Scenarios/rainfed.tvn base.sim");
+    std::vector<Call> calls;
+    for (const char* command :
+         {"get Irrigation_study/Scenarios/base.tvn", "check Irrigation_study base",
+          "list Irrigation_study base", "reset Irrigation_study --from base --boxes soil_N rainfed",
+          "generate Irrigation_study", "reset Irrigation_study --from rainfed --boxes soil_N base",
+          "copy Irrigation_study base copy", "convert Irrigation_study/Scenarios/base.tvn",
+          "import Irrigation_study --replace base.sim", "rename Irrigation_study base other",
+          "run Irrigation_study base"})
+        calls.push_back({std::string("tvs_project ") + command + " 2>&1 | grep -qi interrupted"});
+    expect_unchanged(calls);
+    calls.clear();
+    cut("Irrigation_study.tvp");
+    for (const char* command : {"rename Irrigation_study rainfed dry", "info Irrigation_study"})
+        calls.push_back({std::string("tvs_project ") + command + " >/dev/null", "", 3,
+                         "Irrigation_study.tvp: The last save of this file was interrupted"});
+    expect_unchanged(calls);
+}
+
 TEST_F(Command_line_test, an_old_record_keeps_all_that_it_told_in_the_present_spelling) {
     folder.write("example/drive_c/Simulation/Projects/old.tvn",
                  "[simulation]\nsoil_filename=a.sil\nours=1\n[scenario]\nevent_count=2\n[event_2]\nID=b\n"

@@ -3,6 +3,7 @@
 #include "platform/append_file.h"
 #include "platform/file_stream.h"
 #include "platform/files.h"
+#include "platform/in_place_save.h"
 #include "platform/interrupted_save.h"
 #include "platform/listing.h"
 #include "platform/moving.h"
@@ -26,7 +27,6 @@ class file_writer : public testing::Test {
 protected:
     file_writer() { drives.write("file", "old text"); }
 
-    std::string rescue_folder() const { return drives.user_data() + "/tilverra/rescue"; }
     static mode_t mode_of(const std::string& path) {
         struct stat state {};
         stat(path.c_str(), &state);
@@ -252,4 +252,14 @@ TEST_F(file_writer, the_contents_before_an_interrupted_save_are_found_and_brough
     // A copy without a record was not whole when the program was killed.
     std::ofstream(rescue_folder() + "/file-0.copy") << "old";
     is_aside(false);
+
+    damage();
+    EXPECT_TRUE(write_file("file", "whole", Durability::durable).ok());
+    is_aside(false);
+    damage();
+    if (mark_of(AT_FDCWD, drives.host("file").c_str()).born == 0)
+        return; // the file system of the test does not tell when a file was made
+    fs::rename(drives.host("file"), drives.host("moved"));
+    drives.write("file", "another");
+    EXPECT_TRUE(interrupted_save("moved") && interrupted_save("twin") && !interrupted_save("file"));
 }

@@ -2,6 +2,7 @@
 
 #include "foundation/code_page_1252.h"
 #include "operations/operation_outcome.h"
+#include "operations/record_lines.h"
 #include "platform/command_line.h"
 #include "platform/current_directory.h"
 #include "platform/files.h"
@@ -32,6 +33,29 @@ void tell_interrupted_copy(Session& session, const platform::Undone_copy& undone
               "put back:");
     for (const std::string& file : undone.not_put_back)
         session.console.say(screen_text(file));
+}
+
+// Puts the values by which the text of the record `now` differs from the one `before` into the text of the
+// file. False when they stand otherwise there already, or a value is to go.
+bool put_changes(const std::string& before, const std::string& now, std::string& text_in_file,
+                 const std::string& primary_section) {
+    const Record_lines old_lines(before, primary_section);
+    const Record_lines new_lines(now, primary_section);
+    for (const Record_line& line : old_lines.all())
+        if (new_lines.find(line.section, line.key) == nullptr)
+            return false;
+    for (const Record_line& line : new_lines.all()) {
+        const Record_line* const old_line = old_lines.find(line.section, line.key);
+        if (old_line != nullptr && old_lines.value(*old_line) == new_lines.value(line))
+            continue;
+        const Record_lines lines(text_in_file, primary_section);
+        const Record_line* const place = lines.find(line.section, line.key);
+        if (place == nullptr || old_line == nullptr || lines.value(*place) != old_lines.value(*old_line))
+            return false;
+        text_in_file.replace(place->begin, place->end - place->begin,
+                             now.substr(line.begin, line.end - line.begin));
+    }
+    return true;
 }
 
 const char* default_model(const Session& session) {
@@ -122,19 +146,14 @@ Opened_project::Opened_project(Session& session, const std::string& argument, If
     const TESK::Common_parameters_directory folder(file_, Directory_mode::project_folder, false);
     platform::change_directory(folder);
     tell_interrupted_copy(session, platform::undo_interrupted_copy(folder));
-    const platform::Read_result bytes = platform::read_file(file_, TESK::VV_file::largest_file);
-    if (bytes.contents.find('\0') != std::string::npos)
-        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " holds no text.");
     if (const std::string reason = screen_text(told_interruption(file_)); !reason.empty()) {
         if (if_interrupted == If_interrupted::refused)
             throw Command_failure(exit_unreachable, screen_text(file_) + ": " + reason);
         session.console.say(screen_text(file_) + ": " + reason);
         session.note(exit_unreachable);
     }
-    if (!TESK::VV_file(file_.c_str()).get(record_))
-        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " cannot be read.");
     record_.set_preserve_unexpected(true);
-    saved_text_ = text_to_save(record_);
+    read();
     workspace_.emplace(record_, *this, record_.project_type.get());
     // Made here, it does not make the folder.
     workspace_->project_directory = std::make_unique<Tilverra_project_directory>(
@@ -160,17 +179,37 @@ Scenario_states& Opened_project::states() {
     return *states_;
 }
 
+void Opened_project::read() {
+    platform::Read_result file = platform::read_file(file_, TESK::VV_file::largest_file);
+    if (file.contents.find('\0') != std::string::npos)
+        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " holds no text.");
+    if (!file.ok() || !TESK::VV_file(file_.c_str()).get(record_))
+        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) + " cannot be read.");
+    text_in_file_ = std::move(file.contents);
+    saved_text_ = text_to_save(record_);
+}
+
 bool Opened_project::save() {
     const std::string text = text_to_save(record_);
     if (text == saved_text_)
         return true;
-    TESK::VV_file file(file_.c_str());
-    file.set(record_);
-    if (!file.get_last_write().ok())
-        throw Command_failure(exit_unreachable,
-                              "The project " + screen_text(file_) +
-                                  " could not be saved: " + screen_text(file.get_last_write().reason));
-    saved_text_ = text;
+    platform::Read_result now = platform::read_file(file_, TESK::VV_file::largest_file);
+    std::string reason;
+    if (!now.ok()) {
+        reason = "The file cannot be read any more.";
+    } else if (now.contents == text_in_file_) {
+        TESK::VV_file file(file_.c_str());
+        file.set(record_);
+        reason = file.get_last_write().reason;
+    } else if (put_changes(saved_text_, text, now.contents, record_.get_primary_section_name())) {
+        reason = platform::write_file(file_, now.contents, platform::Durability::durable).reason;
+    } else {
+        reason = "Another program has changed the same in it since it was read.";
+    }
+    if (!reason.empty())
+        throw Command_failure(exit_unreachable, "The project " + screen_text(file_) +
+                                                    " could not be saved: " + screen_text(reason));
+    read();
     return true;
 }
 

@@ -50,7 +50,8 @@ public:
     }
 
     std::string project_file() const override { return file_; }
-    // Writes the record when a command has changed it. Fails with exit_unreachable.
+    // Writes the record when a command has changed it. What another program has changed in the file since it
+    // was read stays. Fails with exit_unreachable, also where both have changed the same.
     bool save() override;
     // Starts the program on the project as it is on the disk: no screen holds anything that it lacks.
     bool run(const std::string& program, const std::string& options, const std::string& file,
@@ -60,10 +61,13 @@ public:
     int take_exit_code() { return std::exchange(exit_code_, 0); }
 
 private:
+    void read();
+
     Session& session_;
     TESK::File_name file_;
     Tilverra_project_editor_parameters record_;
-    std::string saved_text_; // what a save would have written when it was read
+    std::string text_in_file_; // when it was read
+    std::string saved_text_;   // what a save would have written then
     std::optional<Project_workspace> workspace_;
     std::optional<Scenario_states> states_;
     int exit_code_ = 0;

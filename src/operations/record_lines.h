@@ -21,6 +21,8 @@ public:
     Record_lines(std::string_view text, std::string_view primary_section);
     Record_lines(std::string_view text, std::string&& primary_section) = delete; // it must outlive this
 
+    // All of them, in the order of section, key and place.
+    const std::vector<Record_line>& all() const { return lines_; }
     // The line whose value counts: the last one of the section and key. Null where there is none.
     const Record_line* find(std::string_view section, std::string_view key) const;
     // Whether the section begins somewhere; the primary one can have lines without.
@@ -38,7 +40,7 @@ private:
     std::size_t behind_line(std::size_t end) const;
 
     std::string_view text_;
-    std::vector<Record_line> lines_;   // in the order of section, key and place
+    std::vector<Record_line> lines_;
     std::vector<Record_line> headers_; // in the order of the text
     std::size_t end_ = 0;              // of the last line that is read
     const char* line_end_ = "\r\n";

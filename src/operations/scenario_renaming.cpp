@@ -67,13 +67,31 @@ std::string renamed(const std::string& name, std::span<const Move> moves) {
     return {};
 }
 
-// Whether the text may hold the name of one of the entries.
-bool mentions(const std::string& text, std::span<const Move> moves) {
+// Whether the line of the text around the place sets a name that becomes another.
+bool is_renamed_at(std::string_view text, std::size_t place, std::span<const Move> moves) {
+    const std::size_t line = text.find_last_of("\r\n", place) + 1; // 0 in the first one
+    const std::size_t equals = text.find('=', line);
+    if (equals >= place)
+        return false;
+    std::string_view value = text.substr(equals + 1, text.find_first_of("\r\n", place) - equals - 1);
+    constexpr std::string_view blanks = " \t\"";
+    value.remove_prefix(std::min(value.find_first_not_of(blanks), value.size()));
+    value = value.substr(0, value.find_last_not_of(blanks) + 1);
+    return !renamed(std::string(value), moves).empty();
+}
+
+// Whether a line of the text sets one of the names. Most texts are told to have none without being read as
+// records.
+bool mentions(std::string_view text, std::span<const Move> moves) {
     return std::any_of(moves.begin(), moves.end(), [&](const Move& move) {
-        const std::string entry = move.from.substr(move.from.rfind('\\') + 1);
-        return std::search(text.begin(), text.end(), entry.begin(), entry.end(), [](char a, char b) {
-                   return TESK::fold_case(a) == TESK::fold_case(b);
-               }) != text.end();
+        const std::string_view entry = std::string_view(move.from).substr(move.from.rfind('\\') + 1);
+        const char first = TESK::fold_case(entry.front());
+        for (std::size_t place = 0; place + entry.size() <= text.size(); ++place)
+            if (TESK::fold_case(text[place]) == first &&
+                TESK::equal_ignoring_case(text.substr(place, entry.size()), entry) &&
+                is_renamed_at(text, place, moves))
+                return true;
+        return false;
     });
 }
 

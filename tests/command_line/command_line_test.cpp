@@ -261,6 +261,20 @@ TEST_F(Command_line_test, what_an_interrupted_save_has_cut_serves_nothing_until_
     expect_unchanged(calls);
 }
 
+// While many records that name the scenario are written.
+TEST_F(Command_line_test, what_others_change_in_the_project_during_a_renaming_stays) {
+    const std::string wait = "& while [ -e Irrigation_study/Scenarios/base.tvn ]; do :; done; sed -i '";
+    const std::string then =
+        "' Irrigation_study.tvp; wait $!; echo $?; grep -c Scenarios.dry Irrigation_study.tvp";
+    expect({{"for i in $(seq 60); do sed 's/=Database/=Scenarios\\base\\Database/' "
+             "Irrigation_study/Scenarios/plateau.tvn >Irrigation_study/Scenarios/$i.tvn; done; tvs_project "
+             "rename "
+             "Irrigation_study base dry >/dev/null " +
+                 wait + "/^description=/cdescription=mine" + then +
+                 "; grep ^description=mine Irrigation_study.tvp",
+             "0\n2\ndescription=mine\n"}});
+}
+
 TEST_F(Command_line_test, an_old_record_keeps_all_that_it_told_in_the_present_spelling) {
     folder.write("example/drive_c/Simulation/Projects/old.tvn",
                  "[simulation]\nsoil_filename=a.sil\nours=1\n[scenario]\nevent_count=2\n[event_2]\nID=b\n"

@@ -3,6 +3,7 @@
 #include "platform/entry_names.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
@@ -13,9 +14,19 @@
 
 namespace platform {
 
+namespace {
+
+int error_of(const File_faults::Fault& fault) {
+    if (fault.error_number == killed_there)
+        kill(getpid(), SIGKILL);
+    return fault.error_number;
+}
+
+} // namespace
+
 int fault_at(Write_step step) {
     const File_faults::Fault* fault = File_faults::at(step);
-    return fault != nullptr ? fault->error_number : 0;
+    return fault != nullptr ? error_of(*fault) : 0;
 }
 
 int write_range(Write_step step, const Host_handle& file, const Content& content, off_t begin, off_t end,
@@ -30,7 +41,7 @@ int write_range(Write_step step, const Host_handle& file, const Content& content
             if (const File_faults::Fault* fault = File_faults::at(step)) {
                 size = std::min(size, fault->after_bytes - std::min(written, fault->after_bytes));
                 if (size == 0)
-                    return fault->error_number;
+                    return error_of(*fault);
             }
             const ssize_t count = pwrite(file.get(), piece.data(), size, begin);
             if (count < 0 && errno == EINTR)

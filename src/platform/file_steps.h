@@ -14,6 +14,9 @@
 
 namespace platform {
 
+// For File_faults in the place of an error number: the program is killed.
+constexpr int killed_there = -1;
+
 // 0, or the error number with which a test makes the step fail.
 int fault_at(Write_step step);
 

@@ -2,7 +2,7 @@
 // new, whole. TVS_KILLS says how often each kind of save is killed; a few times by default.
 #include "model/tilverra_scenario.h"
 #include "names/recycling.h"
-#include "platform/file_writer.h"
+#include "platform/file_steps.h"
 #include "platform/files.h"
 #include "platform/interrupted_save.h"
 #include "platform/listing.h"
@@ -37,10 +37,11 @@ class Killed_saves : public testing::Test {
 protected:
     // Has a program do the work over and over until it is killed, and then looks at what is there. The work
     // is told how often it has been done. It is killed a random moment after the file, where one is named,
-    // has begun to change.
+    // has begun to change; with "" by a fault of its own.
     template <class Work, class Check>
     void kill_often(Work work, Check check, const char* watched = nullptr) {
         const useconds_t longest = watched != nullptr ? 300 : 40'000;
+        const bool kills_itself = watched != nullptr && *watched == 0;
         const char* asked = std::getenv("TVS_KILLS");
         const std::size_t kills = asked != nullptr     ? std::strtoul(asked, nullptr, 10)
                                   : watched != nullptr ? 2 * usual_kills
@@ -53,10 +54,13 @@ protected:
             if (program == 0)
                 for (std::size_t round = 0;; ++round)
                     work(round);
-            if (watched != nullptr)
+            if (watched != nullptr && !kills_itself)
                 wait_for_change(drives.host(watched));
-            usleep(std::uniform_int_distribution<useconds_t>(watched != nullptr ? 0 : 500, longest)(random));
-            kill(program, SIGKILL);
+            if (!kills_itself) {
+                usleep(
+                    std::uniform_int_distribution<useconds_t>(watched != nullptr ? 0 : 500, longest)(random));
+                kill(program, SIGKILL);
+            }
             waitpid(program, nullptr, 0);
             check();
         }
@@ -100,22 +104,28 @@ TEST_F(Killed_saves, of_a_file_with_several_hard_links) {
     drives.write("file", texts[0]);
     fs::create_hard_link(drives.host("file"), drives.host("twin"));
     std::size_t damaged = 0;
-    kill_often([&](std::size_t round) { write_file("file", texts[(round + 1) % 2], Durability::durable); },
-               [&] {
-                   std::string found = drives.read("twin");
-                   if (found != texts[0] && found != texts[1]) {
-                       ++damaged;
-                       const auto save = interrupted_save("twin");
-                       ASSERT_TRUE(save);
-                       ASSERT_TRUE(restore("twin", *save).ok());
-                       found = drives.read("twin");
-                   }
-                   EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size();
-                   EXPECT_FALSE(interrupted_save("twin"));
-               },
-               "file");
-    RecordProperty("damaged_and_restored", static_cast<int>(damaged));
-    std::cout << "damaged and restored: " << damaged << '\n';
+    // In the middle of what it writes into the file.
+    const auto save = [&](std::size_t round) {
+        File_faults faults;
+        faults.fail(Write_step::write_in_place, killed_there, std::random_device()() % texts[1].size());
+        write_file("file", texts[(round + 1) % 2], Durability::durable);
+    };
+    kill_often(
+        save,
+        [&] {
+            std::string found = drives.read("twin");
+            if (found != texts[0] && found != texts[1]) {
+                ++damaged;
+                const auto interrupted = interrupted_save("twin");
+                ASSERT_TRUE(interrupted);
+                ASSERT_TRUE(restore("twin", *interrupted).ok());
+                found = drives.read("twin");
+            }
+            EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size();
+            EXPECT_FALSE(interrupted_save("twin"));
+        },
+        "");
+    EXPECT_GT(damaged, 0U);
 }
 
 TEST_F(Killed_saves, of_new_files_in_bulk) {

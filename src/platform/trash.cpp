@@ -12,13 +12,16 @@
 #include <fcntl.h>
 #include <map>
 #include <optional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <unordered_set>
 
 namespace platform {
 
 namespace {
 
+constexpr std::string_view record_ending = ".trashinfo";
 constexpr mode_t for_the_user_alone = 0700;
 // The longest name that leaves room for a number and for the extension of the record beside it.
 constexpr std::size_t longest_trashed_name = NAME_MAX - 40;
@@ -74,11 +77,36 @@ std::optional<Trash> trash_for(const std::string& real_folder, dev_t device) {
     return is_ready ? std::optional(Trash{home_trash, ""}) : std::nullopt;
 }
 
-// The same with the folders in it.
+// Takes the records away that a killed program has left without an entry. Others may be about to move it.
+void clear_lone_records(const Trash& trash) {
+    constexpr std::time_t young = 60; // seconds
+    const std::string folder = join_host_path(trash.folder, "info");
+    const Host_entries records = entries_of(open_to_read(folder));
+    const Host_entries entries = entries_of(open_to_read(join_host_path(trash.folder, "files")));
+    if (entries.error != 0)
+        return;
+    const std::unordered_set<std::string_view> there(entries.names.begin(), entries.names.end());
+    for (const std::string& name : records.names) {
+        if (!name.ends_with(record_ending) ||
+            there.count(std::string_view(name).substr(0, name.size() - record_ending.size())) > 0)
+            continue;
+        const std::string path = join_host_path(folder, name);
+        const Host_handle record = open_to_read(path);
+        struct stat state {};
+        if (record.is_open() && fstat(record.get(), &state) == 0 && S_ISREG(state.st_mode) &&
+            std::time(nullptr) - state.st_mtim.tv_sec > young && flock(record.get(), LOCK_EX | LOCK_NB) == 0)
+            unlink(path.c_str());
+    }
+}
+
+// The same with the folders in it, which are cleared when this program first uses them.
 std::optional<Trash> ready_trash_for(const std::string& real_folder, dev_t device) {
     auto trash = trash_for(real_folder, device);
     const bool is_ready = trash && make_host_folders(join_host_path(trash->folder, "files")) &&
                           make_host_folders(join_host_path(trash->folder, "info"));
+    static std::unordered_set<std::string> cleared;
+    if (is_ready && cleared.insert(trash->folder).second)
+        clear_lone_records(*trash);
     return is_ready ? trash : std::nullopt;
 }
 
@@ -124,11 +152,14 @@ std::optional<Place> reserve_place(const Trash& trash, const std::string& entry,
     std::string name = first_name;
     constexpr int most_tries = 100;
     for (int tries = 0; tries < most_tries; ++tries) {
-        Place place{join_host_path(entries, name), join_host_path(records, name + ".trashinfo")};
+        Place place{join_host_path(entries, name),
+                    join_host_path(records, name + std::string(record_ending))};
         if (!host_entry_exists(place.entry)) {
             record = Host_handle(open(place.record.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-            if (record.is_open())
+            if (record.is_open()) {
+                flock(record.get(), LOCK_EX | LOCK_NB); // while its entry is to follow
                 return place;
+            }
         }
         name = other_name(first_name);
     }

@@ -130,6 +130,12 @@ TEST_F(Desktop_shell, many_go_to_the_trash_in_order_until_the_user_says_stop) {
     std::vector<std::string> names{"C:\\", "C:\\none", ""};
     for (int i = 0; i < 150; ++i)
         drives.write(names.emplace_back(std::to_string(i) + ".tvn"));
+    // What killed programs have left goes, but not what may be about to be moved.
+    fs::create_directories(trash("info"));
+    for (const char* record : {"info/old.trashinfo", "info/young.trashinfo"})
+        std::ofstream(trash(record)) << "[Trash Info]\n";
+    fs::last_write_time(trash("info/old.trashinfo"),
+                        fs::file_time_type::clock::now() - std::chrono::minutes(2));
     std::size_t told = 0;
     const auto until_100 = [&](std::size_t done) {
         EXPECT_EQ(done, ++told);
@@ -140,12 +146,13 @@ TEST_F(Desktop_shell, many_go_to_the_trash_in_order_until_the_user_says_stop) {
         EXPECT_EQ(moved[i], i >= 3 && i < 103) << names[i];
         EXPECT_EQ(is_file(names[i]), i >= 103) << names[i];
     }
-    EXPECT_EQ(count_entries(trash("info")), 100);
+    EXPECT_EQ(count_entries(trash("info")), 101);
+    EXPECT_TRUE(fs::exists(trash("info/young.trashinfo")));
     EXPECT_EQ(count_entries(trash("files")), 100);
     File_faults faults;
     faults.fail(Write_step::flush, EIO);
     EXPECT_EQ(shell().recycle_all(names, nullptr), std::vector<bool>(names.size(), false));
-    EXPECT_EQ(count_entries(trash("info")), 100);
+    EXPECT_EQ(count_entries(trash("info")), 101);
 }
 
 TEST_F(Desktop_shell, what_cannot_be_recycled_stays_where_it_is) {

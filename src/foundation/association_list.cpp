@@ -14,12 +14,15 @@ bool equal_keys(std::string_view a, std::string_view b, bool case_sensitive) {
 // Up to so many items a walk is quicker than a table.
 constexpr std::uint32_t longest_walk = 20;
 
-// One bit of 64 for the key. Keys of one list often differ in their last characters alone.
-std::uint64_t mark_of(std::string_view key) {
-    std::size_t sum = key.size();
-    if (sum > 1)
-        sum += 5U * static_cast<unsigned char>(key.back()) + 7U * static_cast<unsigned char>(key[sum - 2]);
-    return std::uint64_t{1} << sum % 64;
+// The number of the key's mark. Keys of one list often differ in their last characters alone.
+std::size_t mark_of(std::string_view key) {
+    const std::size_t size = key.size();
+    std::size_t mark = size;
+    if (size > 0)
+        mark += 5U * static_cast<unsigned char>(key[size - 1]);
+    if (size > 1)
+        mark += 7U * static_cast<unsigned char>(key[size - 2]);
+    return mark;
 }
 
 std::uint32_t hash_of(std::string_view key) {
@@ -119,10 +122,10 @@ Item* Alias_association_list::Key_table::find(std::string_view key) const {
 
 Item* Alias_association_list::append(Item* item) {
     Item* appended = Association_list::append(item);
-    // Only a table that lacks nothing but this item can take it.
-    if (appended != nullptr && table_changes_ + 1 == changes_) {
-        index_item(*appended);
-        table_changes_ = changes_;
+    // Only marks that lack nothing but this item can take it.
+    if (appended != nullptr && marked_changes_ + 1 == changes_) {
+        mark_item(*appended);
+        marked_changes_ = changes_;
     }
     return appended;
 }
@@ -159,19 +162,25 @@ void Alias_association_list::delete_aliases() {
 }
 
 Item* Alias_association_list::find_here(std::string_view key) const {
-    if (table_changes_ != changes_) {
+    if (marked_changes_ != changes_) {
+        key_marks_.reset();
+        marked_count_ = 0;
+        marks_end_at_null_ = false;
         table_.clear();
-        key_marks_ = 0;
-        table_ends_at_null_ = false;
-        table_count_ = 0;
+        tabled_count_ = 0;
         for (const auto* node = head_; node != nullptr; node = node->next)
-            index_item(*node->item);
-        table_changes_ = changes_;
+            mark_item(*node->item);
+        marked_changes_ = changes_;
     }
-    if (table_count_ > longest_walk)
-        return table_.find(key);
-    if ((key_marks_ & mark_of(key)) == 0)
+    if (!key_marks_[mark_of(key) % key_marks_.size()])
         return nullptr;
+    if (marked_count_ > longest_walk) {
+        for (; tabled_count_ < marked_count_; ++tabled_count_) {
+            last_tabled_ = tabled_count_ == 0 ? head_ : last_tabled_->next;
+            table_.add(*last_tabled_->item, last_tabled_->item->get_key_view());
+        }
+        return table_.find(key);
+    }
     for (const auto* node = head_; node != nullptr; node = node->next) {
         const std::string_view node_key = node->item->get_key_view();
         if (node_key.data() == nullptr)
@@ -189,25 +198,14 @@ const Alias* Alias_association_list::find_alias_ignoring_case(const char* key) c
     return nullptr;
 }
 
-// Counts the item and, once there are too many to be walked, has all of them in the table.
-void Alias_association_list::index_item(Item& item) const {
-    if (table_ends_at_null_)
-        return;
+// An item without a key ends every search.
+void Alias_association_list::mark_item(Item& item) const {
     const std::string_view key = item.get_key_view();
-    if (key.data() == nullptr) {
-        table_ends_at_null_ = true;
+    marks_end_at_null_ = marks_end_at_null_ || key.data() == nullptr;
+    if (marks_end_at_null_)
         return;
-    }
-    ++table_count_;
-    if (table_count_ <= longest_walk) {
-        key_marks_ |= mark_of(key);
-    } else if (table_count_ > longest_walk + 1) {
-        table_.add(item, key);
-    } else {
-        std::uint32_t left = table_count_;
-        for (const auto* node = head_; left > 0; node = node->next, --left)
-            table_.add(*node->item, node->item->get_key_view());
-    }
+    ++marked_count_;
+    key_marks_.set(mark_of(key) % key_marks_.size());
 }
 
 } // namespace TESK

@@ -3,6 +3,7 @@
 
 #include "foundation/lists.h"
 
+#include <bitset>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -91,18 +92,21 @@ private:
     std::unique_ptr<Unidirectional_list::Node> make_node(Item* item) const override;
 
     Item* find_here(std::string_view key) const;
-    void index_item(Item& item) const;
+    void mark_item(Item& item) const;
     const Alias* find_alias_ignoring_case(const char* key) const;
 
     Association_list aliases_;
     std::unordered_map<std::string_view, const Alias*> alias_index_;
-    // These hold as long as table_changes_ is the list's own count of changes.
-    // A bit for each key of a short list: most keys that are not there are told by it.
-    mutable std::uint64_t key_marks_ = 0;
+    // These hold as long as marked_changes_ is the list's own count of changes.
+    // A bit for each key: most keys that are not there are told by it.
+    mutable std::bitset<512> key_marks_;
+    mutable std::uint64_t marked_changes_ = 0;
+    mutable std::uint32_t marked_count_ = 0;
+    mutable bool marks_end_at_null_ = false;
+    // What stands in the table: it takes the rest when it is asked.
     mutable Key_table table_;
-    mutable std::uint64_t table_changes_ = 0;
-    mutable bool table_ends_at_null_ = false;
-    mutable std::uint32_t table_count_ = 0;
+    mutable std::uint32_t tabled_count_ = 0;
+    mutable const Unidirectional_list::Node* last_tabled_ = nullptr;
 };
 
 } // namespace TESK

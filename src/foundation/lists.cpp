@@ -148,6 +148,19 @@ Item* Unidirectional_list::pop_behind(Node* before) {
     return node == nullptr ? nullptr : unlink(node, before);
 }
 
+void Unidirectional_list::take_over(Unidirectional_list& from) {
+    if (from.head_ == nullptr)
+        return;
+    (tail_ == nullptr ? head_ : tail_->next) = from.head_;
+    from.head_->set_prev(tail_);
+    tail_ = from.tail_;
+    from.head_ = from.tail_ = nullptr;
+    for (Unidirectional_list* list : {this, &from}) {
+        list->modified_ = true;
+        ++list->changes_;
+    }
+}
+
 std::unique_ptr<Unidirectional_list::Node> Unidirectional_list::make_node(Item* item) const {
     return std::make_unique<Node>(item);
 }

@@ -75,6 +75,9 @@ public:
     // The same with the item behind a node of the list, or the first one when `before` is null.
     Item* pop_behind(Node* before);
 
+    // Takes over all places of another list of its own class, behind its own, at no cost an item.
+    void take_over(Unidirectional_list& from);
+
 protected:
     // A new node of the kind that append() and prepend() link. The node takes the item.
     virtual std::unique_ptr<Node> make_node(Item* item) const;

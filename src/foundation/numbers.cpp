@@ -3,6 +3,7 @@
 #include "foundation/code_page_1252.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -136,51 +137,64 @@ void append_fixed(std::string& text, double value, int decimals) {
     char digits[1 + std::numeric_limits<double>::max_exponent10 + 2 + most_decimals];
     const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed,
                                        std::min(decimals, most_decimals));
-    text.append(digits, written.ptr);
+    text.append(digits, static_cast<std::size_t>(written.ptr - digits));
 }
 
 void append_ten_decimals(std::string& text, float value) {
+    static_assert(std::numeric_limits<float>::is_iec559);
     constexpr std::uint64_t scale = 10'000'000'000;
     constexpr int decimals = 10;
-    constexpr int precision = std::numeric_limits<float>::digits;
-    int exponent = 0;
-    const float part = std::isfinite(value) ? std::frexp(std::fabs(value), &exponent) : 0;
-    const int shift = precision - exponent; // the value is mantissa / 2^shift
-    if (!std::isfinite(value) || shift <= 0 || shift >= 64) {
+    constexpr int mantissa_bits = std::numeric_limits<float>::digits - 1; // the leading 1 is not kept
+    constexpr std::uint32_t mantissa_mask = (1U << mantissa_bits) - 1;
+    constexpr int exponent_bias = 127 + mantissa_bits;
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    const int biased_exponent = bits >> mantissa_bits & 0xFF;
+    const int shift = exponent_bias - biased_exponent; // the value is mantissa / 2^shift
+    char digits[32];
+    char* end = std::end(digits);
+    std::uint64_t whole = 0;
+    std::uint64_t fraction = 0;
+    if (shift > 0 && shift < 64) {
+        const std::uint64_t mantissa = (bits & mantissa_mask) | (1U << mantissa_bits);
+        // The mantissa has 24 bits and the scale 34, so that nothing is lost before the one rounding.
+        const std::uint64_t unit = std::uint64_t{1} << shift;
+        const std::uint64_t scaled = (mantissa & (unit - 1)) * scale;
+        fraction = scaled >> shift;
+        const std::uint64_t rest = scaled & (unit - 1);
+        if (rest > unit / 2 || (rest == unit / 2 && fraction % 2 != 0))
+            ++fraction;
+        whole = mantissa >> shift;
+        if (fraction == scale) {
+            fraction = 0;
+            ++whole;
+        }
+    } else if (value != 0) {
         append_fixed(text, value, decimals);
         return;
     }
-    const auto mantissa = static_cast<std::uint64_t>(std::ldexp(part, precision));
-    // The mantissa has 24 bits and the scale 34, so that nothing is lost before the one rounding.
-    const std::uint64_t unit = std::uint64_t{1} << shift;
-    const std::uint64_t scaled = (mantissa & (unit - 1)) * scale;
-    std::uint64_t fraction = scaled >> shift;
-    const std::uint64_t rest = scaled & (unit - 1);
-    if (rest > unit / 2 || (rest == unit / 2 && fraction % 2 != 0))
-        ++fraction;
-    std::uint64_t whole = mantissa >> shift;
-    if (fraction == scale) {
-        fraction = 0;
-        ++whole;
-    }
-    char digits[32];
-    char* end = std::end(digits);
-    for (int i = 0; i < decimals; ++i, fraction /= 10)
-        *--end = static_cast<char>('0' + fraction % 10);
+    std::fill_n(end - decimals, decimals, '0'); // all that most numbers need
+    for (char* digit = end; fraction != 0; fraction /= 10)
+        *--digit = static_cast<char>('0' + fraction % 10);
+    end -= decimals;
     *--end = '.';
     do
         *--end = static_cast<char>('0' + whole % 10);
     while ((whole /= 10) != 0);
     if (std::signbit(value))
         *--end = '-';
-    text.append(end, std::end(digits));
+    text.append(end, static_cast<std::size_t>(std::end(digits) - end));
 }
 
 void append_integer(std::string& text, std::int64_t value, int radix) {
+    if (value == 0 || value == 1 || (value > 1 && value < 10 && radix == 10)) {
+        text += static_cast<char>('0' + value);
+        return;
+    }
     char digits[65];
     if (radix < least_radix || radix > largest_radix)
         radix = 10;
-    text.append(digits, std::to_chars(digits, digits + sizeof digits, value, radix).ptr);
+    const char* const end = std::to_chars(digits, digits + sizeof digits, value, radix).ptr;
+    text.append(digits, static_cast<std::size_t>(end - digits));
 }
 
 std::string float32_to_cstr(float value, int precision) {

@@ -21,10 +21,10 @@ std::int16_t half_life(std::int16_t decomposition_time) {
 
 } // namespace
 
-Valid_soil_layers::Valid_soil_layers(Soil_layers& values, const TESK::Valid_range& range, const char* unit,
-                                     const char* caption) {
-    for (int layer = 1; layer <= soil_layers; ++layer)
-        layers_.emplace_back(values[layer], 0, std::to_string(layer).c_str(), 3, 0, range, unit, caption);
+TESK::Valid_float32& Valid_soil_layers::operator[](int layer) {
+    for (int made = static_cast<int>(layers_.size()) + 1; made <= soil_layers; ++made)
+        layers_.emplace_back(values_[made], 0, std::to_string(made).c_str(), 3, 0, range_, unit_, caption_);
+    return layers_[layer - 1];
 }
 
 Tilverra_scenario::Tilverra_scenario() : Common_scenario(scenario_version) {}

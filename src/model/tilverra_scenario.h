@@ -87,15 +87,21 @@ struct Initial_manure {
 };
 
 // What guards each layer of a quantity in the grid where it is edited. The key is the number of the layer.
+// Most scenarios are never asked for it, so it is made for the first who asks.
 class Valid_soil_layers {
 public:
     Valid_soil_layers(Soil_layers& values, const TESK::Valid_range& range, const char* unit,
-                      const char* caption);
+                      const char* caption)
+        : values_(values), range_(range), unit_(unit), caption_(caption) {}
 
     // The layer, from 1 to soil_layers.
-    TESK::Valid_float32& operator[](int layer) { return layers_[layer - 1]; }
+    TESK::Valid_float32& operator[](int layer);
 
 private:
+    Soil_layers& values_;
+    TESK::Valid_range range_;
+    const char* unit_;
+    const char* caption_;
     std::deque<TESK::Valid_float32> layers_;
 };
 

@@ -16,8 +16,7 @@ std::string& File_type_description::label_to(std::string& buffer) const {
 Filtered_file_name::Filtered_file_name(const char* name, const char* extension, const char* description,
                                        const char* filter)
     : Smart_file_name(name) {
-    const std::string own_extension = get_ext().substr(get_ext().empty() ? 0 : 1);
-    const std::string type = extension == nullptr ? own_extension : extension;
+    const std::string type = extension != nullptr ? extension : get_ext().substr(get_ext().empty() ? 0 : 1);
     // The extension alone is no name, and "<" stands for none. An extension that is there already stays as it
     // is spelt. Only what is left is worth a look at the disk.
     if (!empty() && !starts_with('<') && !has_ext(type.c_str()) && !exists())

@@ -128,8 +128,8 @@ void Data_record::redeclare_for_write() {
     // Entries point into the series.
     Alias_association_list read_sections;
     Alias_association_list read_series;
-    read_sections.transfer_all_from(sections, Item_filter::all);
-    read_series.transfer_all_from(enumerated_sections, Item_filter::all);
+    read_sections.take_over(sections);
+    read_series.take_over(enumerated_sections);
     const std::string unread = std::move(unread_);
     delete_structure();
 
@@ -366,43 +366,51 @@ std::string Data_record::begin_array(const char* name, bool in_current_section) 
 }
 
 template <class Expect>
-void Data_record::expect_array(const char* name, int first, int last, bool in_current_section,
-                               Expect expect_element) {
-    const std::string prefix = begin_array(name, in_current_section);
+void Data_record::expect_elements(std::string prefix, int first, int last, Expect expect_element) {
+    std::string& key = prefix;
+    const std::size_t prefix_length = prefix.size();
     for (int index = first; index <= last; ++index) {
-        std::string key = prefix;
+        key.resize(prefix_length);
         append_integer(key, index);
-        expect_element(key.c_str(), index);
+        expect_element(key, index);
     }
 }
 
 void Data_record::expect_float32_array(const char* name, float* array, int first, int last,
                                        bool in_current_section) {
-    expect_array(name, first, last, in_current_section,
-                 [&](const char* key, int index) { expect_float32(key, array[index]); });
+    expect_float32_elements(begin_array(name, in_current_section), array, first, last);
+}
+
+void Data_record::expect_float32_elements(std::string prefix, float* array, int first, int last) {
+    expect_elements(std::move(prefix), first, last, [&](std::string_view key, int index) {
+        expect<VV_float32_entry>(key, array[index], nullptr, nullptr);
+    });
 }
 
 void Data_record::expect_uint32_array(const char* name, std::uint32_t* array, int first, int last,
                                       std::uint8_t radix, bool in_current_section) {
-    expect_array(name, first, last, in_current_section,
-                 [&](const char* key, int index) { expect_uint32(key, array[index], radix); });
+    expect_elements(begin_array(name, in_current_section), first, last, [&](std::string_view key, int index) {
+        expect<VV_uint32_entry>(key, array[index], radix, nullptr, nullptr);
+    });
 }
 
 void Data_record::expect_float32_array_with_units_code(const char* name, std::uint32_t units_code,
                                                        float* array, int first, int last,
                                                        bool in_current_section) {
-    const std::string key = begin_array(name, in_current_section) + "units";
+    std::string prefix = begin_array(name, in_current_section);
+    const std::string key = prefix + "units";
     Units_code_item& item = units_code_item(key, units_code);
     expect<Units_line_entry>(key, item.units, item.as_read);
-    expect_float32_array(name, array, first, last, in_current_section);
+    expect_float32_elements(std::move(prefix), array, first, last);
 }
 
 void Data_record::expect_float32_array_with_units_label(const char* name, const char* units_label,
                                                         float* array, int first, int last,
                                                         bool in_current_section) {
-    const std::string key = begin_array(name, in_current_section) + "units";
+    std::string prefix = begin_array(name, in_current_section);
+    const std::string key = prefix + "units";
     expect_string(key.c_str(), units_label_item(key, units_label).text, 255);
-    expect_float32_array(name, array, first, last, in_current_section);
+    expect_float32_elements(std::move(prefix), array, first, last);
 }
 
 } // namespace TESK

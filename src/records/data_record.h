@@ -187,9 +187,10 @@ private:
     // The section that an array of this name stands in becomes current. Returns what stands before the key of
     // an element.
     std::string begin_array(const char* name, bool in_current_section);
-    // Calls `expect_element` with the key of each element and its index.
+    // Calls `expect_element` with the key of each element, the prefix and its index, and the index.
     template <class Expect>
-    void expect_array(const char* name, int first, int last, bool in_current_section, Expect expect_element);
+    void expect_elements(std::string prefix, int first, int last, Expect expect_element);
+    void expect_float32_elements(std::string prefix, float* array, int first, int last);
 
     // The section with the name, an alias of it, or an element's section that now declares itself; or null.
     VV_section* find_section(std::string_view name);

@@ -84,8 +84,8 @@ std::string VV_enumerated_section::section_name(int index) const {
 
 // The index that the name carries, when it is a name of the series.
 std::optional<std::uint16_t> VV_enumerated_section::index_of(std::string_view name) const {
-    if (name.size() < label.size() + 2 || name.substr(0, label.size()) != label ||
-        (name[label.size()] != ':' && name[label.size()] != '_'))
+    if (name.size() < label.size() + 2 || (name[label.size()] != ':' && name[label.size()] != '_') ||
+        !name.starts_with(label))
         return std::nullopt;
     const std::string digits(name.substr(label.size() + 1));
     const std::int64_t index = parse_integer(digits.c_str());

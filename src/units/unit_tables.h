@@ -3,31 +3,32 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace TESK::unit_tables {
 
 // A row of the table of quantities. Rows without a unit are reserved.
 struct Quantity {
-    const char* quantity;
-    const char* unit;
-    const char* abbreviation;
+    std::string_view quantity;
+    std::string_view unit;
+    std::string_view abbreviation;
     bool takes_prefix; // whether a power of ten is usual before it
 };
 
 struct Prefix {
-    const char* name;
-    const char* abbreviation;
+    std::string_view name;
+    std::string_view abbreviation;
 };
 
 struct Unit {
     std::uint16_t code;
-    const char* description;
-    const char* abbreviation;
+    std::string_view description;
+    std::string_view abbreviation;
 };
 
 struct Compound {
     std::uint32_t code;
-    const char* label;
+    std::string_view label;
 };
 
 constexpr int quantity_count = 128;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <optional>
 #include <tuple>
+#include <unordered_map>
 
 namespace TESK {
 
@@ -52,18 +53,46 @@ bool append_metric(std::uint16_t unit, std::string& description, std::string& ab
     }
     const Quantity& row = quantities()[quantity_of(unit)];
     // The liquid and the dry weight have no unit of their own, but are told by their name.
-    if (*row.quantity == 0)
+    if (row.quantity.empty())
         return false;
     description.append(row.unit).append(" (").append(row.quantity).append(")");
     abbreviation += row.abbreviation;
     return true;
 }
 
-std::optional<std::uint16_t> parse_row(std::span<const Unit> rows, std::string_view text) {
-    for (const Unit& row : rows)
-        if (text == row.description || text == row.abbreviation)
-            return row.code;
-    return std::nullopt;
+// Whether the text ends in the label, which is not empty. Most do not end in its last character.
+bool ends_in(std::string_view text, std::string_view label) {
+    return text.size() >= label.size() && text.back() == label.back() && text.ends_with(label);
+}
+
+// Codes by what they are called. Of several rows with a label the first counts.
+using Label_codes = std::unordered_map<std::string_view, std::uint16_t>;
+
+void add_labels(Label_codes& codes, std::span<const Unit> rows) {
+    for (const Unit& row : rows) {
+        codes.emplace(row.description, row.code);
+        codes.emplace(row.abbreviation, row.code);
+    }
+}
+
+Label_codes plain_labels() {
+    constexpr Unit spellings[] = {
+        {0x2000, "meters", "meters"}, {0x2A02, "hectare", "hectare"}, {0x1643, "ms", "ms"}, {0, "-", "-"}};
+    Label_codes codes;
+    add_labels(codes, spellings);
+    add_labels(codes, plain_units());
+    return codes;
+}
+
+Label_codes english_labels() {
+    Label_codes codes;
+    add_labels(codes, english_units());
+    return codes;
+}
+
+std::optional<std::uint16_t> find_label(const Label_codes& codes, std::string_view text) {
+    const auto found = codes.find(text);
+    return found == codes.end() ? std::nullopt : std::optional(found->second);
 }
 
 // The rows of the table of quantities and the prefixes stand for one label after another: by exponent, then
@@ -90,7 +119,7 @@ std::optional<std::uint16_t> parse_metric(std::string_view text) {
         const Quantity& quantity = quantities()[row];
         for (const bool abbreviated : {false, true}) {
             const std::string_view label = abbreviated ? quantity.abbreviation : quantity.unit;
-            if (label.empty() || !text.ends_with(label))
+            if (label.empty() || !ends_in(text, label))
                 continue;
             const std::string_view prefix = text.substr(0, text.size() - label.size());
             for (const bool negative : {false, true}) {
@@ -218,15 +247,13 @@ std::uint32_t Units_clad::parse_label(const char* text) {
 }
 
 std::uint16_t Units_clad::parse_unit(std::string_view text) {
-    constexpr Unit spellings[] = {
-        {0x2000, "meters", "meters"}, {0x2A02, "hectare", "hectare"}, {0x1643, "ms", "ms"}, {0, "-", "-"}};
-    auto unit = parse_row(spellings, text);
-    if (!unit)
-        unit = parse_row(plain_units(), text);
+    static const Label_codes plain = plain_labels();
+    static const Label_codes english = english_labels();
+    auto unit = find_label(plain, text);
     if (!unit)
         unit = parse_metric(text);
     if (!unit)
-        unit = parse_row(english_units(), text);
+        unit = find_label(english, text);
     if (!unit)
         unit = parse_time_step(text);
     return unit.value_or(unit_not_recognized);

@@ -161,27 +161,27 @@ TEST(Units_clad, abbreviations_are_read_back_but_for_those_that_others_share) {
         for (int power = 1 - prefix_count; power < prefix_count; ++power) {
             const std::uint16_t code = unit_code(row, power);
             // The name of a date or time holds a separator.
-            if (*quantities()[row].abbreviation == 0 || row == dates_and_times)
+            if (quantities()[row].abbreviation.empty() || row == dates_and_times)
                 continue;
-            const bool nameless = positive_prefixes()[std::abs(power)].abbreviation == std::string("?");
+            const bool nameless = positive_prefixes()[std::abs(power)].abbreviation == "?";
             const int read_row = row == electric_flux ? electric_charge : row;
             expect_read_back(code, is_plain(code) ? code : unit_code(read_row, nameless ? 4 : power));
             // By its name every power of ten is read back.
             const Prefix& prefix = (power < 0 ? negative_prefixes() : positive_prefixes())[std::abs(power)];
-            const std::string name = std::string(prefix.name) + quantities()[row].unit;
+            const std::string name = std::string(prefix.name).append(quantities()[row].unit);
             expect_reading(name.c_str(), unit_code(read_row, power));
         }
     for (const auto& [code, as] : taken)
         expect_read_back(code, as);
     for (const Compound& row : compounds()) {
         expect_read_back(row.code, row.code);
-        expect_reading(row.label, row.code);
+        expect_reading(row.label.data(), row.code);
     }
     for (const Unit& row : english_units())
         expect_read_back(row.code, row.code);
     for (const auto rows : {plain_units(), english_units()})
         for (const Unit& row : rows) {
-            const bool is_of_a_year = row.description == std::string("quarter"); // before the English one
+            const bool is_of_a_year = row.description == "quarter"; // before the English one
             EXPECT_EQ(Units_clad::parse_unit(row.description), is_of_a_year ? 0x1210 : row.code);
         }
 }

@@ -10,10 +10,10 @@ shift || true
 
 # Each target, the most bytes of an input, and the files whose pieces it starts from.
 targets='
-record      512   tests/data/*.t?? tests/data/*.sim
+record      512   tests/data/*.t?? tests/data/*.sim tests/fuzz/scenario_corpus.tvn
 dbase       8192  tests/data/*.dbf
 project     512   tests/data/*.tvp
-scenario    512   tests/data/*.tvn tests/data/*.sim
+scenario    512   tests/data/*.tvn tests/data/*.sim tests/fuzz/scenario_corpus.tvn
 value       128   tests/fuzz/value_corpus.txt
 translation 4096  examples/translations/*/*.txt
 settings    1024  tests/fuzz/settings_corpus.ini

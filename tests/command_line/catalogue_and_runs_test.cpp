@@ -81,8 +81,10 @@ TEST_F(Catalogue_and_runs_test, runs_tell_how_they_ended_and_are_repeated_where_
     script_model("[ $name != base.tvn ] || exit 3");
     expect({
         {"tvs_project run Irrigation_study", "", 2, "or --all"},
-        {"SLURM_CONF=none tvs_project run Irrigation_study base --engine slurm", "", 1,
-         "The scheduler does not answer."},
+        // The scheduler's own tool would try for a minute.
+        {"mkdir t; ln -s /bin/false t/scontrol; PATH=$PWD/t:$PATH tvs_project run Irrigation_study base "
+         "--engine slurm",
+         "", 1, "The scheduler does not answer."},
         {"tvs_project status Irrigation_study", "", 1, "The project has no set of runs."},
         {"tvs_project run Irrigation_study base --dry-run",
          "\"C:\\Program Files\\TVS_suite\\Tilverra\\tilverra_5.exe\"  "

@@ -25,6 +25,7 @@ struct Drive {
     char letter;           // in lower case
     std::string root;      // the host folder by the path that the drive's link gives
     std::string real_root; // the same without symbolic links
+    std::string link{};    // the path of the drive's link; empty without one
 };
 
 struct Drives {
@@ -83,6 +84,7 @@ std::optional<Drive> linked_drive(const std::string& folder, char letter) {
         return std::nullopt;
     const auto target = link_text(link);
     drive.root = target ? normal_host_path(linked_path(folder, *target)) : link;
+    drive.link = normal_host_path(link);
     return drive;
 }
 
@@ -249,7 +251,7 @@ std::string name_from_host_path(std::string_view path) {
     const Drive* best = nullptr;
     std::size_t best_length = 0;
     for (const Drive& drive : drives_in_use().drives)
-        for (const std::string* root : {&drive.root, &drive.real_root})
+        for (const std::string* root : {&drive.root, &drive.real_root, &drive.link})
             if (const auto length = head_length(absolute, *root);
                 length && (best == nullptr || *length > best_length)) {
                 best = &drive;

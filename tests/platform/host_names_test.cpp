@@ -131,6 +131,7 @@ TEST_F(host_names, a_host_path_gets_the_name_on_the_drive_with_the_longest_root)
         {drives.host("link/maize.tvp"), "D:\\maize.tvp"},
         {drives.host("data/maize.tvp"), "D:\\maize.tvp"}, // the root without the link
         {drives.host("data2"), "C:\\data2"},
+        {drives.drives_folder() + "/c:/none", "C:\\none"},
         {drives.host("data/../x//./y/"), "C:\\x\\y"},
         {drives.host("a:b"), "C:\\a:b"},
         {drives.host("a\\b"), ""},

@@ -41,6 +41,7 @@ Map_page::Map_page(TTilverra_project_form& project_form)
     }
     Place wide = map_legend_panel.place();
     wide.width = 24;
+    wide.align = Align::start; // at the top, however many entries there are
     map_legend_panel.set_place(wide);
     map_note.set_text_is_data(true);
     map_view.set_hint("Turn the wheel or press + and - to enlarge, drag or use the arrow keys to move, Home "

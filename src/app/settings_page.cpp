@@ -158,8 +158,10 @@ void Settings_page::read() {
     show_columns();
     settings_table.set_rows(&rows_);
     filter();
-    if (row < settings_table.count() && column < settings_table.column_count())
+    if (row < settings_table.count() && column < settings_table.column_count()) {
         settings_table.set_cursor(row, column);
+        show_state();
+    }
     if (!outcome.not_done.empty())
         form.parameter_file_form().notice(
             worded("Files that could not be dealt with: %1", std::to_string(outcome.not_done.size())) + ' ' +

@@ -6,7 +6,9 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QTreeView>
 
 namespace {
 
@@ -54,6 +56,14 @@ QStringList name_filters(const TFileDialog& asked) {
                        masks.join(' ') + ")");
     }
     return filters;
+}
+
+// Qt's own dialog comes with columns that are too narrow for the times in them.
+void give_room(QFileDialog& dialog) {
+    constexpr QSize wanted(860, 540);
+    dialog.resize(dialog.size().expandedTo(wanted));
+    if (auto* const files = dialog.findChild<QTreeView*>("treeView"))
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 } // namespace
@@ -114,6 +124,7 @@ bool Qt_desktop::run_file_dialog(TFileDialog& asked) {
         const bool is_bare = asked.file_name.find_first_of("\\/:") == std::string::npos;
         dialog.selectFile(to_qt(is_bare ? asked.file_name : host_path(asked.file_name)));
     }
+    give_room(dialog);
     const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     throw_kept();
     if (accepted) {

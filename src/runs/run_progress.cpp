@@ -134,6 +134,9 @@ std::string describe(const Run_progress& progress) {
         text += ", " + with_commas(progress.failed) + " failed";
     if (progress.stopped > 0)
         text += ", " + with_commas(progress.stopped) + " stopped";
+    if (!progress.seconds_left && progress.running == 0 && progress.waiting > 0 &&
+        progress.waiting < progress.total)
+        text += ", " + with_commas(progress.waiting) + " waiting";
     if (progress.seconds_left && !progress.is_over())
         text += ", " + about(*progress.seconds_left);
     return text;

@@ -49,5 +49,6 @@ Run_progress progress_of(const Run_journal& journal, bool is_owned, Moment now);
 // The state of a set as a whole: what deserves the first look in it.
 Run_state state_of(const Run_progress& progress);
 
-// "812 of 10,000 done, 3 failed, about 14 min left"; what is none is left out.
+// "812 of 10,000 done, 3 failed, about 14 min left"; what is none is left out. Those that
+// wait are told of a set that nobody runs.
 std::string describe(const Run_progress& progress);

@@ -170,7 +170,7 @@ TEST_F(Catalogue_and_runs_test, runs_in_the_background_are_watched_stopped_and_c
         {"chmod -R a+rX ../../../..; [ $UID = 0 ] || { echo belong to another user >&2; exit 1; }; setpriv "
          "--reuid=65534 --regid=65534 --clear-groups tvs_project stop Irrigation_study",
          "", 1, "belong to another user"},
-        {"tvs_project stop Irrigation_study | tail -1", "runs\t0 of 2 done, 1 stopped\n"},
+        {"tvs_project stop Irrigation_study | tail -1", "runs\t0 of 2 done, 1 stopped, 1 waiting\n"},
         {"tvs_project stop Irrigation_study", "", 1, "No process has the set"},
         {"touch Irrigation_study/go; tvs_project continue Irrigation_study | cut -f 1,2",
          "base\tdone\nrainfed\tdone\n", 0, "2 of 2 done"},

@@ -101,7 +101,8 @@ TEST_F(Run_journal_test, tells_how_far_a_set_is) {
     const Run_journal journal = journal_of(folder, 10000);
     const Moment later = journal.owned_since() + Moment{90} * 1000;
     EXPECT_EQ(describe(progress_of(journal, true, later)), "997 of 10,000 done, 3 failed, about 14 min left");
-    EXPECT_EQ(describe(progress_of(journal, false, later)), "997 of 10,000 done, 3 failed, 1 stopped");
+    EXPECT_EQ(describe(progress_of(journal, false, later)),
+              "997 of 10,000 done, 3 failed, 1 stopped, 8,999 waiting");
     EXPECT_EQ(text_of_moment(951782400123), "2000-02-29T00:00:00.123Z");
 }
 

@@ -7,6 +7,7 @@
 #include "operations/setting_values.h"
 #include "toolkit/screen_language.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -85,6 +86,13 @@ std::optional<Setting_rows::Place> Setting_rows::place_of(int row, int column) c
     if (column < first_scenario || row < 0 || line >= shown_.size() || shown_[line].is_heading)
         return {};
     return Place{static_cast<std::size_t>(column - first_scenario), shown_[line].row};
+}
+
+int Setting_rows::row_of(std::size_t grid_row) const {
+    const auto found = std::find_if(shown_.begin(), shown_.end(), [&](const Line& line) {
+        return !line.is_heading && line.row == grid_row;
+    });
+    return found == shown_.end() ? -1 : static_cast<int>(found - shown_.begin());
 }
 
 bool Setting_rows::differs(const Place& place) const {

@@ -43,6 +43,8 @@ public:
         std::size_t row;
     };
     std::optional<Place> place_of(int row, int column) const;
+    // The row that shows the values of a row of the grid, or -1.
+    int row_of(std::size_t grid_row) const;
     // What is to be said of the value of a cell, in the user's language; mostly nothing.
     std::string remark(int row, int column) const;
 

@@ -206,9 +206,16 @@ bool Settings_page::show_columns() {
     return true;
 }
 
+// The cursor stays on its setting.
 void Settings_page::filter() {
+    const int column = settings_table.cursor_column();
+    const auto place = rows_.place_of(settings_table.cursor_row(), column);
     rows_.filter(record_text(settings_filter_edit.text()), settings_only_differing_checkbox.checked());
     settings_table.rows_changed();
+    if (const int row = place ? rows_.row_of(place->row) : -1; row >= 0) {
+        settings_table.set_cursor(row, column);
+        settings_table.show_row(row);
+    }
     show_state();
 }
 

@@ -64,8 +64,10 @@ TEST_F(Settings_page_test, changes_nothing_but_the_settings_that_were_applied) {
     EXPECT_EQ(row_of("field.size"), "12.5;12.5;12.5;");
     EXPECT_TRUE(page.settings_table.edit_cell(find("field.size"), first + 1, "14.25"));
     EXPECT_EQ(row_of("field.size"), "12.5;14.25!;12.5;");
+    page.settings_table.click_cell(find("field.size"), first);
     page.settings_only_differing_checkbox.check();
     EXPECT_EQ(page.settings_table.count(), 4) << "the size, and what only one file has, with their sections";
+    EXPECT_EQ(page.settings_table.cursor_row(), find("field.size"));
     page.settings_filter_edit.type_text("14.2");
     EXPECT_EQ(page.settings_table.count(), 2);
     EXPECT_EQ(scenario("dry"), dry) << "nothing is written yet";

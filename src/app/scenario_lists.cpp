@@ -3,6 +3,7 @@
 #include "app/tilverra_project_form.h"
 #include "foundation/code_page_1252.h"
 #include "platform/host_names.h"
+#include "toolkit/screen_language.h"
 
 #include <utility>
 
@@ -177,6 +178,9 @@ void Scenario_lists::created_scenarios_listbox_onchange() {
         active.set_ext("tvn");
         active.set_path(workspace().project_directory->get_scenarios_directory(true));
         active_by_generated_ = &current() == &generated_scenarios_filelistbox ? std::string(active) : "";
+        if (!active_by_generated_.empty())
+            form.parameter_file_form().notice(
+                worded("A generated scenario cannot be the active one: tick it, or use its menu."));
     }
     form.scenarios.update_active_scenario();
     point_at_active();

@@ -121,13 +121,15 @@ Item* Alias_association_list::Key_table::find(std::string_view key) const {
 }
 
 Item* Alias_association_list::append(Item* item) {
-    Item* appended = Association_list::append(item);
+    if (item == nullptr || refuses(item))
+        return nullptr;
+    link(std::make_unique<Arena_node>(item), tail_);
     // Only marks that lack nothing but this item can take it.
-    if (appended != nullptr && marked_changes_ + 1 == changes_) {
-        mark_item(*appended);
+    if (marked_changes_ + 1 == changes_) {
+        mark_item(*item);
         marked_changes_ = changes_;
     }
-    return appended;
+    return item;
 }
 
 Item* Alias_association_list::find(const char* key, bool case_sensitive) const {

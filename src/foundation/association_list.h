@@ -27,9 +27,10 @@ public:
     // is null. An item without a key ends the search.
     virtual Item* find(const char* key, bool case_sensitive) const;
 
-private:
+protected:
     bool refuses(const Item* item) const;
 
+private:
     bool unique_keys_;
 };
 

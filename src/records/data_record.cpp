@@ -118,7 +118,9 @@ void Data_record::declare_series() {
 }
 
 std::string Data_record::text_of_sections() const {
+    constexpr std::size_t usual_size = 1 << 14;
     std::string text;
+    text.reserve(usual_size);
     for (const VV_section& section : all_sections())
         section.append_text(text);
     return text += unread_;

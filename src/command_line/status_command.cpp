@@ -46,8 +46,9 @@ void show_status(Session& session, const Status_options& options) {
         session.console.say(screen_text(machine) +
                             " has runs of the set and cannot be asked from here. Its last "
                             "sign: " +
-                            text_of_moment(sign) + ". When it is gone for good, 'tvs_project stop " +
-                            options.project + " --set \"" + found.name() + "\" --gone' gives its runs free.");
+                            text_of_moment(sign) + ". When it is gone for good, 'tvs_project stop " + '"' +
+                            options.project + "\" --set \"" + found.name() +
+                            "\" --gone' gives its runs free.");
     if (options.shows_runs) {
         report_runs(session, found.set, found.journal.get());
         return;

@@ -19,17 +19,15 @@ namespace {
 // Positions of a control count characters, those of Qt count UTF-16 units.
 int to_characters(const QString& text, qsizetype units) {
     int characters = 0;
-    for (qsizetype i = 0; i < units && i < text.size(); ++i) {
+    for (qsizetype i = 0; i < units && i < text.size(); ++i)
         characters += text[i].isLowSurrogate() ? 0 : 1;
-    }
     return characters;
 }
 
 int to_units(const QString& text, int characters) {
     int units = 0;
-    for (; units < text.size() && (characters > 0 || text[units].isLowSurrogate()); ++units) {
+    for (; units < text.size() && (characters > 0 || text[units].isLowSurrogate()); ++units)
         characters -= text[units].isLowSurrogate() ? 0 : 1;
-    }
     return units;
 }
 

@@ -161,10 +161,11 @@ std::string reason_relabelled(const TESK::VV_base_entry& entry, const std::strin
     std::string unit;
     std::istringstream(behind) >> found;
     std::istringstream(entry.annotation_1) >> unit;
+    found.resize(found.find_last_not_of(".,;:)") + 1);
     const std::uint16_t code = TESK::Units_clad::parse_unit(unit);
-    if (behind == text.c_str() || found.empty() || !TESK::is_letter(found.front()) ||
-        code == TESK::unit_not_recognized || code == TESK::Units_clad::parse_unit(found) ||
-        TESK::equal_ignoring_case(found, unit))
+    const std::uint16_t code_found = TESK::Units_clad::parse_unit(found);
+    if (behind == text.c_str() || code == TESK::unit_not_recognized ||
+        code_found == TESK::unit_not_recognized || code_found == code)
         return {};
     return "The number is read in " + unit + ", and \"" + found + "\" stands behind it.";
 }

@@ -34,6 +34,29 @@ std::optional<std::string> text_in(const std::string& path) {
     return text;
 }
 
+// A copy that is to outlive a power failure.
+Write_result flushed_copy(const std::string& from, const std::string& to) {
+    const Write_result result = copy_host_file(from, to);
+    const Host_handle file(result.ok() ? open(to.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC) : -1);
+    if (file.is_open())
+        fsync(file.get());
+    return result;
+}
+
+// Whether the entries are one, or hold the same.
+bool are_same(const std::string& a, const std::string& b) {
+    struct stat state_a {};
+    struct stat state_b {};
+    if (lstat(a.c_str(), &state_a) != 0 || lstat(b.c_str(), &state_b) != 0)
+        return false;
+    if (state_a.st_dev == state_b.st_dev && state_a.st_ino == state_b.st_ino)
+        return true;
+    if (S_ISLNK(state_a.st_mode) && S_ISLNK(state_b.st_mode))
+        return link_text(a) == link_text(b);
+    return S_ISREG(state_a.st_mode) && S_ISREG(state_b.st_mode) && state_a.st_size == state_b.st_size &&
+           text_in(a) == text_in(b);
+}
+
 // Whether the path cannot lead out of the folder that it is below.
 bool stays_below(const std::string& path) {
     return !path.empty() && path.front() != '/' && ('/' + path + '/').find("/../") == std::string::npos;
@@ -69,7 +92,7 @@ Write_result Copy_undo::will_replace(const std::string& path, const struct stat&
                    [&] { return linkat(AT_FDCWD, path.c_str(), AT_FDCWD, copy.c_str(), 0); }) == 0)
         return {};
     const auto text = link_text(path);
-    return text ? replace_by_link(copy, *text) : copy_host_file(path, copy);
+    return text ? replace_by_link(copy, *text) : flushed_copy(path, copy);
 }
 
 Write_result Copy_undo::will_write_to(const std::string& path) {
@@ -79,7 +102,7 @@ Write_result Copy_undo::will_write_to(const std::string& path) {
     if (!is_there && errno != ENOENT)
         return write_result_from_errno(errno);
     note(written, path, state);
-    return is_there ? copy_host_file(path, copy) : Write_result();
+    return is_there ? flushed_copy(path, copy) : Write_result();
 }
 
 Write_result Copy_undo::begin() {
@@ -102,6 +125,7 @@ void Copy_undo::end() {
 }
 
 int Copy_undo::read() {
+    is_ours_ = false;
     const auto text = text_in(undo_file());
     if (!text && (errno == ENOENT || errno == ENOTDIR))
         return ENOENT;
@@ -133,10 +157,43 @@ bool Copy_undo::take_back() {
         if (!take_back(step))
             not_put_back_.push_back(join_host_path(target_, steps_[step].path));
     if (!not_put_back_.empty())
-        return false;
+        return !is_ours_ && show_kept();
     if (has_begun_)
         end();
     return true;
+}
+
+// Whether a folder on the way to the entry is a link now, so that the entry may be outside of the target.
+bool Copy_undo::lies_behind_link(const std::string& path) const {
+    for (std::size_t end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1)) {
+        struct stat state {};
+        if (lstat(join_host_path(target_, path.substr(0, end)).c_str(), &state) != 0)
+            return errno != ENOENT;
+        if (S_ISLNK(state.st_mode))
+            return true;
+    }
+    return false;
+}
+
+// Gives the unfinished folder, with what it keeps, a name that users see.
+bool Copy_undo::show_kept() {
+    constexpr int most = 1000;
+    const std::string head = join_host_path(target_, "Replaced by an interrupted copy");
+    for (int number = 1; number < most; ++number) {
+        const std::string shown = head + (number == 1 ? "" : " " + std::to_string(number));
+        if (host_entry_exists(shown))
+            continue;
+        if (std::rename(aside_.c_str(), shown.c_str()) != 0)
+            return false;
+        aside_ = shown;
+        for (std::size_t step = 0; step < steps_.size(); ++step)
+            std::rename(kept(step).c_str(), (kept(step) + ' ' + host_entry_of(steps_[step].path)).c_str());
+        remove_host_entry(AT_FDCWD, join_host_path(aside_, "new").c_str());
+        end();
+        not_put_back_.push_back(shown);
+        return true;
+    }
+    return false;
 }
 
 bool Copy_undo::take_back(std::size_t number) const {
@@ -144,10 +201,14 @@ bool Copy_undo::take_back(std::size_t number) const {
     const std::string path = join_host_path(target_, step.path);
     const std::string old = kept(number);
     struct stat found {};
+    if (!is_ours_ && lies_behind_link(step.path))
+        return false;
     const bool is_there =
         (step.kind == written ? stat(path.c_str(), &found) : lstat(path.c_str(), &found)) == 0;
     if (!is_there && errno != ENOENT)
         return false;
+    if (step.kind == written && !is_ours_)
+        return is_there ? step.is_of(found) : !host_entry_exists(old);
     if (step.kind == written) {
         if (host_entry_exists(old))
             return is_there && (step.is_of(found) || copy_host_file(old, path).ok());
@@ -156,7 +217,7 @@ bool Copy_undo::take_back(std::size_t number) const {
     if (is_there && step.kind == added && S_ISDIR(found.st_mode))
         return rmdir(path.c_str()) == 0 || errno == ENOTEMPTY || errno == EEXIST;
     if (!is_there || !step.is_of(found))
-        return true;
+        return step.kind == added || is_ours_ || !host_entry_exists(old) || are_same(old, path);
     const auto put_back = [&] {
         return step.kind == added ? unlink(path.c_str()) : std::rename(old.c_str(), path.c_str());
     };

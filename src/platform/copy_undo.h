@@ -34,10 +34,12 @@ public:
 
     // Reads what another program has begun. Gives 0 or the error number: ENOENT when it has not.
     int read();
-    // Takes back the steps that were made, but for entries that somebody has changed since. True when that is
-    // done; otherwise it can be tried again.
+    // Takes back the steps that were made, but for entries that somebody has changed since. What another
+    // program began is taken back only where no link leads and where it was not written through: what it had
+    // kept of all else comes into a folder of the target that users see. True when that is done; otherwise it
+    // can be tried again.
     bool take_back();
-    // The paths of the entries that could not be put back.
+    // The paths of the entries that could not be put back, and of the folder that holds what they were.
     const std::vector<std::string>& not_put_back() const { return not_put_back_; }
 
 private:
@@ -53,11 +55,14 @@ private:
     std::string undo_file() const;
     std::string kept(std::size_t step) const;
     bool take_back(std::size_t step) const;
+    bool lies_behind_link(const std::string& path) const;
+    bool show_kept();
 
     std::string aside_;
     std::string target_;
     std::vector<Step> steps_;
     bool has_begun_ = false;
+    bool is_ours_ = true; // not begun by another program
     std::vector<std::string> not_put_back_;
 };
 

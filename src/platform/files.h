@@ -133,11 +133,14 @@ Copy_result copy_tree(std::string_view from, std::string_view to,
 // What became of a copy into a folder that a killed program had begun.
 struct Undone_copy {
     bool was_interrupted = false;
-    std::vector<std::string> not_put_back; // the entries that are not as before
+    // The entries that are not as before, and the folder that holds what they were.
+    std::vector<std::string> not_put_back;
 };
 // Where a program was killed while copy_tree() replaced files of the folder, puts back what it had replaced,
-// and takes away what it had added; what somebody has changed since stays. What fails can be tried again. The
-// next file written or copied into the folder itself has the same done.
+// and takes away what it had added. What somebody has changed since stays, and so does what was written
+// through or lies behind a link: what had stood there comes into the folder "Replaced by an interrupted
+// copy", as it is for who wants it. What fails can be tried again. The next file written or copied into the
+// folder itself has the same done.
 Undone_copy undo_interrupted_copy(std::string_view folder);
 
 // The names of the files and links in the folder `to` that copy_tree() would replace.

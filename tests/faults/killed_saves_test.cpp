@@ -243,7 +243,7 @@ TEST_F(Killed_saves, of_a_folder_copied_over_another) {
     kill_often([&](std::size_t round) { copy_tree(round % 2 == 0 ? "two" : "one", "to"); },
                [&] {
                    drives.write(edited, "edited");
-                   const Undone_copy undone = undo_interrupted_copy("to");
+                   const Undone_copy undone = platform::undo_interrupted_copy("to");
                    // What stood in place of the edited file is in a folder of its own.
                    const fs::path shown = drives.host("to/Replaced by an interrupted copy");
                    EXPECT_EQ(undone.not_put_back.size(), fs::exists(shown) ? 2U : 0U);

@@ -51,11 +51,13 @@ inline std::vector<Finding> found_in(const TESK::Data_record& record) {
     std::vector<Finding> found;
     std::string value;
     for (const TESK::VV_section& section : record.all_sections()) {
+        if (section.label == "version")
+            continue;
         const bool may_be_element = section.label.starts_with("event");
         const TESK::Item* twin =
             may_be_element ? record.sections.find_exact(other_spelling(section.label)) : nullptr;
         for (const TESK::VV_base_entry& entry : section.all_entries())
-            if (entry.encountered && section.label != "version" &&
+            if (entry.encountered &&
                 (twin == nullptr || twin == &section ||
                  static_cast<const TESK::VV_section*>(twin)->find_entry(entry.key) == nullptr))
                 found.push_back({section.label, entry.key, entry.get_value(value), entry.type_code()});

@@ -87,7 +87,8 @@ private:
             if (before != 0 && now != 0 && !is_sharing_room_ && !is_filling(column))
                 act([&] { control().resize_column(column, to_characters(column, now)); });
         });
-        header->viewport()->installEventFilter(this);
+        header_viewport_ = header->viewport();
+        header_viewport_->installEventFilter(this);
         widget().on_resize = [this] { share_room(); };
         header->setSectionsMovable(control().selects() == TTable::Selects::rows);
         connect(header, &QHeaderView::sectionMoved, this,
@@ -96,7 +97,8 @@ private:
 
     // A column that was dragged leaves other room to the rest as soon as it is let go.
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != widget().horizontalHeader()->viewport())
+        // Events come also while the table is being destroyed.
+        if (watched != header_viewport_)
             return View::eventFilter(watched, event);
         if (event->type() == QEvent::MouseButtonRelease)
             QMetaObject::invokeMethod(
@@ -241,6 +243,7 @@ private:
 
     Table_model* model_;
     bool is_sharing_room_ = false;
+    QWidget* header_viewport_ = nullptr;
 };
 
 } // namespace

@@ -13,7 +13,7 @@ targets='
 record      512   tests/data/*.t?? tests/data/*.sim tests/fuzz/scenario_corpus.tvn
 dbase       8192  tests/data/*.dbf
 project     512   tests/data/*.tvp
-scenario    512   tests/data/*.tvn tests/data/*.sim tests/fuzz/scenario_corpus.tvn
+scenario    256   tests/data/*.tvn tests/data/*.sim tests/fuzz/scenario_corpus.tvn
 value       128   tests/fuzz/value_corpus.txt
 translation 4096  examples/translations/*/*.txt
 settings    1024  tests/fuzz/settings_corpus.ini
